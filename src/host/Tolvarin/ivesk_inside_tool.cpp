@@ -1,0 +1,12 @@
+#include "ivesk_inside_tool.h"
+
+IVeskInsideTool::IVeskInsideTool(QObject *parent)
+    : IVeskTool(parent)
+{
+}
+
+IVeskInsideTool::~IVeskInsideTool() = default;
+
+void IVeskInsideTool::active(VeskContext *)
+{
+}

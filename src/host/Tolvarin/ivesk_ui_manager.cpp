@@ -1,0 +1,12 @@
+#include "ivesk_ui_manager.h"
+
+IVeskUIManager::~IVeskUIManager() = default;
+
+QWidget *IVeskUIManager::mainWindow() const
+{
+    return nullptr;
+}
+
+void IVeskUIManager::showStatusMessage(const QString &, int)
+{
+}
