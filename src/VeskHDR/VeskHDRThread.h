@@ -1,0 +1,74 @@
+#pragma once
+
+#include "veskhdr_export.h"
+
+#include <QList>
+#include <QThread>
+
+#include <ctime>
+
+QT_BEGIN_NAMESPACE
+class QDialog;
+class QImage;
+QT_END_NAMESPACE
+
+/// One merge off the GUI thread: aligns the pictures when asked to, merges them on the processor or
+/// on the current OpenCL device, and ends the modal loop of a dialog by one posted close event, its
+/// only notification and its last action.
+///
+/// One object serves one run: construct, setParams, start, run the dialog's modal loop, wait, then
+/// read the results and destroy the object. It never has a Qt parent: its owner destroys it, and
+/// waits (QThread::wait) before doing so, because run may still be returning when the dialog
+/// closes.
+///
+/// Owner: the pictures belong to whoever filled the list until a run succeeds, which deletes them.
+/// A failed run leaves them alone; should memory run out during the alignment, pictures may already
+/// have been replaced by shifted copies, so remainingPictures() tells what is left. The result
+/// belongs to whoever calls getData.
+/// Thread: everything but run on the owner's thread, and nothing between start and the close event.
+class VESKHDR_EXPORT VeskHDRThread : public QThread
+{
+    Q_OBJECT
+
+public:
+    /// parent is accepted for the callers' sake and not used.
+    explicit VeskHDRThread(QObject *parent = nullptr);
+    ~VeskHDRThread() override;
+
+    /// images: in merge order, the first is the alignment's reference; one to five of one size, two
+    /// or more when alignFirst is set. result: read, never written; what getData gives after a
+    /// failure.
+    void setParams(QList<QImage *> images, QImage *&result, QDialog *toClose, bool onDevice,
+                   bool alignFirst);
+
+    /// The merged image (QImage::Format_RGB32), which the caller takes over; what setParams was
+    /// given when there is none.
+    void getData(QImage *&out) const;
+
+    /// Processor time of the run in ticks of clock(), of the whole process; 0 after a failure.
+    quint64 getTime() const;
+
+    /// True when there was nothing to merge, when the pictures could not be merged, or when memory
+    /// was lacking. A failing OpenCL device is not noticed.
+    bool isFailed() const;
+
+    /// The pictures of the list that no one has deleted: none after a success.
+    QList<QImage *> remainingPictures() const;
+
+    /// Entry point of the worker thread, called by start.
+    void run() override;
+
+private:
+    bool canMerge() const;
+    bool mergePictures();
+    bool mergeOnProcessor(std::clock_t start);
+    void deletePictures();
+
+    QList<QImage *> imageList;
+    bool failed = false;
+    QImage *resultImage = nullptr;
+    QDialog *dialog = nullptr;
+    quint64 elapsedTicks = 0;
+    bool useOpenCL = true;
+    bool align = true;
+};
