@@ -9,9 +9,9 @@
 #include <QImage>
 
 #include <algorithm>
+#include <exception>
 #include <limits>
 #include <memory>
-#include <new>
 
 namespace {
 
@@ -80,7 +80,7 @@ void VeskHDRThread::run()
     try {
         if (!mergePictures())
             failed = true;
-    } catch (const std::bad_alloc &) {
+    } catch (const std::exception &) { // memory, or threads, are lacking
         failed = true;
     }
     QCoreApplication::postEvent(dialog, completion.release(), kHighestPriority);

@@ -2,7 +2,7 @@
 
 #include "veskhdr_export.h"
 
-#include "IVeskInsideTool.h"
+#include "ivesk_inside_tool.h"
 
 #include <QList>
 #include <QMap>
