@@ -1,0 +1,77 @@
+#include "vesk_global_settings.h"
+
+#include <QPointer>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace {
+
+QString histogramKey()
+{
+    return QStringLiteral("histogramVisible");
+}
+
+QString languageKey()
+{
+    return QStringLiteral("language");
+}
+
+} // namespace
+
+VeskGlobalSettings::VeskGlobalSettings(QObject *parent)
+    : QObject(parent)
+{
+}
+
+VeskGlobalSettings *VeskGlobalSettings::getInstance(QObject *parent)
+{
+    static QPointer<VeskGlobalSettings> instance;
+    if (!instance)
+        instance = new VeskGlobalSettings(parent);
+    return instance;
+}
+
+QString VeskGlobalSettings::configFilePath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
+           QStringLiteral("/config.ini");
+}
+
+bool VeskGlobalSettings::isHistogramVisible() const
+{
+    return value(histogramKey(), true).toBool();
+}
+
+void VeskGlobalSettings::setHistogramVisible(bool visible)
+{
+    if (isHistogramVisible() == visible)
+        return;
+    setValue(histogramKey(), visible);
+    Q_EMIT histogramVisibleChanged(visible);
+}
+
+QString VeskGlobalSettings::language() const
+{
+    return value(languageKey()).toString();
+}
+
+void VeskGlobalSettings::setLanguage(const QString &localeName)
+{
+    setValue(languageKey(), localeName);
+}
+
+QVariant VeskGlobalSettings::value(const QString &key, const QVariant &defaultValue) const
+{
+    // Opened anew each time: QSettings shares the parsed file within the process, and the path
+    // follows the application's name.
+    return QSettings(configFilePath(), QSettings::IniFormat).value(key, defaultValue);
+}
+
+void VeskGlobalSettings::setValue(const QString &key, const QVariant &value)
+{
+    QSettings settings(configFilePath(), QSettings::IniFormat);
+    if (value.isValid())
+        settings.setValue(key, value);
+    else
+        settings.remove(key);
+}

@@ -1,0 +1,23 @@
+#include "vesk_layer.h"
+
+#include "vesk_picture_host.h"
+
+VeskLayer::VeskLayer(const QString &layerName)
+    : VeskLayerBase(layerName)
+{
+}
+
+VeskLayer::~VeskLayer() = default;
+
+void VeskLayer::setVeskPictureHost(VeskPictureHost *newHost)
+{
+    if (newHost == host.get())
+        return;
+    host.reset(newHost);
+    Q_EMIT changed();
+}
+
+QImage VeskLayer::picture() const
+{
+    return host ? host->getImage() : QImage();
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "vesk_layer_base.h"
+
+#include <memory>
+
+class VeskPictureHost;
+
+/// A layer that shows the picture of a picture host. GUI thread.
+class VESKCORE_EXPORT VeskLayer : public VeskLayerBase
+{
+    Q_OBJECT
+
+public:
+    explicit VeskLayer(const QString &name);
+    ~VeskLayer() override;
+
+    /// The layer takes ownership of host (null for none) and deletes the one it held before.
+    void setVeskPictureHost(VeskPictureHost *host);
+    /// Borrowed; null when the layer has none. Valid until it is replaced.
+    VeskPictureHost *getVeskPictureHost() const { return host.get(); }
+
+    QImage picture() const override;
+
+private:
+    std::unique_ptr<VeskPictureHost> host;
+};

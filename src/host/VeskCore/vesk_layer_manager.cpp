@@ -1,0 +1,100 @@
+#include "vesk_layer_manager.h"
+
+#include "vesk_layer_base.h"
+
+#include <QPainter>
+
+VeskLayerManager::VeskLayerManager(QObject *parent)
+    : QObject(parent)
+{
+}
+
+VeskLayerManager::~VeskLayerManager()
+{
+    // The layers go with their parent; none of them may report to a half-destroyed manager.
+    for (VeskLayerBase *layer : qAsConst(layers))
+        layer->disconnect(this);
+}
+
+void VeskLayerManager::addLayer(VeskLayerBase *layer, bool makeCurrent)
+{
+    if (!layer || layers.contains(layer))
+        return;
+    layer->setParent(this);
+    connect(layer, &VeskLayerBase::changed, this, &VeskLayerManager::layersChanged);
+    connect(layer, &QObject::destroyed, this, &VeskLayerManager::forgetLayer);
+    layers.append(layer);
+    Q_EMIT layersChanged();
+    if (makeCurrent || layers.size() == 1)
+        setCurrent(layers.size() - 1);
+}
+
+void VeskLayerManager::removeLayer(int index)
+{
+    delete layerAt(index); // leaves the list through forgetLayer
+}
+
+void VeskLayerManager::setCurrentIndex(int index)
+{
+    if (index >= 0 && index < layers.size())
+        setCurrent(index);
+}
+
+QSize VeskLayerManager::size() const
+{
+    QSize whole(0, 0);
+    for (const VeskLayerBase *layer : layers)
+        whole = whole.expandedTo(layer->picture().size());
+    return whole;
+}
+
+QImage VeskLayerManager::composedPicture() const
+{
+    QList<const VeskLayerBase *> shown;
+    for (const VeskLayerBase *layer : layers)
+        if (layer->isVisible() && !layer->picture().isNull())
+            shown.append(layer);
+    if (shown.isEmpty())
+        return {};
+
+    const VeskLayerBase *only = shown.size() == 1 ? shown.first() : nullptr;
+    if (only && only->getAlpha() == 1.0F && only->picture().size() == size())
+        return only->picture();
+
+    QImage composed(size(), QImage::Format_ARGB32_Premultiplied);
+    if (composed.isNull())
+        return {};
+    composed.fill(Qt::transparent);
+    QPainter painter(&composed);
+    for (const VeskLayerBase *layer : qAsConst(shown)) {
+        QImage picture = layer->picture();
+        picture.setDevicePixelRatio(1.0);
+        painter.setOpacity(layer->getAlpha());
+        painter.drawImage(0, 0, picture);
+    }
+    return composed;
+}
+
+void VeskLayerManager::setCurrent(int index)
+{
+    if (currentIndex == index)
+        return;
+    currentIndex = index;
+    Q_EMIT currentLayerChanged(index);
+}
+
+void VeskLayerManager::forgetLayer(QObject *layer)
+{
+    int index = 0;
+    while (index < layers.size() && static_cast<QObject *>(layers.at(index)) != layer)
+        ++index;
+    if (index == layers.size())
+        return;
+    layers.removeAt(index);
+    Q_EMIT layersChanged();
+    if (index > currentIndex)
+        return;
+    // Current stays on the same layer, or moves to the one below the layer that has gone.
+    currentIndex = layers.isEmpty() ? -1 : qMax(0, currentIndex - 1);
+    Q_EMIT currentLayerChanged(currentIndex);
+}

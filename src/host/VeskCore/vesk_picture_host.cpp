@@ -1,0 +1,6 @@
+#include "vesk_picture_host.h"
+
+VeskPictureHost::VeskPictureHost(const QImage &image)
+    : picture(image)
+{
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "veskcore_export.h"
+
+#include <QImage>
+
+/// Holds the pixels of one layer. GUI thread, or one thread at a time.
+class VESKCORE_EXPORT VeskPictureHost
+{
+public:
+    /// Shares image with the caller as QImage does: no pixels are copied until one of the two
+    /// changes. An image over memory of the caller must be detached by the caller first.
+    explicit VeskPictureHost(const QImage &image = {});
+
+    /// Size in pixels, 0 for a null picture.
+    int getWidth() const { return picture.width(); }
+    int getHeight() const { return picture.height(); }
+
+    /// The picture in the format in which it came; null when there is none.
+    const QImage &getImage() const { return picture; }
+
+private:
+    QImage picture;
+};

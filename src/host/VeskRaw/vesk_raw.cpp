@@ -1,0 +1,134 @@
+#include "vesk_raw.h"
+
+#include <libraw/libraw.h>
+
+#include <QFile>
+
+namespace {
+
+std::atomic<qint64> pixelLimitOfAll{VeskRaw::kDefaultPixelLimit};
+
+VeskRaw::Conversion failure(const char *reason)
+{
+    return {QImage(), QString::fromUtf8(reason)};
+}
+
+int stopWhenCancelled(void *cancelled, LibRaw_progress, int, int)
+{
+    return *static_cast<const std::atomic<bool> *>(cancelled) ? 1 : 0;
+}
+
+void chooseOutput(libraw_output_params_t &output, bool quick)
+{
+    output.use_camera_wb = 1;
+    output.no_auto_bright = 1; // would level out the exposures of a bracket
+    output.output_color = 1;   // sRGB
+    output.gamm[0] = 1.0 / 2.4;
+    output.gamm[1] = 12.92;
+    output.output_bps = 8;
+    output.half_size = quick ? 1 : 0;
+}
+
+bool withinLimit(const libraw_image_sizes_t &sizes)
+{
+    const qint64 limit = pixelLimitOfAll;
+    const qint64 sensor = qint64(sizes.raw_width) * sizes.raw_height;
+    const qint64 shown = qint64(sizes.width) * sizes.height;
+    return qMax(sensor, shown) <= limit;
+}
+
+/// Null when the raw library has an output that is neither grey nor colour, or memory is short.
+QImage takePicture(LibRaw &raw)
+{
+    int width = 0;
+    int height = 0;
+    int colors = 0;
+    int bitsPerSample = 0;
+    raw.get_mem_image_format(&width, &height, &colors, &bitsPerSample);
+    if (bitsPerSample != 8 || (colors != 1 && colors != 3))
+        return {};
+    QImage picture(width, height, colors == 3 ? QImage::Format_RGB888 : QImage::Format_Grayscale8);
+    if (picture.isNull() ||
+        raw.copy_mem_image(picture.bits(), picture.bytesPerLine(), 0) != LIBRAW_SUCCESS)
+        return {};
+    return picture.convertToFormat(QImage::Format_RGB32);
+}
+
+VeskRaw::Conversion convertWith(LibRaw &raw, const QString &path, bool quick,
+                                const std::atomic<bool> *cancelled)
+{
+    chooseOutput(raw.imgdata.params, quick);
+    if (cancelled)
+        raw.set_progress_handler(&stopWhenCancelled, const_cast<std::atomic<bool> *>(cancelled));
+
+    int result = raw.open_file(QFile::encodeName(path).constData());
+    if (result != LIBRAW_SUCCESS)
+        return failure(LibRaw::strerror(result));
+    if (!withinLimit(raw.imgdata.sizes))
+        return failure("The picture has more pixels than allowed");
+    result = raw.unpack();
+    if (result != LIBRAW_SUCCESS)
+        return failure(LibRaw::strerror(result));
+    result = raw.dcraw_process();
+    if (result != LIBRAW_SUCCESS)
+        return failure(LibRaw::strerror(result));
+    const QImage picture = takePicture(raw);
+    if (picture.isNull())
+        return failure("The converted picture cannot be taken over");
+    return {picture, QString()};
+}
+
+} // namespace
+
+VeskRaw *VeskRaw::getInstance()
+{
+    static VeskRaw *const converter = new VeskRaw;
+    return converter;
+}
+
+void VeskRaw::activate(const QString &path, QWidget *, bool quick)
+{
+    picture = QImage();
+    cancelled = false;
+    Conversion conversion = convert(path, quick, &cancelled);
+    picture = std::move(conversion.picture);
+    error = std::move(conversion.error);
+}
+
+QImage *VeskRaw::grabConvertedPicture()
+{
+    if (picture.isNull())
+        return nullptr;
+    auto *const grabbed = new QImage(std::move(picture));
+    picture = QImage();
+    return grabbed;
+}
+
+void VeskRaw::cancel()
+{
+    cancelled = true;
+}
+
+void VeskRaw::setPixelLimit(qint64 pixels)
+{
+    pixelLimitOfAll = pixels;
+}
+
+qint64 VeskRaw::pixelLimit()
+{
+    return pixelLimitOfAll;
+}
+
+VeskRaw::Conversion VeskRaw::convert(const QString &path, bool quick,
+                                     const std::atomic<bool> *cancelled)
+{
+    try {
+        // Too large for a thread's stack.
+        const auto raw = std::make_unique<LibRaw>();
+        return convertWith(*raw, path, quick, cancelled);
+    } catch (const std::bad_alloc &) {
+        return failure("Not enough memory");
+    } catch (...) {
+        return failure("The raw library failed");
+    }
+}
