@@ -1,0 +1,218 @@
+#include "opencl_merge.h"
+
+#include "VeskDeviceInfo.h"
+#include "vesk_endecode_tool.h"
+
+#include <QFile>
+#include <QRgb>
+#include <QtEndian>
+
+#include <algorithm>
+#include <ctime>
+#include <memory>
+#include <type_traits>
+
+namespace {
+
+/// Upper limit of the pixels that the input buffer holds, of all pictures together.
+constexpr size_t kBandPixels = 0xA00000;
+constexpr size_t kGroupWidth = 128;
+constexpr size_t kPixelBytes = 4;
+
+template <typename Handle, auto Release>
+struct Releaser
+{
+    using pointer = Handle;
+    void operator()(Handle handle) const { Release(handle); }
+};
+template <typename Handle, auto Release>
+using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Releaser<Handle, Release>>;
+
+/// Sizes of a merge; a band is what one pass merges.
+struct Shape
+{
+    size_t width;
+    size_t height;
+    size_t count;
+    size_t bandRows;
+
+    size_t rowBytes() const { return width * kPixelBytes; }
+};
+
+/// bandRows is 0 when there is nothing to merge or not even one row fits.
+Shape shapeOf(int width, int height, int count)
+{
+    if (width <= 0 || height <= 0 || count <= 0)
+        return {0, 0, 0, 0};
+    const auto columns = static_cast<size_t>(width);
+    const auto pictures = static_cast<size_t>(count);
+    return {columns, static_cast<size_t>(height), pictures, kBandPixels / (columns * pictures)};
+}
+
+/// What one merge creates on the device. A call that fails leaves null behind, and every later
+/// call that needs the object then fails too, without harm.
+class DeviceObjects
+{
+public:
+    DeviceObjects(cl_device_id device, const Shape &shape);
+
+    /// Merges the rows of one band. False when the device reported an error.
+    bool mergeBand(const Shape &shape, size_t firstRow, size_t rows, unsigned char *out,
+                   unsigned char *const *in) const;
+
+private:
+    void createProgram();
+    bool upload(const Shape &shape, size_t offset, size_t rows, unsigned char *const *in) const;
+    bool launch(const Shape &shape, size_t rows) const;
+
+    // Released from the last to the first.
+    std::unique_ptr<char[]> programText;
+    Owned<cl_context, clReleaseContext> context;
+    Owned<cl_program, clReleaseProgram> program;
+    Owned<cl_command_queue, clReleaseCommandQueue> queue;
+    Owned<cl_kernel, clReleaseKernel> kernel;
+    Owned<cl_mem, clReleaseMemObject> input;
+    Owned<cl_mem, clReleaseMemObject> output;
+};
+
+DeviceObjects::DeviceObjects(cl_device_id device, const Shape &shape)
+{
+    const size_t bandBytes = shape.bandRows * shape.rowBytes();
+    context.reset(clCreateContext(nullptr, 1, &device, nullptr, nullptr, nullptr));
+    queue.reset(clCreateCommandQueue(context.get(), device, 0, nullptr));
+    input.reset(
+        clCreateBuffer(context.get(), CL_MEM_READ_ONLY, shape.count * bandBytes, nullptr, nullptr));
+    output.reset(clCreateBuffer(context.get(), CL_MEM_WRITE_ONLY, bandBytes, nullptr, nullptr));
+    createProgram();
+}
+
+void DeviceObjects::createProgram()
+{
+    size_t length = 0;
+    programText.reset(LoadProgSource(":/hdr.cl_", "", &length));
+    const char *text = programText.get();
+    program.reset(clCreateProgramWithSource(context.get(), 1, &text, &length, nullptr));
+    clBuildProgram(program.get(), 0, nullptr, nullptr, nullptr, nullptr);
+    kernel.reset(clCreateKernel(program.get(), "simpleHDRoclKerneluchar", nullptr));
+}
+
+bool DeviceObjects::mergeBand(const Shape &shape, size_t firstRow, size_t rows, unsigned char *out,
+                              unsigned char *const *in) const
+{
+    const size_t offset = firstRow * shape.rowBytes();
+    const size_t bytes = rows * shape.rowBytes();
+    const bool isUploaded = upload(shape, offset, rows, in);
+    const bool isMerged = launch(shape, rows);
+    const bool isRead = clEnqueueReadBuffer(queue.get(), output.get(), CL_TRUE, 0, bytes,
+                                            out + offset, 0, nullptr, nullptr) == CL_SUCCESS;
+    return isUploaded && isMerged && isRead;
+}
+
+/// The single byte ahead is overwritten at once; it is part of the sequence that drivers have
+/// always seen. In an empty band it comes from the picture's start, there is none at its end.
+bool DeviceObjects::upload(const Shape &shape, size_t offset, size_t rows,
+                           unsigned char *const *in) const
+{
+    const size_t bytes = rows * shape.rowBytes();
+    cl_int errors = clEnqueueWriteBuffer(queue.get(), input.get(), CL_TRUE, 1, 1,
+                                         rows > 0 ? in[0] + offset : in[0], 0, nullptr, nullptr);
+    for (size_t picture = 0; picture < shape.count; ++picture)
+        errors |= clEnqueueWriteBuffer(queue.get(), input.get(), CL_TRUE, picture * bytes, bytes,
+                                       in[picture] + offset, 0, nullptr, nullptr);
+    return errors == CL_SUCCESS;
+}
+
+bool DeviceObjects::launch(const Shape &shape, size_t rows) const
+{
+    const cl_mem outputBuffer = output.get();
+    const cl_mem inputBuffer = input.get();
+    const auto width = static_cast<cl_int>(shape.width);
+    const auto bandRows = static_cast<cl_int>(rows);
+    const auto count = static_cast<cl_int>(shape.count);
+    cl_int errors = clSetKernelArg(kernel.get(), 0, sizeof(outputBuffer), &outputBuffer);
+    errors |= clSetKernelArg(kernel.get(), 1, sizeof(inputBuffer), &inputBuffer);
+    errors |= clSetKernelArg(kernel.get(), 2, sizeof(width), &width);
+    errors |= clSetKernelArg(kernel.get(), 3, sizeof(bandRows), &bandRows);
+    errors |= clSetKernelArg(kernel.get(), 4, sizeof(count), &count);
+
+    const size_t groups = (shape.width + kGroupWidth - 1) / kGroupWidth;
+    const size_t globalSize[] = {groups * kGroupWidth, shape.bandRows};
+    const size_t localSize[] = {kGroupWidth, 1};
+    errors |= clEnqueueNDRangeKernel(queue.get(), kernel.get(), 2, nullptr, globalSize, localSize,
+                                     0, nullptr, nullptr);
+    errors |= clFinish(queue.get());
+    return errors == CL_SUCCESS;
+}
+
+/// A device that fails half-way may have handed out memory that nobody wrote.
+void makeBlack(const Shape &shape, size_t firstRow, size_t rows, unsigned char *out)
+{
+    unsigned char *pixel = out + firstRow * shape.rowBytes();
+    for (size_t left = rows * shape.width; left > 0; --left, pixel += kPixelBytes)
+        qToUnaligned(qRgb(0, 0, 0), pixel);
+}
+
+/// The last band has the rows that are left, often none; it is passed through the device all the
+/// same. Drivers refuse transfers of no bytes, which is no failure of the merge.
+bool mergeBands(const DeviceObjects &objects, const Shape &shape, unsigned char *out,
+                unsigned char *const *in)
+{
+    bool isComplete = true;
+    const size_t fullBands = shape.height / shape.bandRows;
+    for (size_t band = 0; band <= fullBands; ++band) {
+        const size_t firstRow = band * shape.bandRows;
+        const size_t rows = band < fullBands ? shape.bandRows : shape.height % shape.bandRows;
+        if (objects.mergeBand(shape, firstRow, rows, out, in) || rows == 0)
+            continue;
+        makeBlack(shape, firstRow, rows, out);
+        isComplete = false;
+    }
+    return isComplete;
+}
+
+} // namespace
+
+char *LoadProgSource(const char *fileName, const char *preamble, size_t *length)
+{
+    Q_UNUSED(preamble)
+    QFile file(QFile::decodeName(fileName));
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    const QByteArray cipherText = file.readAll();
+    file.close();
+
+    QString key;
+    QString text;
+    VeskEnDecodeTool::VeskGetMM(key);
+    VeskEnDecodeTool::DES_Decrypt(cipherText, key, text);
+
+    const QByteArray latin = text.toLatin1();
+    auto program = std::make_unique<char[]>(static_cast<size_t>(latin.size()));
+    std::copy(latin.begin(), latin.end(), program.get());
+    *length = static_cast<size_t>(latin.size());
+    return program.release();
+}
+
+quint64 simpleOCLHDR(unsigned char *out, unsigned char **in, int width, int height, int count)
+{
+    if (shapeOf(width, height, count).bandRows == 0)
+        return 0;
+    const cl_device_id device = VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceID();
+    return mergeOnDevice(device, out, in, width, height, count).ticks;
+}
+
+DeviceMerge mergeOnDevice(cl_device_id device, unsigned char *out, unsigned char **in, int width,
+                          int height, int count)
+{
+    const Shape shape = shapeOf(width, height, count);
+    if (shape.bandRows == 0)
+        return {};
+    std::clock_t start = 0;
+    bool isComplete = false;
+    {
+        const DeviceObjects objects(device, shape);
+        start = std::clock();
+        isComplete = mergeBands(objects, shape, out, in);
+    }
+    return {static_cast<quint64>(std::clock() - start), isComplete};
+}

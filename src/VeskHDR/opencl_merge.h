@@ -1,0 +1,37 @@
+#pragma once
+
+#include "opencl_api.h"
+#include "veskhdr_export.h"
+
+#include <QtGlobal>
+
+#include <cstddef>
+
+/// The deciphered text of an OpenCL program that the host's key enciphered.
+/// fileName: a file or resource path. preamble: not used.
+/// Returns a new array that the caller frees with delete[], without a terminating zero, and its
+/// length in bytes; null, with length unchanged, when the file cannot be opened. A text that cannot
+/// be deciphered is empty. Any thread, reentrant.
+VESKHDR_EXPORT char *LoadProgSource(const char *fileName, const char *preamble, size_t *length);
+
+/// Merges pictures on the current device of VeskDeviceInfo, band by band, to the same pixels as
+/// mergeExposures.
+/// in: count (1..5) pictures of width x height words 0xAARRGGBB, rows of 4 * width bytes, borrowed.
+/// out: one such picture, not overlapping; the caller makes it opaque black beforehand.
+/// Returns the ticks of clock() spent, the building of the program not counted.
+/// Errors: none are reported. The rows of a band that the device did not merge become opaque black.
+/// Out stays as it is when there is no pixel, or when one row of all pictures has more than
+/// 10485760 pixels.
+/// Worker thread; VeskDeviceInfo::getInstance must have been called before.
+VESKHDR_EXPORT quint64 simpleOCLHDR(unsigned char *out, unsigned char **in, int width, int height,
+                                    int count);
+
+struct DeviceMerge
+{
+    quint64 ticks = 0;
+    bool isComplete = false; ///< the device reported no error and every row is its work
+};
+
+/// The same on any device (null: every call fails), and tells how it went.
+DeviceMerge mergeOnDevice(cl_device_id device, unsigned char *out, unsigned char **in, int width,
+                          int height, int count);

@@ -1,0 +1,42 @@
+#include "tool_translator.h"
+
+#include "vesk_global_settings.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSettings>
+#include <QTranslator>
+
+#include <memory>
+
+namespace {
+
+bool loadCatalogue(QTranslator &translator, const QString &language)
+{
+    return translator.load(QStringLiteral(":/Resources/veskhdr_%1.qm").arg(language)) ||
+           translator.load(QStringLiteral(":/veskhdr_%1.qm").arg(language));
+}
+
+/// The toolkit reads a catalogue in place, in the library's memory. The translator outlives the
+/// library, so it gets bytes of its own.
+bool keepCatalogue(QTranslator &translator)
+{
+    QFile file(translator.filePath());
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray catalogue = file.readAll();
+    translator.setProperty("catalogue", catalogue);
+    return translator.load(reinterpret_cast<const uchar *>(catalogue.constData()),
+                           catalogue.size());
+}
+
+} // namespace
+
+void installToolTranslator()
+{
+    const QSettings settings(VeskGlobalSettings::configFilePath(), QSettings::IniFormat);
+    const QString language = settings.value(QStringLiteral("language")).toString();
+    auto translator = std::make_unique<QTranslator>();
+    if (loadCatalogue(*translator, language) && keepCatalogue(*translator))
+        QCoreApplication::installTranslator(translator.release());
+}
