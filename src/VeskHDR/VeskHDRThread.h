@@ -36,8 +36,9 @@ public:
     ~VeskHDRThread() override;
 
     /// images: in merge order, the first is the alignment's reference; one to five of one size, two
-    /// or more when alignFirst is set. result: read, never written; what getData gives after a
-    /// failure.
+    /// or more when alignFirst is set. On the device a picture of another size than the first is
+    /// cut or padded with black; more than five fail. result: read, never written; what getData
+    /// gives after a failure.
     void setParams(QList<QImage *> images, QImage *&result, QDialog *toClose, bool onDevice,
                    bool alignFirst);
 
@@ -62,6 +63,7 @@ private:
     bool canMerge() const;
     bool mergePictures();
     bool mergeOnProcessor(std::clock_t start);
+    bool mergeOnDevice(std::clock_t start);
     void deletePictures();
 
     QList<QImage *> imageList;

@@ -1,5 +1,6 @@
 #include "VeskHDRThread.h"
 
+#include "VeskDeviceInfo.h"
 #include "exposure_merge.h"
 #include "mtb_alignment.h"
 
@@ -205,6 +206,9 @@ private slots:
     void run_missingPicture_failsAndKeepsTheOthers();
     void run_memoryRunsOut_failsClosesOnceAndNamesWhatIsLeft_data();
     void run_memoryRunsOut_failsClosesOnceAndNamesWhatIsLeft();
+    void run_differentSizesOnDevice_areNotCheckedAndMergeInTheFirstOnesSize();
+    void run_deviceThatFails_leavesOpaqueBlackAndCountsAsSuccess();
+    void run_sixPicturesOnDevice_failAndAreKept();
     void run_closeEvent_overtakesEverythingPosted();
     void run_closeEvent_comesAfterTheResults();
     void run_failure_keepsTheResultOfSetParams();
@@ -436,6 +440,48 @@ void TestVeskHDRThread::run_memoryRunsOut_failsClosesOnceAndNamesWhatIsLeft()
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.readAllStandardOutput().trimmed(), QByteArray("failed 1, closed 1, left 2"));
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+}
+
+void TestVeskHDRThread::run_differentSizesOnDevice_areNotCheckedAndMergeInTheFirstOnesSize()
+{
+    const QList<QImage> pictures = {exposure({40, 30}, 100), exposure({50, 20}, 100),
+                                    exposure({30, 40}, 100)};
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, newPictures(pictures), dialog, true, true);
+    runBehind(dialog, worker);
+    QVERIFY(!worker.isFailed());
+    QVERIFY(worker.remainingPictures().isEmpty());
+    const std::unique_ptr<QImage> merged = resultOf(worker);
+    QVERIFY(merged);
+    QCOMPARE(merged->size(), QSize(40, 30));
+}
+
+void TestVeskHDRThread::run_deviceThatFails_leavesOpaqueBlackAndCountsAsSuccess()
+{
+    VeskDeviceInfo::getInstance()->setCurrentOpenCLDeviceName(QStringLiteral("no such device"));
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, newPictures(bracket()), dialog, true, false);
+    runBehind(dialog, worker);
+    QVERIFY(!worker.isFailed());
+    QVERIFY(worker.remainingPictures().isEmpty());
+    QImage black(bracket().constFirst().size(), QImage::Format_RGB32);
+    black.fill(Qt::black);
+    QCOMPARE(*resultOf(worker), black);
+}
+
+void TestVeskHDRThread::run_sixPicturesOnDevice_failAndAreKept()
+{
+    const QList<QImage *> pictures = newPictures(bracket() + bracket());
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, pictures, dialog, true, true);
+    runBehind(dialog, worker);
+    QVERIFY(worker.isFailed());
+    QCOMPARE(worker.remainingPictures(), pictures);
+    QCOMPARE(dialog.closeEvents(), 1);
+    qDeleteAll(pictures);
 }
 
 void TestVeskHDRThread::run_closeEvent_overtakesEverythingPosted()
