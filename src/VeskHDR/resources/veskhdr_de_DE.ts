@@ -221,7 +221,7 @@ um sie zu einem HDR-Bild (High Dynamic Range) zusammenzufügen.</translation>
     </message>
     <message>
         <source>Attempt to automatically align source images</source>
-        <translation>Quellbilder nach Möglichkeit automatisch ausrichten</translation>
+        <translation>Quellbilder möglichst automatisch ausrichten</translation>
     </message>
 </context>
 </TS>

@@ -221,7 +221,7 @@ para combinarlas en una imagen de alto rango dinámico (HDR).</translation>
     </message>
     <message>
         <source>Attempt to automatically align source images</source>
-        <translation>Intentar alinear automáticamente las imágenes de origen</translation>
+        <translation>Intentar alinear automáticamente las imágenes</translation>
     </message>
 </context>
 </TS>

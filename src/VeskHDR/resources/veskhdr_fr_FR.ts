@@ -221,7 +221,7 @@ merge and create a High Dynamic Range image.</source>
     </message>
     <message>
         <source>Attempt to automatically align source images</source>
-        <translation>Tenter d’aligner automatiquement les images source</translation>
+        <translation>Tenter d’aligner automatiquement les images</translation>
     </message>
 </context>
 </TS>
