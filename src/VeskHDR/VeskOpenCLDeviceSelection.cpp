@@ -1,0 +1,165 @@
+#include "VeskOpenCLDeviceSelection.h"
+
+#include "VeskDeviceInfo.h"
+#include "vesk_dialog.h"
+
+#include <QHeaderView>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Device = VeskDeviceInfo::OpenCLDevice;
+
+QString wholeNumber(double number)
+{
+    return QString::number(number, 'f', 0);
+}
+
+QString kilobytes(cl_ulong bytes)
+{
+    return wholeNumber(double(bytes) * (1.0 / 1024)) + QStringLiteral(" KB");
+}
+
+QString megabytes(cl_ulong bytes)
+{
+    return wholeNumber(double(bytes) * (1.0 / 1024) * (1.0 / 1024)) + QStringLiteral(" MB");
+}
+
+/// Empty for a device that is of several types at once.
+QString typeText(cl_device_type type)
+{
+    switch (type) {
+    case CL_DEVICE_TYPE_DEFAULT:
+        return QStringLiteral("Default");
+    case CL_DEVICE_TYPE_CPU:
+        return QStringLiteral("CPU");
+    case CL_DEVICE_TYPE_GPU:
+        return QStringLiteral("GPU");
+    case CL_DEVICE_TYPE_ACCELERATOR:
+        return QStringLiteral("Accelerator");
+    default:
+        return QString();
+    }
+}
+
+QString cacheTypeText(cl_device_mem_cache_type type)
+{
+    switch (type) {
+    case CL_NONE:
+        return VeskOpenCLDeviceSelection::tr("None");
+    case CL_READ_ONLY_CACHE:
+        return VeskOpenCLDeviceSelection::tr("Read Only");
+    case CL_READ_WRITE_CACHE:
+        return VeskOpenCLDeviceSelection::tr("Read and Write");
+    default:
+        return QString();
+    }
+}
+
+struct Fact
+{
+    QString caption;
+    QString value;
+};
+
+std::array<Fact, 13> factsOf(const Device &device)
+{
+    return {{
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Name"), device.name},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Vendor"), device.vendor},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Driver Version"), device.driverVersion},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Global Cache Type"),
+         cacheTypeText(device.globalCacheType)},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Cores"),
+         QString::number(device.computeUnits)},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Frequency"),
+         QString::number(device.maxClockFrequency) + QStringLiteral(" MHz")},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Local Memory Size"),
+         kilobytes(device.localMemSize)},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Global Memory Size"),
+         megabytes(device.globalMemSize)},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Global Cache Size"),
+         kilobytes(device.globalCacheSize)},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Global Cache Line"),
+         QString::number(device.globalCacheLineSize)},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Image Support"),
+         device.imageSupport ? VeskOpenCLDeviceSelection::tr("Support")
+                             : VeskOpenCLDeviceSelection::tr("No Support")},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Type"), typeText(device.type)},
+        {VeskOpenCLDeviceSelection::tr("OpenCL Device Extensions"),
+         device.extensions.join(QLatin1Char(','))},
+    }};
+}
+
+} // namespace
+
+VeskOpenCLDeviceSelection::VeskOpenCLDeviceSelection(QWidget *parent)
+    : QWidget(parent)
+{
+    ui.setupUi(this);
+    setWindowTitle(tr("OpenCL Device Selection"));
+
+    VeskDeviceInfo *registry = VeskDeviceInfo::getInstance();
+    ui.openCLPlatformLabel->setText(tr("OpenCL Platform:") + registry->getOpenCLPlatform() +
+                                    QLatin1Char('\n') + tr("OpenCL Version:") +
+                                    registry->getOpenCLVersion());
+
+    const QList<Device> devices = registry->getOpenCLDeviceList();
+    const QString currentName = registry->getCurrentOpenCLDeviceName();
+    int currentIndex = 0;
+    for (int i = 0; i < devices.size(); ++i) {
+        ui.deviceCombo->addItem(devices.at(i).name);
+        if (devices.at(i).name == currentName) {
+            currentIndex = i;
+        }
+    }
+    ui.deviceCombo->setCurrentIndex(currentIndex);
+    updateDeviceTable(ui.deviceCombo->currentText());
+
+    // Connected last, so that the table has been filled exactly once.
+    connect(ui.deviceCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this] { updateDeviceTable(ui.deviceCombo->currentText()); });
+    connect(ui.okButton, &QPushButton::clicked, this, &VeskOpenCLDeviceSelection::ok);
+}
+
+void VeskOpenCLDeviceSelection::setDevice()
+{
+    auto *selection = new VeskOpenCLDeviceSelection; // the frame deletes it
+    VeskDialog frame(selection, VeskTitleWidget::TitleButtonFlag(0), false, nullptr, false);
+    connect(selection, &VeskOpenCLDeviceSelection::closed, &frame, &QDialog::accept);
+    frame.exec();
+}
+
+void VeskOpenCLDeviceSelection::updateDeviceTable(QString name)
+{
+    QTableWidget *table = ui.deviceInfoTable;
+    table->clear();
+    table->setColumnCount(2);
+    table->setHorizontalHeaderItem(0, new QTableWidgetItem(tr("Name")));
+    table->setHorizontalHeaderItem(1, new QTableWidgetItem(tr("Value")));
+    if (name.isEmpty()) {
+        return;
+    }
+
+    const QList<Device> devices = VeskDeviceInfo::getInstance()->getOpenCLDeviceList();
+    const auto device = std::find_if(devices.begin(), devices.end(),
+                                     [&name](const Device &each) { return each.name == name; });
+    if (device == devices.end()) {
+        return;
+    }
+
+    const std::array<Fact, 13> facts = factsOf(*device);
+    table->setRowCount(int(facts.size()));
+    for (int row = 0; row < table->rowCount(); ++row) {
+        table->setItem(row, 0, new QTableWidgetItem(facts[row].caption));
+        table->setItem(row, 1, new QTableWidgetItem(facts[row].value));
+    }
+}
+
+void VeskOpenCLDeviceSelection::ok()
+{
+    VeskDeviceInfo::getInstance()->setCurrentOpenCLDeviceName(ui.deviceCombo->currentText());
+    emit closed();
+}

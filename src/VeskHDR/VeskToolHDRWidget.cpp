@@ -1,0 +1,142 @@
+#include "VeskToolHDRWidget.h"
+
+#include "VeskDeviceInfo.h"
+#include "VeskOpenCLDeviceSelection.h"
+#include "VeskToolHDR.h"
+
+#include <QFileDialog>
+#include <QImage>
+#include <QImageReader>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kPathRole = Qt::UserRole;
+
+/// Fits into 160 x 120 pixels, never larger than the picture. A side of a very narrow picture may
+/// come out as 0.
+QSize thumbnailSize(const QSize &picture)
+{
+    const double byHeight = 120.0 / picture.height();
+    const double byWidth = 160.0 / picture.width();
+    const double factor = std::min(byHeight <= byWidth ? byHeight : byWidth, 1.0);
+    return {int(picture.width() * factor), int(picture.height() * factor)};
+}
+
+QIcon thumbnail(const QImage &picture)
+{
+    return QIcon(QPixmap::fromImage(picture.scaled(thumbnailSize(picture.size()),
+                                                   Qt::KeepAspectRatio, Qt::FastTransformation)));
+}
+
+void addPicture(QListWidget *list, const QString &path, const QImage &picture)
+{
+    auto *item = new QListWidgetItem(path, list);
+    item->setData(Qt::DecorationRole, thumbnail(picture));
+    item->setData(kPathRole, path);
+}
+
+} // namespace
+
+VeskToolHDRWidget::VeskToolHDRWidget(QWidget *parent)
+    : QWidget(parent)
+{
+    ui.setupUi(this);
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    ui.fileList->setIconSize(QSize(90, 90));
+}
+
+void VeskToolHDRWidget::setTool(VeskToolHDR *toolToServe)
+{
+    tool = toolToServe;
+    updateState();
+}
+
+void VeskToolHDRWidget::updateState()
+{
+    ui.fileList->clear();
+    const QMap<QString, QImage *> &pictures = tool->sourcePictures();
+    for (auto picture = pictures.begin(); picture != pictures.end(); ++picture) {
+        addPicture(ui.fileList, picture.key(), *picture.value());
+    }
+    ui.okBtn->setEnabled(tool->fileList().size() >= 2);
+}
+
+void VeskToolHDRWidget::showEvent(QShowEvent *event)
+{
+    VeskDeviceInfo *registry = VeskDeviceInfo::getInstance();
+    const bool isCapable = registry->isOpenCLCapable();
+    ui.cudaCheck->setEnabled(isCapable);
+    ui.deviceButton->setEnabled(isCapable);
+    ui.cudaCheck->setChecked(isCapable && ui.cudaCheck->isChecked());
+    ui.deviceButton->setText(registry->getCurrentOpenCLDeviceName());
+    // Changing the box by program does not reach its slot.
+    tool->setCuda(isCapable && ui.cudaCheck->isChecked());
+    QWidget::showEvent(event);
+}
+
+void VeskToolHDRWidget::on_cancelBtn_clicked()
+{
+    tool->clear();
+    hideWithFrame();
+}
+
+void VeskToolHDRWidget::on_okBtn_clicked()
+{
+    hideWithFrame();
+    tool->apply();
+}
+
+void VeskToolHDRWidget::on_browseBtn_clicked()
+{
+    QString filter = tr("Image files(");
+    const QList<QByteArray> formats = QImageReader::supportedImageFormats();
+    for (const QByteArray &format : formats) {
+        filter += QStringLiteral(" *.") + QString::fromLatin1(format);
+    }
+    filter += QLatin1Char(')');
+
+    // A chooser that is asked for no directory starts in the one that was visited last; setting
+    // the directory of another chooser is what makes it so.
+    QFileDialog visitor(nullptr, QString(), QString(), QString());
+    visitor.setDirectory(tool->getDir());
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(nullptr, tr("Open a image for HDR"), QString(), filter);
+    if (!paths.isEmpty()) {
+        tool->addFiles(paths);
+    }
+}
+
+void VeskToolHDRWidget::on_removeBtn_clicked()
+{
+    const QListWidgetItem *item = ui.fileList->currentItem();
+    if (!item) {
+        return;
+    }
+    tool->removeFile(item->data(kPathRole).toString());
+}
+
+void VeskToolHDRWidget::on_alignCheck_clicked()
+{
+    tool->setAlignment(ui.alignCheck->isChecked());
+}
+
+void VeskToolHDRWidget::on_cudaCheck_clicked()
+{
+    tool->setCuda(VeskDeviceInfo::getInstance()->isOpenCLCapable() && ui.cudaCheck->isChecked());
+}
+
+void VeskToolHDRWidget::on_deviceButton_clicked()
+{
+    VeskOpenCLDeviceSelection::setDevice();
+    ui.deviceButton->setText(VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceName());
+}
+
+void VeskToolHDRWidget::hideWithFrame()
+{
+    if (parentWidget()) {
+        parentWidget()->setVisible(false);
+    }
+    hide();
+}
