@@ -91,10 +91,11 @@ void VeskLayerManager::forgetLayer(QObject *layer)
     if (index == layers.size())
         return;
     layers.removeAt(index);
-    Q_EMIT layersChanged();
-    if (index > currentIndex)
-        return;
     // Current stays on the same layer, or moves to the one below the layer that has gone.
-    currentIndex = layers.isEmpty() ? -1 : qMax(0, currentIndex - 1);
-    Q_EMIT currentLayerChanged(currentIndex);
+    const bool moves = index <= currentIndex;
+    if (moves)
+        currentIndex = layers.isEmpty() ? -1 : qMax(0, currentIndex - 1);
+    Q_EMIT layersChanged();
+    if (moves)
+        Q_EMIT currentLayerChanged(currentIndex);
 }

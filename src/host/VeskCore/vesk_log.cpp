@@ -10,9 +10,9 @@
 #include <cstdarg>
 #include <cstdio>
 
-Q_LOGGING_CATEGORY(lcHost, "vesk.host")
-
 namespace {
+
+Q_LOGGING_CATEGORY(lcHost, "vesk.host")
 
 /// Empty when the format is not one that printf takes.
 QByteArray formatted(const char *format, va_list arguments)

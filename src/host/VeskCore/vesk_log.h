@@ -10,7 +10,7 @@
 /// towards the caller: a file that cannot be written is left out.
 ///
 /// The file rotates: "vesk.log" is renamed to "vesk.log.1" (and that to "vesk.log.2") before it
-/// would grow beyond kMaximumFileSize.
+/// would grow beyond kMaximumFileSize; only a single entry longer than that makes a longer file.
 class VESKCORE_EXPORT VeskLog
 {
 public:

@@ -1,0 +1,127 @@
+#include <vesk_log.h>
+
+#include <QtTest>
+
+#include <thread>
+#include <vector>
+
+namespace {
+
+QString backup(int number)
+{
+    return VeskLog::filePath() + QLatin1Char('.') + QString::number(number);
+}
+
+QByteArray contents(const QString &path = VeskLog::filePath())
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// What follows the time stamp.
+QList<QByteArray> entries(const QByteArray &log)
+{
+    QList<QByteArray> texts;
+    for (const QByteArray &line : log.split('\n'))
+        if (!line.isEmpty())
+            texts.append(line.mid(line.indexOf(' ') + 1));
+    return texts;
+}
+
+} // namespace
+
+class TestVeskLog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        // The entries of these tests are of no interest on the terminal.
+        QLoggingCategory::setFilterRules(QStringLiteral("vesk.host=false"));
+    }
+
+    void init() { QDir(QFileInfo(VeskLog::filePath()).path()).removeRecursively(); }
+
+    void instance_isAlwaysTheSame() { QCOMPARE(VeskLog::Instance(), VeskLog::Instance()); }
+
+    void log_writesTimeStampAndTextAsItIs()
+    {
+        VeskLog::Instance()->Log("HDR \n");
+        const QRegularExpression form(
+            QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{3}Z HDR \n$"));
+        QVERIFY2(form.match(QString::fromUtf8(contents())).hasMatch(), contents().constData());
+    }
+
+    void log_formatsAsPrintfDoes()
+    {
+        VeskLog::Instance()->Log("%s %d %05.1f %%", "\xC3\xBC", 42, 2.5);
+        QCOMPARE(entries(contents()), QList<QByteArray>{"\xC3\xBC 42 002.5 %"});
+    }
+
+    void log_addsMissingLineBreak()
+    {
+        VeskLog::Instance()->Log("one");
+        VeskLog::Instance()->Log("two\n");
+        QCOMPARE(entries(contents()), (QList<QByteArray>{"one", "two"}));
+    }
+
+    void log_longText_isNotCut()
+    {
+        const QByteArray text(100000, 'x');
+        VeskLog::Instance()->Log("%s", text.constData());
+        QCOMPARE(entries(contents()), QList<QByteArray>{text});
+    }
+
+    void log_reachesTheLoggingCategory()
+    {
+        QLoggingCategory::setFilterRules(QStringLiteral("vesk.host=true"));
+        QTest::ignoreMessage(QtInfoMsg, "removeContext tool");
+        VeskLog::Instance()->Log("removeContext tool \n");
+        QLoggingCategory::setFilterRules(QStringLiteral("vesk.host=false"));
+    }
+
+    void fullFile_rotatesAndKeepsTwo()
+    {
+        const QByteArray text(VeskLog::kMaximumFileSize * 2 / 3, 'x');
+        for (int i = 0; i < 5; ++i)
+            VeskLog::Instance()->Log("%d%s", i, text.constData());
+        QCOMPARE(entries(contents()).value(0).left(1), QByteArray("4"));
+        QCOMPARE(entries(contents(backup(1))).value(0).left(1), QByteArray("3"));
+        QCOMPARE(entries(contents(backup(2))).value(0).left(1), QByteArray("2"));
+        QVERIFY(!QFile::exists(backup(3)));
+        QVERIFY(QFileInfo(VeskLog::filePath()).size() <= VeskLog::kMaximumFileSize);
+    }
+
+    void severalThreads_everyEntryWhole()
+    {
+        constexpr int kThreads = 4;
+        constexpr int kEntries = 100;
+        std::vector<std::thread> threads;
+        for (int thread = 0; thread < kThreads; ++thread)
+            threads.emplace_back([thread] {
+                for (int i = 0; i < kEntries; ++i)
+                    VeskLog::Instance()->Log("thread %d entry %d\n", thread, i);
+            });
+        for (std::thread &thread : threads)
+            thread.join();
+
+        const QList<QByteArray> written = entries(contents());
+        QCOMPARE(written.size(), kThreads * kEntries);
+        for (int thread = 0; thread < kThreads; ++thread)
+            for (int i = 0; i < kEntries; ++i)
+                QVERIFY(written.contains(
+                    QStringLiteral("thread %1 entry %2").arg(thread).arg(i).toLatin1()));
+    }
+
+    void unwritableFile_isLeftOut()
+    {
+        // A folder where the file should be.
+        QVERIFY(QDir().mkpath(VeskLog::filePath()));
+        VeskLog::Instance()->Log("lost\n");
+        QVERIFY(QFileInfo(VeskLog::filePath()).isDir());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestVeskLog)
+#include "tst_vesk_log.moc"
