@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QIODevice>
+#include <QImage>
+
+#include <functional>
+
+/// What a picture file holds besides its pixels.
+struct PictureMetadata
+{
+    QByteArray exif;          ///< EXIF block without its "Exif" signature, or empty
+    QByteArray colourProfile; ///< ICC profile, or empty
+};
+
+/// Told how much of a picture is written, 0..1, in rising order.
+using EncodeProgress = std::function<void(double)>;
+
+// The encoders of the formats. picture: Format_RGB32; device: open for writing and seekable;
+// progress: may be empty. They return an empty reason, or why the picture could not be written;
+// errors of the device itself are the device's to report. Any thread, reentrant.
+
+QString encodePng(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
+                  const EncodeProgress &progress);
+
+/// quality: 1..100. From 90 on colours are kept at full resolution.
+QString encodeJpeg(const QImage &picture, const PictureMetadata &metadata, int quality,
+                   QIODevice &device, const EncodeProgress &progress);
+
+QString encodeTiff(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
+                   const EncodeProgress &progress);

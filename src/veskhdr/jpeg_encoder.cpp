@@ -1,0 +1,167 @@
+#include "encoders.h"
+
+#include <array>
+#include <csetjmp>
+#include <cstdio>
+
+#include <jpeglib.h>
+
+#include <jerror.h>
+
+namespace {
+
+constexpr int kExifMarker = JPEG_APP0 + 1;
+constexpr int kFullColourFromQuality = 90;
+constexpr size_t kBufferBytes = 1 << 16;
+constexpr int kLargestMarker = 65533;
+constexpr int kLargestSide = JPEG_MAX_DIMENSION;
+
+/// The library's error and output hooks. Its calls jump to failed on error, so the functions that
+/// make them own nothing.
+struct Hooks
+{
+    jpeg_error_mgr errors; // first: the library hands back a pointer to it
+    std::jmp_buf failed;
+};
+
+struct Destination
+{
+    jpeg_destination_mgr manager; // first, as above
+    QIODevice *device;
+    std::array<JOCTET, kBufferBytes> buffer;
+};
+
+[[noreturn]] void onError(j_common_ptr codec)
+{
+    std::longjmp(reinterpret_cast<Hooks *>(codec->err)->failed, 1);
+}
+
+void rewind(j_compress_ptr codec)
+{
+    auto *destination = reinterpret_cast<Destination *>(codec->dest);
+    destination->manager.next_output_byte = destination->buffer.data();
+    destination->manager.free_in_buffer = destination->buffer.size();
+}
+
+void send(j_compress_ptr codec, size_t length)
+{
+    auto *destination = reinterpret_cast<Destination *>(codec->dest);
+    const auto wanted = static_cast<qint64>(length);
+    if (destination->device->write(reinterpret_cast<const char *>(destination->buffer.data()),
+                                   wanted) != wanted)
+        ERREXIT(codec, JERR_FILE_WRITE);
+    rewind(codec);
+}
+
+boolean onBufferFull(j_compress_ptr codec)
+{
+    send(codec, kBufferBytes);
+    return TRUE;
+}
+
+void onEnd(j_compress_ptr codec)
+{
+    send(codec, kBufferBytes - codec->dest->free_in_buffer);
+}
+
+class Compressor
+{
+public:
+    explicit Compressor(QIODevice &device)
+    {
+        codec.err = jpeg_std_error(&hooks.errors);
+        hooks.errors.error_exit = onError;
+        hooks.errors.output_message = [](j_common_ptr) {};
+        destination.manager.init_destination = rewind;
+        destination.manager.empty_output_buffer = onBufferFull;
+        destination.manager.term_destination = onEnd;
+        destination.device = &device;
+    }
+    ~Compressor() { jpeg_destroy_compress(&codec); }
+    Compressor(const Compressor &) = delete;
+    Compressor &operator=(const Compressor &) = delete;
+
+    bool write(const QImage &picture, const PictureMetadata &metadata, int quality,
+               const EncodeProgress &progress);
+
+private:
+    void configure(const QImage &picture, int quality);
+    void writeMetadata(const PictureMetadata &metadata);
+
+    jpeg_compress_struct codec = {};
+    Hooks hooks = {};
+    Destination destination = {};
+};
+
+void Compressor::configure(const QImage &picture, int quality)
+{
+    codec.image_width = static_cast<JDIMENSION>(picture.width());
+    codec.image_height = static_cast<JDIMENSION>(picture.height());
+    codec.input_components = 4;
+    codec.in_color_space = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX : JCS_EXT_XRGB;
+    jpeg_set_defaults(&codec);
+    jpeg_set_quality(&codec, quality, TRUE);
+    codec.optimize_coding = TRUE;
+    constexpr double kInchesPerMetre = 1 / 0.0254;
+    codec.density_unit = 1;
+    codec.X_density = static_cast<UINT16>(qRound(picture.dotsPerMeterX() / kInchesPerMetre));
+    codec.Y_density = static_cast<UINT16>(qRound(picture.dotsPerMeterY() / kInchesPerMetre));
+    if (quality >= kFullColourFromQuality) {
+        codec.comp_info[0].h_samp_factor = 1;
+        codec.comp_info[0].v_samp_factor = 1;
+    }
+}
+
+void Compressor::writeMetadata(const PictureMetadata &metadata)
+{
+    if (!metadata.exif.isEmpty()) {
+        static constexpr char kSignature[] = "Exif\0"; // and the literal's own zero byte
+        const int length = static_cast<int>(sizeof kSignature) + metadata.exif.size();
+        jpeg_write_m_header(&codec, kExifMarker, static_cast<unsigned>(length));
+        for (const char byte : kSignature)
+            jpeg_write_m_byte(&codec, static_cast<unsigned char>(byte));
+        for (int i = 0; i < metadata.exif.size(); ++i)
+            jpeg_write_m_byte(&codec, static_cast<unsigned char>(metadata.exif.at(i)));
+    }
+    if (!metadata.colourProfile.isEmpty())
+        jpeg_write_icc_profile(&codec,
+                               reinterpret_cast<const JOCTET *>(metadata.colourProfile.constData()),
+                               static_cast<unsigned>(metadata.colourProfile.size()));
+}
+
+bool Compressor::write(const QImage &picture, const PictureMetadata &metadata, int quality,
+                       const EncodeProgress &progress)
+{
+    if (setjmp(hooks.failed))
+        return false;
+    jpeg_create_compress(&codec);
+    codec.dest = &destination.manager;
+    configure(picture, quality);
+    jpeg_start_compress(&codec, TRUE);
+    writeMetadata(metadata);
+    while (codec.next_scanline < codec.image_height) {
+        auto *row = const_cast<JSAMPROW>(picture.constScanLine(int(codec.next_scanline)));
+        jpeg_write_scanlines(&codec, &row, 1);
+        if (progress)
+            progress(double(codec.next_scanline) / codec.image_height);
+    }
+    jpeg_finish_compress(&codec);
+    return true;
+}
+
+} // namespace
+
+QString encodeJpeg(const QImage &picture, const PictureMetadata &metadata, int quality,
+                   QIODevice &device, const EncodeProgress &progress)
+{
+    if (picture.width() > kLargestSide || picture.height() > kLargestSide)
+        return QStringLiteral("JPEG files hold at most %1 pixels in a row or column")
+            .arg(kLargestSide);
+    PictureMetadata fitting = metadata;
+    if (fitting.exif.size() > kLargestMarker - 6)
+        fitting.exif.clear();
+    Compressor compressor(device);
+    if (!compressor.write(picture, fitting, quality, progress))
+        return QStringLiteral("the JPEG file could not be written");
+    return {};
+}

@@ -1,0 +1,13 @@
+#include "commands.h"
+#include "interrupt_cleanup.h"
+#include "library_messages.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char **argv)
+{
+    silenceImageLibraries();
+    interrupt::install();
+    const QCoreApplication application(argc, argv);
+    return static_cast<int>(runProgram(QCoreApplication::arguments().mid(1)));
+}

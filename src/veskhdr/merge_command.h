@@ -1,0 +1,11 @@
+#pragma once
+
+#include "exit_code.h"
+
+#include <QStringList>
+
+/// "veskhdr merge": words are those after the command's name.
+ExitCode runMerge(const QStringList &words);
+
+/// What "veskhdr merge --help" shows.
+QString mergeHelp();

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "picture_writer.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What the words after "veskhdr merge" ask for.
+struct MergeOptions
+{
+    QStringList pictures; ///< in merge order, each path once
+    QString output;
+    PictureFormat format = PictureFormat::Png;
+    int quality = kDefaultQuality;
+    bool align = true;
+    bool keepOrder = false;
+    bool crop = false;
+    bool mayReplace = false;
+    bool json = false;
+    bool verbose = false;
+};
+
+/// Options, or what is wrong with the words: file is the one concerned, or empty.
+struct ParsedMergeOptions
+{
+    MergeOptions options;
+    QString file;
+    QString problem; ///< empty when the options are all right
+};
+
+ParsedMergeOptions parseMergeOptions(const QStringList &words);

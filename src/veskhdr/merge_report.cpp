@@ -1,0 +1,113 @@
+#include "merge_report.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdlib>
+
+namespace {
+
+QJsonObject pointToJson(QPoint point)
+{
+    return {{QStringLiteral("x"), point.x()}, {QStringLiteral("y"), point.y()}};
+}
+
+QJsonObject sizeToJson(QSize size)
+{
+    return {{QStringLiteral("width"), size.width()}, {QStringLiteral("height"), size.height()}};
+}
+
+QJsonArray shiftsToJson(const MergeReport &report)
+{
+    QJsonArray shifts;
+    for (size_t i = 0; i < report.pairShifts.size(); ++i)
+        shifts.append(QJsonObject{
+            {QStringLiteral("picture"), report.inputs[static_cast<int>(i) + 1]},
+            {QStringLiteral("pair"), pointToJson(report.pairShifts[i])},
+            {QStringLiteral("sum"), pointToJson(report.summedShifts[i])},
+            {QStringLiteral("atLimit"), report.isAtLimit(i)},
+        });
+    return shifts;
+}
+
+QJsonObject timesToJson(const MergeReport::Times &times)
+{
+    return {
+        {QStringLiteral("decode"), times.decode}, {QStringLiteral("align"), times.align},
+        {QStringLiteral("merge"), times.merge},   {QStringLiteral("encode"), times.encode},
+        {QStringLiteral("total"), times.total},
+    };
+}
+
+QJsonObject areaToJson(QRect area)
+{
+    return {
+        {QStringLiteral("x"), area.x()},
+        {QStringLiteral("y"), area.y()},
+        {QStringLiteral("width"), area.width()},
+        {QStringLiteral("height"), area.height()},
+    };
+}
+
+QString pointToText(QPoint point)
+{
+    return QStringLiteral("(%1, %2)").arg(point.x()).arg(point.y());
+}
+
+QString timeLine(const QString &step, qint64 milliseconds)
+{
+    return QStringLiteral("%1 %2 ms\n").arg(step, -7).arg(milliseconds, 6);
+}
+
+} // namespace
+
+bool MergeReport::isAtLimit(size_t i) const
+{
+    const QPoint shift = pairShifts[i];
+    return std::abs(shift.x()) >= largestFindableShift ||
+           std::abs(shift.y()) >= largestFindableShift;
+}
+
+QString toJson(const MergeReport &report)
+{
+    const QJsonObject object{
+        {QStringLiteral("inputs"), QJsonArray::fromStringList(report.inputs)},
+        {QStringLiteral("size"), sizeToJson(report.area.size())},
+        {QStringLiteral("area"), areaToJson(report.area)},
+        {QStringLiteral("aligned"), report.isAligned},
+        {QStringLiteral("shifts"), shiftsToJson(report)},
+        {QStringLiteral("largestFindableShift"), report.largestFindableShift},
+        {QStringLiteral("milliseconds"), timesToJson(report.milliseconds)},
+        {QStringLiteral("output"), report.output},
+    };
+    return QString::fromUtf8(QJsonDocument(object).toJson()).trimmed();
+}
+
+QString toLines(const MergeReport &report)
+{
+    QString lines = timeLine(QStringLiteral("decode"), report.milliseconds.decode);
+    if (report.isAligned)
+        lines += timeLine(QStringLiteral("align"), report.milliseconds.align);
+    lines += timeLine(QStringLiteral("merge"), report.milliseconds.merge) +
+             timeLine(QStringLiteral("encode"), report.milliseconds.encode) +
+             timeLine(QStringLiteral("total"), report.milliseconds.total);
+    for (size_t i = 0; i < report.pairShifts.size(); ++i)
+        lines += QStringLiteral("shift   %1: %2 from the picture before, %3 from the first\n")
+                     .arg(report.inputs[static_cast<int>(i) + 1], pointToText(report.pairShifts[i]),
+                          pointToText(report.summedShifts[i]));
+    return lines + QStringLiteral("output  %1: %2 x %3 pixels")
+                       .arg(report.output)
+                       .arg(report.area.width())
+                       .arg(report.area.height());
+}
+
+QString toSummary(const MergeReport &report)
+{
+    return QStringLiteral("%1: %2 x %3 pixels from %4 pictures in %5 s")
+        .arg(report.output)
+        .arg(report.area.width())
+        .arg(report.area.height())
+        .arg(report.inputs.size())
+        .arg(static_cast<double>(report.milliseconds.total) / 1000.0, 0, 'f', 1);
+}

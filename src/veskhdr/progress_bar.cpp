@@ -1,0 +1,55 @@
+#include "progress_bar.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int kBarWidth = 30;
+
+/// The bar redraws its line, which a dumb terminal cannot.
+bool canRedraw()
+{
+    const char *terminal = std::getenv("TERM");
+    return ::isatty(STDERR_FILENO) && terminal && std::strcmp(terminal, "dumb") != 0;
+}
+
+void redraw(const QString &line)
+{
+    std::fputs(("\r" + line.toLocal8Bit() + "\x1b[K").constData(), stderr);
+    std::fflush(stderr);
+}
+
+} // namespace
+
+ProgressBar::ProgressBar()
+    : isVisible(canRedraw())
+{
+}
+
+void ProgressBar::show(double fraction, const QString &step)
+{
+    if (!isVisible)
+        return;
+    const int done = std::clamp(qRound(fraction * kBarWidth), 0, kBarWidth);
+    const QString line = QLatin1Char('[') + QString(done, QLatin1Char('#')) +
+                         QString(kBarWidth - done, QLatin1Char('.')) + QStringLiteral("] ") + step;
+    if (line == shown)
+        return;
+    redraw(line);
+    shown = line;
+}
+
+void ProgressBar::clear()
+{
+    if (shown.isEmpty())
+        return;
+    redraw({});
+    shown.clear();
+}

@@ -1,0 +1,105 @@
+#include "encoders.h"
+
+#include <memory>
+#include <vector>
+
+#include <tiffio.h>
+
+namespace {
+
+tmsize_t onRead(thandle_t handle, void *bytes, tmsize_t length)
+{
+    return static_cast<QIODevice *>(handle)->read(static_cast<char *>(bytes), length);
+}
+
+tmsize_t onWrite(thandle_t handle, void *bytes, tmsize_t length)
+{
+    return static_cast<QIODevice *>(handle)->write(static_cast<const char *>(bytes), length);
+}
+
+toff_t onSeek(thandle_t handle, toff_t offset, int origin)
+{
+    auto *device = static_cast<QIODevice *>(handle);
+    const qint64 start = origin == SEEK_CUR   ? device->pos()
+                         : origin == SEEK_END ? device->size()
+                                              : 0;
+    device->seek(start + static_cast<qint64>(offset));
+    return static_cast<toff_t>(device->pos());
+}
+
+int onClose(thandle_t)
+{
+    return 0;
+}
+
+toff_t onSize(thandle_t handle)
+{
+    return static_cast<toff_t>(static_cast<QIODevice *>(handle)->size());
+}
+
+using Tiff = std::unique_ptr<TIFF, decltype(&TIFFClose)>;
+
+Tiff openTiff(QIODevice &device)
+{
+    return {TIFFClientOpen("picture", "w", &device, onRead, onWrite, onSeek, onClose, onSize,
+                           nullptr, nullptr),
+            &TIFFClose};
+}
+
+void setTags(TIFF *tiff, const QImage &picture, const PictureMetadata &metadata)
+{
+    constexpr double kCentimetresPerMetre = 100.0;
+    TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, static_cast<uint32_t>(picture.width()));
+    TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, static_cast<uint32_t>(picture.height()));
+    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
+    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 3);
+    TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
+    TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
+    TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
+    TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
+    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(tiff, 0));
+    TIFFSetField(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_CENTIMETER);
+    TIFFSetField(tiff, TIFFTAG_XRESOLUTION, picture.dotsPerMeterX() / kCentimetresPerMetre);
+    TIFFSetField(tiff, TIFFTAG_YRESOLUTION, picture.dotsPerMeterY() / kCentimetresPerMetre);
+    if (!metadata.colourProfile.isEmpty())
+        TIFFSetField(tiff, TIFFTAG_ICCPROFILE, static_cast<uint32_t>(metadata.colourProfile.size()),
+                     metadata.colourProfile.constData());
+}
+
+void wordsToBytes(const QRgb *words, int width, uint8_t *bytes)
+{
+    for (int x = 0; x < width; ++x) {
+        *bytes++ = static_cast<uint8_t>(qRed(words[x]));
+        *bytes++ = static_cast<uint8_t>(qGreen(words[x]));
+        *bytes++ = static_cast<uint8_t>(qBlue(words[x]));
+    }
+}
+
+bool writeRows(TIFF *tiff, const QImage &picture, const EncodeProgress &progress)
+{
+    std::vector<uint8_t> row(static_cast<size_t>(picture.width()) * 3);
+    for (int y = 0; y < picture.height(); ++y) {
+        wordsToBytes(reinterpret_cast<const QRgb *>(picture.constScanLine(y)), picture.width(),
+                     row.data());
+        if (TIFFWriteScanline(tiff, row.data(), static_cast<uint32_t>(y), 0) != 1)
+            return false;
+        if (progress)
+            progress(double(y + 1) / picture.height());
+    }
+    return true;
+}
+
+} // namespace
+
+QString encodeTiff(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
+                   const EncodeProgress &progress)
+{
+    const Tiff tiff = openTiff(device);
+    if (tiff) {
+        setTags(tiff.get(), picture, metadata);
+        if (writeRows(tiff.get(), picture, progress) && TIFFWriteDirectory(tiff.get()))
+            return {};
+    }
+    return QStringLiteral("the TIFF file could not be written");
+}
