@@ -6,31 +6,56 @@
 #include <QDialog>
 #include <QPointer>
 
-/// The editor's dialog frame: shows one content widget below the editor's own title bar, under the
-/// content's window title. GUI thread.
+class QSizeGrip;
+
+/// The editor's dialog frame: shows a content widget under the editor's own title bar.
 ///
-/// Closing it by the title bar, the Escape key or the window system rejects it. accept() and
-/// reject() end exec() as in any dialog.
+/// The title bar shows the content's window title and follows its changes. Its close button and
+/// the Escape key reject the dialog. The content is a plain child of the frame, whatever window
+/// flags it had: the frame is its parent widget, and it can be hidden and shown on its own. GUI
+/// thread only.
 class VESKUI_EXPORT VeskDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Takes ownership of content, which becomes a direct child of the frame (not a window any
-    /// more, whatever its flags) and is destroyed no later than it. resizable lets the user resize
-    /// the frame; without it the frame follows the content's size. staysOnTop keeps the frame over
-    /// the other windows of the editor. parent, if any, owns the frame.
-    VeskDialog(QWidget *content, VeskTitleWidget::TitleButtonFlag flag, bool resizable,
-               QWidget *parent, bool staysOnTop);
+    /// content: shown at the size that it has when it was resized before, else at its size hint;
+    ///     the frame owns it from now on and deletes it with itself. Null gives an empty frame.
+    /// buttons: title bar buttons beside the close button.
+    /// isFixedSize: true keeps the frame at the content's size hint, false lets the user resize it.
+    /// parent: window that the frame stays above; owns the frame. With null the frame stays above
+    ///     the window that is active when it is shown.
+    /// staysOnTop: true for a utility window that stays above the editor's windows while the user
+    ///     works in them, takes no place in the task bar and does not keep the program running;
+    ///     false for a dialog.
+    explicit VeskDialog(QWidget *content,
+                        VeskTitleWidget::TitleButtonFlag buttons = VeskTitleWidget::CloseButtonOnly,
+                        bool isFixedSize = false, QWidget *parent = nullptr,
+                        bool staysOnTop = false);
     ~VeskDialog() override;
 
-    /// Borrowed; null once somebody else has deleted it.
-    QWidget *contentWidget() const { return content; }
-
     using QDialog::show;
-    /// Shows the frame and its content. activate also raises the frame and gives it the keyboard.
-    void show(bool activate);
+    /// Shows the frame in front of the editor's other windows. isActivated: true also gives it the
+    /// keyboard, false leaves the keyboard where it is.
+    void show(bool isActivated);
+
+    /// Null once somebody else has deleted it.
+    QWidget *contentWidget() const { return embedded; }
+    VeskTitleWidget *titleBar() const { return title; }
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
-    QPointer<QWidget> content;
+    void embedContent();
+    void takeTitleOf(const QString &contentTitle);
+    void toggleMaximized();
+
+    VeskTitleWidget *title;
+    QPointer<QWidget> embedded;
+    QSizeGrip *sizeGrip = nullptr;
 };

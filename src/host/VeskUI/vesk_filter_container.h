@@ -2,15 +2,19 @@
 
 #include "vesk_dialog.h"
 
-/// The frame of a tool's panel: a dialog that stays open beside the document while the user works,
-/// not modal, and that is hidden, not destroyed, when it is closed. GUI thread.
+/// The modeless frame around a tool's panel: the user goes on working in the document while it is
+/// open. Hiding the panel's parent widget hides the frame; the tool shows both again with
+/// panel->setVisible(true) and show(true). Closing it only hides it, so a tool can keep one frame
+/// for its whole life. GUI thread only.
 class VESKUI_EXPORT VeskFilterContainer : public VeskDialog
 {
     Q_OBJECT
 
 public:
-    /// As VeskDialog.
-    VeskFilterContainer(QWidget *content, VeskTitleWidget::TitleButtonFlag flag, bool resizable,
-                        QWidget *parent, bool staysOnTop);
+    /// Arguments and ownership as for VeskDialog.
+    explicit VeskFilterContainer(
+        QWidget *content,
+        VeskTitleWidget::TitleButtonFlag buttons = VeskTitleWidget::CloseButtonOnly,
+        bool isFixedSize = false, QWidget *parent = nullptr, bool staysOnTop = true);
     ~VeskFilterContainer() override;
 };

@@ -1,0 +1,248 @@
+#include <vesk_dialog.h>
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QSizeGrip>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <memory>
+
+class DialogTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void content_becomesADirectChildAndNoWindow();
+    void content_ownSizeAndMinimumSizeDecideTheFramesSize();
+    void content_isDeletedWithTheFrame();
+    void content_deletedBefore_leavesAnEmptyFrame();
+    void content_null_givesAnEmptyFrame();
+    void title_followsTheContent();
+    void closeButton_rejects();
+    void escape_inTheContent_rejects();
+    void accept_endsExec();
+    void windowSystemClose_rejects();
+    void show_true_raisesAndActivates();
+    void show_false_leavesTheKeyboardWhereItIs();
+    void content_hiddenOnItsOwn_leavesTheFrame();
+    void reopened_frameKeepsItsPlace();
+    void fixedSize_cannotBeResized();
+    void resizable_hasASizeGripAtTheCorner();
+    void maximizeButton_maximizesAndRestores();
+    void staysOnTop_isAUtilityWindow();
+};
+
+namespace {
+
+const auto kCloseOnly = VeskTitleWidget::CloseButtonOnly;
+
+// What a tool hands over: a widget that asks to be a window of its own.
+QWidget *panel()
+{
+    auto *widget = new QWidget;
+    auto *column = new QVBoxLayout(widget);
+    column->addWidget(new QLineEdit);
+    widget->setWindowFlags(Qt::WindowFlags(0x4080B));
+    return widget;
+}
+
+} // namespace
+
+void DialogTest::content_becomesADirectChildAndNoWindow()
+{
+    QWidget *content = panel();
+    VeskDialog frame(content, kCloseOnly, false, nullptr, false);
+    QCOMPARE(content->parentWidget(), &frame);
+    QVERIFY(!content->isWindow());
+    frame.show(true);
+    QVERIFY(content->isVisible());
+    QVERIFY(content->geometry().top() >= frame.titleBar()->geometry().bottom());
+    QCOMPARE(frame.contentWidget(), content);
+}
+
+void DialogTest::content_ownSizeAndMinimumSizeDecideTheFramesSize()
+{
+    auto *content = new QWidget;
+    content->setMinimumSize(300, 250);
+    content->resize(420, 380);
+    VeskDialog frame(content, kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    QCOMPARE(content->size(), QSize(420, 380));
+    frame.resize(10, 10);
+    QCOMPARE(content->size(), QSize(300, 250));
+}
+
+void DialogTest::content_isDeletedWithTheFrame()
+{
+    const QPointer<QWidget> content = panel();
+    {
+        VeskDialog frame(content, kCloseOnly, false, nullptr, false);
+    }
+    QVERIFY(!content);
+}
+
+void DialogTest::content_deletedBefore_leavesAnEmptyFrame()
+{
+    QWidget *content = panel();
+    VeskDialog frame(content, kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    delete content;
+    QVERIFY(!frame.contentWidget());
+    frame.show(true);
+    frame.reject();
+    QVERIFY(!frame.isVisible());
+}
+
+void DialogTest::content_null_givesAnEmptyFrame()
+{
+    VeskDialog frame(nullptr, kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    QVERIFY(frame.isVisible());
+    QVERIFY(!frame.contentWidget());
+}
+
+void DialogTest::title_followsTheContent()
+{
+    QWidget *content = panel();
+    content->setWindowTitle("Merge");
+    VeskDialog frame(content, kCloseOnly, false, nullptr, false);
+    QCOMPARE(frame.titleBar()->title(), QStringLiteral("Merge"));
+    QCOMPARE(frame.windowTitle(), QStringLiteral("Merge"));
+    content->setWindowTitle("Fusionner");
+    QCOMPARE(frame.titleBar()->title(), QStringLiteral("Fusionner"));
+    QCOMPARE(frame.windowTitle(), QStringLiteral("Fusionner"));
+}
+
+void DialogTest::closeButton_rejects()
+{
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    QSignalSpy rejected(&frame, &QDialog::rejected);
+    frame.show(true);
+    QTest::mouseClick(frame.findChild<QAbstractButton *>("closeButton"), Qt::LeftButton);
+    QCOMPARE(rejected.count(), 1);
+    QVERIFY(!frame.isVisible());
+}
+
+void DialogTest::escape_inTheContent_rejects()
+{
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    QSignalSpy rejected(&frame, &QDialog::rejected);
+    frame.show(true);
+    QTest::keyClick(frame.findChild<QLineEdit *>(), Qt::Key_Escape);
+    QCOMPARE(rejected.count(), 1);
+    QVERIFY(!frame.isVisible());
+}
+
+void DialogTest::accept_endsExec()
+{
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    QTimer::singleShot(0, &frame, [&frame] {
+        QVERIFY(frame.isModal());
+        frame.accept();
+    });
+    QCOMPARE(frame.exec(), int(QDialog::Accepted));
+}
+
+void DialogTest::windowSystemClose_rejects()
+{
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    QTimer::singleShot(0, &frame, &QWidget::close);
+    QCOMPARE(frame.exec(), int(QDialog::Rejected));
+}
+
+void DialogTest::show_true_raisesAndActivates()
+{
+    QWidget window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    QVERIFY(QTest::qWaitForWindowActive(&frame));
+}
+
+void DialogTest::show_false_leavesTheKeyboardWhereItIs()
+{
+    QWidget window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    frame.show(false);
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    QVERIFY(frame.testAttribute(Qt::WA_ShowWithoutActivating));
+    frame.show(true);
+    QVERIFY(!frame.testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+void DialogTest::content_hiddenOnItsOwn_leavesTheFrame()
+{
+    QWidget *content = panel();
+    VeskDialog frame(content, kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    content->hide();
+    QVERIFY(frame.isVisible());
+    content->setVisible(true);
+    QVERIFY(content->isVisible());
+}
+
+void DialogTest::reopened_frameKeepsItsPlace()
+{
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    frame.move(40, 60);
+    frame.hide();
+    frame.show(true);
+    QCOMPARE(frame.pos(), QPoint(40, 60));
+}
+
+void DialogTest::fixedSize_cannotBeResized()
+{
+    auto *content = new QWidget;
+    auto *row = new QHBoxLayout(content);
+    row->addWidget(new QLineEdit);
+    VeskDialog frame(content, kCloseOnly, true, nullptr, false);
+    frame.show(true);
+    const QSize size = frame.size();
+    frame.resize(size * 2);
+    QCOMPARE(frame.size(), size);
+    QVERIFY(!frame.findChild<QSizeGrip *>());
+}
+
+void DialogTest::resizable_hasASizeGripAtTheCorner()
+{
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    frame.resize(420, 300);
+    const auto *grip = frame.findChild<QSizeGrip *>();
+    QVERIFY(grip->isVisible());
+    QCOMPARE(grip->geometry().bottomRight(), frame.rect().bottomRight());
+}
+
+void DialogTest::maximizeButton_maximizesAndRestores()
+{
+    VeskDialog frame(panel(), VeskTitleWidget::MaximizeButton, false, nullptr, false);
+    frame.show(true);
+    auto *maximize = frame.findChild<QAbstractButton *>("maximizeButton");
+    QTest::mouseClick(maximize, Qt::LeftButton);
+    QVERIFY(frame.isMaximized());
+    QTest::mouseClick(maximize, Qt::LeftButton);
+    QVERIFY(!frame.isMaximized());
+}
+
+void DialogTest::staysOnTop_isAUtilityWindow()
+{
+    VeskDialog dialog(panel(), kCloseOnly, false, nullptr, false);
+    VeskDialog utility(panel(), kCloseOnly, false, nullptr, true);
+    QCOMPARE(dialog.windowType(), Qt::Dialog);
+    QCOMPARE(utility.windowType(), Qt::Tool);
+    QVERIFY(!utility.testAttribute(Qt::WA_QuitOnClose));
+
+    QWidget editor;
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    utility.show(true);
+    QCOMPARE(utility.windowHandle()->transientParent(), editor.windowHandle());
+}
+
+QTEST_MAIN(DialogTest)
+#include "tst_vesk_dialog.moc"

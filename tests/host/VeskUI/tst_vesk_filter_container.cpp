@@ -1,0 +1,71 @@
+#include <vesk_filter_container.h>
+
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QtTest>
+
+class FilterContainerTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void isModeless();
+    void panelFlow_hidesBothAndShowsBothAgain();
+    void closeButton_onlyHides();
+    void panelFlags_areDroppedInsideTheFrame();
+};
+
+void FilterContainerTest::isModeless()
+{
+    VeskFilterContainer frame(new QWidget, VeskTitleWidget::CloseButtonOnly, false, nullptr, true);
+    QVERIFY(!frame.isModal());
+    frame.show(true);
+    QVERIFY(!QApplication::activeModalWidget());
+}
+
+// The way a tool uses its frame: it starts hidden, OK hides the panel's parent and then the panel,
+// the next activation shows the panel and then the frame.
+void FilterContainerTest::panelFlow_hidesBothAndShowsBothAgain()
+{
+    auto *panel = new QWidget;
+    VeskFilterContainer frame(panel, static_cast<VeskTitleWidget::TitleButtonFlag>(0), false,
+                              nullptr, true);
+    frame.setVisible(false);
+    for (int i = 0; i < 3; ++i) {
+        panel->setVisible(true);
+        frame.show(true);
+        QVERIFY(panel->isVisible());
+        QVERIFY(frame.isVisible());
+
+        panel->parentWidget()->setVisible(false);
+        panel->setVisible(false);
+        QVERIFY(!frame.isVisible());
+        QVERIFY(!panel->isVisible());
+    }
+}
+
+void FilterContainerTest::closeButton_onlyHides()
+{
+    const QPointer<QWidget> panel = new QWidget;
+    VeskFilterContainer frame(panel, VeskTitleWidget::CloseButtonOnly, false, nullptr, true);
+    frame.show(true);
+    QTest::mouseClick(frame.findChild<QAbstractButton *>("closeButton"), Qt::LeftButton);
+    QVERIFY(!frame.isVisible());
+    QVERIFY(panel);
+    frame.show(true);
+    QVERIFY(panel->isVisible());
+}
+
+void FilterContainerTest::panelFlags_areDroppedInsideTheFrame()
+{
+    auto *panel = new QWidget;
+    panel->setWindowFlags(Qt::WindowFlags(0x4080B));
+    VeskFilterContainer frame(panel, VeskTitleWidget::CloseButtonOnly, false, nullptr, true);
+    frame.show(true);
+    QVERIFY(!panel->isWindow());
+    QCOMPARE(panel->parentWidget(), &frame);
+    QVERIFY(!(panel->windowFlags() & Qt::WindowStaysOnTopHint));
+}
+
+QTEST_MAIN(FilterContainerTest)
+#include "tst_vesk_filter_container.moc"
