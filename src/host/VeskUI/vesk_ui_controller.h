@@ -7,17 +7,20 @@
 #include <QString>
 #include <QVariant>
 
-/// Carries named notifications from tools to the editor's user interface. GUI thread.
+/// Carries named notifications from tools and documents to the editor's user interface, so that
+/// neither needs to know the other. Delivery is direct: notifyUI returns when the connected slots
+/// have. GUI thread only.
 class VESKUI_EXPORT VeskUIController : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The one controller, created on first call as a child of parent (null: kept for the life of
-    /// the process). Created anew after its parent has taken it along.
+    /// The one instance, created at the first call. parent owns an instance created by this call;
+    /// null leaves it to the application object. Callers never delete it.
     static VeskUIController *getInstance(QObject *parent = nullptr);
+    ~VeskUIController() override;
 
-    /// Sends notified at once. A name that nobody listens for has no effect.
+    /// Emits notified. A name that nobody knows is no error.
     void notifyUI(QString name, QList<QVariant> arguments);
 
 Q_SIGNALS:

@@ -1,0 +1,54 @@
+#include <vesk_ui_controller.h>
+
+#include <QtTest>
+
+class UIControllerTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void getInstance_twice_isTheSameObject();
+    void getInstance_afterItsParentIsGone_makesANewOne();
+    void notifyUI_reachesTheEditorAtOnceWithNameAndArguments();
+    void notifyUI_withoutListener_hasNoEffect();
+};
+
+void UIControllerTest::getInstance_afterItsParentIsGone_makesANewOne()
+{
+    auto parent = std::make_unique<QObject>();
+    const QPointer<VeskUIController> first = VeskUIController::getInstance(parent.get());
+    QCOMPARE(first->parent(), parent.get());
+    parent.reset();
+    QVERIFY(!first);
+    QVERIFY(VeskUIController::getInstance(nullptr));
+}
+
+void UIControllerTest::getInstance_twice_isTheSameObject()
+{
+    // Runs first, and leaves no instance behind for the next test.
+    QObject parent;
+    VeskUIController *controller = VeskUIController::getInstance(&parent);
+    QCOMPARE(VeskUIController::getInstance(nullptr), controller);
+}
+
+void UIControllerTest::notifyUI_reachesTheEditorAtOnceWithNameAndArguments()
+{
+    VeskUIController *controller = VeskUIController::getInstance(nullptr);
+    QSignalSpy notified(controller, &VeskUIController::notified);
+    controller->notifyUI("initHistogramWidget", {});
+    controller->notifyUI("showPage", {QVariant(7), QVariant(QStringLiteral("raw"))});
+    QCOMPARE(notified.count(), 2);
+    QCOMPARE(notified.at(0).at(0).toString(), QStringLiteral("initHistogramWidget"));
+    QVERIFY(notified.at(0).at(1).toList().isEmpty());
+    QCOMPARE(notified.at(1).at(1).toList(),
+             (QVariantList{QVariant(7), QVariant(QStringLiteral("raw"))}));
+}
+
+void UIControllerTest::notifyUI_withoutListener_hasNoEffect()
+{
+    VeskUIController::getInstance(nullptr)->notifyUI(QString(), {});
+    QVERIFY(VeskUIController::getInstance(nullptr));
+}
+
+QTEST_MAIN(UIControllerTest)
+#include "tst_vesk_ui_controller.moc"
