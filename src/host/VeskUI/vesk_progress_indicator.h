@@ -2,24 +2,56 @@
 
 #include "veskui_export.h"
 
+#include <QBasicTimer>
 #include <QDialog>
-#include <QSize>
+#include <QElapsedTimer>
 
-/// A modal busy spinner without frame. GUI thread, except for posting a close event to it.
+class QEventLoop;
+
+/// Modal busy indicator: a turning ring that keeps the user waiting while another thread works.
 ///
-/// exec() returns when the indicator receives a close event, also one that another thread posted
-/// before the loop began. The user cannot close it: Escape and the window system have no effect.
+/// The worker ends the wait by posting a QCloseEvent to the indicator
+/// (QCoreApplication::postEvent, from any thread, at any time after construction). A close event
+/// that arrives before exec() is not lost: exec() then returns at once. The user cannot end the
+/// wait: Escape, and a close asked for by the window system, do nothing. Everything else is for
+/// the GUI thread only.
 class VESKUI_EXPORT VeskProgressIndicator : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Size in device-independent pixels. parent, if any, owns it.
-    VeskProgressIndicator(const QSize &size, QWidget *parent = nullptr);
+    /// size: in device-independent pixels. parent, if any, owns the indicator; without one it is
+    /// centred on the active window.
+    explicit VeskProgressIndicator(const QSize &size, QWidget *parent = nullptr);
     ~VeskProgressIndicator() override;
 
-    /// The spinner turns from startAnimation to stopAnimation.
+    /// Turns the ring whenever the indicator is visible, at about 60 pictures per second.
     void startAnimation();
     void stopAnimation();
-    bool isAnimating() const;
+    /// Whether the ring turns right now: never while the indicator is hidden.
+    bool isAnimating() const { return frameTimer.isActive(); }
+
+    /// Shows the indicator and runs an event loop until one close event has arrived, counted from
+    /// construction or from the end of the last exec(). Also returns when the program quits.
+    /// Returns QDialog::Accepted.
+    int exec() override;
+
+    /// Does nothing: the wait cannot be cancelled.
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    void updateFrameTimer();
+
+    QBasicTimer frameTimer;
+    QElapsedTimer clock; // the angle follows time, not ticks: a late tick does not stutter
+    QEventLoop *waitLoop = nullptr;
+    bool isAnimationOn = false;
+    bool isCloseReceived = false;
 };
