@@ -2,54 +2,74 @@
 
 #include "veskui_export.h"
 
+#include <QBasicTimer>
+#include <QColor>
 #include <QPointF>
 #include <QPointer>
 #include <QSize>
-#include <QVector>
 #include <QWidget>
 
 #include <array>
 #include <memory>
+#include <vector>
 
+class CanvasView;
+class PicturePyramid;
+class QPinchGesture;
+class QVariantAnimation;
 class VeskContext;
 class VeskSelection;
+struct SourceLayer;
 
-/// The view of one document: paints its layers over a checkerboard, zooms and pans. GUI thread.
+/// The view of one document: paints its layers over a checkerboard, zooms and pans.
+///
+/// Mouse: the wheel zooms around the pointer, dragging pans, a double click changes between the
+/// whole document and actual size. Trackpad: two fingers pan, a pinch zooms. Keyboard: the arrow
+/// keys pan.
 ///
 /// Owned by the editor's window, never by a document. Borrows its context and selection; both
-/// pointers turn null when their object goes away. The destructor calls VeskContext::forgetCanvas.
-/// A document pixel covers zoom() device pixels. The cost of a repaint is bounded by the visible
-/// area, whatever the size of the picture.
+/// pointers turn null when their object goes away. No context points at the canvas any more once it
+/// is destroyed. GUI thread only.
+///
+/// The cost of a repaint is bounded by the visible area, whatever the size of the picture: what is
+/// shown smaller is painted from reduced copies, which are made in short pieces of work between
+/// repaints. Until a copy is there the pixels are picked without smoothing.
 class VESKUI_EXPORT VeskCanvas : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Number of pixels per 8-bit level.
+    /// Number of pixels per 8-bit level; fully transparent pixels are not counted.
     struct Histogram
     {
         std::array<quint32, 256> red{};
         std::array<quint32, 256> green{};
         std::array<quint32, 256> blue{};
-        std::array<quint32, 256> luminosity{};
+        std::array<quint32, 256> luminosity{}; // Rec. 709 luma
     };
 
+    static constexpr qreal kMinimumZoom = 1.0 / 128;
+    static constexpr qreal kMaximumZoom = 32.0;
+
+    /// parent, if any, owns the canvas.
     explicit VeskCanvas(QWidget *parent = nullptr);
     ~VeskCanvas() override;
 
-    /// Drops what the canvas keeps of the picture shown so far (scaled copies, selection outline)
-    /// and repaints. The context, the zoom and the histogram stay.
+    /// Drops what the canvas keeps of the picture shown so far (reduced copies) and ends what the
+    /// user is doing with it (dragging, a zoom under way), then repaints. The context, the
+    /// selection, the zoom and the histogram stay.
     virtual void resetCanvas();
-    /// Makes the canvas show context (borrowed), or nothing with null.
+    /// Makes the canvas show the layers of context (borrowed), or nothing with null, and follow
+    /// their changes. The size of the document is set by reSizeCanvas.
     virtual void attachContext(VeskContext *context);
     VeskContext *context() const;
 
     /// The canvas timer moves the outline of the selection. Starting it sets its interval in
-    /// milliseconds (0: the shortest that is sensible; negative values count as 0) and restarts a
-    /// running one.
+    /// milliseconds (anything below 50, also 0, counts as 50) and restarts a running one. While no
+    /// outline is visible it costs nothing.
     void startCanvasTimer(int milliseconds);
     void stopCanvasTimer();
-    bool isCanvasTimerActive() const;
+    bool isCanvasTimerActive() const { return isTimerOn; }
 
     /// Sets the size of the document in pixels; negative lengths count as 0. refit also zooms so
     /// that the whole document is visible.
@@ -64,24 +84,34 @@ public:
     /// repaint.
     void moveToCenter(bool repaint);
 
-    /// Counts the pixels of the document anew and sends histogramChanged.
+    /// Counts the pixels of the document anew and sends histogramChanged. Takes time in proportion
+    /// to the document's pixels.
     void updateHistogram();
-    const Histogram &histogram() const;
+    /// What updateHistogram counted last; all zero before.
+    const Histogram &histogram() const { return levels; }
 
-    /// Device pixels per document pixel.
+    /// Device pixels per document pixel: 1 is actual size ("100 %") on every screen.
     qreal zoom() const;
-    static constexpr qreal kMinimumZoom = 1.0 / 128;
-    static constexpr qreal kMaximumZoom = 32.0;
+    /// Whether the zoom follows the size of the widget, see zoomToFit.
+    bool isFitted() const;
 
     /// Maps between widget coordinates and document pixels.
     QPointF toDocument(const QPointF &widgetPosition) const;
     QPointF toWidget(const QPointF &documentPosition) const;
 
+    /// Colour of a document pixel as its layers show it; invalid outside of the document.
+    QColor colorAt(const QPoint &documentPixel) const;
+
+    /// Document pixels read for painting since construction: a measure of the work done that does
+    /// not depend on the machine.
+    qint64 paintedPixelsRead() const;
+
 public Q_SLOTS:
     /// Zooms to factor (moved into the bounds) and keeps what is in the middle of the widget.
     void setZoom(qreal factor);
-    /// Zooms to factor and keeps what is at anchor (widget coordinates).
+    /// Zooms to factor and keeps what is at anchor (widget coordinates) as far as the edges allow.
     void setZoomAt(qreal factor, const QPointF &anchor);
+    /// One step; a step that would pass actual size stops there.
     void zoomIn();
     void zoomOut();
     /// The largest zoom at which the whole document is visible, at most 1; kept through resizes of
@@ -93,6 +123,65 @@ public Q_SLOTS:
 Q_SIGNALS:
     void zoomChanged(qreal factor);
     void histogramChanged();
-    /// The pointer is over that document pixel, or outside with (-1, -1).
-    void pointerMoved(const QPoint &documentPixel);
+    /// The pointer is over that document pixel, which has that colour; (-1, -1) and an invalid
+    /// colour when it has left the document.
+    void pointerMoved(const QPoint &documentPixel, const QColor &color);
+
+protected:
+    bool event(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    QPointF toDevice(const QPointF &widgetPosition) const;
+    QRect toDevice(const QRect &widgetRect) const;
+    QRect toWidgetRect(const QRect &deviceRect) const;
+    void updateViewport();
+    void viewChanged();
+
+    void stepZoom(qreal factor, const QPointF &anchor);
+    void glideZoom(qreal factor, const QPointF &anchor);
+    void pinch(const QPinchGesture &gesture);
+    void panBy(const QPointF &widgetDistance);
+    void reportPointer(const QPointF &widgetPosition);
+    void updateCursor();
+
+    void contentChanged();
+    void scheduleTiles();
+    void buildTiles();
+
+    void paintPart(QPainter &painter, const std::vector<SourceLayer> &layers, const QRect &part);
+    QRect outlineRect() const;
+    void moveOutline();
+    void updateOutlineTimer();
+
+    std::unique_ptr<CanvasView> view;
+    std::unique_ptr<PicturePyramid> pyramid;
+    QPointer<VeskContext> shownContext;
+    QPointer<VeskSelection> shownSelection;
+    Histogram levels;
+
+    QVariantAnimation *zoomGlide; // over the logarithm of the zoom: even speed to the eye
+    QPointF glideAnchor;          // device pixels
+    QPointF glideFixed;           // what stays at the anchor, document pixels
+    qreal reportedZoom = 1;
+    QPointF dragPosition;
+    bool isDragging = false;
+
+    QBasicTimer tileTimer;
+    QBasicTimer outlineTimer;
+    int outlineMs = 0;
+    int outlinePhase = 0;
+    bool isTimerOn = false;
+    qint64 directPixelsRead = 0;
 };

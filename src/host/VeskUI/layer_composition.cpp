@@ -1,0 +1,64 @@
+#include "layer_composition.h"
+
+#include <vesk_context.h>
+#include <vesk_layer_base.h>
+#include <vesk_layer_manager.h>
+
+#include <QPainter>
+
+#include <algorithm>
+
+std::vector<SourceLayer> visibleLayers(const VeskContext *context)
+{
+    std::vector<SourceLayer> layers;
+    if (!context)
+        return layers;
+    const VeskLayerManager *manager = context->getLayerManager();
+    for (int i = 0; i < manager->count(); ++i) {
+        const VeskLayerBase *layer = manager->layerAt(i);
+        if (!layer->isVisible() || layer->getAlpha() <= 0)
+            continue;
+        const QImage picture = layer->picture();
+        if (!picture.isNull())
+            layers.push_back({picture, qreal(layer->getAlpha())});
+    }
+    return layers;
+}
+
+bool isOpaque(const std::vector<SourceLayer> &layers, const QSize &documentSize)
+{
+    const QRect document(QPoint(0, 0), documentSize);
+    return std::any_of(layers.begin(), layers.end(), [&document](const SourceLayer &layer) {
+        return layer.opacity >= 1 && !layer.picture.hasAlphaChannel() &&
+               layer.picture.rect().contains(document);
+    });
+}
+
+QImage composedRegion(const std::vector<SourceLayer> &layers, const QRect &region)
+{
+    QImage composed(region.size(), QImage::Format_ARGB32_Premultiplied);
+    if (composed.isNull())
+        return composed;
+    composed.fill(Qt::transparent);
+    QPainter painter(&composed);
+    drawLayers(painter, composed.rect(), layers, region);
+    return composed;
+}
+
+void drawLayers(QPainter &painter, const QRectF &target, const std::vector<SourceLayer> &layers,
+                const QRect &region)
+{
+    const qreal scaleX = target.width() / region.width();
+    const qreal scaleY = target.height() / region.height();
+    for (const SourceLayer &layer : layers) {
+        const QRect part = region & layer.picture.rect();
+        if (part.isEmpty())
+            continue;
+        const QPointF first(target.x() + (part.x() - region.x()) * scaleX,
+                            target.y() + (part.y() - region.y()) * scaleY);
+        painter.setOpacity(layer.opacity);
+        painter.drawImage(QRectF(first, QSizeF(part.width() * scaleX, part.height() * scaleY)),
+                          layer.picture, part);
+    }
+    painter.setOpacity(1);
+}

@@ -1,0 +1,552 @@
+#include "vesk_canvas.h"
+#include "canvas_painting.h"
+#include "picture_histogram.h"
+
+#include <vesk_context.h>
+#include <vesk_selection.h>
+
+#include <QElapsedTimer>
+#include <QGestureEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPainter>
+#include <QPinchGesture>
+#include <QStyle>
+#include <QTimerEvent>
+#include <QVariantAnimation>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kShortestOutlineMs = 50;
+constexpr int kTileBudgetMs = 8; // leaves time for input between pieces of work
+constexpr int kLongestGlideMs = 140;
+constexpr qreal kZoomStep = 1.4142135623730951;
+constexpr qreal kWheelUnitsPerDoubling = 360; // three notches
+constexpr int kCheckerSquare = 8;             // device-independent pixels
+constexpr qreal kKeyPan = 0.1;                // share of the widget per key press
+
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
+// Neutral, so that it does not tint the eye's judgement of the picture.
+QColor surroundColor(const QPalette &palette)
+{
+    return isDark(palette) ? QColor(0x26, 0x26, 0x26) : QColor(0xc4, 0xc4, 0xc4);
+}
+
+qreal stepped(qreal zoom, qreal factor)
+{
+    const qreal next = zoom * factor;
+    const bool isPassingActualSize = (zoom < 1 && next > 1) || (zoom > 1 && next < 1);
+    return isPassingActualSize
+               ? 1
+               : std::clamp(next, VeskCanvas::kMinimumZoom, VeskCanvas::kMaximumZoom);
+}
+
+} // namespace
+
+VeskCanvas::VeskCanvas(QWidget *parent)
+    : QWidget(parent)
+    , view(std::make_unique<CanvasView>(kMinimumZoom, kMaximumZoom))
+    , pyramid(std::make_unique<PicturePyramid>())
+    , zoomGlide(new QVariantAnimation(this))
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(64, 64);
+#ifndef Q_OS_MACOS // there pinches come as native gestures
+    grabGesture(Qt::PinchGesture);
+#endif
+    zoomGlide->setEasingCurve(QEasingCurve::OutCubic);
+    connect(zoomGlide, &QVariantAnimation::valueChanged, this, [this](const QVariant &logZoom) {
+        view->setZoom(std::exp2(logZoom.toDouble()), glideAnchor, glideFixed);
+        viewChanged();
+    });
+}
+
+VeskCanvas::~VeskCanvas()
+{
+    VeskContext::forgetCanvas(this);
+}
+
+void VeskCanvas::resetCanvas()
+{
+    zoomGlide->stop();
+    isDragging = false;
+    updateCursor();
+    contentChanged();
+}
+
+void VeskCanvas::attachContext(VeskContext *context)
+{
+    if (shownContext)
+        shownContext->disconnect(this);
+    shownContext = context;
+    if (context) {
+        connect(context, &VeskContext::layersChanged, this, &VeskCanvas::contentChanged);
+        connect(context, &QObject::destroyed, this, &VeskCanvas::contentChanged);
+    }
+    contentChanged();
+}
+
+VeskContext *VeskCanvas::context() const
+{
+    return shownContext;
+}
+
+void VeskCanvas::contentChanged()
+{
+    pyramid->reset(view->document());
+    scheduleTiles();
+    update();
+}
+
+// --- Size, zoom and position ---
+
+void VeskCanvas::reSizeCanvas(int width, int height, bool refit)
+{
+    zoomGlide->stop();
+    view->setDocument(QSize(width, height));
+    if (refit)
+        view->fit();
+    contentChanged();
+    viewChanged();
+}
+
+QSize VeskCanvas::canvasSize() const
+{
+    return view->document();
+}
+
+void VeskCanvas::moveToCenter(bool repaint)
+{
+    zoomGlide->stop();
+    view->center();
+    updateCursor();
+    if (repaint)
+        update();
+}
+
+qreal VeskCanvas::zoom() const
+{
+    return view->zoom();
+}
+
+bool VeskCanvas::isFitted() const
+{
+    return view->isFitted();
+}
+
+QPointF VeskCanvas::toDocument(const QPointF &widgetPosition) const
+{
+    return view->toDocument(toDevice(widgetPosition));
+}
+
+QPointF VeskCanvas::toWidget(const QPointF &documentPosition) const
+{
+    return view->toViewport(documentPosition) / devicePixelRatioF();
+}
+
+QPointF VeskCanvas::toDevice(const QPointF &widgetPosition) const
+{
+    return widgetPosition * devicePixelRatioF();
+}
+
+QRect VeskCanvas::toDevice(const QRect &widgetRect) const
+{
+    return QRectF(toDevice(QPointF(widgetRect.topLeft())),
+                  QSizeF(widgetRect.size()) * devicePixelRatioF())
+        .toAlignedRect();
+}
+
+QRect VeskCanvas::toWidgetRect(const QRect &deviceRect) const
+{
+    const qreal ratio = devicePixelRatioF();
+    return QRectF(QPointF(deviceRect.topLeft()) / ratio, QSizeF(deviceRect.size()) / ratio)
+        .toAlignedRect();
+}
+
+void VeskCanvas::updateViewport()
+{
+    const QSize device = toDevice(rect()).size();
+    if (device == view->viewport())
+        return;
+    view->setViewport(device);
+    pyramid->setViewport(device);
+    viewChanged();
+}
+
+void VeskCanvas::viewChanged()
+{
+    update();
+    scheduleTiles();
+    updateCursor();
+    if (view->zoom() == reportedZoom)
+        return;
+    reportedZoom = view->zoom();
+    Q_EMIT zoomChanged(reportedZoom);
+}
+
+void VeskCanvas::setZoom(qreal factor)
+{
+    setZoomAt(factor, QRectF(rect()).center());
+}
+
+void VeskCanvas::setZoomAt(qreal factor, const QPointF &anchor)
+{
+    zoomGlide->stop();
+    view->setZoom(factor, toDevice(anchor));
+    viewChanged();
+}
+
+void VeskCanvas::zoomIn()
+{
+    stepZoom(kZoomStep, QRectF(rect()).center());
+}
+
+void VeskCanvas::zoomOut()
+{
+    stepZoom(1 / kZoomStep, QRectF(rect()).center());
+}
+
+void VeskCanvas::stepZoom(qreal factor, const QPointF &anchor)
+{
+    setZoomAt(stepped(zoom(), factor), anchor);
+}
+
+void VeskCanvas::zoomToFit()
+{
+    zoomGlide->stop();
+    view->fit();
+    viewChanged();
+}
+
+void VeskCanvas::zoomToActualSize()
+{
+    setZoom(1);
+}
+
+// Steps that come while the view still glides add up.
+void VeskCanvas::glideZoom(qreal factor, const QPointF &anchor)
+{
+    const bool isGliding = zoomGlide->state() == QAbstractAnimation::Running;
+    const qreal from = isGliding ? std::exp2(zoomGlide->endValue().toDouble()) : zoom();
+    const qreal to = stepped(from, factor);
+    const int duration = std::min(
+        style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this), kLongestGlideMs);
+    if (duration <= 0) { // the user wants no animations
+        setZoomAt(to, anchor);
+        return;
+    }
+    zoomGlide->stop();
+    glideAnchor = toDevice(anchor);
+    glideFixed = view->toDocument(glideAnchor);
+    zoomGlide->setStartValue(std::log2(zoom()));
+    zoomGlide->setEndValue(std::log2(to));
+    zoomGlide->setDuration(duration);
+    zoomGlide->start();
+}
+
+void VeskCanvas::panBy(const QPointF &widgetDistance)
+{
+    zoomGlide->stop();
+    view->panBy(toDevice(widgetDistance));
+    viewChanged();
+}
+
+// --- Input ---
+
+bool VeskCanvas::event(QEvent *event)
+{
+    if (event->type() == QEvent::Gesture) {
+        auto *gestures = static_cast<QGestureEvent *>(event);
+        if (QGesture *gesture = gestures->gesture(Qt::PinchGesture)) {
+            pinch(*static_cast<QPinchGesture *>(gesture));
+            return true;
+        }
+    }
+    if (event->type() == QEvent::NativeGesture) {
+        const auto *gesture = static_cast<QNativeGestureEvent *>(event);
+        if (gesture->gestureType() == Qt::ZoomNativeGesture) {
+            setZoomAt(zoom() * (1 + gesture->value()), gesture->localPos());
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
+void VeskCanvas::pinch(const QPinchGesture &gesture)
+{
+    if (gesture.changeFlags() & QPinchGesture::CenterPointChanged)
+        panBy(gesture.centerPoint() - gesture.lastCenterPoint());
+    if (gesture.changeFlags() & QPinchGesture::ScaleFactorChanged)
+        setZoomAt(zoom() * gesture.scaleFactor(), mapFromGlobal(gesture.centerPoint().toPoint()));
+}
+
+void VeskCanvas::wheelEvent(QWheelEvent *event)
+{
+    const bool isTrackpad = event->source() == Qt::MouseEventSynthesizedBySystem;
+    if (isTrackpad && !(event->modifiers() & Qt::ControlModifier))
+        panBy(event->pixelDelta());
+    else if (event->angleDelta().y() != 0)
+        glideZoom(std::exp2(event->angleDelta().y() / kWheelUnitsPerDoubling), event->position());
+    event->accept();
+}
+
+void VeskCanvas::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    isDragging = true;
+    dragPosition = event->localPos();
+    updateCursor();
+}
+
+void VeskCanvas::mouseMoveEvent(QMouseEvent *event)
+{
+    if (isDragging) {
+        const QPointF distance = event->localPos() - dragPosition;
+        dragPosition = event->localPos();
+        // A fitted view has nowhere to go: it stays fitted when the hand trembles.
+        if (!isFitted())
+            panBy(distance);
+    }
+    reportPointer(event->localPos());
+}
+
+void VeskCanvas::mouseReleaseEvent(QMouseEvent *event)
+{
+    isDragging = false;
+    updateCursor();
+    QWidget::mouseReleaseEvent(event);
+}
+
+void VeskCanvas::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (isFitted())
+        setZoomAt(1, event->localPos());
+    else
+        zoomToFit();
+}
+
+void VeskCanvas::leaveEvent(QEvent *)
+{
+    Q_EMIT pointerMoved(QPoint(-1, -1), QColor());
+}
+
+void VeskCanvas::keyPressEvent(QKeyEvent *event)
+{
+    const qreal x = width() * kKeyPan;
+    const qreal y = height() * kKeyPan;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return panBy({x, 0});
+    case Qt::Key_Right:
+        return panBy({-x, 0});
+    case Qt::Key_Up:
+        return panBy({0, y});
+    case Qt::Key_Down:
+        return panBy({0, -y});
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void VeskCanvas::reportPointer(const QPointF &widgetPosition)
+{
+    const QPointF position = toDocument(widgetPosition);
+    const QPoint pixel(int(std::floor(position.x())), int(std::floor(position.y())));
+    const QColor color = colorAt(pixel);
+    Q_EMIT pointerMoved(color.isValid() ? pixel : QPoint(-1, -1), color);
+}
+
+QColor VeskCanvas::colorAt(const QPoint &documentPixel) const
+{
+    if (!shownContext || !QRect(QPoint(0, 0), canvasSize()).contains(documentPixel))
+        return QColor();
+    const QImage pixel = composedRegion(visibleLayers(shownContext), {documentPixel, QSize(1, 1)});
+    return pixel.pixelColor(0, 0);
+}
+
+void VeskCanvas::updateCursor()
+{
+    const QSize shown = view->documentRect().size();
+    const QSize room = view->viewport();
+    if (shown.width() <= room.width() && shown.height() <= room.height())
+        unsetCursor();
+    else
+        setCursor(isDragging ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+}
+
+// --- Painting ---
+
+void VeskCanvas::paintEvent(QPaintEvent *event)
+{
+    updateViewport(); // the window may have moved to a screen with another pixel ratio
+    QPainter painter(this);
+    painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
+    const std::vector<SourceLayer> layers = visibleLayers(shownContext);
+    for (const QRect &part : event->region())
+        paintPart(painter, layers, toDevice(part));
+    if (!outlineRect().isEmpty())
+        paintOutline(painter, outlineRect(), outlinePhase,
+                     std::max(1, qRound(devicePixelRatioF())));
+}
+
+void VeskCanvas::paintPart(QPainter &painter, const std::vector<SourceLayer> &layers,
+                           const QRect &part)
+{
+    painter.fillRect(part, surroundColor(palette()));
+    const QRect shown = part & view->documentRect();
+    if (shown.isEmpty() || !shownContext)
+        return;
+    painter.save();
+    painter.setClipRect(shown);
+    if (!isOpaque(layers, canvasSize()))
+        paintCheckerboard(painter, shown, view->documentRect().topLeft(),
+                          qRound(kCheckerSquare * devicePixelRatioF()), isDark(palette()));
+    directPixelsRead += paintLayers(painter, *view, *pyramid, layers, shown);
+    painter.restore();
+}
+
+qint64 VeskCanvas::paintedPixelsRead() const
+{
+    return directPixelsRead + pyramid->sourcePixelsRead();
+}
+
+void VeskCanvas::scheduleTiles()
+{
+    if (isVisible() && shownContext && PicturePyramid::levelForZoom(zoom()) > 0)
+        tileTimer.start(0, this);
+    else
+        tileTimer.stop();
+}
+
+void VeskCanvas::buildTiles()
+{
+    QElapsedTimer spent;
+    spent.start();
+    const std::vector<SourceLayer> layers = visibleLayers(shownContext);
+    for (const PicturePyramid::TileKey &key : tilesIn(*view, toDevice(rect()))) {
+        if (pyramid->tile(key))
+            continue;
+        while (!pyramid->buildStep(key, layers)) {
+            if (spent.elapsed() >= kTileBudgetMs)
+                return;
+        }
+        update(toWidgetRect(levelTarget(*view, key.level, pyramid->tileRect(key))));
+        if (spent.elapsed() >= kTileBudgetMs)
+            return;
+    }
+    tileTimer.stop();
+}
+
+void VeskCanvas::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() == tileTimer.timerId())
+        buildTiles();
+    else if (event->timerId() == outlineTimer.timerId())
+        moveOutline();
+    else
+        QWidget::timerEvent(event);
+}
+
+void VeskCanvas::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    updateViewport();
+}
+
+void VeskCanvas::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    updateViewport();
+    scheduleTiles();
+    updateOutlineTimer();
+}
+
+void VeskCanvas::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    scheduleTiles();
+    updateOutlineTimer();
+}
+
+// --- Outline of the selection ---
+
+void VeskCanvas::setSelection(VeskSelection *selection)
+{
+    if (shownSelection)
+        shownSelection->disconnect(this);
+    shownSelection = selection;
+    const auto refresh = [this] {
+        updateOutlineTimer();
+        update();
+    };
+    if (selection) {
+        connect(selection, &VeskSelection::changed, this, refresh);
+        connect(selection, &QObject::destroyed, this, refresh);
+    }
+    refresh();
+}
+
+VeskSelection *VeskCanvas::selection() const
+{
+    return shownSelection;
+}
+
+void VeskCanvas::startCanvasTimer(int milliseconds)
+{
+    isTimerOn = true;
+    outlineMs = std::max(milliseconds, kShortestOutlineMs);
+    outlineTimer.stop();
+    updateOutlineTimer();
+}
+
+void VeskCanvas::stopCanvasTimer()
+{
+    isTimerOn = false;
+    updateOutlineTimer();
+}
+
+void VeskCanvas::updateOutlineTimer()
+{
+    const bool isNeeded = isTimerOn && isVisible() && shownSelection && !shownSelection->isEmpty();
+    if (!isNeeded)
+        outlineTimer.stop();
+    else if (!outlineTimer.isActive())
+        outlineTimer.start(outlineMs, this);
+}
+
+QRect VeskCanvas::outlineRect() const
+{
+    if (!shownSelection || shownSelection->isEmpty())
+        return QRect();
+    return levelTarget(*view, 0, shownSelection->getRect());
+}
+
+void VeskCanvas::moveOutline()
+{
+    ++outlinePhase;
+    const QRect outer = toWidgetRect(outlineRect()).adjusted(-1, -1, 1, 1);
+    update(QRegion(outer) - QRegion(outer.adjusted(3, 3, -3, -3)));
+}
+
+// --- Histogram ---
+
+void VeskCanvas::updateHistogram()
+{
+    levels = countLevels(visibleLayers(shownContext), canvasSize());
+    Q_EMIT histogramChanged();
+}
