@@ -1,79 +1,76 @@
 #include "exposure_merge.h"
 
+#include "exposure_merge_rows.h"
+#include "merge_weights.h"
+#include "parallel_rows.h"
 #include "picture_pixels.h"
 
-#include <QColor>
-
-#include <cmath>
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <vector>
 
 namespace {
 
-/// Weighted sums of one pixel, in single precision, in the order of the pictures.
-struct PixelSum
+/// Rows of a picture as words: its own, or a copy made row by row when its format has no words.
+class RowReader
 {
-    float red = 0.0F;
-    float green = 0.0F;
-    float blue = 0.0F;
-    float weight = 0.0F;
+public:
+    explicit RowReader(const QImage &source)
+        : picture(source)
+        , copy(pixels::areWords(source) ? 0 : static_cast<size_t>(source.width()))
+    {
+    }
+
+    const uint32_t *row(int y)
+    {
+        if (copy.empty())
+            return reinterpret_cast<const uint32_t *>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x)
+            copy[static_cast<size_t>(x)] = pixels::at(picture, x, y);
+        return copy.data();
+    }
+
+private:
+    const QImage &picture;
+    std::vector<uint32_t> copy;
 };
 
-float weightOf(const QColor &color)
+bool sameSize(const QList<QImage *> &pictures)
 {
-    const float distance = static_cast<float>(color.lightnessF()) - 0.5F;
-    return std::exp(-distance * distance);
+    return std::all_of(pictures.begin(), pictures.end(), [&](const QImage *picture) {
+        return picture && picture->size() == pictures.first()->size();
+    });
 }
 
-void accumulate(const QImage &picture, std::vector<PixelSum> &sums)
+/// Merges rows begin..end of the pictures into the same rows of the image that starts at `words`.
+void mergeRows(const QList<QImage *> &pictures, int begin, int end, uchar *words, int bytesPerLine)
 {
-    auto sum = sums.begin();
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x, ++sum) {
-            const QColor color(pixels::at(picture, x, y));
-            const float weight = weightOf(color);
-            sum->red += static_cast<float>(color.red()) * weight;
-            sum->green += static_cast<float>(color.green()) * weight;
-            sum->blue += static_cast<float>(color.blue()) * weight;
-            sum->weight += weight;
-        }
-    }
-}
-
-/// Every picture weighs at least exp(-0.25), so there is always something to divide by.
-QRgb meanColor(const PixelSum &sum)
-{
-    return qRgb(static_cast<int>(sum.red / sum.weight), static_cast<int>(sum.green / sum.weight),
-                static_cast<int>(sum.blue / sum.weight));
-}
-
-void convert(const std::vector<PixelSum> &sums, QImage &merged)
-{
-    auto sum = sums.begin();
-    for (int y = 0; y < merged.height(); ++y) {
-        auto *row = reinterpret_cast<QRgb *>(merged.scanLine(y));
-        for (int x = 0; x < merged.width(); ++x, ++sum)
-            row[x] = meanColor(*sum);
+    std::vector<RowReader> readers;
+    readers.reserve(static_cast<size_t>(pictures.size()));
+    for (const QImage *picture : pictures)
+        readers.emplace_back(*picture);
+    const auto width = static_cast<size_t>(pictures.first()->width());
+    std::vector<const uint32_t *> rows(readers.size());
+    for (int y = begin; y < end; ++y) {
+        std::transform(readers.begin(), readers.end(), rows.begin(),
+                       [y](RowReader &reader) { return reader.row(y); });
+        mergeRow(rows.data(), rows.size(), width, weights::table(),
+                 reinterpret_cast<uint32_t *>(words + qptrdiff(y) * bytesPerLine));
     }
 }
 
 QImage *merge(const QList<QImage *> &pictures)
 {
-    if (pictures.isEmpty() || !pictures.first())
-        return nullptr;
     const QSize size = pictures.first()->size();
-    std::vector<PixelSum> sums(static_cast<size_t>(size.width()) *
-                               static_cast<size_t>(size.height()));
-    for (const QImage *picture : pictures) {
-        if (!picture || picture->size() != size)
-            return nullptr;
-        accumulate(*picture, sums);
-    }
     auto merged = std::make_unique<QImage>(size, QImage::Format_RGB32);
     if (merged->size() != size)
         return nullptr;
-    convert(sums, *merged);
+    uchar *words = merged->bits();
+    const int bytesPerLine = merged->bytesPerLine();
+    parallel::rows(size.height(), [&](int begin, int end) {
+        mergeRows(pictures, begin, end, words, bytesPerLine);
+    });
     return merged.release();
 }
 
@@ -81,6 +78,8 @@ QImage *merge(const QList<QImage *> &pictures)
 
 QImage *mergeExposures(const QList<QImage *> &pictures)
 {
+    if (pictures.isEmpty() || !sameSize(pictures))
+        return nullptr;
     try {
         return merge(pictures);
     } catch (const std::bad_alloc &) {

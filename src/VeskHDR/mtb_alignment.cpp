@@ -1,16 +1,19 @@
 #include "mtb_alignment.h"
 
 #include "assertion_report.h"
+#include "grey_histogram.h"
+#include "mtb_alignment_plain.h"
+#include "mtb_search.h"
 #include "mtb_shifts.h"
+#include "parallel_rows.h"
 #include "picture_pixels.h"
 
 #include <QPoint>
 #include <QVector>
 
 #include <algorithm>
-#include <array>
-#include <memory>
 #include <new>
+#include <numeric>
 
 namespace {
 
@@ -30,46 +33,69 @@ int greyLevel(QRgb pixel)
     return (11 * qRed(pixel) + 16 * qGreen(pixel) + 5 * qBlue(pixel)) / 32;
 }
 
-/// Byte of an 8-bit image, 0 outside it.
-int byteAt(const QImage &image, int x, int y)
+/// A row of an 8-bit image as `width` bytes, 0 where the image has none. `padded` is room for a
+/// copy.
+const uchar *rowOfWidth(const QImage &image, int y, int width, std::vector<uchar> &padded)
 {
-    return image.valid(x, y) ? image.constScanLine(y)[x] : 0;
+    const bool hasRow = y < image.height();
+    if (hasRow && image.width() >= width)
+        return image.constScanLine(y);
+    padded.assign(static_cast<size_t>(width), 0);
+    if (hasRow)
+        std::copy_n(image.constScanLine(y), image.width(), padded.begin());
+    return padded.data();
 }
 
-/// Copies source into target with its content moved by (dx, dy), Pixel by Pixel.
-template <typename Pixel>
-void copyShifted(const QImage &source, int dx, int dy, QImage &target)
+/// The part of 0..length that stays inside when moved by `shift` to a place of targetLength.
+struct Overlap
 {
-    for (int y = 0; y < source.height(); ++y) {
-        const qint64 targetY = qint64(y) + dy;
-        if (targetY < 0)
-            continue;
-        if (targetY >= std::min(source.height(), target.height()))
-            break;
-        const auto *sourceRow = reinterpret_cast<const Pixel *>(source.constScanLine(y));
-        auto *targetRow = reinterpret_cast<Pixel *>(target.scanLine(static_cast<int>(targetY)));
-        for (int x = 0; x < source.width(); ++x) {
-            const qint64 targetX = qint64(x) + dx;
-            if (targetX >= std::min(source.width(), target.width()))
-                break;
-            if (targetX >= 0)
-                targetRow[targetX] = sourceRow[x];
+    Overlap(int length, int shift, int targetLength)
+        : begin(static_cast<int>(std::clamp<qint64>(-qint64(shift), 0, length)))
+        , end(static_cast<int>(
+              std::clamp<qint64>(std::min(length, targetLength) - qint64(shift), begin, length)))
+    {
+    }
+
+    int begin;
+    int end;
+};
+
+template <typename Pixel>
+Pixel *pixelRow(uchar *bits, int bytesPerLine, int y)
+{
+    return reinterpret_cast<Pixel *>(bits + qptrdiff(y) * bytesPerLine);
+}
+
+/// Rows begin..end of target: source moved by (dx, dy), 0 where nothing of it lands.
+template <typename Pixel>
+void copyShiftedRows(const QImage &source, int dx, int dy, uchar *target, int bytesPerLine,
+                     QSize targetSize, int begin, int end)
+{
+    const Overlap columns(source.width(), dx, targetSize.width());
+    const Overlap rows(source.height(), dy, targetSize.height());
+    for (int y = begin; y < end; ++y) {
+        Pixel *row = pixelRow<Pixel>(target, bytesPerLine, y);
+        Pixel *const rowEnd = row + targetSize.width();
+        const qint64 sourceY = qint64(y) - dy;
+        if (sourceY >= rows.begin && sourceY < rows.end && columns.begin < columns.end) {
+            const auto *from =
+                reinterpret_cast<const Pixel *>(source.constScanLine(static_cast<int>(sourceY)));
+            row = std::fill_n(row, columns.begin + dx, Pixel(0));
+            row = std::copy(from + columns.begin, from + columns.end, row);
         }
+        std::fill(row, rowEnd, Pixel(0));
     }
 }
 
-/// Nearest-neighbour copy of half the size, rounded half up.
-QImage halved(const QImage &image)
+template <typename Pixel>
+void copyShifted(const QImage &source, int dx, int dy, QImage &target)
 {
-    return image.scaled(qRound(image.width() / 2.0), qRound(image.height() / 2.0),
-                        Qt::IgnoreAspectRatio, Qt::FastTransformation);
-}
-
-/// Smallest grey level that at least this fraction of the pixels does not exceed; 256 if none.
-int percentileLevel(const std::vector<double> &cdf, double percentile)
-{
-    const auto reaches = [percentile](double fraction) { return fraction >= percentile; };
-    return static_cast<int>(std::find_if(cdf.begin(), cdf.end(), reaches) - cdf.begin());
+    uchar *bits = target.bits();
+    const int bytesPerLine = target.bytesPerLine();
+    const QSize size = target.size();
+    parallel::rows(size.height(), [&](int begin, int end) {
+        copyShiftedRows<Pixel>(source, dx, dy, bits, bytesPerLine, size, begin, end);
+    });
 }
 
 } // namespace
@@ -78,7 +104,6 @@ QImage *shiftQImage(const QImage *img, int dx, int dy)
 {
     auto *out = new (std::nothrow) QImage(img->size(), QImage::Format_ARGB32);
     assertion::require(out != nullptr, "out!=NULL", "shiftQImage", kSourceFile, 60);
-    out->fill(0);
     copyShifted<QRgb>(pixels::asWords(*img), dx, dy, *out);
     return out;
 }
@@ -96,8 +121,7 @@ qint64 sumimage(const QImage *img)
     qint64 sum = 0;
     for (int y = 0; y < img->height(); ++y) {
         const uchar *row = img->constScanLine(y);
-        for (int x = 0; x < img->width(); ++x)
-            sum += row[x];
+        sum = std::accumulate(row, row + img->width(), sum);
     }
     return sum;
 }
@@ -106,11 +130,13 @@ void setThreshold(const QImage *img, int threshold, int tolerance, QImage *tb, Q
 {
     const int width = std::min(tb->width(), eb->width());
     const int height = std::min(tb->height(), eb->height());
+    std::vector<uchar> padded;
     for (int y = 0; y < height; ++y) {
+        const uchar *levels = rowOfWidth(*img, y, width, padded);
         uchar *thresholdRow = tb->scanLine(y);
         uchar *exclusionRow = eb->scanLine(y);
         for (int x = 0; x < width; ++x) {
-            const int level = byteAt(*img, x, y);
+            const int level = levels[x];
             thresholdRow[x] = level >= threshold;
             exclusionRow[x] = level <= threshold - tolerance || level >= threshold + tolerance;
         }
@@ -119,8 +145,7 @@ void setThreshold(const QImage *img, int threshold, int tolerance, QImage *tb, Q
 
 void getLum(const QImage *img, QImage *lum, std::vector<double> &cdf)
 {
-    std::array<qint64, kGreyLevels> counts = {};
-    cdf.resize(kGreyLevels);
+    GreyHistogram histogram;
     lum->setColorTable(greyColorTable());
     const QImage words = pixels::asWords(*img);
     const int width = std::min(words.width(), lum->width());
@@ -130,98 +155,63 @@ void getLum(const QImage *img, QImage *lum, std::vector<double> &cdf)
         uchar *greyRow = lum->scanLine(y);
         for (int x = 0; x < width; ++x) {
             const int level = greyLevel(pixelRow[x]);
-            ++counts[static_cast<size_t>(level)];
+            ++histogram.counts[static_cast<size_t>(level)];
             greyRow[x] = static_cast<uchar>(level);
         }
     }
-    const double pixelCount = static_cast<double>(img->width()) * img->height();
-    const double share = pixelCount > 0 ? 1.0 / pixelCount : 0.0;
-    double sum = 0.0;
-    for (size_t level = 0; level < kGreyLevels; ++level) {
-        sum = static_cast<double>(counts[level]) * share + sum;
-        cdf[level] = sum;
-    }
+    cdf = histogram.cumulative(static_cast<double>(img->width()) * img->height());
 }
 
 void XORimages(const QImage *tb1, const QImage *eb1, const QImage *tb2, const QImage *eb2,
                QImage *out)
 {
     out->fill(0);
-    for (int y = 0; y < tb1->height(); ++y) {
-        int position1 = 0;
-        int position2 = 0;
-        for (int x = 0; x < tb1->width(); ++x) {
-            const bool differs = byteAt(*tb1, x, y) != byteAt(*tb2, x, y) &&
-                                 byteAt(*eb1, position1++, y) != 0 &&
-                                 byteAt(*eb2, position2++, y) != 0;
-            if (differs && out->valid(x, y))
-                out->scanLine(y)[x] = 1;
-        }
+    const int width = tb1->width();
+    const int writableWidth = std::min(width, out->width());
+    const int height = std::min(tb1->height(), out->height());
+    std::vector<uchar> padded1;
+    std::vector<uchar> padded2;
+    std::vector<uchar> paddedTb2;
+    for (int y = 0; y < height; ++y) {
+        const uchar *bits1 = tb1->constScanLine(y);
+        const uchar *bits2 = rowOfWidth(*tb2, y, width, paddedTb2);
+        const uchar *trusted1 = rowOfWidth(*eb1, y, width, padded1);
+        const uchar *trusted2 = rowOfWidth(*eb2, y, width, padded2);
+        uchar *differences = out->scanLine(y);
+        for (int x = 0; x < writableWidth; ++x)
+            differences[x] = bits1[x] != bits2[x] && *trusted1++ != 0 && *trusted2++ != 0;
     }
 }
 
 void shiftimage(const QImage *in, int dx, int dy, QImage *out)
 {
-    out->fill(0);
     copyShifted<uchar>(*in, dx, dy, *out);
 }
 
 void getExpShift(const QImage *img1, int threshold1, const QImage *img2, int threshold2,
                  int tolerance, int level, int &shiftX, int &shiftY)
 {
-    int startX = -1;
-    int startY = -1;
-    if (level > 0) {
-        const QImage half1 = halved(*img1);
-        const QImage half2 = halved(*img2);
-        int x = 0;
-        int y = 0;
-        getExpShift(&half1, threshold1, &half2, threshold2, tolerance, level - 1, x, y);
-        startX = 2 * x - 1;
-        startY = 2 * y - 1;
+    if (img1->isNull() || img1->size() != img2->size()) {
+        getExpShiftPlain(img1, threshold1, img2, threshold2, tolerance, level, shiftX, shiftY);
+        return;
     }
-
-    const std::unique_ptr<QImage> tb1(setbitmap(img1->size()));
-    const std::unique_ptr<QImage> eb1(setbitmap(img1->size()));
-    const std::unique_ptr<QImage> tb2(setbitmap(img1->size()));
-    const std::unique_ptr<QImage> eb2(setbitmap(img1->size()));
-    setThreshold(img1, threshold1, tolerance, tb1.get(), eb1.get());
-    setThreshold(img2, threshold2, tolerance, tb2.get(), eb2.get());
-    const std::unique_ptr<QImage> shiftedTb2(setbitmap(img2->size()));
-    const std::unique_ptr<QImage> shiftedEb2(setbitmap(img2->size()));
-    const std::unique_ptr<QImage> difference(setbitmap(img2->size()));
-
-    qint64 smallestError = qint64(img1->width()) * img2->height();
-    for (int i = 0; i < 3; ++i) {
-        for (int j = 0; j < 3; ++j) {
-            const int x = startX + i;
-            const int y = startY + j;
-            shiftimage(tb2.get(), x, y, shiftedTb2.get());
-            shiftimage(eb2.get(), x, y, shiftedEb2.get());
-            XORimages(tb1.get(), eb1.get(), shiftedTb2.get(), shiftedEb2.get(), difference.get());
-            const qint64 error = sumimage(difference.get());
-            if (error < smallestError) {
-                shiftX = x;
-                shiftY = y;
-                smallestError = error;
-            }
-        }
-    }
+    const auto reference = mtb::bitmapPyramid(mtb::greyImage(*img1), threshold1, tolerance, level);
+    const auto moved = mtb::bitmapPyramid(mtb::greyImage(*img2), threshold2, tolerance, level);
+    mtb::search(reference, moved, shiftX, shiftY);
 }
 
 void mtbalign(bool skipSearch, const QImage *img1, const QImage *img2, double percentile,
               int tolerance, int levels, int &shiftX, int &shiftY)
 {
-    QImage grey1(img1->size(), QImage::Format_Indexed8);
-    QImage grey2(img2->size(), QImage::Format_Indexed8);
-    std::vector<double> cdf1;
-    std::vector<double> cdf2;
-    getLum(img1, &grey1, cdf1);
-    getLum(img2, &grey2, cdf2);
-    const int threshold1 = percentileLevel(cdf1, percentile);
-    const int threshold2 = percentileLevel(cdf2, percentile);
-    if (!skipSearch)
-        getExpShift(&grey1, threshold1, &grey2, threshold2, tolerance, levels, shiftX, shiftY);
+    if (skipSearch)
+        return;
+    if (img1->isNull() || img1->size() != img2->size()) {
+        mtbalignPlain(skipSearch, img1, img2, percentile, tolerance, levels, shiftX, shiftY);
+        return;
+    }
+    const auto reference = mtb::bitmapPyramid(*img1, percentile, tolerance, levels);
+    const auto moved = mtb::bitmapPyramid(*img2, percentile, tolerance, levels);
+    mtb::search(reference, moved, shiftX, shiftY);
 }
 
 void mtb_alignment(bool skipSearch, QList<QImage *> &ImagePtrList)

@@ -1,6 +1,8 @@
 #include "mtb_shifts.h"
 
 #include "mtb_alignment.h"
+#include "mtb_alignment_plain.h"
+#include "mtb_search.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,8 +11,12 @@
 
 namespace {
 
-constexpr double kMedian = 0.5;
-constexpr int kTolerance = 4;
+bool sameSize(const QList<QImage *> &pictures)
+{
+    return std::all_of(pictures.begin(), pictures.end(), [&](const QImage *picture) {
+        return !picture->isNull() && picture->size() == pictures.first()->size();
+    });
+}
 
 } // namespace
 
@@ -30,13 +36,16 @@ int mtb::largestFindableShift(int levels)
 
 std::vector<QPoint> mtb::pairShifts(const QList<QImage *> &pictures)
 {
+    if (!sameSize(pictures))
+        return pairShiftsPlain(pictures);
     const int levels = pyramidLevels(pictures.first()->size());
-    std::vector<QPoint> shifts;
-    for (int i = 0; i + 1 < pictures.size(); ++i) {
-        QPoint shift;
-        mtbalign(false, pictures[i], pictures[i + 1], kMedian, kTolerance, levels, shift.rx(),
-                 shift.ry());
-        shifts.push_back(shift);
+    std::vector<QPoint> shifts(static_cast<size_t>(pictures.size()) - 1);
+    BitmapPyramid previous = bitmapPyramid(*pictures.first(), kMedian, kTolerance, levels);
+    for (size_t i = 0; i < shifts.size(); ++i) {
+        BitmapPyramid next =
+            bitmapPyramid(*pictures[static_cast<int>(i) + 1], kMedian, kTolerance, levels);
+        search(previous, next, shifts[i].rx(), shifts[i].ry());
+        previous = std::move(next);
     }
     return shifts;
 }

@@ -13,6 +13,10 @@
 /// Any thread, reentrant.
 namespace mtb {
 
+/// The alignment thresholds at the median and does not trust grey levels within 3 of it.
+constexpr double kMedian = 0.5;
+constexpr int kTolerance = 4;
+
 /// Levels of the search above the full size, for pictures of this size: floor(log2 of the smaller
 /// side) - 6, at least 0.
 VESKHDR_EXPORT int pyramidLevels(QSize size);

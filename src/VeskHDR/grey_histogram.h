@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// How often each grey level 0..255 occurs in a picture.
+struct GreyHistogram
+{
+    std::array<qint64, 256> counts = {};
+
+    void add(const GreyHistogram &other);
+    void add(const uint8_t *levels, size_t count);
+
+    /// Entry i: the fraction of `pixelCount` pixels whose level is at most i. 256 entries.
+    std::vector<double> cumulative(double pixelCount) const;
+};
+
+/// Smallest grey level that at least this fraction (0..1) of the pixels does not exceed, from a
+/// cumulative histogram; 256 if there is none.
+int percentileLevel(const std::vector<double> &cumulative, double percentile);

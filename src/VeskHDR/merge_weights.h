@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+
+/// The weight of a pixel in the merge: exp(-d * d) in single precision, d being the distance of its
+/// HSL lightness (0..1, as QColor::lightnessF gives it) from 0.5. From about 0.7788 for black and
+/// white to 1 for mid-grey.
+///
+/// QColor computes lightness in 16-bit steps, and which way it rounds half a step does not follow
+/// from the sum of the largest and the smallest channel. But it follows from the two themselves, so
+/// a table over both holds every weight there is.
+namespace weights {
+
+/// Weight of one colour; alpha is ignored.
+float of(QRgb color);
+
+constexpr int index(int largestChannel, int smallestChannel)
+{
+    return largestChannel << 8 | smallestChannel;
+}
+
+/// The 65536 weights at index(largest, smallest); 0 where largest < smallest. Never freed.
+const float *table();
+
+} // namespace weights
