@@ -1,0 +1,44 @@
+#pragma once
+
+#include "exposure_data.h"
+
+#include <QImage>
+#include <QPoint>
+#include <QSize>
+#include <QString>
+#include <QVector>
+
+namespace sample {
+
+struct BracketSettings
+{
+    QSize size{1800, 1200};
+    /// One shot for each, in stops; darkest first, as files are ordered by name.
+    QVector<double> stops{-4.0, -2.0, 0.0, 2.0, 4.0};
+    /// Where the scene stands in each shot, in pixels right and down of where it stands in the
+    /// first. When there are fewer than shots, the hand trembles as the seed says, by no more than
+    /// median threshold bitmaps can find at this size.
+    QVector<QPoint> offsets;
+    quint32 seed = 1; ///< of sensor noise and trembling
+    int threads = 0;  ///< 0: one per core; does not change any pixel
+};
+
+struct Shot
+{
+    QImage picture; ///< QImage::Format_RGB32
+    QPoint offset;  ///< see BracketSettings::offsets; moving the picture by its negative aligns it
+    ExposureData exposure;
+};
+
+/// Evenly spaced stops around 0: two apart for up to five shots, closer for more.
+QVector<double> evenStops(int shots);
+
+/// Photographs a sunlit landscape through the window of a dim room, hand-held. The same settings
+/// give the same pixels. Any thread, reentrant.
+QVector<Shot> photographBracket(const BracketSettings &settings);
+
+/// The shot as a file with its exposure data. format: "jpg" (quality 96) or "png".
+/// Empty when the format is another one.
+QByteArray encoded(const Shot &shot, const QByteArray &format);
+
+} // namespace sample
