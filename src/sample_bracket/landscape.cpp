@@ -11,7 +11,7 @@ namespace {
 
 Vector3 skyColor(float rise)
 {
-    return mix({6.2F, 7.6F, 9.0F}, {1.6F, 3.2F, 7.0F}, smoothStep(-0.02F, 0.42F, rise));
+    return mix({4.6F, 6.4F, 8.8F}, {1.1F, 2.6F, 6.6F}, smoothStep(-0.02F, 0.32F, rise));
 }
 
 Vector3 withClouds(Vector3 sky, float azimuth, float rise)
@@ -19,7 +19,7 @@ Vector3 withClouds(Vector3 sky, float azimuth, float rise)
     const float x = azimuth * 7.0F;
     const float y = rise * 17.0F;
     const float shape = fractalNoise(x + 3.1F, y + 8.0F, 7);
-    const float cover = smoothStep(0.50F, 0.62F, shape + 0.10F * smoothStep(0.05F, 0.2F, rise));
+    const float cover = smoothStep(0.53F, 0.63F, shape + 0.05F * smoothStep(0.05F, 0.2F, rise));
     // Thicker towards the sun means in shadow.
     const float towardsSun = fractalNoise(x + 3.35F, y + 8.45F, 6);
     const float shade = smoothStep(-0.10F, 0.13F, towardsSun - shape + 0.45F * (shape - 0.55F));
@@ -29,14 +29,19 @@ Vector3 withClouds(Vector3 sky, float azimuth, float rise)
 
 Vector3 mountains(float azimuth, float rise, float ridge)
 {
-    const float rock = fractalNoise(azimuth * 46.0F + 30.0F * rise, rise * 90.0F, 5);
-    const float snowLine = 0.068F + 0.025F * fractalNoise(azimuth * 22.0F, 5.0F, 3);
-    const float snow = smoothStep(-0.006F, 0.008F, rise - snowLine + 0.05F * (rock - 0.5F));
-    const Vector3 stone = mix({1.2F, 1.5F, 2.1F}, {2.4F, 2.5F, 2.7F}, rock);
-    const Vector3 bright =
-        mix({5.0F, 6.2F, 8.0F}, {13.0F, 13.0F, 12.8F}, smoothStep(0.42F, 0.6F, rock));
-    const Vector3 haze{4.4F, 5.6F, 7.2F};
-    return mix(mix(stone, bright, snow), haze, 0.55F * (1.0F - rise / ridge) + 0.12F);
+    // Folds run down from the ridge; their sunny sides are those where the field grows to the
+    // right.
+    const float x = azimuth * 34.0F - rise * 26.0F;
+    const float y = rise * 55.0F;
+    const float fold = fractalNoise(x, y, 6);
+    const float slope = fold - fractalNoise(x + 0.22F, y + 0.05F, 6);
+    const float light = smoothStep(-0.07F, 0.07F, slope);
+    const float snowLine = 0.030F + 0.045F * fold;
+    const float snow = smoothStep(-0.004F, 0.006F, rise - snowLine);
+    const Vector3 stone = mix({0.7F, 1.0F, 1.7F}, {2.9F, 2.8F, 2.7F}, light);
+    const Vector3 white = mix({3.6F, 4.9F, 7.4F}, {13.0F, 12.8F, 12.2F}, light);
+    const Vector3 haze{4.2F, 5.4F, 7.2F};
+    return mix(mix(stone, white, snow), haze, 0.40F * (1.0F - rise / ridge) + 0.12F);
 }
 
 Vector3 woods(float azimuth, float rise)
@@ -125,7 +130,7 @@ Vector3 landscapeRadiance(Vector3 direction)
 {
     const float azimuth = std::atan2(direction.x, -direction.z);
     const float rise = direction.y / std::hypot(direction.x, direction.z);
-    const float ridge = 0.035F + 0.105F * fractalNoise(azimuth * 6.0F + 2.0F, 1.0F, 6);
+    const float ridge = 0.012F + 0.130F * fractalNoise(azimuth * 9.0F + 2.0F, 1.0F, 6);
     const float forest = 0.006F + 0.026F * fractalNoise(azimuth * 9.0F + 5.0F, 9.0F, 3) +
                          0.004F * fractalNoise(azimuth * 190.0F, 3.0F, 2);
     const float shore = -0.022F + 0.008F * (fractalNoise(azimuth * 8.0F, 21.0F, 3) - 0.5F);

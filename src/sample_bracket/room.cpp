@@ -268,8 +268,9 @@ void Furnisher::addPainting()
     const int canvas = surface(Pattern::Painting, {0.5F, 0.5F, 0.5F});
     const int frame =
         surface(Pattern::WoodGrain, {0.58F, 0.42F, 0.18F}, {0.36F, 0.24F, 0.09F}, 0.08F);
-    add(Shape::Box, frame, {kHalfWidth - 0.02F, 1.70F, 3.0F}, {0.025F, 0.40F, 0.56F});
-    add(Shape::Box, canvas, {kHalfWidth - 0.03F, 1.70F, 3.0F}, {0.025F, 0.33F, 0.49F});
+    const Matrix3 turn = rotation(0.5F * kPi);
+    add(Shape::Box, frame, {2.36F, 1.86F, 0.02F}, {0.025F, 0.25F, 0.34F}, turn);
+    add(Shape::Box, canvas, {2.36F, 1.86F, 0.03F}, {0.025F, 0.20F, 0.29F}, turn);
 }
 
 void Furnisher::addTable()

@@ -8,7 +8,7 @@ namespace sample {
 namespace {
 
 constexpr float kPi = 3.14159265F;
-constexpr float kSunRadius = 0.007F;
+constexpr float kSunRadius = 0.004F;
 
 // So near the window its area cannot be sampled well; rays into all directions can.
 constexpr float kNearWindow = 0.35F;
@@ -174,7 +174,7 @@ Vector3 RoomLight::reflected(const Hit &hit, const Ray &ray, Vector3 irradiance)
         return diffuse;
     const Vector3 normal = facingNormal(hit, ray);
     const float cosine = -dot(normal, ray.direction);
-    const float share = surface.gloss + 0.45F * std::pow(1.0F - clamp01(cosine), 5.0F);
+    const float share = surface.gloss + 0.30F * std::pow(1.0F - clamp01(cosine), 5.0F);
     const Ray mirrored{position, ray.direction + normal * (2.0F * cosine)};
     const Hit seen = room_.solids.nearestHit(mirrored);
     const Vector3 reflection =

@@ -16,7 +16,7 @@ constexpr float kViewHalfWidth = 0.60F;
 constexpr float kViewHalfHeight = 0.40F;
 
 // Side of a texel of the light map, in pixels of the picture.
-constexpr int kTexelSize = 3;
+constexpr int kTexelSize = 4;
 
 // Four positions in a pixel that share no row and no column, the first two far apart.
 constexpr float kSubPixels[][2] = {{-0.3F, -0.4F}, {0.3F, 0.4F}, {0.4F, -0.3F}, {-0.4F, 0.3F}};

@@ -8,7 +8,7 @@ namespace sample {
 
 namespace {
 
-constexpr float kSensitivity = 0.125F;
+constexpr float kSensitivity = 0.28F;
 constexpr float kFullWell = 40000.0F;
 constexpr float kReadNoise = 4.0F;
 constexpr int kRawMax = 4095;

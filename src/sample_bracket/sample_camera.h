@@ -11,7 +11,7 @@ namespace sample {
 /// Photographs part of a radiance image with the exposure given in stops (0 is what the camera
 /// would choose by itself), for each pixel and channel:
 ///
-///   light   h = radiance * kSensitivity * 2^stops             1 fills the sensor
+///   light   h = radiance * 0.28 * 2^stops                     1 fills the sensor
 ///   sensor  e = h * F + g * sqrt(h * F + R^2)                 photon and read noise, electrons;
 ///                                                             F full well, R read noise, g normal
 ///   raw     r = round(clamp(e / F, 0, 1) * 4095)              12 bits; this is where light clips
