@@ -19,8 +19,8 @@
 
 namespace {
 
-constexpr int kUsageError = 2;
-constexpr int kWriteError = 3;
+constexpr int kUsageError = 64;
+constexpr int kWriteError = 74;
 constexpr int kMaxSide = 10000;
 constexpr int kMaxShots = 99;
 constexpr int kMaxOffset = 1000;

@@ -15,7 +15,7 @@ namespace sample {
 namespace {
 
 /// Shutter time at 0 stops, seconds.
-constexpr double kBaseTime = 1.0 / 64.0;
+constexpr double kBaseTime = 1.0 / 128.0;
 constexpr int kJpegQuality = 96;
 constexpr int kPngQuality = 80;
 
