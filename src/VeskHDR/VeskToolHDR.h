@@ -6,7 +6,6 @@
 
 #include <QList>
 #include <QMap>
-#include <QPointer>
 #include <QSize>
 #include <QString>
 
@@ -19,7 +18,6 @@ QT_END_NAMESPACE
 class IVeskUIManager;
 class VeskContext;
 class VeskFilterContainer;
-class VeskHDRThread;
 class VeskToolHDRWidget;
 
 /// The "Merge to HDR" tool: its identity, its panel in an editor frame, the set of source pictures,
@@ -79,6 +77,14 @@ public:
     void apply();
 
 private:
+    bool settleUnsavedWork();
+    std::unique_ptr<QImage> convertRaw(const QString &path);
+    std::unique_ptr<QImage> decodeOrdinary(const QString &path);
+    bool hasCommonSize(const QImage &picture);
+    void store(const QString &path, std::unique_ptr<QImage> picture);
+    void forget(const QList<QImage *> &pictures);
+    static void alert(const QString &text);
+
     QSize referenceSize;
     QMap<QString, QImage *> sources;
     VeskToolHDRWidget *panel = nullptr;

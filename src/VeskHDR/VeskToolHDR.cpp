@@ -1,0 +1,270 @@
+#include "VeskToolHDR.h"
+
+#include "VeskHDRThread.h"
+#include "VeskToolHDRWidget.h"
+#include "merged_document.h"
+#include "picture_decoder.h"
+#include "tool_translator.h"
+
+#include <ivesk_ui_manager.h>
+#include <vesk_action_manager.h>
+#include <vesk_canvas.h>
+#include <vesk_context.h>
+#include <vesk_context_manager.h>
+#include <vesk_filter_container.h>
+#include <vesk_progress_indicator.h>
+#include <vesk_raw.h>
+#include <vesk_raw_type.h>
+
+#include <QAction>
+#include <QImage>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+constexpr int kMaxPictures = 5;
+constexpr QSize kIndicatorSize(60, 60);
+
+void triggerSave()
+{
+    QAction *save =
+        VeskActionManager::getInstance(QString())->getActionByName(QStringLiteral("Save"));
+    if (!save)
+        return;
+    if (!save->isEnabled())
+        save->setEnabled(true);
+    save->activate(QAction::Trigger);
+}
+
+} // namespace
+
+VeskToolHDR::VeskToolHDR(QObject *parent)
+    : IVeskInsideTool(parent)
+{
+    installToolTranslator();
+    toolIdentifier = QStringLiteral("773B3550-5841-4150-9986-60CA3C64F22F");
+    toolName = QStringLiteral("HDR");
+    toolKind = QStringLiteral("inside");
+    toolTitle = QStringLiteral("HDR");
+    toolVersion = QStringLiteral("1.0");
+    parentObject = parent;
+    panel = new VeskToolHDRWidget;
+    panel->setTool(this);
+    frame =
+        new VeskFilterContainer(panel, VeskTitleWidget::TitleButtonFlag(0), false, nullptr, true);
+    frame->setVisible(false);
+}
+
+VeskToolHDR::~VeskToolHDR() = default;
+
+void VeskToolHDR::disActive()
+{
+}
+
+void VeskToolHDR::init()
+{
+}
+
+void VeskToolHDR::release()
+{
+}
+
+void VeskToolHDR::active(VeskContext *newContext, IVeskUIManager *manager)
+{
+    context = newContext;
+    uiManager = manager;
+    if (context && context->isSaveAble() && !settleUnsavedWork())
+        return;
+    panel->setVisible(true);
+    frame->show(true);
+    if (uiManager)
+        addFiles(uiManager->selectedFiles());
+    panel->updateState();
+}
+
+/// False when the user wants to stay with the document.
+bool VeskToolHDR::settleUnsavedWork()
+{
+    const int answer = haveToSave(context);
+    if (answer == QMessageBox::Discard && uiManager)
+        uiManager->discardChanges();
+    if (answer == QMessageBox::Save)
+        triggerSave();
+    return answer != QMessageBox::Cancel;
+}
+
+int VeskToolHDR::haveToSave(VeskContext *)
+{
+    QMessageBox question;
+    question.setWindowTitle(tr("Alert"));
+    question.setText(tr("This document has been modified. Save it?"));
+    question.setStandardButtons(QMessageBox::Save | QMessageBox::Cancel | QMessageBox::Discard);
+    question.setDefaultButton(QMessageBox::Save);
+    question.button(QMessageBox::Save)->setText(tr("Save"));
+    question.button(QMessageBox::Cancel)->setText(tr("Cancel"));
+    question.button(QMessageBox::Discard)->setText(tr("Discard"));
+    return question.exec();
+}
+
+void VeskToolHDR::setCuda(bool enabled)
+{
+    useOpenCL = enabled;
+}
+
+void VeskToolHDR::setAlignment(bool enabled)
+{
+    useAlignment = enabled;
+}
+
+QString VeskToolHDR::getDir() const
+{
+    return uiManager ? uiManager->currentDir() : QString();
+}
+
+bool VeskToolHDR::addFile(const QString &path)
+{
+    context = VeskContextManager::getInstance()->getCurrentContext();
+    if (!context)
+        return false;
+    if (sources.size() >= kMaxPictures) {
+        alert(tr("You can only add up to 5 pictures."));
+        return false;
+    }
+    if (path.isEmpty())
+        return true;
+    std::unique_ptr<QImage> picture =
+        VeskRawType::isRaw(path) ? convertRaw(path) : decodeOrdinary(path);
+    if (!picture || !hasCommonSize(*picture))
+        return false;
+    store(path, std::move(picture));
+    panel->updateState();
+    return true;
+}
+
+/// Null when the user cancelled or the conversion failed; then the canvas timer stays stopped.
+std::unique_ptr<QImage> VeskToolHDR::convertRaw(const QString &path)
+{
+    // The conversion may run windows of its own, and the document may go away under them.
+    const QPointer<VeskCanvas> canvas = context->getCanvas();
+    if (canvas)
+        canvas->stopCanvasTimer();
+    VeskRaw *converter = VeskRaw::getInstance();
+    converter->activate(path, panel, false);
+    std::unique_ptr<QImage> picture(converter->grabConvertedPicture());
+    if (!picture || picture->isNull())
+        return nullptr;
+    if (canvas) {
+        canvas->resetCanvas();
+        canvas->startCanvasTimer(0);
+    }
+    return picture;
+}
+
+/// Null after telling the user that the file is no picture.
+std::unique_ptr<QImage> VeskToolHDR::decodeOrdinary(const QString &path)
+{
+    auto picture = std::make_unique<QImage>(decodePicture(path).image);
+    if (!picture->isNull())
+        return picture;
+    alert(tr("%1 is not a valid image!").arg(path));
+    return nullptr;
+}
+
+/// The first picture of an empty set decides; another size is refused in front of the user.
+bool VeskToolHDR::hasCommonSize(const QImage &picture)
+{
+    if (referenceSize == QSize())
+        referenceSize = picture.size();
+    if (picture.size() == referenceSize)
+        return true;
+    alert(tr("Pictures shall be in same size."));
+    return false;
+}
+
+void VeskToolHDR::store(const QString &path, std::unique_ptr<QImage> picture)
+{
+    forgotten.clear();
+    QImage *&held = sources[path];
+    if (held)
+        forgotten.emplace_back(held);
+    held = picture.release();
+}
+
+bool VeskToolHDR::addFiles(const QList<QString> &paths)
+{
+    for (const QString &path : paths) {
+        addFile(path);
+        if (sources.size() >= kMaxPictures)
+            return false;
+    }
+    return true;
+}
+
+void VeskToolHDR::removeFile(const QString &path)
+{
+    delete sources.take(path);
+    if (sources.isEmpty())
+        referenceSize = QSize();
+    panel->updateState();
+}
+
+void VeskToolHDR::clear()
+{
+    forget(sources.values());
+}
+
+/// Empties the set. These are the pictures that nobody has deleted, and who forgets them last
+/// releases them.
+void VeskToolHDR::forget(const QList<QImage *> &pictures)
+{
+    for (QImage *picture : pictures)
+        forgotten.emplace_back(picture);
+    sources.clear();
+    referenceSize = QSize();
+}
+
+QList<QImage *> VeskToolHDR::imageList() const
+{
+    return sources.values();
+}
+
+QList<QString> VeskToolHDR::fileList() const
+{
+    return sources.keys();
+}
+
+const QMap<QString, QImage *> &VeskToolHDR::sourcePictures() const
+{
+    return sources;
+}
+
+void VeskToolHDR::apply()
+{
+    VeskProgressIndicator indicator(kIndicatorSize, nullptr);
+    indicator.startAnimation();
+    VeskHDRThread worker(nullptr);
+    QImage *none = nullptr;
+    worker.setParams(imageList(), none, &indicator, useOpenCL, useAlignment);
+    worker.start(QThread::InheritPriority);
+    indicator.exec();
+    // It may still be returning from the post that closed the indicator.
+    worker.wait();
+
+    forget(worker.remainingPictures());
+    panel->updateState();
+    if (worker.isFailed()) {
+        alert(tr("HDR merge failed! Pictures shall be in same size."));
+        return;
+    }
+    QMessageBox::about(nullptr, QStringLiteral("loaded"), tr("used: %1 ms").arg(worker.getTime()));
+    QImage *merged = nullptr;
+    worker.getData(merged);
+    replaceDocument(context, std::unique_ptr<QImage>(merged), tr("layer") + QStringLiteral(" 0"));
+    clear();
+}
+
+void VeskToolHDR::alert(const QString &text)
+{
+    QMessageBox::about(nullptr, tr("Alert"), text);
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// Bytes of memory that the process has in use now; -1 where the system does not tell, and in
+/// sanitizer builds, which keep freed memory back (and find leaks themselves).
+qint64 residentBytes();
