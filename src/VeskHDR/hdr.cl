@@ -41,8 +41,7 @@ __kernel void simpleHDRoclKerneluchar(__global uchar4 *merged, __global const uc
 {
     const int x = (int)get_global_id(0);
     const int y = (int)get_global_id(1);
-    // A buffer that could not be allocated arrives as a null pointer.
-    if (x >= width || y >= rows || !merged || !pictures)
+    if (x >= width || y >= rows)
         return;
 
     const int index = y * width + x;

@@ -62,6 +62,9 @@ public:
 
 private:
     void createProgram();
+    /// The queue, or null when what a call needs is missing: the loader refuses a null queue, while
+    /// some drivers crash on a null kernel or buffer.
+    cl_command_queue queueIf(bool isUsable) const { return isUsable ? queue.get() : nullptr; }
     bool upload(const Shape &shape, size_t offset, size_t rows, unsigned char *const *in) const;
     bool launch(const Shape &shape, size_t rows) const;
 
@@ -103,8 +106,8 @@ bool DeviceObjects::mergeBand(const Shape &shape, size_t firstRow, size_t rows, 
     const size_t bytes = rows * shape.rowBytes();
     const bool isUploaded = upload(shape, offset, rows, in);
     const bool isMerged = launch(shape, rows);
-    const bool isRead = clEnqueueReadBuffer(queue.get(), output.get(), CL_TRUE, 0, bytes,
-                                            out + offset, 0, nullptr, nullptr) == CL_SUCCESS;
+    const bool isRead = clEnqueueReadBuffer(queueIf(output != nullptr), output.get(), CL_TRUE, 0,
+                                            bytes, out + offset, 0, nullptr, nullptr) == CL_SUCCESS;
     return isUploaded && isMerged && isRead;
 }
 
@@ -114,10 +117,11 @@ bool DeviceObjects::upload(const Shape &shape, size_t offset, size_t rows,
                            unsigned char *const *in) const
 {
     const size_t bytes = rows * shape.rowBytes();
-    cl_int errors = clEnqueueWriteBuffer(queue.get(), input.get(), CL_TRUE, 1, 1,
+    const cl_command_queue inputQueue = queueIf(input != nullptr);
+    cl_int errors = clEnqueueWriteBuffer(inputQueue, input.get(), CL_TRUE, 1, 1,
                                          rows > 0 ? in[0] + offset : in[0], 0, nullptr, nullptr);
     for (size_t picture = 0; picture < shape.count; ++picture)
-        errors |= clEnqueueWriteBuffer(queue.get(), input.get(), CL_TRUE, picture * bytes, bytes,
+        errors |= clEnqueueWriteBuffer(inputQueue, input.get(), CL_TRUE, picture * bytes, bytes,
                                        in[picture] + offset, 0, nullptr, nullptr);
     return errors == CL_SUCCESS;
 }
@@ -138,8 +142,9 @@ bool DeviceObjects::launch(const Shape &shape, size_t rows) const
     const size_t groups = (shape.width + kGroupWidth - 1) / kGroupWidth;
     const size_t globalSize[] = {groups * kGroupWidth, shape.bandRows};
     const size_t localSize[] = {kGroupWidth, 1};
-    errors |= clEnqueueNDRangeKernel(queue.get(), kernel.get(), 2, nullptr, globalSize, localSize,
-                                     0, nullptr, nullptr);
+    const bool isReady = errors == CL_SUCCESS && input && output;
+    errors |= clEnqueueNDRangeKernel(queueIf(isReady), kernel.get(), 2, nullptr, globalSize,
+                                     localSize, 0, nullptr, nullptr);
     errors |= clFinish(queue.get());
     return errors == CL_SUCCESS;
 }
