@@ -1,20 +1,18 @@
 // assemble_kernel INPUT OUTPUT
 //
 // Run by the build, not installed: writes the OpenCL program INPUT with its line
-// #include "merge_weights.clh" replaced by the tables of weights. They are computed here, by the
-// toolkit and the C library that also weigh the pixels of the merge on the processor, so that the
-// two cannot drift apart.
+// #include "merge_weights.clh" replaced by the tables of weights. They come from the code that
+// weighs the pixels on the processor, so that the two cannot drift apart.
 
-#include <QColor>
+#include "merge_weights.h"
+
 #include <QFile>
 #include <QSaveFile>
 
 #include <array>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <vector>
 
 namespace {
 
@@ -36,10 +34,8 @@ static_assert(kPairs % kWordBits == 0);
 
 quint32 weightBits(unsigned largest, unsigned smallest)
 {
-    const QColor color(static_cast<int>(largest), static_cast<int>(smallest),
-                       static_cast<int>(smallest));
-    const float distance = static_cast<float>(color.lightnessF()) - 0.5F;
-    const float weight = std::exp(-distance * distance);
+    const float weight = weights::of(
+        qRgb(static_cast<int>(largest), static_cast<int>(smallest), static_cast<int>(smallest)));
     quint32 bits = 0;
     static_assert(sizeof(bits) == sizeof(weight));
     std::memcpy(&bits, &weight, sizeof(bits));

@@ -14,7 +14,7 @@ foreach(locale zh_TW fr_FR ko_KR ja_JP es_ES zh_CN de_DE)
   list(APPEND bundle_files "${catalogue}")
 endforeach()
 
-add_executable(assemble_kernel assemble_kernel.cpp)
+add_executable(assemble_kernel assemble_kernel.cpp merge_weights.cpp merge_weights.h)
 target_compile_options(assemble_kernel PRIVATE -ffp-contract=off)
 target_compile_definitions(assemble_kernel PRIVATE QT_NO_CAST_FROM_ASCII)
 target_link_libraries(assemble_kernel PRIVATE vesk_options Qt5::Core Qt5::Gui)
