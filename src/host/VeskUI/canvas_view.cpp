@@ -50,7 +50,7 @@ void CanvasView::setZoom(double zoom, const QPointF &anchor)
 
 void CanvasView::setZoom(double zoom, const QPointF &anchor, const QPointF &fixed)
 {
-    scale = std::clamp(zoom, minimum, maximum);
+    scale = zoom > minimum ? std::min(zoom, maximum) : minimum; // also for what is no number
     fitted = false;
     origin = anchor - fixed * scale;
     settle();

@@ -113,6 +113,7 @@ void VeskCanvas::contentChanged()
 void VeskCanvas::reSizeCanvas(int width, int height, bool refit)
 {
     zoomGlide->stop();
+    updateViewport();
     view->setDocument(QSize(width, height));
     if (refit)
         view->fit();
@@ -128,6 +129,7 @@ QSize VeskCanvas::canvasSize() const
 void VeskCanvas::moveToCenter(bool repaint)
 {
     zoomGlide->stop();
+    updateViewport();
     view->center();
     updateCursor();
     if (repaint)
@@ -173,6 +175,8 @@ QRect VeskCanvas::toWidgetRect(const QRect &deviceRect) const
         .toAlignedRect();
 }
 
+// A hidden widget learns its size only when it is shown, and no event tells that the window has
+// moved to a screen with another pixel ratio: so whatever depends on the viewport asks first.
 void VeskCanvas::updateViewport()
 {
     const QSize device = toDevice(rect()).size();
@@ -202,6 +206,7 @@ void VeskCanvas::setZoom(qreal factor)
 void VeskCanvas::setZoomAt(qreal factor, const QPointF &anchor)
 {
     zoomGlide->stop();
+    updateViewport();
     view->setZoom(factor, toDevice(anchor));
     viewChanged();
 }
@@ -224,6 +229,7 @@ void VeskCanvas::stepZoom(qreal factor, const QPointF &anchor)
 void VeskCanvas::zoomToFit()
 {
     zoomGlide->stop();
+    updateViewport();
     view->fit();
     viewChanged();
 }
@@ -393,7 +399,7 @@ void VeskCanvas::updateCursor()
 
 void VeskCanvas::paintEvent(QPaintEvent *event)
 {
-    updateViewport(); // the window may have moved to a screen with another pixel ratio
+    updateViewport();
     QPainter painter(this);
     painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
     const std::vector<SourceLayer> layers = visibleLayers(shownContext);
