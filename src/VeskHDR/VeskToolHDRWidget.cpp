@@ -111,7 +111,9 @@ void VeskToolHDRWidget::on_browseBtn_clicked()
 void VeskToolHDRWidget::on_removeBtn_clicked()
 {
     const QListWidgetItem *item = ui.fileList->currentItem();
-    if (!item) {
+    // An entry can be current without being selected: the first one is once the list has the
+    // keyboard. What the user does not see selected stays.
+    if (!item || !item->isSelected()) {
         return;
     }
     tool->removeFile(item->data(kPathRole).toString());

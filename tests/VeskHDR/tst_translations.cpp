@@ -236,7 +236,7 @@ void TestTranslations::translations_keepPlaceholdersLineBreaksAndEndings()
 {
     QFETCH(QString, locale);
     for (const Message &message : readCatalogue(locale).messages) {
-        const char *source = qPrintable(message.source);
+        const QByteArray source = message.source.toUtf8();
         QVERIFY2(placeholders(message.translation) == placeholders(message.source), source);
         QVERIFY2(message.translation.count('\n') == message.source.count('\n'), source);
         QVERIFY2(ending(message.translation) == ending(message.source), source);
