@@ -8,6 +8,8 @@
 #include <QSizeGrip>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kBorder = 1;
@@ -16,6 +18,28 @@ Qt::WindowFlags frameFlags(bool staysOnTop)
 {
     return (staysOnTop ? Qt::Tool : Qt::Dialog) | Qt::FramelessWindowHint;
 }
+
+/// The content in the frame's layout. A content may fix a minimum size that is too small for its
+/// texts in a large font or in another language: it gets what its own layout asks for.
+class ContentItem : public QWidgetItem
+{
+public:
+    using QWidgetItem::QWidgetItem;
+
+    QSize minimumSize() const override
+    {
+        const QSize fixed = QWidgetItem::minimumSize();
+        const QLayout *inner = wid->layout();
+        if (!inner)
+            return fixed;
+        const int width = std::max(fixed.width(), inner->totalSizeHint().width());
+        const int height = inner->hasHeightForWidth() ? inner->minimumHeightForWidth(width)
+                                                      : inner->totalMinimumSize().height();
+        return {width, std::max(fixed.height(), height)};
+    }
+
+    QSize sizeHint() const override { return QWidgetItem::sizeHint().expandedTo(minimumSize()); }
+};
 
 } // namespace
 
@@ -50,7 +74,9 @@ void VeskDialog::embedContent()
     const QSize ownSize = embedded->size();
     // Flags of a top-level window have no meaning inside the frame, so they are dropped.
     embedded->setParent(this, Qt::Widget);
-    static_cast<QVBoxLayout *>(layout())->addWidget(embedded, 1);
+    auto *column = static_cast<QVBoxLayout *>(layout());
+    column->addItem(new ContentItem(embedded));
+    column->setStretchFactor(embedded, 1);
     connect(embedded, &QWidget::windowTitleChanged, this, &VeskDialog::takeTitleOf);
     takeTitleOf(embedded->windowTitle());
     if (hasOwnSize)

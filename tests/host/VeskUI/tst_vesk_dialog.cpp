@@ -1,7 +1,9 @@
 #include <vesk_dialog.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSizeGrip>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -15,6 +17,7 @@ class DialogTest : public QObject
 private slots:
     void content_becomesADirectChildAndNoWindow();
     void content_ownSizeAndMinimumSizeDecideTheFramesSize();
+    void content_withTooSmallAMinimum_getsTheRoomItsTextsNeed();
     void content_isDeletedWithTheFrame();
     void content_deletedBefore_leavesAnEmptyFrame();
     void content_null_givesAnEmptyFrame();
@@ -71,6 +74,29 @@ void DialogTest::content_ownSizeAndMinimumSizeDecideTheFramesSize()
     QCOMPARE(content->size(), QSize(420, 380));
     frame.resize(10, 10);
     QCOMPARE(content->size(), QSize(300, 250));
+}
+
+void DialogTest::content_withTooSmallAMinimum_getsTheRoomItsTextsNeed()
+{
+    auto *content = new QWidget;
+    auto *column = new QVBoxLayout(content);
+    auto *button = new QPushButton(QStringLiteral("A caption that is wider than the minimum"));
+    auto *text = new QLabel(QStringLiteral("A text of several lines. ").repeated(20));
+    text->setWordWrap(true);
+    column->addWidget(text);
+    column->addWidget(button);
+    button->setMinimumWidth(10);
+    content->setMinimumSize(40, 30);
+    content->resize(50, 40);
+    VeskDialog frame(content, kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    frame.resize(1, 1);
+    QVERIFY(button->width() >= button->sizeHint().width());
+    QVERIFY(text->height() >= text->heightForWidth(text->width()));
+
+    // A text that grows makes the frame grow.
+    button->setText(button->text().repeated(3));
+    QTRY_VERIFY(button->width() >= button->sizeHint().width());
 }
 
 void DialogTest::content_isDeletedWithTheFrame()
