@@ -8,6 +8,7 @@
 //   VESK_SCRIPT_FAIL            "ids": fetching the handles fails; "queries": every query fails
 //   VESK_SCRIPT_RECORD          file to which every call is appended, a line each: the call, its
 //                               numbers (in hexadecimal), "*" for memory to write to, "-" for none
+//   VESK_SCRIPT_NUMBERS         facts of single devices, "device:query=number", separated by "|"
 //
 // Every other fact of device k (from 0) is 1000 * k + the number of the query.
 
@@ -111,10 +112,24 @@ cl_int CL_API_CALL getDeviceIDs(cl_platform_id platform, cl_device_type type, cl
     return CL_SUCCESS;
 }
 
+/// What the script says of a device, or else a number that tells device and query apart.
+std::uint64_t scriptedNumber(size_t device, cl_device_info info)
+{
+    std::istringstream list(scripted("VESK_SCRIPT_NUMBERS"));
+    for (std::string fact; std::getline(list, fact, '|');) {
+        const size_t colon = fact.find(':');
+        const size_t equals = fact.find('=');
+        if (std::stoul(fact.substr(0, colon)) == device &&
+            std::stoul(fact.substr(colon + 1), nullptr, 0) == info)
+            return std::stoull(fact.substr(equals + 1));
+    }
+    return 1000 * device + info;
+}
+
 cl_int answerNumber(cl_device_id device, cl_device_info info, size_t roomSize, void *room,
                     size_t *sizeRet)
 {
-    const std::uint64_t number = 1000 * deviceIndex(device) + info;
+    const std::uint64_t number = scriptedNumber(deviceIndex(device), info);
     if (roomSize == sizeof(cl_ulong))
         return layer::answer(&number, sizeof(number), roomSize, room, sizeRet);
     const auto word = static_cast<cl_uint>(number);
