@@ -18,11 +18,26 @@ int stopWhenCancelled(void *cancelled, LibRaw_progress, int, int)
     return *static_cast<const std::atomic<bool> *>(cancelled) ? 1 : 0;
 }
 
+/// Sets *isDamaged when raw meets damage in the file. The raw library itself would write to
+/// standard error and go on with whatever it has read.
+void reportDamageTo(LibRaw &raw, bool *isDamaged)
+{
+    // The type of the file position differs between releases.
+    const auto noteDamage = [](void *flag, const char *, auto) {
+        *static_cast<bool *>(flag) = true;
+    };
+    raw.set_dataerror_handler(noteDamage, isDamaged);
+}
+
 void chooseOutput(libraw_output_params_t &output, bool quick)
 {
     output.use_camera_wb = 1;
-    output.no_auto_bright = 1; // would level out the exposures of a bracket
-    output.output_color = 1;   // sRGB
+    // Automatic brightness would level out the exposures of a bracket.
+    output.no_auto_bright = 1;
+    // White is taken from the brightest pixel only where the camera saturates a little below its
+    // nominal white, which would tint highlights. The default also brightens dim pictures by that.
+    output.adjust_maximum_thr = 0.9F;
+    output.output_color = 1; // sRGB
     output.gamm[0] = 1.0 / 2.4;
     output.gamm[1] = 12.92;
     output.output_bps = 8;
@@ -57,6 +72,8 @@ QImage takePicture(LibRaw &raw)
 VeskRaw::Conversion convertWith(LibRaw &raw, const QString &path, bool quick,
                                 const std::atomic<bool> *cancelled)
 {
+    bool isDamaged = false;
+    reportDamageTo(raw, &isDamaged);
     chooseOutput(raw.imgdata.params, quick);
     if (cancelled)
         raw.set_progress_handler(&stopWhenCancelled, const_cast<std::atomic<bool> *>(cancelled));
@@ -69,6 +86,8 @@ VeskRaw::Conversion convertWith(LibRaw &raw, const QString &path, bool quick,
     result = raw.unpack();
     if (result != LIBRAW_SUCCESS)
         return failure(LibRaw::strerror(result));
+    if (isDamaged)
+        return failure("The file is damaged");
     result = raw.dcraw_process();
     if (result != LIBRAW_SUCCESS)
         return failure(LibRaw::strerror(result));

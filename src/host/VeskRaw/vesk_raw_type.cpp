@@ -1,26 +1,28 @@
 #include "vesk_raw_type.h"
 
+#include "tiff_first_directory.h"
+
 #include <libraw/libraw.h>
 
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
-#include <cstring>
+#include <memory>
 
 namespace {
 
 struct Signature
 {
     int offset;
-    const char *text;
-    int length;
+    QLatin1String text;
 };
 
 template <int N>
 constexpr Signature at(int offset, const char (&text)[N])
 {
-    return {offset, text, N - 1};
+    return {offset, QLatin1String(text, N - 1)};
 }
 
 /// How ordinary pictures begin. None of them is a raw file, although the raw library would take
@@ -43,26 +45,36 @@ constexpr std::array kRawSignatures{
     at(0, "FOVb"),                                    // X3F
 };
 
-bool startsWithOne(const QByteArray &head, const Signature *signatures, std::size_t count)
+template <std::size_t N>
+bool startsWithOne(const QByteArray &head, const std::array<Signature, N> &signatures)
 {
-    for (std::size_t i = 0; i < count; ++i) {
-        const Signature &signature = signatures[i];
-        if (head.size() >= signature.offset + signature.length &&
-            std::memcmp(head.constData() + signature.offset, signature.text,
-                        static_cast<std::size_t>(signature.length)) == 0)
-            return true;
-    }
-    return false;
+    return std::any_of(signatures.begin(), signatures.end(), [&head](const Signature &signature) {
+        return head.mid(signature.offset, signature.text.size()) ==
+               QByteArray::fromRawData(signature.text.data(), signature.text.size());
+    });
 }
 
-bool rawLibraryOpens(const QString &path)
+/// Size of the sensor's picture, nothing when the raw library does not take the file for raw.
+std::optional<QSize> rawSize(const QString &path)
 {
     try {
-        const auto raw = std::make_unique<LibRaw>();
-        return raw->open_file(QFile::encodeName(path).constData()) == LIBRAW_SUCCESS;
+        const auto raw = std::make_unique<LibRaw>(); // too large for a thread's stack
+        if (raw->open_file(QFile::encodeName(path).constData()) != LIBRAW_SUCCESS)
+            return std::nullopt;
+        return QSize(raw->imgdata.sizes.raw_width, raw->imgdata.sizes.raw_height);
     } catch (...) {
-        return false;
+        return std::nullopt;
     }
+}
+
+/// Whether what the raw library takes for a sensor's data is the first picture of a TIFF file that
+/// any viewer shows. It goes by the camera's name, which programs leave in the pictures they write.
+/// The backs of some studio cameras do store their data like that, but never in 8 bits.
+bool isOrdinaryTiff(QFile &file, const QSize &sensorSize, bool hasRawSuffix)
+{
+    const std::optional<TiffFirstDirectory> directory = readTiffFirstDirectory(file);
+    return directory && directory->isViewable && !directory->isDng &&
+           directory->size == sensorSize && (!hasRawSuffix || directory->bitsPerSample <= 8);
 }
 
 } // namespace
@@ -70,16 +82,16 @@ bool rawLibraryOpens(const QString &path)
 bool VeskRawType::isRaw(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return false;
-    const QByteArray head = file.read(16);
-    file.close();
-    if (startsWithOne(head, kPictureSignatures.data(), kPictureSignatures.size()))
+    const QByteArray head = file.peek(16);
+    if (startsWithOne(head, kPictureSignatures))
         return false;
-    const bool rawSuffix = suffixes().contains(QFileInfo(path).suffix().toLower());
-    if (!rawSuffix && !startsWithOne(head, kRawSignatures.data(), kRawSignatures.size()))
+    const bool hasRawSuffix = suffixes().contains(QFileInfo(path).suffix().toLower());
+    if (!hasRawSuffix && !startsWithOne(head, kRawSignatures))
         return false;
-    return rawLibraryOpens(path);
+    const std::optional<QSize> size = rawSize(path);
+    return size && !isOrdinaryTiff(file, *size, hasRawSuffix);
 }
 
 QStringList VeskRawType::suffixes()

@@ -85,7 +85,8 @@ private Q_SLOTS:
 
     void damagedFile_readsAsDefaults()
     {
-        writeConfig(QByteArray("\xff\xfe\0[[[=\nhistogramVisible", 26));
+        const char rubbish[] = "\xff\xfe\0[[[=\nhistogramVisible";
+        writeConfig(QByteArray(rubbish, sizeof rubbish));
         QVERIFY(settings()->isHistogramVisible());
         QVERIFY(settings()->language().isEmpty());
     }
