@@ -25,7 +25,7 @@ constexpr float kSubPixels[][2] = {{-0.3F, -0.4F}, {0.3F, 0.4F}, {0.4F, -0.3F}, 
 bool areAlike(Vector3 a, Vector3 b)
 {
     const Vector3 difference = a - b;
-    return dot(difference, difference) < 0.003F * dot(a + b, a + b);
+    return dot(difference, difference) < 0.006F * dot(a + b, a + b);
 }
 
 class Renderer
