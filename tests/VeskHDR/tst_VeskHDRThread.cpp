@@ -14,7 +14,9 @@
 
 #include <climits>
 #include <cstdio>
+#include <cstring>
 #include <memory>
+#include <vector>
 
 #if defined(__SANITIZE_THREAD__)
 #include <dlfcn.h>
@@ -182,6 +184,10 @@ void limitMemory(quint64)
 
 } // namespace
 
+#define REQUIRE_DEVICE()                                                                           \
+    if (!VeskDeviceInfo::getInstance()->isOpenCLCapable())                                         \
+    QSKIP("there is no OpenCL device")
+
 class TestVeskHDRThread : public QObject
 {
     Q_OBJECT
@@ -206,6 +212,10 @@ private slots:
     void run_missingPicture_failsAndKeepsTheOthers();
     void run_memoryRunsOut_failsClosesOnceAndNamesWhatIsLeft_data();
     void run_memoryRunsOut_failsClosesOnceAndNamesWhatIsLeft();
+    void run_onDevice_givesTheProcessorsPixels_data();
+    void run_onDevice_givesTheProcessorsPixels();
+    void run_onDevice_sharedPicturesAreNotWritten();
+    void run_rowsWithPaddingOnDevice_mergeLikePackedOnes();
     void run_differentSizesOnDevice_areNotCheckedAndMergeInTheFirstOnesSize();
     void run_deviceThatFails_leavesOpaqueBlackAndCountsAsSuccess();
     void run_sixPicturesOnDevice_failAndAreKept();
@@ -442,28 +452,114 @@ void TestVeskHDRThread::run_memoryRunsOut_failsClosesOnceAndNamesWhatIsLeft()
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
 }
 
-void TestVeskHDRThread::run_differentSizesOnDevice_areNotCheckedAndMergeInTheFirstOnesSize()
+void TestVeskHDRThread::run_onDevice_givesTheProcessorsPixels_data()
 {
-    const QList<QImage> pictures = {exposure({40, 30}, 100), exposure({50, 20}, 100),
-                                    exposure({30, 40}, 100)};
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("align");
+    QTest::addColumn<int>("format");
+    QTest::newRow("1 picture") << 1 << false << int(QImage::Format_RGB32);
+    QTest::newRow("3 pictures, aligned") << 3 << true << int(QImage::Format_RGB32);
+    QTest::newRow("5 pictures, aligned") << 5 << true << int(QImage::Format_ARGB32);
+    QTest::newRow("grey") << 3 << false << int(QImage::Format_Grayscale8);
+    QTest::newRow("one bit, aligned") << 3 << true << int(QImage::Format_Mono);
+    QTest::newRow("16 bits per channel") << 3 << false << int(QImage::Format_RGBA64);
+}
+
+void TestVeskHDRThread::run_onDevice_givesTheProcessorsPixels()
+{
+    REQUIRE_DEVICE();
+    QFETCH(int, count);
+    QFETCH(bool, align);
+    QFETCH(int, format);
+    QList<QImage> pictures;
+    for (const QImage &picture : (bracket() + bracket()).mid(0, count))
+        pictures += picture.convertToFormat(QImage::Format(format));
     ClosedDialog dialog;
     VeskHDRThread worker;
-    prepare(worker, newPictures(pictures), dialog, true, true);
+    prepare(worker, newPictures(pictures), dialog, true, align);
+    runBehind(dialog, worker);
+    QVERIFY(!worker.isFailed());
+    QVERIFY(worker.getTime() > 0);
+    QCOMPARE(dialog.closeEvents(), 1);
+    const std::unique_ptr<QImage> merged = resultOf(worker);
+    QCOMPARE(merged->format(), QImage::Format_RGB32);
+    QCOMPARE(*merged, mergedByHand(pictures, align));
+}
+
+void TestVeskHDRThread::run_onDevice_sharedPicturesAreNotWritten()
+{
+    REQUIRE_DEVICE();
+    const QList<QImage> pictures = bracket();
+    QList<QImage> untouched;
+    for (const QImage &picture : pictures)
+        untouched += picture.copy();
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, newPictures(pictures), dialog, true, false); // shares the pixels
+    runBehind(dialog, worker);
+    QCOMPARE(*resultOf(worker), mergedByHand(untouched, false));
+    QCOMPARE(pictures, untouched);
+}
+
+void TestVeskHDRThread::run_rowsWithPaddingOnDevice_mergeLikePackedOnes()
+{
+    REQUIRE_DEVICE();
+    const QSize size(37, 21);
+    const int stride = 40;
+    std::vector<std::vector<QRgb>> memory;
+    QList<QImage> pictures;
+    for (const QImage &picture : bracket(size)) {
+        memory.emplace_back(size_t(stride) * size.height(), 0x12345678U);
+        for (int y = 0; y < size.height(); ++y)
+            memcpy(memory.back().data() + y * stride, picture.constScanLine(y), size.width() * 4U);
+        pictures += QImage(reinterpret_cast<uchar *>(memory.back().data()), size.width(),
+                           size.height(), stride * 4, QImage::Format_RGB32);
+    }
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, newPictures(pictures), dialog, true, false);
+    runBehind(dialog, worker);
+    QCOMPARE(*resultOf(worker), mergedByHand(pictures, false));
+}
+
+void TestVeskHDRThread::run_differentSizesOnDevice_areNotCheckedAndMergeInTheFirstOnesSize()
+{
+    const QSize size(40, 30);
+    const QList<QImage> pictures = {exposure(size, 100), exposure({50, 20}, 40),
+                                    exposure({30, 40}, 180)};
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, newPictures(pictures), dialog, true, false);
     runBehind(dialog, worker);
     QVERIFY(!worker.isFailed());
     QVERIFY(worker.remainingPictures().isEmpty());
     const std::unique_ptr<QImage> merged = resultOf(worker);
     QVERIFY(merged);
-    QCOMPARE(merged->size(), QSize(40, 30));
+    QCOMPARE(merged->size(), size);
+    REQUIRE_DEVICE();
+    QList<QImage> fitted;
+    for (const QImage &picture : pictures) {
+        QImage fit(size, QImage::Format_ARGB32);
+        fit.fill(Qt::transparent);
+        for (int y = 0; y < qMin(size.height(), picture.height()); ++y) {
+            for (int x = 0; x < qMin(size.width(), picture.width()); ++x)
+                fit.setPixel(x, y, picture.pixel(x, y));
+        }
+        fitted += fit;
+    }
+    QCOMPARE(*merged, mergedByHand(fitted, false));
 }
 
 void TestVeskHDRThread::run_deviceThatFails_leavesOpaqueBlackAndCountsAsSuccess()
 {
-    VeskDeviceInfo::getInstance()->setCurrentOpenCLDeviceName(QStringLiteral("no such device"));
+    VeskDeviceInfo *devices = VeskDeviceInfo::getInstance();
+    const QString device = devices->getCurrentOpenCLDeviceName();
+    devices->setCurrentOpenCLDeviceName(QStringLiteral("no such device"));
     ClosedDialog dialog;
     VeskHDRThread worker;
     prepare(worker, newPictures(bracket()), dialog, true, false);
     runBehind(dialog, worker);
+    devices->setCurrentOpenCLDeviceName(device);
     QVERIFY(!worker.isFailed());
     QVERIFY(worker.remainingPictures().isEmpty());
     QImage black(bracket().constFirst().size(), QImage::Format_RGB32);

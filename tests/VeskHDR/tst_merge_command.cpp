@@ -135,7 +135,8 @@ private slots:
     void apply_editorDeletesTheCanvasOfARemovedDocument_opensTheResult();
     void apply_escapeDuringTheMerge_waitsForTheWorker();
 
-    void wholeRoad_fivePhotographsOnTheProcessor_equalTheCommandLine();
+    void wholeRoad_fivePhotographs_equalTheCommandLine_data();
+    void wholeRoad_fivePhotographs_equalTheCommandLine();
 
     void memory_fiftyMerges_stayFlat_data();
     void memory_fiftyMerges_stayFlat();
@@ -516,10 +517,17 @@ void TestMergeCommand::apply_escapeDuringTheMerge_waitsForTheWorker()
     QCOMPARE(mergedPicture(), mergedByHand(paths, true));
 }
 
-/// Five files in through the panel, OK, and the merged document out; the command line merges the
-/// same files.
-static void compareWithCommandLine(bool useOpenCL, const QStringList &options)
+void TestMergeCommand::wholeRoad_fivePhotographs_equalTheCommandLine_data()
 {
+    QTest::addColumn<bool>("useOpenCL");
+    QTest::newRow("on the processor") << false;
+    QTest::newRow("on the OpenCL device") << true;
+}
+
+/// Five files in, OK, and the merged document out; the command line merges the same files.
+void TestMergeCommand::wholeRoad_fivePhotographs_equalTheCommandLine()
+{
+    QFETCH(bool, useOpenCL);
     const QString program = qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr");
     if (!QFile::exists(program))
         QSKIP("the command-line program is not built");
@@ -527,12 +535,12 @@ static void compareWithCommandLine(bool useOpenCL, const QStringList &options)
     const QStringList paths = session.writePictures(5, {333, 222});
     session.uiManager.selected = paths;
     session.tool->active(session.document, &session.uiManager);
-    auto *device = session.panel()->findChild<QCheckBox *>(QStringLiteral("cudaCheck"));
-    if (useOpenCL && !device->isEnabled())
+    auto *onDevice = session.panel()->findChild<QCheckBox *>(QStringLiteral("cudaCheck"));
+    if (useOpenCL && !onDevice->isEnabled())
         QSKIP("there is no OpenCL device");
-    if (device->isEnabled() && device->isChecked() != useOpenCL)
-        QTest::mouseClick(device, Qt::LeftButton, {}, {4, device->height() / 2});
-    QCOMPARE(device->isChecked(), useOpenCL);
+    if (onDevice->isChecked() != useOpenCL)
+        onDevice->click();
+    QCOMPARE(onDevice->isChecked(), useOpenCL);
 
     MessageBoxAnswerer boxes;
     clickOk(session);
@@ -542,16 +550,11 @@ static void compareWithCommandLine(bool useOpenCL, const QStringList &options)
 
     const QString out = session.path(QStringLiteral("out.png"));
     QProcess commandLine;
-    commandLine.start(program, QStringList{QStringLiteral("merge")} + options + paths +
+    commandLine.start(program, QStringList{QStringLiteral("merge")} + paths +
                                    QStringList{QStringLiteral("-o"), out});
     QVERIFY(commandLine.waitForFinished());
     QVERIFY2(commandLine.exitCode() == 0, commandLine.readAllStandardError());
     QCOMPARE(mergedPicture(), QImage(out).convertToFormat(QImage::Format_RGB32));
-}
-
-void TestMergeCommand::wholeRoad_fivePhotographsOnTheProcessor_equalTheCommandLine()
-{
-    compareWithCommandLine(false, {});
 }
 
 void TestMergeCommand::memory_fiftyMerges_stayFlat_data()
