@@ -82,7 +82,7 @@ bool isOrdinaryTiff(QFile &file, const QSize &sensorSize, bool hasRawSuffix)
 bool VeskRawType::isRaw(const QString &path)
 {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
     const QByteArray head = file.peek(16);
     if (startsWithOne(head, kPictureSignatures))

@@ -28,6 +28,19 @@ QList<QByteArray> entries(const QByteArray &log)
     return texts;
 }
 
+/// Texts "THREAD-NUMBER FILLER".
+void logFromThreads(int threadCount, int entriesEach, const QByteArray &filler)
+{
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < threadCount; ++thread)
+        threads.emplace_back([thread, entriesEach, &filler] {
+            for (int i = 0; i < entriesEach; ++i)
+                VeskLog::Instance()->Log("%d-%d %s\n", thread, i, filler.constData());
+        });
+    for (std::thread &thread : threads)
+        thread.join();
+}
+
 } // namespace
 
 class TestVeskLog : public QObject
@@ -95,23 +108,23 @@ private Q_SLOTS:
 
     void severalThreads_everyEntryWhole()
     {
-        constexpr int kThreads = 4;
-        constexpr int kEntries = 100;
-        std::vector<std::thread> threads;
-        for (int thread = 0; thread < kThreads; ++thread)
-            threads.emplace_back([thread] {
-                for (int i = 0; i < kEntries; ++i)
-                    VeskLog::Instance()->Log("thread %d entry %d\n", thread, i);
-            });
-        for (std::thread &thread : threads)
-            thread.join();
-
+        logFromThreads(4, 100, QByteArray());
         const QList<QByteArray> written = entries(contents());
-        QCOMPARE(written.size(), kThreads * kEntries);
-        for (int thread = 0; thread < kThreads; ++thread)
-            for (int i = 0; i < kEntries; ++i)
-                QVERIFY(written.contains(
-                    QStringLiteral("thread %1 entry %2").arg(thread).arg(i).toLatin1()));
+        QCOMPARE(written.size(), 400);
+        for (int thread = 0; thread < 4; ++thread)
+            for (int i = 0; i < 100; ++i)
+                QVERIFY(written.contains(QStringLiteral("%1-%2 ").arg(thread).arg(i).toLatin1()));
+    }
+
+    void severalThreads_rotateOneAfterTheOther()
+    {
+        // Every entry needs a file of its own.
+        const QByteArray filler(VeskLog::kMaximumFileSize * 2 / 3, '.');
+        for (int round = 0; round < 5; ++round) {
+            logFromThreads(4, 4, filler);
+            for (const QString &path : {VeskLog::filePath(), backup(1), backup(2)})
+                QCOMPARE(entries(contents(path)).size(), 1);
+        }
     }
 
     void unwritableFile_isLeftOut()

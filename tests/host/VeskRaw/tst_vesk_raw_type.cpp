@@ -2,11 +2,16 @@
 
 #include <vesk_raw_type.h>
 
+#include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
 #include <QtTest>
 
 namespace {
+
+/// Length of the files of a camera whose raw format has no header: the raw library knows them by
+/// their length alone.
+constexpr int kLengthOfARawFile = 5067304;
 
 QImage gradient()
 {
@@ -111,11 +116,20 @@ private Q_SLOTS:
 
     void contentToldByItsLengthAlone_isRawOnlyUnderARawSuffix()
     {
-        // Length of the headerless raw files of a camera that the raw library knows.
-        const QByteArray contents(5067304, '\x40');
+        const QByteArray contents(kLengthOfARawFile, '\x40');
         if (!VeskRawType::isRaw(written(QStringLiteral("a.raw"), contents)))
             QSKIP("This release of the raw library does not know the camera");
         QVERIFY(!VeskRawType::isRaw(written(QStringLiteral("a.bin"), contents)));
+    }
+
+    void ordinaryPictureOfThatLength_isNotRaw()
+    {
+        QByteArray contents;
+        QBuffer buffer(&contents);
+        QVERIFY(gradient().save(&buffer, "JPG"));
+        contents.append(kLengthOfARawFile - contents.size(), '\0');
+        QVERIFY(!VeskRawType::isRaw(written(QStringLiteral("a.raw"), contents)));
+        QVERIFY(!VeskRawType::isRaw(written(QStringLiteral("a.jpg"), contents)));
     }
 
     void missingFileAndFolder_areNotRaw()
