@@ -1,0 +1,69 @@
+// measure_process RUNS COMMAND...: runs the command so many times after one warm-up, its output
+// thrown away, and prints the median wall-clock time and the largest peak memory.
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+struct Measurement
+{
+    double milliseconds;
+    double peakMebibytes;
+};
+
+void runChild(char **command)
+{
+    const int nothing = open("/dev/null", O_WRONLY);
+    dup2(nothing, STDOUT_FILENO);
+    dup2(nothing, STDERR_FILENO);
+    execvp(command[0], command);
+    _exit(127);
+}
+
+Measurement measure(char **command)
+{
+    const auto start = std::chrono::steady_clock::now();
+    const pid_t child = fork();
+    if (child == 0)
+        runChild(command);
+    int status = 0;
+    rusage usage = {};
+    if (child < 0 || wait4(child, &status, 0, &usage) < 0 || status != 0) {
+        std::fprintf(stderr, "measure_process: %s failed\n", command[0]);
+        std::exit(1);
+    }
+    const std::chrono::duration<double, std::milli> elapsed =
+        std::chrono::steady_clock::now() - start;
+    return {elapsed.count(), static_cast<double>(usage.ru_maxrss) / 1024};
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const int runs = argc > 2 ? std::atoi(argv[1]) : 0;
+    if (runs < 1) {
+        std::fprintf(stderr, "usage: measure_process RUNS COMMAND...\n");
+        return 64;
+    }
+    measure(argv + 2);
+    std::vector<double> times;
+    double peak = 0;
+    for (int i = 0; i < runs; ++i) {
+        const Measurement run = measure(argv + 2);
+        times.push_back(run.milliseconds);
+        peak = std::max(peak, run.peakMebibytes);
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("%.1f %.1f\n", times[times.size() / 2], peak);
+    return 0;
+}
