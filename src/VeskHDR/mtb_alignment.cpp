@@ -5,6 +5,7 @@
 #include "mtb_alignment_plain.h"
 #include "mtb_search.h"
 #include "mtb_shifts.h"
+#include "overlap.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
 
@@ -45,20 +46,6 @@ const uchar *rowOfWidth(const QImage &image, int y, int width, std::vector<uchar
         std::copy_n(image.constScanLine(y), image.width(), padded.begin());
     return padded.data();
 }
-
-/// The part of 0..length that stays inside when moved by `shift` to a place of targetLength.
-struct Overlap
-{
-    Overlap(int length, int shift, int targetLength)
-        : begin(static_cast<int>(std::clamp<qint64>(-qint64(shift), 0, length)))
-        , end(static_cast<int>(
-              std::clamp<qint64>(std::min(length, targetLength) - qint64(shift), begin, length)))
-    {
-    }
-
-    int begin;
-    int end;
-};
 
 template <typename Pixel>
 Pixel *pixelRow(uchar *bits, int bytesPerLine, int y)

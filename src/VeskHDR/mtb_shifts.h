@@ -30,8 +30,8 @@ VESKHDR_EXPORT std::vector<QPoint> pairShifts(const QList<QImage *> &pictures);
 /// Shift of picture i + 1 onto picture 0 at index i.
 VESKHDR_EXPORT std::vector<QPoint> summedShifts(const std::vector<QPoint> &pairShifts);
 
-/// Replaces picture i + 1 by a copy shifted by summedShifts[i] and deletes the unshifted one. The
-/// copies belong to the list's owner.
+/// Replaces picture i + 1 by a copy (as shiftQImage makes it) shifted by summedShifts[i] and
+/// deletes the unshifted one. The copies belong to the list's owner.
 VESKHDR_EXPORT void shiftPictures(QList<QImage *> &pictures,
                                   const std::vector<QPoint> &summedShifts);
 

@@ -16,6 +16,34 @@ constexpr int kLeastRowsPerThread = 16;
 
 std::atomic<int> threadLimit{0};
 
+/// Calls work(0..parts-1), each on a thread of its own, the last on the caller's.
+void runParts(int parts, const std::function<void(int)> &work)
+{
+    std::atomic<bool> outOfMemory{false};
+    const auto guardedWork = [&](int part) {
+        try {
+            work(part);
+        } catch (const std::bad_alloc &) {
+            outOfMemory = true;
+        }
+    };
+    std::vector<std::thread> threads;
+    int part = 0;
+    try {
+        threads.reserve(static_cast<size_t>(parts));
+        for (; part + 1 < parts; ++part)
+            threads.emplace_back(guardedWork, part);
+    } catch (const std::exception &) {
+        // No more threads or memory to be had: what is left is done right here.
+    }
+    for (; part < parts; ++part)
+        guardedWork(part);
+    for (std::thread &thread : threads)
+        thread.join();
+    if (outOfMemory)
+        throw std::bad_alloc();
+}
+
 } // namespace
 
 void parallel::setThreadLimit(int threads)
@@ -34,26 +62,14 @@ void parallel::rows(int rows, const std::function<void(int, int)> &work)
 {
     const int parts = std::clamp(rows / kLeastRowsPerThread, 1, threadCount());
     const auto boundary = [=](int part) { return static_cast<int>(qint64(rows) * part / parts); };
-    std::atomic<bool> outOfMemory{false};
-    const auto guardedWork = [&](int begin, int end) {
-        try {
-            work(begin, end);
-        } catch (const std::bad_alloc &) {
-            outOfMemory = true;
-        }
-    };
-    std::vector<std::thread> threads;
-    int part = 0;
-    try {
-        threads.reserve(static_cast<size_t>(parts));
-        for (; part + 1 < parts; ++part)
-            threads.emplace_back(guardedWork, boundary(part), boundary(part + 1));
-    } catch (const std::exception &) {
-        // No more threads or memory to be had: what is left is done right here.
-    }
-    guardedWork(boundary(part), rows);
-    for (std::thread &thread : threads)
-        thread.join();
-    if (outOfMemory)
-        throw std::bad_alloc();
+    runParts(parts, [&](int part) { work(boundary(part), boundary(part + 1)); });
+}
+
+void parallel::each(int count, const std::function<void(int)> &work)
+{
+    std::atomic<int> next{0};
+    runParts(std::clamp(count, 1, threadCount()), [&](int) {
+        for (int i = next++; i < count; i = next++)
+            work(i);
+    });
 }

@@ -111,6 +111,10 @@ private slots:
     void fewerThanTwoPictures_endTheProcessWithTheReport();
     void otherFormats_alignLikeTheir32BitCopies();
 
+    void sharedPictures_areCopiedNotChanged();
+    void shiftedInPlace_equalsShiftedCopy_data();
+    void shiftedInPlace_equalsShiftedCopy();
+
     void differentSizes_areSafeAndEqualThePlainCode();
     void emptyPictures_leaveTheCallersShift();
     void randomPictures_equalThePlainCode();
@@ -478,6 +482,39 @@ void MtbAlignmentTest::otherFormats_alignLikeTheir32BitCopies()
         QCOMPARE(*odd[1], *words[1]);
         qDeleteAll(odd);
         qDeleteAll(words);
+    }
+}
+
+void MtbAlignmentTest::sharedPictures_areCopiedNotChanged()
+{
+    const QImage held = pictures::scene({40, 40}, {3, 3}, 1.0, 5);
+    const QImage before = held.copy();
+    QList<QImage *> list = {new QImage(held), new QImage(held)};
+    mtb::shiftPictures(list, {QPoint(2, 3)});
+    QCOMPARE(held, before);
+    const Picture expected(shiftQImage(&before, 2, 3));
+    QCOMPARE(*list[1], *expected);
+    qDeleteAll(list);
+}
+
+void MtbAlignmentTest::shiftedInPlace_equalsShiftedCopy_data()
+{
+    shiftQImage_uncoveredPixelsAreTransparentBlack_data();
+}
+
+void MtbAlignmentTest::shiftedInPlace_equalsShiftedCopy()
+{
+    QFETCH(QPoint, shift);
+    std::mt19937 random(14);
+    for (const QImage::Format format :
+         {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_RGB888}) {
+        QList<QImage *> list = {new QImage(9, 6, format),
+                                new QImage(pictures::noise({9, 6}, format, random))};
+        const Picture expected(shiftQImage(list[1], shift.x(), shift.y()));
+        mtb::shiftPictures(list, {shift});
+        QCOMPARE(list[1]->format(), QImage::Format_ARGB32);
+        QCOMPARE(*list[1], *expected);
+        qDeleteAll(list);
     }
 }
 
