@@ -93,6 +93,14 @@ std::array<Fact, 13> factsOf(const Device &device)
     }};
 }
 
+/// Captions that begin alike must not be cut.
+void widenCaptionColumn(QTableWidget &table)
+{
+    const int usualWidth = table.columnWidth(0);
+    table.resizeColumnToContents(0);
+    table.setColumnWidth(0, std::max(usualWidth, table.columnWidth(0)));
+}
+
 } // namespace
 
 VeskOpenCLDeviceSelection::VeskOpenCLDeviceSelection(QWidget *parent)
@@ -117,6 +125,7 @@ VeskOpenCLDeviceSelection::VeskOpenCLDeviceSelection(QWidget *parent)
     }
     ui.deviceCombo->setCurrentIndex(currentIndex);
     updateDeviceTable(ui.deviceCombo->currentText());
+    widenCaptionColumn(*ui.deviceInfoTable);
 
     // Connected last, so that the table has been filled exactly once.
     connect(ui.deviceCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,

@@ -45,6 +45,9 @@ VeskToolHDRWidget::VeskToolHDRWidget(QWidget *parent)
     ui.setupUi(this);
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     ui.fileList->setIconSize(QSize(90, 90));
+    // Of a path that is too long for the panel, the end tells the pictures apart.
+    ui.fileList->setTextElideMode(Qt::ElideLeft);
+    ui.fileList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 void VeskToolHDRWidget::setTool(VeskToolHDR *toolToServe)

@@ -15,13 +15,13 @@ namespace {
 
 const char *const kLanguages[] = {"zh_TW", "fr_FR", "ko_KR", "ja_JP", "es_ES", "zh_CN", "de_DE"};
 
-/// The devices of this process's platform. numbers: see the scripted platform. Must be called
+/// The devices of this process's platform. facts: see the scripted platform. Must be called
 /// before the registry is first used.
-void playDevices(const QByteArray &names, const QByteArray &numbers = QByteArray())
+void playDevices(const QByteArray &names, const QByteArray &facts = QByteArray())
 {
     qputenv("VESK_SCRIPT_PLATFORM", "Test Platform");
     qputenv("VESK_SCRIPT_DEVICES", names);
-    qputenv("VESK_SCRIPT_NUMBERS", numbers);
+    qputenv("VESK_SCRIPT_FACTS", facts);
 }
 
 QString settingsFile()
@@ -87,6 +87,7 @@ private slots:
     void form_hasItsObjectsLayoutsAndTexts();
     void platform_isShownCaptionThenValue();
     void table_showsThirteenFacts();
+    void captions_areNotCut();
     void memorySizes_areRoundedToWholeUnits();
     void type_ofOneBit_isNamed_data();
     void type_ofOneBit_isNamed();
@@ -228,6 +229,20 @@ void TestVeskOpenCLDeviceSelection::table_showsThirteenFacts()
              QStringList({"Graphics One", vendor, driver, "Read and Write", "24", "1700 MHz",
                           "64 KB", "8192 MB", "2048 KB", "128", "Support", "GPU",
                           "cl_khr_fp64,cl_khr_byte_addressable_store"}));
+}
+
+void TestVeskOpenCLDeviceSelection::captions_areNotCut()
+{
+    playDevices("Graphics One");
+    VeskOpenCLDeviceSelection selection(nullptr);
+    selection.show();
+    const QTableWidget &table = tableOf(selection);
+    QVERIFY(table.columnWidth(0) >= 150);
+    for (int row = 0; row < table.rowCount(); ++row) {
+        const QString caption = table.item(row, 0)->text();
+        QVERIFY2(table.columnWidth(0) > table.fontMetrics().horizontalAdvance(caption),
+                 qPrintable(caption));
+    }
 }
 
 void TestVeskOpenCLDeviceSelection::memorySizes_areRoundedToWholeUnits()

@@ -109,6 +109,7 @@ private slots:
     void thumbnail_fitsInto160x120_neverEnlarged();
     void onePixelWidePicture_hasNoThumbnailButItsPath();
     void pictures_areListedInPathOrder();
+    void longPath_isCutAtItsBeginning();
     void updateState_replacesTheEntries();
 
     void remove_withoutSelection_doesNothing();
@@ -242,6 +243,21 @@ void TestVeskToolHDRWidget::pictures_areListedInPathOrder()
         QCOMPARE(item->type(), int(QListWidgetItem::Type));
     }
     QCOMPARE(texts, QStringList({"/B.jpg", "/a.jpg", "/b.jpg"}));
+}
+
+void TestVeskToolHDRWidget::longPath_isCutAtItsBeginning()
+{
+    Panel panel;
+    panel.add('/' + QStringLiteral("folder/").repeated(50) + "IMG_1.png");
+    panel.show();
+    QListWidgetItem *item = panel.list().item(0);
+    const auto shown = [&panel] { return panel.list().viewport()->grab().toImage(); };
+    const QImage image = shown();
+
+    item->setText('/' + QStringLiteral("folder/").repeated(60) + "IMG_1.png");
+    QCOMPARE(shown(), image);
+    item->setText('/' + QStringLiteral("folder/").repeated(50) + "IMG_2.png");
+    QVERIFY(shown() != image);
 }
 
 void TestVeskToolHDRWidget::updateState_replacesTheEntries()
