@@ -8,7 +8,8 @@
 //   VESK_SCRIPT_FAIL            "ids": fetching the handles fails; "queries": every query fails
 //   VESK_SCRIPT_RECORD          file to which every call is appended, a line each: the call, its
 //                               numbers (in hexadecimal), "*" for memory to write to, "-" for none
-//   VESK_SCRIPT_NUMBERS         facts of single devices, "device:query=number", separated by "|"
+//   VESK_SCRIPT_FACTS           numbers, vendors and driver versions of single devices,
+//                               "device:query=fact", separated by "|"
 //
 // Every other fact of device k (from 0) is 1000 * k + the number of the query.
 
@@ -113,23 +114,22 @@ cl_int CL_API_CALL getDeviceIDs(cl_platform_id platform, cl_device_type type, cl
 }
 
 /// What the script says of a device, or else a number that tells device and query apart.
-std::uint64_t scriptedNumber(size_t device, cl_device_info info)
+std::string scriptedFact(size_t device, cl_device_info info)
 {
-    std::istringstream list(scripted("VESK_SCRIPT_NUMBERS"));
+    std::istringstream list(scripted("VESK_SCRIPT_FACTS"));
     for (std::string fact; std::getline(list, fact, '|');) {
         const size_t colon = fact.find(':');
-        const size_t equals = fact.find('=');
         if (std::stoul(fact.substr(0, colon)) == device &&
             std::stoul(fact.substr(colon + 1), nullptr, 0) == info)
-            return std::stoull(fact.substr(equals + 1));
+            return fact.substr(fact.find('=') + 1);
     }
-    return 1000 * device + info;
+    return std::to_string(1000 * device + info);
 }
 
 cl_int answerNumber(cl_device_id device, cl_device_info info, size_t roomSize, void *room,
                     size_t *sizeRet)
 {
-    const std::uint64_t number = scriptedNumber(deviceIndex(device), info);
+    const std::uint64_t number = std::stoull(scriptedFact(deviceIndex(device), info));
     if (roomSize == sizeof(cl_ulong))
         return layer::answer(&number, sizeof(number), roomSize, room, sizeRet);
     const auto word = static_cast<cl_uint>(number);
@@ -150,8 +150,8 @@ cl_int CL_API_CALL getDeviceInfo(cl_device_id device, cl_device_info info, size_
         return layer::answer(names[deviceIndex(device)].c_str(), roomSize, room, sizeRet);
     case CL_DEVICE_VENDOR:
     case CL_DRIVER_VERSION:
-        return layer::answer(std::to_string(1000 * deviceIndex(device) + info).c_str(), roomSize,
-                             room, sizeRet);
+        return layer::answer(scriptedFact(deviceIndex(device), info).c_str(), roomSize, room,
+                             sizeRet);
     case CL_DEVICE_EXTENSIONS:
         return layer::answer(scripted("VESK_SCRIPT_EXTENSIONS").c_str(), roomSize, room, sizeRet);
     case CL_DEVICE_IMAGE_SUPPORT: {
