@@ -1,5 +1,7 @@
 #pragma once
 
+#include "veskui_export.h"
+
 #include <QImage>
 #include <QRect>
 
@@ -17,7 +19,7 @@ struct SourceLayer
 };
 
 /// The visible layers of context (null for none), bottom to top.
-std::vector<SourceLayer> visibleLayers(const VeskContext *context);
+VESKUI_EXPORT std::vector<SourceLayer> visibleLayers(const VeskContext *context);
 
 /// Whether no transparency shows through in a document of that size.
 bool isOpaque(const std::vector<SourceLayer> &layers, const QSize &documentSize);
