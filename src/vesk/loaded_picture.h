@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QImage>
+#include <QMetaType>
+#include <QString>
+
+#include <atomic>
+
+/// A picture file in memory, or the reason in words why it is not.
+struct LoadedPicture
+{
+    QString path;
+    QImage image;    ///< upright; null on failure
+    QString problem; ///< empty on success; does not name the file
+};
+Q_DECLARE_METATYPE(LoadedPicture)
+
+/// Reads a picture of any kind, camera raw files included. A raw conversion ends without a picture
+/// soon after cancelled has become true. Takes time: any thread but the GUI's.
+LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelled);
