@@ -1,0 +1,172 @@
+#include "document_area.h"
+#include "document_tabs.h"
+#include "picture_document.h"
+
+#include <vesk_canvas.h>
+#include <vesk_context.h>
+#include <vesk_context_manager.h>
+#include <vesk_layer_manager.h>
+
+#include <QFileInfo>
+#include <QTimer>
+
+namespace {
+
+VeskContextManager &manager()
+{
+    return *VeskContextManager::getInstance();
+}
+
+} // namespace
+
+DocumentArea::DocumentArea(QWidget *startPage, QWidget *parent)
+    : QStackedWidget(parent)
+    , tabs(new DocumentTabs)
+{
+    addWidget(startPage);
+    addWidget(tabs);
+    connect(tabs, &DocumentTabs::documentChosen, this, &DocumentArea::makeCurrent);
+    connect(tabs, &DocumentTabs::closeRequested, this, &DocumentArea::closeRequested);
+    connect(&manager(), &VeskContextManager::contextAdded, this, &DocumentArea::onAdded);
+    connect(&manager(), &VeskContextManager::contextRemoved, this, &DocumentArea::onRemoved);
+    connect(&manager(), &VeskContextManager::currentContextChanged, this,
+            &DocumentArea::onCurrentChanged);
+    addBlank();
+}
+
+DocumentArea::~DocumentArea()
+{
+    manager().disconnect(this);
+    tabs->disconnect(this);
+    while (VeskContext *context = manager().contextAt(0)) {
+        manager().removeContext(context);
+        context->disconnect();
+        delete context;
+    }
+}
+
+VeskContext *DocumentArea::open(const QImage &picture, const QString &name, const QString &path)
+{
+    VeskContext *context = document::create(picture, name, path, this);
+    manager().addContext(context);
+    makeCurrent(context);
+    return context;
+}
+
+void DocumentArea::close(VeskContext *document)
+{
+    document->setSaveAble(false); // what is lost now, is lost on purpose
+    manager().removeContext(document);
+    document->deleteLater();
+}
+
+void DocumentArea::makeCurrent(VeskContext *document)
+{
+    manager().setCurrentContext(manager().indexOfContext(document));
+}
+
+VeskContext *DocumentArea::currentDocument() const
+{
+    VeskContext *current = manager().getCurrentContext();
+    return current == blank ? nullptr : current;
+}
+
+VeskCanvas *DocumentArea::currentCanvas() const
+{
+    const VeskContext *document = currentDocument();
+    return document ? document->getCanvas() : nullptr;
+}
+
+QList<VeskContext *> DocumentArea::documents() const
+{
+    QList<VeskContext *> all;
+    for (int index = 0; index < manager().count(); ++index) {
+        if (manager().contextAt(index) != blank)
+            all.append(manager().contextAt(index));
+    }
+    return all;
+}
+
+VeskContext *DocumentArea::documentOf(const QString &path) const
+{
+    const QFileInfo file(path);
+    const QList<VeskContext *> all = documents();
+    for (VeskContext *document : all) {
+        if (!document->getFilePath().isEmpty() && QFileInfo(document->getFilePath()) == file)
+            return document;
+    }
+    return nullptr;
+}
+
+/// A document that nobody sees, for tools to begin with. It never has unsaved changes.
+void DocumentArea::addBlank()
+{
+    blank = document::create({}, {}, {}, this);
+    blank->getCanvas()->hide();
+    manager().addContext(blank);
+    if (!manager().getCurrentContext())
+        makeCurrent(blank);
+}
+
+void DocumentArea::onAdded(VeskContext *context)
+{
+    if (context == blank)
+        return;
+    tabs->add(context);
+    const auto tell = [this, context] { Q_EMIT documentStateChanged(context); };
+    connect(context, &VeskContext::fileNameChanged, this, tell);
+    connect(context, &VeskContext::saveAbleChanged, this, tell);
+    connect(context, &VeskContext::canvasChanged, this, [this, context] {
+        if (context == currentDocument())
+            onCurrentChanged();
+    });
+    QTimer::singleShot(0, context, [this, context] { giveCanvasIfNone(context); });
+}
+
+void DocumentArea::onRemoved(VeskContext *context)
+{
+    context->disconnect(this);
+    tabs->remove(context);
+    if (context->isSaveAble())
+        keepReplacedWork(context);
+    if (context == blank)
+        addBlank();
+}
+
+void DocumentArea::onCurrentChanged()
+{
+    VeskContext *document = currentDocument();
+    if (!document && !documents().isEmpty()) { // the blank one is never in front of others
+        makeCurrent(documents().constLast());
+        return;
+    }
+    if (!manager().getCurrentContext() && blank) {
+        makeCurrent(blank);
+        return;
+    }
+    tabs->showDocument(document);
+    setCurrentIndex(document ? 1 : 0);
+    Q_EMIT currentDocumentChanged(document);
+}
+
+/// A tool may replace a document whose changes nobody has agreed to lose. They stay open, in a tab
+/// of their own.
+void DocumentArea::keepReplacedWork(VeskContext *context)
+{
+    const QImage picture = context->getLayerManager()->composedPicture();
+    const QString name = context->getFileName();
+    const QString path = context->getFilePath();
+    const QString source = document::metadataSource(*context);
+    QTimer::singleShot(0, this, [=] {
+        VeskContext *kept = document::create(picture, name, path, this);
+        document::setMetadataSource(*kept, source);
+        manager().addContext(kept);
+        kept->setSaveAble(true);
+    });
+}
+
+void DocumentArea::giveCanvasIfNone(VeskContext *context)
+{
+    if (!context->getCanvas())
+        document::addCanvas(*context, this);
+}

@@ -1,0 +1,28 @@
+#include "document_page.h"
+
+#include <vesk_canvas.h>
+#include <vesk_context.h>
+
+#include <QVBoxLayout>
+
+DocumentPage::DocumentPage(VeskContext *context)
+    : shown(context)
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    hold(context->getCanvas());
+}
+
+void DocumentPage::hold(VeskCanvas *canvas)
+{
+    if (!canvas)
+        return;
+    layout()->addWidget(canvas);
+    setFocusProxy(canvas);
+    canvas->show();
+}
+
+VeskContext *DocumentPage::context() const
+{
+    return shown;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QPointer>
+#include <QTabWidget>
+
+class DocumentPage;
+class VeskContext;
+
+/// One tab per document, with its name and a mark for unsaved changes. A document that takes over
+/// the canvas of one that has just gone also takes over its place. GUI thread.
+class DocumentTabs : public QTabWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DocumentTabs(QWidget *parent = nullptr);
+
+    /// context is borrowed; without a canvas its tab stays empty until it gets one.
+    void add(VeskContext *context);
+    /// The tab's page, and a canvas that is still in it, go when control returns to the event loop:
+    /// until then another document may take the canvas over.
+    void remove(VeskContext *context);
+    void showDocument(VeskContext *context);
+
+Q_SIGNALS:
+    /// The user went to the tab of that document.
+    void documentChosen(VeskContext *context);
+    void closeRequested(VeskContext *context);
+
+private:
+    DocumentPage *pageAt(int index) const;
+    int indexOf(const VeskContext *context) const; // -1 when it has no tab
+    void moveCanvas(VeskContext *context);
+    void updateTab(const VeskContext *context);
+
+    int vacatedIndex = -1; // of the tab removed last
+    QPointer<QWidget> vacatedPage;
+};

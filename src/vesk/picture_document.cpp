@@ -1,0 +1,59 @@
+#include "picture_document.h"
+
+#include <vesk_canvas.h>
+#include <vesk_context.h>
+#include <vesk_layer.h>
+#include <vesk_layer_manager.h>
+#include <vesk_picture_host.h>
+#include <vesk_selection.h>
+
+#include <QCoreApplication>
+#include <QVariant>
+
+namespace {
+
+constexpr char kMetadataSource[] = "metadataSource";
+
+void addLayer(VeskContext &context, const QImage &picture)
+{
+    auto *layer = new VeskLayer(QCoreApplication::translate("Document", "Background"));
+    layer->setVeskPictureHost(new VeskPictureHost(picture));
+    context.getLayerManager()->addLayer(layer, true);
+}
+
+} // namespace
+
+VeskContext *document::create(const QImage &picture, const QString &name, const QString &path,
+                              QWidget *canvasOwner)
+{
+    auto *context = new VeskContext;
+    context->setFileName(name);
+    context->setFilePath(path);
+    if (!picture.isNull())
+        addLayer(*context, picture);
+    context->setSelection(new VeskSelection(nullptr, picture.width(), picture.height()));
+    addCanvas(*context, canvasOwner);
+    return context;
+}
+
+void document::addCanvas(VeskContext &context, QWidget *canvasOwner)
+{
+    auto *canvas = new VeskCanvas(canvasOwner);
+    const QSize size = context.getLayerManager()->size();
+    canvas->reSizeCanvas(size.width(), size.height(), true);
+    canvas->attachContext(&context);
+    canvas->setSelection(context.getSelection());
+    canvas->startCanvasTimer(0);
+    context.setCanvas(canvas);
+}
+
+QString document::metadataSource(const VeskContext &context)
+{
+    const QString other = context.property(kMetadataSource).toString();
+    return other.isEmpty() ? context.getFilePath() : other;
+}
+
+void document::setMetadataSource(VeskContext &context, const QString &path)
+{
+    context.setProperty(kMetadataSource, path);
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+class QWidget;
+class VeskContext;
+
+/// What the editor does with documents that hold one picture. GUI thread.
+namespace document {
+
+/// New document with one layer that shows picture and a canvas that belongs to canvasOwner. A null
+/// picture gives a document without layers. The caller owns the document.
+VeskContext *create(const QImage &picture, const QString &name, const QString &path,
+                    QWidget *canvasOwner);
+
+/// Gives context a new canvas that shows it and belongs to canvasOwner.
+void addCanvas(VeskContext &context, QWidget *canvasOwner);
+
+/// The file whose metadata go into the document's file when it is saved: the one it was read from,
+/// unless another has been set (for a merged picture). May be empty.
+QString metadataSource(const VeskContext &context);
+void setMetadataSource(VeskContext &context, const QString &path);
+
+} // namespace document
