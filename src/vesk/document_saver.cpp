@@ -1,0 +1,109 @@
+#include "document_saver.h"
+#include "editor_settings.h"
+#include "picture_document.h"
+#include "picture_saving.h"
+
+#include <vesk_context.h>
+#include <vesk_layer_manager.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+DocumentSaver::DocumentSaver(QWidget *dialogWindow)
+    : QObject(dialogWindow)
+    , window(dialogWindow)
+{
+}
+
+bool DocumentSaver::save(VeskContext *document)
+{
+    // Other kinds of file (camera raw files above all) are never overwritten.
+    const QString path = document->getFilePath();
+    const std::optional<PictureFormat> format = formatOfSuffix(path);
+    if (!format)
+        return saveAs(document);
+    const Outcome outcome = write(*document, {path, *format, settings::jpegQuality(), true});
+    return outcome == Outcome::SaveElsewhere ? saveAs(document) : outcome == Outcome::Saved;
+}
+
+bool DocumentSaver::saveAs(VeskContext *document)
+{
+    const QPointer<VeskContext> guard = document;
+    QString start = suggestedPath(*document);
+    while (const std::optional<SaveTarget> target = askSaveTarget(window, start)) {
+        if (!guard)
+            return false;
+        const Outcome outcome = write(*document, *target);
+        if (outcome != Outcome::SaveElsewhere)
+            return outcome == Outcome::Saved;
+        start = target->path;
+    }
+    return false;
+}
+
+bool DocumentSaver::settleUnsavedChanges(VeskContext *document)
+{
+    if (!document->isSaveAble())
+        return true;
+    QMessageBox question(QMessageBox::Warning, tr("Unsaved Changes"),
+                         tr("Save the changes to “%1”?").arg(document->getFileName()),
+                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
+    question.setInformativeText(tr("If you do not save them, they will be lost."));
+    question.setDefaultButton(QMessageBox::Save);
+    const QPointer<VeskContext> guard = document;
+    const int answer = question.exec();
+    if (!guard)
+        return true;
+    if (answer == QMessageBox::Save)
+        return save(document);
+    return answer == QMessageBox::Discard;
+}
+
+DocumentSaver::Outcome DocumentSaver::write(VeskContext &document, const SaveTarget &target)
+{
+    const QImage picture = document.getLayerManager()->composedPicture();
+    if (picture.isNull())
+        return reportFailure(target.path, tr("no layer is visible"));
+    const QStringList metadataSources{document::metadataSource(document), document.getFilePath()};
+    const QPointer<VeskContext> guard = &document;
+    const WriteResult result = savePictureBeside(picture, target, metadataSources);
+    if (result.error != OutputFile::Error::None)
+        return reportFailure(target.path, result.reason);
+    if (guard) {
+        document.setFilePath(target.path);
+        document.setFileName(QFileInfo(target.path).fileName());
+        document.setSaveAble(false);
+    }
+    Q_EMIT saved(target.path);
+    return Outcome::Saved;
+}
+
+DocumentSaver::Outcome DocumentSaver::reportFailure(const QString &path, const QString &reason)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Not Saved"),
+                    tr("“%1” could not be saved: %2.").arg(QDir::toNativeSeparators(path), reason),
+                    QMessageBox::Close, window);
+    box.setInformativeText(
+        tr("The picture is still open, with all its changes. You can save it elsewhere."));
+    const QPushButton *elsewhere = box.addButton(tr("Save &As…"), QMessageBox::AcceptRole);
+    box.exec();
+    return box.clickedButton() == elsewhere ? Outcome::SaveElsewhere : Outcome::Failed;
+}
+
+QString DocumentSaver::suggestedPath(const VeskContext &document) const
+{
+    const QString own = document.getFilePath();
+    if (formatOfSuffix(own))
+        return own;
+    if (!own.isEmpty())
+        return QFileInfo(own).path() + QLatin1Char('/') + QFileInfo(own).completeBaseName() +
+               QStringLiteral(".jpg");
+    // A merged picture: beside the first of the bracket, and named after it.
+    const QFileInfo source(document::metadataSource(document));
+    if (!source.filePath().isEmpty())
+        return source.path() + QLatin1Char('/') + source.completeBaseName() +
+               QStringLiteral("-HDR.jpg");
+    return folder + QLatin1Char('/') + tr("Untitled") + QStringLiteral(".jpg");
+}

@@ -1,0 +1,86 @@
+#include "editor_settings.h"
+
+#include <vesk_global_settings.h>
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kDefaultQuality = 95;
+
+constexpr QLatin1String kQuality("editor/jpegQuality");
+constexpr QLatin1String kFolder("editor/folder");
+constexpr QLatin1String kRecent("editor/recentFiles");
+constexpr QLatin1String kGeometry("editor/geometry");
+constexpr QLatin1String kLayout("editor/layout");
+
+QVariant value(const QString &key)
+{
+    return VeskGlobalSettings::getInstance()->value(key);
+}
+
+void setValue(const QString &key, const QVariant &value)
+{
+    VeskGlobalSettings::getInstance()->setValue(key, value);
+}
+
+QString defaultFolder()
+{
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QDir(pictures).exists() ? pictures : QDir::homePath();
+}
+
+} // namespace
+
+int settings::jpegQuality()
+{
+    bool isNumber = false;
+    const int quality = value(kQuality).toInt(&isNumber);
+    return isNumber ? std::clamp(quality, 1, 100) : kDefaultQuality;
+}
+
+void settings::setJpegQuality(int quality)
+{
+    setValue(kQuality, quality);
+}
+
+QString settings::folder()
+{
+    const QString last = value(kFolder).toString();
+    return !last.isEmpty() && QDir(last).exists() ? last : defaultFolder();
+}
+
+void settings::setFolder(const QString &path)
+{
+    setValue(kFolder, path);
+}
+
+QStringList settings::recentFiles()
+{
+    return value(kRecent).toStringList();
+}
+
+void settings::setRecentFiles(const QStringList &paths)
+{
+    setValue(kRecent, paths);
+}
+
+QByteArray settings::windowGeometry()
+{
+    return value(kGeometry).toByteArray();
+}
+
+QByteArray settings::windowLayout()
+{
+    return value(kLayout).toByteArray();
+}
+
+void settings::setWindow(const QByteArray &geometry, const QByteArray &layout)
+{
+    setValue(kGeometry, geometry);
+    setValue(kLayout, layout);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+/// What the editor remembers from one start to the next, in the settings file that it shares with
+/// the tools. Missing or damaged values read as defaults. GUI thread.
+namespace settings {
+
+/// 1..100.
+int jpegQuality();
+void setJpegQuality(int quality);
+
+/// Folder shown last; the user's pictures folder, or home, before.
+QString folder();
+void setFolder(const QString &path);
+
+/// Latest first.
+QStringList recentFiles();
+void setRecentFiles(const QStringList &paths);
+
+/// As QWidget and QMainWindow save them; empty before the first time.
+QByteArray windowGeometry();
+QByteArray windowLayout();
+void setWindow(const QByteArray &geometry, const QByteArray &layout);
+
+} // namespace settings

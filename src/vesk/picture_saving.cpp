@@ -1,0 +1,53 @@
+#include "picture_saving.h"
+
+#include <exif_metadata.h>
+#include <vesk_progress_indicator.h>
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QPainter>
+#include <QThread>
+
+#include <memory>
+
+namespace {
+
+constexpr QSize kIndicatorSize(60, 60);
+
+QByteArray metadata(const QStringList &sources, QSize size)
+{
+    for (const QString &path : sources) {
+        const QByteArray block = exif::forMergedPicture(exif::read(path), size);
+        if (!block.isEmpty())
+            return block;
+    }
+    return {};
+}
+
+} // namespace
+
+WriteResult savePicture(const QImage &picture, const SaveTarget &target,
+                        const QStringList &metadataSources)
+{
+    WriteOptions options;
+    options.exif = metadata(metadataSources, picture.size());
+    options.quality = target.quality;
+    options.mayReplace = target.mayReplace;
+    return writePicture(picture, target.path, target.format, options);
+}
+
+WriteResult savePictureBeside(const QImage &picture, const SaveTarget &target,
+                              const QStringList &metadataSources)
+{
+    VeskProgressIndicator indicator(kIndicatorSize, nullptr);
+    indicator.startAnimation();
+    WriteResult result;
+    const std::unique_ptr<QThread> writer(QThread::create([&] {
+        result = savePicture(picture, target, metadataSources);
+        QCoreApplication::postEvent(&indicator, new QCloseEvent);
+    }));
+    writer->start();
+    indicator.exec(); // also returns when the program is told to quit
+    writer->wait();
+    return result;
+}

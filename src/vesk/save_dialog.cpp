@@ -1,0 +1,100 @@
+#include "save_dialog.h"
+#include "editor_settings.h"
+#include "jpeg_quality_dialog.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+
+namespace {
+
+struct Kind
+{
+    PictureFormat format;
+    QString suffix;
+    QString filter;
+};
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("SaveDialog", text);
+}
+
+QList<Kind> kinds()
+{
+    return {
+        {PictureFormat::Jpeg, QStringLiteral("jpg"),
+         tr(QT_TRANSLATE_NOOP("SaveDialog", "JPEG picture")) + QStringLiteral(" (*.jpg *.jpeg)")},
+        {PictureFormat::Png, QStringLiteral("png"),
+         tr(QT_TRANSLATE_NOOP("SaveDialog", "PNG picture")) + QStringLiteral(" (*.png)")},
+        {PictureFormat::Tiff, QStringLiteral("tif"),
+         tr(QT_TRANSLATE_NOOP("SaveDialog", "TIFF picture")) + QStringLiteral(" (*.tif *.tiff)")}};
+}
+
+Kind kindOfFilter(const QString &filter)
+{
+    const QList<Kind> all = kinds();
+    for (const Kind &kind : all) {
+        if (kind.filter == filter)
+            return kind;
+    }
+    return all.first();
+}
+
+Kind kindOfFile(const QString &path)
+{
+    const QList<Kind> all = kinds();
+    const std::optional<PictureFormat> format = formatOfSuffix(path);
+    for (const Kind &kind : all) {
+        if (kind.format == format)
+            return kind;
+    }
+    return all.first();
+}
+
+void setUp(QFileDialog &dialog, const QString &suggestedPath)
+{
+    QStringList filters;
+    const QList<Kind> all = kinds();
+    for (const Kind &kind : all)
+        filters.append(kind.filter);
+    const Kind suggested = kindOfFile(suggestedPath);
+    dialog.setWindowTitle(tr(QT_TRANSLATE_NOOP("SaveDialog", "Save As")));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(suggested.filter);
+    dialog.setDefaultSuffix(suggested.suffix);
+    dialog.setDirectory(QFileInfo(suggestedPath).path());
+    dialog.selectFile(QFileInfo(suggestedPath).fileName());
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &filter) {
+        dialog.setDefaultSuffix(kindOfFilter(filter).suffix);
+    });
+}
+
+SaveTarget targetFor(const QString &path, const Kind &chosen)
+{
+    if (const std::optional<PictureFormat> format = formatOfSuffix(path))
+        return {path, *format, settings::jpegQuality(), true};
+    // The dialog has asked about replacing another name than this one.
+    return {path + QLatin1Char('.') + chosen.suffix, chosen.format, settings::jpegQuality(), false};
+}
+
+} // namespace
+
+std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath)
+{
+    QFileDialog dialog(window);
+    setUp(dialog, suggestedPath);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    SaveTarget target =
+        targetFor(dialog.selectedFiles().constFirst(), kindOfFilter(dialog.selectedNameFilter()));
+    if (target.format != PictureFormat::Jpeg)
+        return target;
+    const std::optional<int> quality = askJpegQuality(window, target.quality);
+    if (!quality)
+        return std::nullopt;
+    settings::setJpegQuality(*quality);
+    target.quality = *quality;
+    return target;
+}

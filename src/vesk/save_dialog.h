@@ -1,0 +1,23 @@
+#pragma once
+
+#include <picture_format.h>
+
+#include <QString>
+
+#include <optional>
+
+class QWidget;
+
+/// Where and how a document is to be saved.
+struct SaveTarget
+{
+    QString path;
+    PictureFormat format;
+    int quality;             ///< 1..100, JPEG only
+    bool mayReplace = false; ///< the user has agreed to replace a file of that name
+};
+
+/// Asks for a file (starting with suggestedPath) and, for JPEG, for the quality, which is
+/// remembered. The suffix decides on the format; where there is none, the chosen kind gives it.
+/// Nothing when the user cancels. GUI thread.
+std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath);
