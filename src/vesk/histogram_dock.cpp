@@ -1,0 +1,95 @@
+#include "histogram_dock.h"
+#include "histogram_view.h"
+
+#include <layer_composition.h>
+#include <picture_histogram.h>
+#include <vesk_context.h>
+#include <vesk_global_settings.h>
+#include <vesk_layer_manager.h>
+#include <vesk_ui_controller.h>
+
+#include <QAction>
+
+HistogramDock::HistogramDock(QWidget *parent)
+    : QDockWidget(tr("Histogram"), parent)
+    , histogram(new HistogramView)
+{
+    setObjectName(QStringLiteral("histogramDock"));
+    setWidget(histogram);
+    worker.setMaxThreadCount(1);
+    delay.setSingleShot(true);
+    delay.setInterval(0);
+    connect(&delay, &QTimer::timeout, this, &HistogramDock::refresh);
+    connect(toggleViewAction(), &QAction::toggled, this,
+            [](bool isShown) { VeskGlobalSettings::getInstance()->setHistogramVisible(isShown); });
+    connect(VeskGlobalSettings::getInstance(), &VeskGlobalSettings::histogramVisibleChanged, this,
+            &QWidget::setVisible);
+    connect(VeskUIController::getInstance(), &VeskUIController::notified, this,
+            [this](const QString &name) {
+                if (name == QLatin1String("initHistogramWidget"))
+                    refreshSoon();
+            });
+}
+
+HistogramDock::~HistogramDock()
+{
+    worker.waitForDone();
+}
+
+void HistogramDock::showDocument(VeskContext *document)
+{
+    if (shown)
+        shown->disconnect(this);
+    if (canvas)
+        canvas->disconnect(this);
+    shown = document;
+    canvas = document ? document->getCanvas() : nullptr;
+    if (document)
+        connect(document, &VeskContext::layersChanged, this, &HistogramDock::refreshSoon);
+    if (canvas)
+        connect(canvas, &VeskCanvas::histogramChanged, this, &HistogramDock::takeFromCanvas);
+    refreshSoon();
+}
+
+void HistogramDock::showEvent(QShowEvent *event)
+{
+    QDockWidget::showEvent(event);
+    refreshSoon();
+}
+
+void HistogramDock::refreshSoon()
+{
+    ++round;
+    delay.start();
+}
+
+void HistogramDock::refresh()
+{
+    if (!isVisible())
+        return;
+    if (!shown) {
+        histogram->clear();
+        return;
+    }
+    const std::vector<SourceLayer> layers = visibleLayers(shown);
+    const QSize size = shown->getLayerManager()->size();
+    worker.clear(); // counts that nobody waits for any more
+    worker.start([this, asked = round, layers, size] {
+        const VeskCanvas::Histogram counts = countLevels(layers, size);
+        QMetaObject::invokeMethod(
+            this,
+            [this, asked, counts] {
+                if (asked == round)
+                    histogram->setHistogram(counts);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+/// Somebody has had the canvas count: that is newer than anything under way.
+void HistogramDock::takeFromCanvas()
+{
+    ++round;
+    delay.stop();
+    histogram->setHistogram(canvas->histogram());
+}
