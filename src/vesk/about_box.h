@@ -1,0 +1,6 @@
+#pragma once
+
+class QWidget;
+
+/// Says what the program is, over window. Modal. GUI thread.
+void showAboutBox(QWidget *window);

@@ -1,0 +1,74 @@
+#include "editor_actions.h"
+
+#include <vesk_action_manager.h>
+
+#include <QIcon>
+
+namespace {
+
+/// An empty name gives no icon.
+QIcon icon(const char *name)
+{
+    if (!*name)
+        return {};
+    return QIcon(QStringLiteral(":/vesk/icons/%1.svg").arg(QLatin1String(name)));
+}
+
+QAction *standard(int id)
+{
+    return VeskActionManager::getInstance({})->getAction(id);
+}
+
+} // namespace
+
+EditorActions::EditorActions(QObject *parent)
+    : QObject(parent)
+{
+    const auto add = [this](const QString &text, const QList<QKeySequence> &keys,
+                            const char *name) {
+        auto *action = new QAction(icon(name), text, this);
+        action->setShortcuts(keys);
+        return action;
+    };
+    const auto keysFor = [](QKeySequence::StandardKey key) {
+        return QKeySequence::keyBindings(key);
+    };
+    const QList<QKeySequence> noKeys;
+
+    open = add(tr("&Open…"), keysFor(QKeySequence::Open), "open");
+    openFolder = add(tr("Open &Folder…"), {tr("Ctrl+Shift+O")}, "folder");
+    save = standard(VeskActionManager::SaveAction);
+    save->setIcon(icon("save"));
+    saveAs = standard(VeskActionManager::SaveAsAction);
+    close = standard(VeskActionManager::CloseAction);
+    quit = add(tr("&Quit"), keysFor(QKeySequence::Quit), "");
+    quit->setMenuRole(QAction::QuitRole);
+
+    zoomIn = add(tr("Zoom &In"), keysFor(QKeySequence::ZoomIn) + QList<QKeySequence>{tr("Ctrl+=")},
+                 "zoom-in");
+    zoomOut = add(tr("Zoom &Out"), keysFor(QKeySequence::ZoomOut), "zoom-out");
+    zoomToFit = add(tr("&Fit to Window"), {tr("Ctrl+0")}, "zoom-fit");
+    zoomToActualSize = add(tr("&Actual Size (100 %)"), {tr("Ctrl+1")}, "zoom-actual");
+    zoomToFit->setIconText(tr("Fit"));
+    //: On a button: one pixel of the picture on one of the screen.
+    zoomToActualSize->setIconText(tr("100 %"));
+    fullScreen = add(tr("F&ull Screen"), keysFor(QKeySequence::FullScreen), "");
+    fullScreen->setCheckable(true);
+    nextTab = add(tr("&Next Document"), keysFor(QKeySequence::NextChild), "");
+    previousTab = add(tr("&Previous Document"), keysFor(QKeySequence::PreviousChild), "");
+
+    merge = add(tr("&Merge to HDR…"), {tr("Ctrl+Shift+H")}, "merge");
+    merge->setToolTip(tr("Merge pictures of one scene taken at different exposures"));
+    about = add(tr("&About Vesk"), noKeys, "");
+    about->setMenuRole(QAction::AboutRole);
+    openSelected = add(tr("Open"), noKeys, "open");
+    setDocumentState(false, false);
+}
+
+void EditorActions::setDocumentState(bool isOpen, bool isModified)
+{
+    save->setEnabled(isOpen && isModified);
+    for (QAction *action :
+         {saveAs, close, zoomIn, zoomOut, zoomToFit, zoomToActualSize, nextTab, previousTab})
+        action->setEnabled(isOpen);
+}

@@ -1,0 +1,44 @@
+#include "editor_application.h"
+
+#include <vesk_global_settings.h>
+
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace {
+
+/// Texts without a translation stay as they are.
+void install(QApplication &application, const QString &catalogue, const QString &folder)
+{
+    auto *translator = new QTranslator(&application);
+    if (translator->load(catalogue, folder))
+        application.installTranslator(translator);
+    else
+        delete translator;
+}
+
+} // namespace
+
+void nameEditor()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("vesk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VESK_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("vesk"));
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+void setUpEditor(QApplication &application)
+{
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/vesk/vesk.svg")));
+    const QString language = VeskGlobalSettings::getInstance()->language();
+    if (language.isEmpty())
+        return;
+    QLocale::setDefault(QLocale(language));
+    install(application, QStringLiteral("qtbase_") + language,
+            QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    install(application, QStringLiteral("vesk_") + language, QStringLiteral(":/vesk/i18n"));
+}

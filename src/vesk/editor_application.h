@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QApplication>
+
+/// Names the program, so that its settings are found; before the application object is made.
+void nameEditor();
+
+/// Translators of the language in the settings, and the icon. application: the program's.
+void setUpEditor(QApplication &application);

@@ -1,0 +1,44 @@
+#include "editor_ui_manager.h"
+#include "document_area.h"
+#include "film_strip.h"
+#include "picture_folder.h"
+
+#include <vesk_context.h>
+
+#include <QMainWindow>
+#include <QStatusBar>
+
+EditorUiManager::EditorUiManager(QMainWindow *mainWindow, DocumentArea *documentArea,
+                                 FilmStrip *strip, PictureFolder *pictureFolder)
+    : window(mainWindow)
+    , documents(documentArea)
+    , filmStrip(strip)
+    , folder(pictureFolder)
+{
+}
+
+QList<QString> EditorUiManager::selectedFiles() const
+{
+    return filmStrip->selectedPaths();
+}
+
+QWidget *EditorUiManager::mainWindow() const
+{
+    return window;
+}
+
+QString EditorUiManager::currentDir() const
+{
+    return folder->path();
+}
+
+void EditorUiManager::showStatusMessage(const QString &text, int milliseconds)
+{
+    window->statusBar()->showMessage(text, milliseconds);
+}
+
+void EditorUiManager::discardChanges()
+{
+    if (VeskContext *document = documents->currentDocument())
+        document->setSaveAble(false);
+}

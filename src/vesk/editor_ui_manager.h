@@ -1,0 +1,30 @@
+#pragma once
+
+#include <ivesk_ui_manager.h>
+
+class DocumentArea;
+class FilmStrip;
+class PictureFolder;
+class QMainWindow;
+
+/// What the editor's window offers to tools. Everything is borrowed and must outlive it.
+class EditorUiManager : public IVeskUIManager
+{
+public:
+    EditorUiManager(QMainWindow *window, DocumentArea *documents, FilmStrip *filmStrip,
+                    PictureFolder *folder);
+
+    /// What is selected in the film strip.
+    QList<QString> selectedFiles() const override;
+    QWidget *mainWindow() const override;
+    QString currentDir() const override;
+    void showStatusMessage(const QString &text, int milliseconds) override;
+    /// The current document is not asked about any more: its changes may go.
+    void discardChanges() override;
+
+private:
+    QMainWindow *window;
+    DocumentArea *documents;
+    FilmStrip *filmStrip;
+    PictureFolder *folder;
+};

@@ -1,0 +1,325 @@
+#include "main_window.h"
+#include "about_box.h"
+#include "document_area.h"
+#include "document_opener.h"
+#include "document_saver.h"
+#include "editor_settings.h"
+#include "editor_status_bar.h"
+#include "editor_ui_manager.h"
+#include "film_strip.h"
+#include "hdr_command.h"
+#include "histogram_dock.h"
+#include "language_menu.h"
+#include "layer_dock.h"
+#include "picture_folder.h"
+#include "picture_kinds.h"
+#include "recent_files_menu.h"
+#include "start_page.h"
+
+#include <vesk_canvas.h>
+#include <vesk_context.h>
+#include <vesk_global_settings.h>
+
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QToolBar>
+
+namespace {
+
+constexpr QSize kFirstSize(1200, 800);
+
+QStringList localPaths(const QMimeData *data)
+{
+    QStringList paths;
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    return paths;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , actions(new EditorActions(this))
+    , folder(new PictureFolder(this))
+    , filmStrip(new FilmStrip)
+    , documents(new DocumentArea(
+          new StartPage({actions->open, actions->openFolder, actions->merge}), this))
+    , opener(new DocumentOpener(documents, this))
+    , saver(new DocumentSaver(this))
+    , status(new EditorStatusBar)
+    , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
+    , hdr(std::make_unique<HdrCommand>(uiManager.get()))
+{
+    setAcceptDrops(true);
+    setCentralWidget(documents);
+    setStatusBar(status);
+    addDocks();
+    addMenus();
+    addToolBar();
+    connectActions();
+    connectDocuments();
+    connectOpening();
+    connectFolder();
+    restoreWindow();
+    showCurrentDocument(nullptr);
+    folder->setPath(settings::folder());
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::openPaths(const QStringList &paths)
+{
+    opener->open(paths);
+}
+
+// --- Building ---
+
+void MainWindow::addDocks()
+{
+    filmStripDock = new QDockWidget(tr("Film Strip"), this);
+    filmStripDock->setObjectName(QStringLiteral("filmStripDock"));
+    filmStripDock->setWidget(filmStrip);
+    addDockWidget(Qt::BottomDockWidgetArea, filmStripDock);
+    histogramDock = new HistogramDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, histogramDock);
+    layerDock = new LayerDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, layerDock);
+    resizeDocks({filmStripDock}, {filmStrip->sizeHint().height()}, Qt::Vertical);
+}
+
+void MainWindow::addMenus()
+{
+    recentFiles = new RecentFilesMenu(this);
+    auto *languages = new LanguageMenu(this);
+
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    file->addActions({actions->open, actions->openFolder});
+    file->addMenu(recentFiles);
+    file->addSeparator();
+    file->addActions({actions->save, actions->saveAs});
+    file->addSeparator();
+    file->addActions({actions->close, actions->quit});
+
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    view->addActions(
+        {actions->zoomIn, actions->zoomOut, actions->zoomToFit, actions->zoomToActualSize});
+    view->addSeparator();
+    view->addActions({filmStripDock->toggleViewAction(), histogramDock->toggleViewAction(),
+                      layerDock->toggleViewAction()});
+    view->addSeparator();
+    view->addActions({actions->nextTab, actions->previousTab, actions->fullScreen});
+
+    menuBar()->addMenu(tr("&Tools"))->addAction(actions->merge);
+    menuBar()->addMenu(tr("&Settings"))->addMenu(languages);
+    menuBar()->addMenu(tr("&Help"))->addAction(actions->about);
+
+    filmStrip->addActions({actions->openSelected, actions->merge});
+    addActions({actions->fullScreen}); // also works while the menu bar is hidden
+    connect(recentFiles, &RecentFilesMenu::fileChosen, this,
+            [this](const QString &path) { openPaths({path}); });
+    connect(languages, &LanguageMenu::languageChanged, this, [this](const QString &name) {
+        QMessageBox::information(
+            this, tr("Language"),
+            tr("Vesk will speak this language when it is started again: %1").arg(name));
+    });
+}
+
+void MainWindow::addToolBar()
+{
+    auto *bar = new QToolBar(tr("Tool Bar"), this);
+    bar->setObjectName(QStringLiteral("toolBar"));
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->addActions({actions->open, actions->save});
+    bar->addSeparator();
+    bar->addActions(
+        {actions->zoomOut, actions->zoomIn, actions->zoomToFit, actions->zoomToActualSize});
+    bar->addSeparator();
+    bar->addAction(actions->merge);
+    QMainWindow::addToolBar(bar);
+}
+
+void MainWindow::restoreWindow()
+{
+    resize(kFirstSize);
+    restoreGeometry(settings::windowGeometry());
+    restoreState(settings::windowLayout());
+    histogramDock->setVisible(VeskGlobalSettings::getInstance()->isHistogramVisible());
+}
+
+// --- Connecting ---
+
+void MainWindow::connectActions()
+{
+    connect(actions->open, &QAction::triggered, this, &MainWindow::chooseFiles);
+    connect(actions->openFolder, &QAction::triggered, this, &MainWindow::chooseFolder);
+    connect(actions->save, &QAction::triggered, this, [this] {
+        if (VeskContext *document = documents->currentDocument())
+            saver->save(document);
+    });
+    connect(actions->saveAs, &QAction::triggered, this, [this] {
+        if (VeskContext *document = documents->currentDocument())
+            saver->saveAs(document);
+    });
+    connect(actions->close, &QAction::triggered, this,
+            [this] { closeDocument(documents->currentDocument()); });
+    connect(actions->quit, &QAction::triggered, this, &QWidget::close);
+    onCanvas(actions->zoomIn, &VeskCanvas::zoomIn);
+    onCanvas(actions->zoomOut, &VeskCanvas::zoomOut);
+    onCanvas(actions->zoomToFit, &VeskCanvas::zoomToFit);
+    onCanvas(actions->zoomToActualSize, &VeskCanvas::zoomToActualSize);
+    connect(actions->fullScreen, &QAction::toggled, this, &MainWindow::showFullScreenOrNot);
+    connect(actions->nextTab, &QAction::triggered, this, [this] { stepDocument(1); });
+    connect(actions->previousTab, &QAction::triggered, this, [this] { stepDocument(-1); });
+    connect(actions->merge, &QAction::triggered, this, [this] { hdr->activate(); });
+    connect(actions->about, &QAction::triggered, this, [this] { showAboutBox(this); });
+    connect(actions->openSelected, &QAction::triggered, this,
+            [this] { openPaths(filmStrip->selectedPaths()); });
+}
+
+void MainWindow::onCanvas(QAction *action, void (VeskCanvas::*operation)())
+{
+    connect(action, &QAction::triggered, this, [this, operation] {
+        if (VeskCanvas *canvas = documents->currentCanvas())
+            (canvas->*operation)();
+    });
+}
+
+void MainWindow::connectDocuments()
+{
+    connect(documents, &DocumentArea::currentDocumentChanged, this,
+            &MainWindow::showCurrentDocument);
+    connect(documents, &DocumentArea::documentStateChanged, this, &MainWindow::showDocumentState);
+    connect(documents, &DocumentArea::closeRequested, this, &MainWindow::closeDocument);
+    connect(saver, &DocumentSaver::saved, this, [this](const QString &path) {
+        recentFiles->add(path);
+        status->showMessage(tr("Saved %1").arg(QDir::toNativeSeparators(path)), 5000);
+    });
+}
+
+void MainWindow::connectOpening()
+{
+    connect(&opener->loader(), &DocumentLoader::started, status,
+            [this](const QString &path, int position, int total) {
+                status->showLoading(QFileInfo(path).fileName(), position, total);
+            });
+    connect(opener, &DocumentOpener::folderRequested, folder, &PictureFolder::setPath);
+    connect(opener, &DocumentOpener::opened, this,
+            [this](const QString &path) { recentFiles->add(path); });
+    connect(opener, &DocumentOpener::failed, this,
+            [this](const QString &path) { recentFiles->remove(path); });
+    connect(opener, &DocumentOpener::finished, this, [this](const QStringList &paths) {
+        status->hideLoading();
+        filmStrip->select(paths);
+    });
+}
+
+void MainWindow::connectFolder()
+{
+    connect(folder, &PictureFolder::listed, filmStrip, &FilmStrip::setPictures);
+    connect(folder, &PictureFolder::pathChanged, this, [this](const QString &path) {
+        settings::setFolder(path);
+        saver->setFolder(path);
+        filmStripDock->setWindowTitle(tr("Film Strip — %1").arg(QDir::toNativeSeparators(path)));
+    });
+    connect(filmStrip, &FilmStrip::openRequested, this, &MainWindow::openPaths);
+}
+
+// --- Commands ---
+
+void MainWindow::chooseFiles()
+{
+    const QString filter = tr("Pictures") +
+                           QStringLiteral(" (%1);;").arg(pictures::dialogPatterns()) +
+                           tr("All files") + QStringLiteral(" (*)");
+    openPaths(QFileDialog::getOpenFileNames(this, tr("Open Pictures"), folder->path(), filter));
+}
+
+void MainWindow::chooseFolder()
+{
+    const QString path = QFileDialog::getExistingDirectory(this, tr("Open Folder"), folder->path());
+    if (!path.isEmpty())
+        openPaths({path});
+}
+
+void MainWindow::closeDocument(VeskContext *document)
+{
+    const QPointer<VeskContext> guard = document;
+    if (document && saver->settleUnsavedChanges(document) && guard)
+        documents->close(document);
+}
+
+void MainWindow::stepDocument(int distance)
+{
+    const QList<VeskContext *> all = documents->documents();
+    const int current = all.indexOf(documents->currentDocument());
+    if (current >= 0)
+        documents->makeCurrent(all.at((current + distance + all.size()) % all.size()));
+}
+
+void MainWindow::showFullScreenOrNot(bool isFull)
+{
+    setWindowState(windowState().setFlag(Qt::WindowFullScreen, isFull));
+}
+
+void MainWindow::showCurrentDocument(VeskContext *document)
+{
+    status->showCanvas(documents->currentCanvas());
+    histogramDock->showDocument(document);
+    layerDock->showDocument(document);
+    if (document && !document->getFilePath().isEmpty() && filmStrip->selectedPaths().size() <= 1)
+        filmStrip->select({document->getFilePath()});
+    showDocumentState();
+}
+
+void MainWindow::showDocumentState()
+{
+    const VeskContext *document = documents->currentDocument();
+    const bool isModified = document && document->isSaveAble();
+    actions->setDocumentState(document, isModified);
+    setWindowTitle(document ? tr("%1[*] — Vesk").arg(document->getFileName())
+                            : QStringLiteral("Vesk"));
+    setWindowModified(isModified);
+    setWindowFilePath(document ? document->getFilePath() : QString());
+}
+
+// --- Events ---
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    const QList<VeskContext *> all = documents->documents();
+    for (VeskContext *document : all) {
+        if (!document->isSaveAble())
+            continue;
+        documents->makeCurrent(document);
+        if (!saver->settleUnsavedChanges(document)) {
+            event->ignore();
+            return;
+        }
+    }
+    settings::setWindow(saveGeometry(), saveState());
+    event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!localPaths(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    // Later, so that the program the files come from need not wait.
+    QMetaObject::invokeMethod(
+        this, [this, paths = localPaths(event->mimeData())] { openPaths(paths); },
+        Qt::QueuedConnection);
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "editor_actions.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class DocumentArea;
+class DocumentOpener;
+class DocumentSaver;
+class EditorStatusBar;
+class FilmStrip;
+class HdrCommand;
+class HistogramDock;
+class LanguageMenu;
+class LayerDock;
+class PictureFolder;
+class RecentFilesMenu;
+class EditorUiManager;
+class VeskCanvas;
+class VeskContext;
+
+/// The editor's window: puts its parts together and passes on what one has to tell another.
+/// GUI thread.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    /// Files become documents, a folder goes to the film strip.
+    void openPaths(const QStringList &paths);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void addDocks();
+    void addMenus();
+    void addToolBar();
+    void restoreWindow();
+    void connectActions();
+    void connectDocuments();
+    void connectOpening();
+    void connectFolder();
+    void onCanvas(QAction *action, void (VeskCanvas::*operation)());
+
+    void chooseFiles();
+    void chooseFolder();
+    void closeDocument(VeskContext *document);
+    void stepDocument(int distance);
+    void showFullScreenOrNot(bool isFull);
+    void showCurrentDocument(VeskContext *document);
+    void showDocumentState();
+
+    EditorActions *actions;
+    PictureFolder *folder;
+    FilmStrip *filmStrip;
+    DocumentArea *documents;
+    DocumentOpener *opener;
+    DocumentSaver *saver;
+    EditorStatusBar *status;
+    HistogramDock *histogramDock = nullptr;
+    LayerDock *layerDock = nullptr;
+    QDockWidget *filmStripDock = nullptr;
+    RecentFilesMenu *recentFiles = nullptr;
+    std::unique_ptr<EditorUiManager> uiManager;
+    std::unique_ptr<HdrCommand> hdr;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "loaded_picture.h"
+
+#include <QList>
+
+class QWidget;
+
+/// Tells the user which files could not be opened, and why, in one box that blocks nothing and
+/// deletes itself when it is closed. failures: at least one. GUI thread.
+void showOpenFailures(const QList<LoadedPicture> &failures, QWidget *window);
