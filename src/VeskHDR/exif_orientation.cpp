@@ -1,7 +1,5 @@
 #include "exif_orientation.h"
 
-#include <QTransform>
-
 #include <array>
 #include <cstring>
 #include <memory>
@@ -59,20 +57,4 @@ QImageIOHandler::Transformations exif::orientation(const unsigned char *bytes, u
     if (!entry || entry->format != EXIF_FORMAT_SHORT || entry->size < 2)
         return QImageIOHandler::TransformationNone;
     return transformationOf(exif_get_short(entry->data, exif_data_get_byte_order(data.get())));
-}
-
-QImage exif::upright(QImage stored, QImageIOHandler::Transformations transformation)
-{
-    if (transformation == QImageIOHandler::TransformationNone)
-        return stored;
-    if (transformation == QImageIOHandler::TransformationRotate270)
-        return stored.transformed(QTransform().rotate(270));
-    const bool horizontal = transformation & QImageIOHandler::TransformationMirror;
-    const bool vertical = transformation & QImageIOHandler::TransformationFlip;
-    QImage picture = std::move(stored);
-    if (horizontal || vertical)
-        picture = picture.mirrored(horizontal, vertical);
-    if (transformation & QImageIOHandler::TransformationRotate90)
-        picture = picture.transformed(QTransform().rotate(90));
-    return picture;
 }

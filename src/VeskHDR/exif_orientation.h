@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QImage>
 #include <QImageIOHandler>
 
 /// The orientation that a camera writes into its pictures. Any thread, reentrant.
@@ -12,8 +11,5 @@ bool isExif(const unsigned char *bytes, unsigned length);
 /// What to do with the stored pixels to see the picture upright; nothing when the block does not
 /// say, or is damaged.
 QImageIOHandler::Transformations orientation(const unsigned char *bytes, unsigned length);
-
-/// The picture turned and mirrored so. Null when memory is lacking.
-QImage upright(QImage stored, QImageIOHandler::Transformations transformation);
 
 } // namespace exif

@@ -1,6 +1,7 @@
 #include "jpeg_decoder.h"
 
 #include "exif_orientation.h"
+#include "upright_rows.h"
 
 #include <QColorSpace>
 
@@ -101,7 +102,7 @@ public:
 
     bool readHeader(std::FILE *file);
     bool start();
-    bool readRows(QImage &picture, std::vector<JSAMPLE> &inkRow);
+    bool readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow);
     QSize size() const
     {
         return {static_cast<int>(codec.image_width), static_cast<int>(codec.image_height)};
@@ -164,16 +165,18 @@ void inksToWords(const JSAMPLE *inks, QRgb *words, int width)
     }
 }
 
-bool Decompressor::readRows(QImage &picture, std::vector<JSAMPLE> &inkRow)
+bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow)
 {
     if (setjmp(hooks.failed))
         return false;
     while (codec.output_scanline < codec.output_height) {
-        uchar *row = picture.scanLine(static_cast<int>(codec.output_scanline));
+        const auto y = static_cast<int>(codec.output_scanline);
+        uchar *row = rows.row(y);
         JSAMPROW target = hasInks() ? inkRow.data() : row;
         jpeg_read_scanlines(&codec, &target, 1);
         if (hasInks())
-            inksToWords(inkRow.data(), reinterpret_cast<QRgb *>(row), picture.width());
+            inksToWords(inkRow.data(), reinterpret_cast<QRgb *>(row), size().width());
+        rows.rowWritten(y);
     }
     jpeg_finish_decompress(&codec);
     return !hooks.damaged;
@@ -229,17 +232,15 @@ DecodedPicture jpeg::decode(std::FILE *file, qint64 pixelLimit)
     if (qint64(size.width()) * size.height() > pixelLimit)
         return decodeFailure(DecodeError::TooLarge, size);
 
-    QImage picture(size, decompressor.format());
-    if (picture.isNull())
+    UprightRows rows(size, decompressor.format(), orientation);
+    if (rows.isNull())
         return decodeFailure(DecodeError::NoMemory, size);
     std::vector<JSAMPLE> inkRow(decompressor.hasInks() ? size_t(size.width()) * 4 : 0);
-    if (!decompressor.start() || !decompressor.readRows(picture, inkRow))
+    if (!decompressor.start() || !decompressor.readRows(rows, inkRow))
         return failure(decompressor);
 
+    QImage &picture = rows.image();
     applyDensity(decompressor.codec, picture);
     applyColourProfile(decompressor, picture);
-    picture = exif::upright(std::move(picture), orientation);
-    if (picture.isNull())
-        return decodeFailure(DecodeError::NoMemory, size);
     return {picture, DecodeError::None, {}};
 }

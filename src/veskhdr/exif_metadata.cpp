@@ -124,8 +124,8 @@ bool describesStorage(int tag)
     const bool isCodingOrTiles = tag == 0x13D || (tag >= 0x140 && tag <= 0x15B);
     const bool isJpegInside = tag >= 0x200 && tag <= 0x209;
     const bool isColourCoding = tag >= 0x211 && tag <= 0x214;
-    const bool isPrivate = tag == 0x2BC || tag == 0x83BB || tag == 0x8649 || tag == 0x8773 ||
-                           tag == 0x9C9B || tag >= 0xC000;
+    const bool isPrivate = tag == 0x2BC || tag == 0x8290 || tag == 0x83BB || tag == 0x8649 ||
+                           tag == 0x8773 || tag == 0x9C9B || tag >= 0xC000;
     return isLayout || isStrips || isPlanarOrPage || isCodingOrTiles || isJpegInside ||
            isColourCoding || isPrivate;
 }

@@ -219,6 +219,8 @@ ExitCode Merge::mergePictures()
     const QColorSpace colourProfile = first.colorSpace();
     const QSize dotsPerMeter(first.dotsPerMeterX(), first.dotsPerMeterY());
     merged.reset(mergeExposures(pictures));
+    qDeleteAll(pictures);
+    pictures.clear();
     if (!merged)
         return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
     if (report.area.size() != merged->size())

@@ -1,11 +1,26 @@
 #include "picture_loader.h"
 
+#include "vesk_raw.h"
+#include "vesk_raw_type.h"
+
+#include <QFileInfo>
+
 #include <algorithm>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 
 namespace {
+
+/// Camera raw files go through the raw converter, all others through the decoder.
+DecodedPicture load(const QString &path)
+{
+    if (!QFileInfo(path).isFile() || !VeskRawType::isRaw(path))
+        return decodePicture(path);
+    VeskRaw::Conversion converted = VeskRaw::convert(path);
+    const DecodeError error = converted.picture.isNull() ? DecodeError::Damaged : DecodeError::None;
+    return {std::move(converted.picture), error, std::move(converted.error)};
+}
 
 /// The files yet to decode and what became of the others. The mutex guards all counters; each
 /// result is written by one worker and read after all have ended.
@@ -33,7 +48,7 @@ void Work::decodeAll()
     while (next < paths.size()) {
         const int index = next++;
         lock.unlock();
-        results[size_t(index)] = decodePicture(paths[index]);
+        results[size_t(index)] = load(paths[index]);
         lock.lock();
         ++done;
         changed.notify_one();
