@@ -191,8 +191,8 @@ void applyDensity(const jpeg_decompress_struct &codec, QImage &picture)
                                                                  : 0.0;
     if (factor <= 0.0 || codec.X_density == 0 || codec.Y_density == 0)
         return;
-    picture.setDotsPerMeterX(qRound(codec.X_density * factor));
-    picture.setDotsPerMeterY(qRound(codec.Y_density * factor));
+    picture.setDotsPerMeterX(static_cast<int>(codec.X_density * factor));
+    picture.setDotsPerMeterY(static_cast<int>(codec.Y_density * factor));
 }
 
 void applyColourProfile(const Decompressor &decompressor, QImage &picture)

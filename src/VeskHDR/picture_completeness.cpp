@@ -2,11 +2,14 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace {
 
-/// Reads little-endian numbers; after the end of the file every number is 0 and hasEnded is true.
+/// Reads numbers, little-endian unless told otherwise; after the end of the file every number is 0
+/// and hasEnded is true.
 class Reader
 {
 public:
@@ -27,7 +30,7 @@ public:
             hasEnded = true;
             return 0;
         }
-        return qFromLittleEndian(number);
+        return isBigEndian ? qFromBigEndian(number) : qFromLittleEndian(number);
     }
 
     void skip(qint64 bytes)
@@ -37,6 +40,7 @@ public:
     }
 
     QFile &file;
+    bool isBigEndian = false;
     bool hasEnded = false;
 };
 
@@ -113,6 +117,52 @@ bool isGifComplete(Reader &reader)
     return false;
 }
 
+qint64 tiffValueBytes(quint16 type)
+{
+    constexpr std::array<qint64, 19> kBytes = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4,
+                                               8, 4, 8, 4, 0, 0, 8, 8, 8};
+    return type < kBytes.size() ? kBytes[type] : 0;
+}
+
+/// One entry of a directory: tag, type, count, and the values themselves or where they are.
+bool isTiffEntryComplete(Reader &reader, bool isBig)
+{
+    // The reader checks that the pixels are there, but makes up a colour table that is not. What
+    // private tags say matters to others.
+    constexpr quint16 kFirstPrivateTag = 0x8000;
+    const auto tag = reader.next<quint16>();
+    const qint64 valueBytes = tiffValueBytes(reader.next<quint16>());
+    const quint64 count = isBig ? reader.next<quint64>() : reader.next<quint32>();
+    const quint64 offset = isBig ? reader.next<quint64>() : reader.next<quint32>();
+    if (reader.hasEnded)
+        return false;
+    const auto fileSize = static_cast<quint64>(reader.file.size());
+    const bool isInside = count <= (isBig ? 8U : 4U) / std::max<quint64>(quint64(valueBytes), 1);
+    if (tag >= kFirstPrivateTag || valueBytes == 0 || isInside)
+        return true;
+    return offset <= fileSize && count <= (fileSize - offset) / quint64(valueBytes);
+}
+
+bool isTiffComplete(Reader &reader)
+{
+    constexpr quint16 kBigEndianMark = 0x4D4D; // "MM"
+    constexpr quint16 kBigTiff = 43;
+    reader.isBigEndian = reader.next<quint16>() == kBigEndianMark;
+    const bool isBig = reader.next<quint16>() == kBigTiff;
+    if (isBig)
+        reader.skip(4);
+    const quint64 directory = isBig ? reader.next<quint64>() : reader.next<quint32>();
+    if (reader.hasEnded || directory >= quint64(reader.file.size()))
+        return false;
+    reader.file.seek(qint64(directory));
+    const quint64 entryCount = isBig ? reader.next<quint64>() : reader.next<quint16>();
+    for (quint64 i = 0; i < entryCount; ++i) {
+        if (!isTiffEntryComplete(reader, isBig))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 bool isComplete(QFile &file, const QByteArray &format)
@@ -122,5 +172,7 @@ bool isComplete(QFile &file, const QByteArray &format)
         return isBmpComplete(reader);
     if (format == "gif")
         return isGifComplete(reader);
+    if (format == "tiff" || format == "tif")
+        return isTiffComplete(reader);
     return true;
 }

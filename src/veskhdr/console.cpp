@@ -1,5 +1,7 @@
 #include "console.h"
 
+#include "library_messages.h"
+
 #include <QFile>
 
 #include <cstdio>
@@ -22,7 +24,7 @@ void console::complain(const QString &file, const QString &reason)
     QString line = QStringLiteral("veskhdr: ");
     if (!file.isEmpty())
         line += file + QStringLiteral(": ");
-    write(stderr, line + reason);
+    write(ownErrorStream(), line + reason);
 }
 
 void console::print(const QString &line)

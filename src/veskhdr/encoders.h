@@ -15,6 +15,10 @@ struct PictureMetadata
 /// Told how much of a picture is written, 0..1, in rising order.
 using EncodeProgress = std::function<void(double)>;
 
+/// Writes all bytes, or returns false and leaves the reason with the device: a device may take a
+/// part of them first, and say only at the next attempt why it takes no more.
+bool writeAll(QIODevice &device, const void *bytes, qint64 length);
+
 // The encoders of the formats. picture: Format_RGB32; device: open for writing and seekable;
 // progress: may be empty. They return an empty reason, or why the picture could not be written;
 // errors of the device itself are the device's to report. Any thread, reentrant.

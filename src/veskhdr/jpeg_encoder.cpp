@@ -46,9 +46,7 @@ void rewind(j_compress_ptr codec)
 void send(j_compress_ptr codec, size_t length)
 {
     auto *destination = reinterpret_cast<Destination *>(codec->dest);
-    const auto wanted = static_cast<qint64>(length);
-    if (destination->device->write(reinterpret_cast<const char *>(destination->buffer.data()),
-                                   wanted) != wanted)
+    if (!writeAll(*destination->device, destination->buffer.data(), static_cast<qint64>(length)))
         ERREXIT(codec, JERR_FILE_WRITE);
     rewind(codec);
 }

@@ -1,5 +1,24 @@
 #pragma once
 
+#include <cstdio>
+
 /// Keeps what the image libraries print about odd files off standard error: errors reach the user
-/// as results of the decoder. For the whole process; call it once, first in main().
+/// as results of the decoder and the writer. For the whole process; call it once, first in main().
 void silenceImageLibraries();
+
+/// Standard error for the program's own words, also while LibraryMute is there.
+std::FILE *ownErrorStream();
+
+/// Drops what anything else writes to standard error while it lives: the PNG and the raw library
+/// print there without asking. One at a time, for the whole process.
+class LibraryMute
+{
+public:
+    LibraryMute();
+    ~LibraryMute();
+    LibraryMute(const LibraryMute &) = delete;
+    LibraryMute &operator=(const LibraryMute &) = delete;
+
+private:
+    int original; ///< descriptor of standard error, or -1
+};

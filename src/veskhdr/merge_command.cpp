@@ -4,6 +4,7 @@
 #include "exif_metadata.h"
 #include "exposure_merge.h"
 #include "interrupt_cleanup.h"
+#include "library_messages.h"
 #include "merge_options.h"
 #include "merge_report.h"
 #include "mtb_alignment.h"
@@ -158,7 +159,8 @@ ExitCode Merge::checkOutput()
 ExitCode Merge::decode()
 {
     bar.show(0.0, QStringLiteral("Reading"));
-    std::vector<DecodedPicture> decoded = loadPictures(options.pictures, [this](int count) {
+    const LibraryMute mute;
+    const std::vector<DecodedPicture> decoded = loadPictures(options.pictures, [this](int count) {
         bar.show(kDecoded * count / options.pictures.size(), QStringLiteral("Reading"));
     });
     ExitCode first = ExitCode::Ok;

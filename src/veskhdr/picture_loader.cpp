@@ -18,8 +18,11 @@ DecodedPicture load(const QString &path)
     if (!QFileInfo(path).isFile() || !VeskRawType::isRaw(path))
         return decodePicture(path);
     VeskRaw::Conversion converted = VeskRaw::convert(path);
-    const DecodeError error = converted.picture.isNull() ? DecodeError::Damaged : DecodeError::None;
-    return {std::move(converted.picture), error, std::move(converted.error)};
+    if (converted.picture.isNull())
+        return {{},
+                DecodeError::Damaged,
+                QStringLiteral("the camera raw file cannot be converted: ") + converted.error};
+    return {std::move(converted.picture), DecodeError::None, {}};
 }
 
 /// The files yet to decode and what became of the others. The mutex guards all counters; each

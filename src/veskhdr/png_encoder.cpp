@@ -79,9 +79,8 @@ struct PngWriter
 
 void onWrite(png_structp png, png_bytep bytes, size_t length)
 {
-    auto *device = static_cast<QIODevice *>(png_get_io_ptr(png));
-    const auto wanted = static_cast<qint64>(length);
-    if (device->write(reinterpret_cast<const char *>(bytes), wanted) != wanted)
+    if (!writeAll(*static_cast<QIODevice *>(png_get_io_ptr(png)), bytes,
+                  static_cast<qint64>(length)))
         png_error(png, "write");
 }
 

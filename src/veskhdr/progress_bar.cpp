@@ -1,6 +1,6 @@
 #include "progress_bar.h"
 
-#include <QFile>
+#include "library_messages.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -17,13 +17,13 @@ constexpr int kBarWidth = 30;
 bool canRedraw()
 {
     const char *terminal = std::getenv("TERM");
-    return ::isatty(STDERR_FILENO) && terminal && std::strcmp(terminal, "dumb") != 0;
+    return ::isatty(::fileno(ownErrorStream())) && terminal && std::strcmp(terminal, "dumb") != 0;
 }
 
 void redraw(const QString &line)
 {
-    std::fputs(("\r" + line.toLocal8Bit() + "\x1b[K").constData(), stderr);
-    std::fflush(stderr);
+    std::fputs(("\r" + line.toLocal8Bit() + "\x1b[K").constData(), ownErrorStream());
+    std::fflush(ownErrorStream());
 }
 
 } // namespace

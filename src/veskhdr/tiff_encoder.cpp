@@ -14,7 +14,7 @@ tmsize_t onRead(thandle_t handle, void *bytes, tmsize_t length)
 
 tmsize_t onWrite(thandle_t handle, void *bytes, tmsize_t length)
 {
-    return static_cast<QIODevice *>(handle)->write(static_cast<const char *>(bytes), length);
+    return writeAll(*static_cast<QIODevice *>(handle), bytes, length) ? length : -1;
 }
 
 toff_t onSeek(thandle_t handle, toff_t offset, int origin)

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QStringList>
+
+/// How a run of veskhdr ended.
+struct ProgramRun
+{
+    int exitCode = -1; ///< -1 when a signal ended it or it did not end in time
+    QByteArray output;
+    QByteArray errors;
+};
+
+/// The program, with conditions that QProcess has no setters for.
+class Program : public QProcess
+{
+public:
+    Program();
+
+    qint64 largestFileBytes = -1; ///< what the program may write into one file; -1: any number
+    int errorTerminal = -1;       ///< terminal to use as standard error; borrowed
+    int outputTerminal = -1;      ///< terminal to use as standard output; borrowed
+
+    /// Starts it and waits for its end.
+    ProgramRun run(const QStringList &arguments);
+
+protected:
+    void setupChildProcess() override;
+};
+
+/// Runs veskhdr in this folder.
+ProgramRun runProgramIn(const QString &folder, const QStringList &arguments);
+
+/// The lines of a text without the line breaks; none when it is empty.
+QList<QByteArray> linesOf(const QByteArray &text);
