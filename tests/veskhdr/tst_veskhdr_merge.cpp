@@ -113,7 +113,7 @@ struct Terminal
 
 } // namespace
 
-class TestMergeCommand : public QObject
+class TestVeskhdrMerge : public QObject
 {
     Q_OBJECT
 
@@ -768,5 +768,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMergeCommand)
-#include "tst_merge_command.moc"
+QTEST_GUILESS_MAIN(TestVeskhdrMerge)
+#include "tst_veskhdr_merge.moc"

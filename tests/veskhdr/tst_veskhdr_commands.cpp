@@ -65,4 +65,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestCommands)
-#include "tst_commands.moc"
+#include "tst_veskhdr_commands.moc"
