@@ -1,6 +1,7 @@
 #include "opencl_merge.h"
 
 #include "VeskDeviceInfo.h"
+#include "opencl_handles.h"
 #include "vesk_endecode_tool.h"
 
 #include <QFile>
@@ -10,23 +11,10 @@
 #include <algorithm>
 #include <ctime>
 #include <memory>
-#include <type_traits>
 
 namespace {
 
-/// Upper limit of the pixels that the input buffer holds, of all pictures together.
-constexpr size_t kBandPixels = 0xA00000;
-constexpr size_t kGroupWidth = 128;
 constexpr size_t kPixelBytes = 4;
-
-template <typename Handle, auto Release>
-struct Releaser
-{
-    using pointer = Handle;
-    void operator()(Handle handle) const { Release(handle); }
-};
-template <typename Handle, auto Release>
-using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Releaser<Handle, Release>>;
 
 /// Sizes of a merge; a band is what one pass merges.
 struct Shape
@@ -44,9 +32,8 @@ Shape shapeOf(int width, int height, int count)
 {
     if (width <= 0 || height <= 0 || count <= 0)
         return {0, 0, 0, 0};
-    const auto columns = static_cast<size_t>(width);
-    const auto pictures = static_cast<size_t>(count);
-    return {columns, static_cast<size_t>(height), pictures, kBandPixels / (columns * pictures)};
+    return {static_cast<size_t>(width), static_cast<size_t>(height), static_cast<size_t>(count),
+            deviceBandRows(width, count)};
 }
 
 /// What one merge creates on the device. A call that fails leaves null behind, and every later
@@ -70,12 +57,12 @@ private:
 
     // Released from the last to the first.
     std::unique_ptr<char[]> programText;
-    Owned<cl_context, clReleaseContext> context;
-    Owned<cl_program, clReleaseProgram> program;
-    Owned<cl_command_queue, clReleaseCommandQueue> queue;
-    Owned<cl_kernel, clReleaseKernel> kernel;
-    Owned<cl_mem, clReleaseMemObject> input;
-    Owned<cl_mem, clReleaseMemObject> output;
+    opencl::Context context;
+    opencl::Program program;
+    opencl::Queue queue;
+    opencl::Kernel kernel;
+    opencl::Memory input;
+    opencl::Memory output;
 };
 
 DeviceObjects::DeviceObjects(cl_device_id device, const Shape &shape)
@@ -92,11 +79,11 @@ DeviceObjects::DeviceObjects(cl_device_id device, const Shape &shape)
 void DeviceObjects::createProgram()
 {
     size_t length = 0;
-    programText.reset(LoadProgSource(":/hdr.cl_", "", &length));
+    programText.reset(LoadProgSource(kDeviceProgram, "", &length));
     const char *text = programText.get();
     program.reset(clCreateProgramWithSource(context.get(), 1, &text, &length, nullptr));
     clBuildProgram(program.get(), 0, nullptr, nullptr, nullptr, nullptr);
-    kernel.reset(clCreateKernel(program.get(), "simpleHDRoclKerneluchar", nullptr));
+    kernel.reset(clCreateKernel(program.get(), kDeviceKernel, nullptr));
 }
 
 bool DeviceObjects::mergeBand(const Shape &shape, size_t firstRow, size_t rows, unsigned char *out,
@@ -139,9 +126,9 @@ bool DeviceObjects::launch(const Shape &shape, size_t rows) const
     errors |= clSetKernelArg(kernel.get(), 3, sizeof(bandRows), &bandRows);
     errors |= clSetKernelArg(kernel.get(), 4, sizeof(count), &count);
 
-    const size_t groups = (shape.width + kGroupWidth - 1) / kGroupWidth;
-    const size_t globalSize[] = {groups * kGroupWidth, shape.bandRows};
-    const size_t localSize[] = {kGroupWidth, 1};
+    const size_t groups = (shape.width + kDeviceGroupWidth - 1) / kDeviceGroupWidth;
+    const size_t globalSize[] = {groups * kDeviceGroupWidth, shape.bandRows};
+    const size_t localSize[] = {kDeviceGroupWidth, 1};
     const bool isReady = errors == CL_SUCCESS && input && output;
     errors |= clEnqueueNDRangeKernel(queueIf(isReady), kernel.get(), 2, nullptr, globalSize,
                                      localSize, 0, nullptr, nullptr);
@@ -196,6 +183,11 @@ char *LoadProgSource(const char *fileName, const char *preamble, size_t *length)
     std::copy(latin.begin(), latin.end(), program.get());
     *length = static_cast<size_t>(latin.size());
     return program.release();
+}
+
+size_t deviceBandRows(int width, int count)
+{
+    return kDeviceBandPixels / (static_cast<size_t>(width) * static_cast<size_t>(count));
 }
 
 quint64 simpleOCLHDR(unsigned char *out, unsigned char **in, int width, int height, int count)

@@ -26,12 +26,24 @@ VESKHDR_EXPORT char *LoadProgSource(const char *fileName, const char *preamble, 
 VESKHDR_EXPORT quint64 simpleOCLHDR(unsigned char *out, unsigned char **in, int width, int height,
                                     int count);
 
+// For those who choose a device themselves and want to know how it does.
+
+/// Where the program lies, and what it asks of a device: the kernel, its work groups, and the upper
+/// limit of the pixels in the input buffer, of all pictures together.
+constexpr char kDeviceProgram[] = ":/hdr.cl_";
+constexpr char kDeviceKernel[] = "simpleHDRoclKerneluchar";
+constexpr size_t kDeviceGroupWidth = 128;
+constexpr size_t kDeviceBandPixels = 0xA00000;
+
+/// Rows that are merged at once; 0 when not even one row of all pictures fits. Both above 0.
+size_t deviceBandRows(int width, int count);
+
 struct DeviceMerge
 {
     quint64 ticks = 0;
     bool isComplete = false; ///< the device reported no error and every row is its work
 };
 
-/// The same on any device (null: every call fails), and tells how it went.
+/// simpleOCLHDR on any device; with null every call fails. Any thread.
 DeviceMerge mergeOnDevice(cl_device_id device, unsigned char *out, unsigned char **in, int width,
                           int height, int count);

@@ -1,6 +1,7 @@
 #include "commands.h"
 
 #include "console.h"
+#include "devices_command.h"
 #include "merge_command.h"
 
 #include <algorithm>
@@ -18,6 +19,7 @@ struct Command
 
 constexpr std::array kCommands = {
     Command{"merge", "Merge pictures of one scene into one", runMerge, mergeHelp},
+    Command{"devices", "List or check the OpenCL devices", runDevices, devicesHelp},
 };
 
 QString programHelp()
@@ -31,7 +33,7 @@ QString programHelp()
     return help + QStringLiteral("\nOptions:\n"
                                  "  --help      Show this text; after a command, show its own\n"
                                  "  --version   Show the version\n\n"
-                                 "Exit codes are listed in 'veskhdr merge --help'.");
+                                 "Exit codes are listed in the help of each command.");
 }
 
 /// What follows "--" are file names.

@@ -1,6 +1,7 @@
 #include "merge_command.h"
 
 #include "console.h"
+#include "device_use.h"
 #include "exif_metadata.h"
 #include "exposure_merge.h"
 #include "interrupt_cleanup.h"
@@ -85,8 +86,10 @@ public:
 
 private:
     ExitCode checkOutput();
+    ExitCode findDevice();
     ExitCode decode();
     ExitCode checkSizes();
+    ExitCode checkDevice();
     ExitCode align();
     ExitCode mergePictures();
     ExitCode encode();
@@ -96,7 +99,8 @@ private:
     void tell();
 
     const MergeOptions &options;
-    QList<QImage *> pictures; ///< in merge order; owned
+    QList<QImage *> pictures;      ///< in merge order; owned
+    cl_device_id device = nullptr; ///< null: the processor merges
     std::unique_ptr<QImage> merged;
     MergeReport report;
     ProgressBar bar;
@@ -125,9 +129,13 @@ ExitCode Merge::run()
     MergeReport::Times &times = report.milliseconds;
     ExitCode code = checkOutput();
     if (code == ExitCode::Ok)
+        code = findDevice();
+    if (code == ExitCode::Ok)
         code = timed(&Merge::decode, times.decode);
     if (code == ExitCode::Ok)
         code = checkSizes();
+    if (code == ExitCode::Ok)
+        code = checkDevice();
     if (code == ExitCode::Ok && options.align)
         code = timed(&Merge::align, times.align);
     if (code == ExitCode::Ok)
@@ -154,6 +162,17 @@ ExitCode Merge::checkOutput()
                           QStringLiteral("is one of the pictures to merge"));
     }
     return ExitCode::Ok;
+}
+
+ExitCode Merge::findDevice()
+{
+    if (options.device.isEmpty())
+        return ExitCode::Ok;
+    device = device::named(options.device);
+    report.device = options.device;
+    return device ? ExitCode::Ok
+                  : refuse(ExitCode::NoDevice, options.device,
+                           QStringLiteral("no such OpenCL device, see 'veskhdr devices'"));
 }
 
 ExitCode Merge::decode()
@@ -196,6 +215,14 @@ ExitCode Merge::checkSizes()
     return code;
 }
 
+ExitCode Merge::checkDevice()
+{
+    if (!device)
+        return ExitCode::Ok;
+    const QString reason = device::whyNot(device, report.inputSize, pictures.size());
+    return reason.isEmpty() ? ExitCode::Ok : refuse(ExitCode::NoDevice, options.device, reason);
+}
+
 ExitCode Merge::align()
 {
     bar.show(kDecoded, QStringLiteral("Aligning"));
@@ -220,9 +247,14 @@ ExitCode Merge::mergePictures()
     const QImage &first = *pictures.first();
     const QColorSpace colourProfile = first.colorSpace();
     const QSize dotsPerMeter(first.dotsPerMeterX(), first.dotsPerMeterY());
-    merged.reset(mergeExposures(pictures));
+    if (device)
+        merged = device::merge(device, pictures);
+    else
+        merged.reset(mergeExposures(pictures));
     qDeleteAll(pictures);
     pictures.clear();
+    if (!merged && device)
+        return refuse(ExitCode::NoDevice, options.device, QStringLiteral("it failed to merge"));
     if (!merged)
         return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
     if (report.area.size() != merged->size())
@@ -305,6 +337,8 @@ Options:
   --keep-order      Keep the order given; the first picture is the one that the
                     others are aligned to and whose metadata is kept
   --crop            Cut to the area that every picture covers after aligning
+  --device NAME     Merge on that OpenCL device, see 'veskhdr devices', or on the
+                    "processor", which is the default; the pixels are the same
   --quality N       JPEG quality, 1 to 100 (95); from 90 on at full colour resolution
   --force           Replace OUT if it exists, but never one of the pictures
   --json            Print what was done as one JSON object
@@ -317,6 +351,7 @@ Exit codes:
   64  wrong options or arguments, one picture only, unknown suffix of OUT
   65  a file is no picture, damaged, too large, or of another size than the first
   66  a picture is missing, is not a file, or must not be read
+  69  the OpenCL device is not there, or cannot merge these pictures
   71  not enough memory
   73  OUT exists already, or cannot be made
   74  OUT could not be written to its end, e.g. the disk is full

@@ -50,6 +50,7 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")}, {},
                                     QStringLiteral("file"));
     const QCommandLineOption quality(QStringLiteral("quality"), {}, QStringLiteral("number"));
+    const QCommandLineOption device(QStringLiteral("device"), {}, QStringLiteral("name"));
     const QCommandLineOption noAlign(QStringLiteral("no-align"));
     const QCommandLineOption keepOrder(QStringLiteral("keep-order"));
     const QCommandLineOption crop(QStringLiteral("crop"));
@@ -57,11 +58,13 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     const QCommandLineOption json(QStringLiteral("json"));
     const QCommandLineOption verbose(QStringLiteral("verbose"));
     QCommandLineParser parser;
-    parser.addOptions({output, quality, noAlign, keepOrder, crop, force, json, verbose});
+    parser.addOptions({output, quality, device, noAlign, keepOrder, crop, force, json, verbose});
     if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words))
         return problem(QStringLiteral("merge: ") + parser.errorText());
     if (parser.values(output).size() > 1)
         return problem(QStringLiteral("merge: more than one output file given"));
+    if (parser.isSet(device) && parser.value(device).isEmpty())
+        return problem(QStringLiteral("merge: the device must be a name, see 'veskhdr devices'"));
 
     MergeOptions options;
     options.keepOrder = parser.isSet(keepOrder);
@@ -69,6 +72,8 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     options.output = parser.value(output);
     options.format = formatOfSuffix(options.output).value_or(PictureFormat::Png);
     options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
+    if (parser.value(device) != QLatin1String("processor"))
+        options.device = parser.value(device);
     options.align = !parser.isSet(noAlign);
     options.crop = parser.isSet(crop);
     options.mayReplace = parser.isSet(force);

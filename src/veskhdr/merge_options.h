@@ -16,6 +16,7 @@ struct MergeOptions
     bool keepOrder = false;
     bool crop = false;
     bool mayReplace = false;
+    QString device; ///< name of the OpenCL device to merge on; empty: the processor
     bool json = false;
     bool verbose = false;
 };

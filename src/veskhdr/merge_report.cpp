@@ -78,6 +78,8 @@ QString toJson(const MergeReport &report)
         {QStringLiteral("aligned"), report.isAligned},
         {QStringLiteral("shifts"), shiftsToJson(report)},
         {QStringLiteral("largestFindableShift"), report.largestFindableShift},
+        {QStringLiteral("device"),
+         report.device.isEmpty() ? QStringLiteral("processor") : report.device},
         {QStringLiteral("milliseconds"), timesToJson(report.milliseconds)},
         {QStringLiteral("output"), report.output},
     };

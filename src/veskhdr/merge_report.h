@@ -22,6 +22,7 @@ struct MergeReport
 
     QStringList inputs; ///< in merge order
     QString output;
+    QString device; ///< name of the OpenCL device that merged; empty: the processor
     QSize inputSize;
     QRect area; ///< of the inputs that the output shows; all of it unless cropped
     bool isAligned = false;

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "exit_code.h"
+
+#include <QStringList>
+
+/// "veskhdr devices": words are those after the command's name.
+ExitCode runDevices(const QStringList &words);
+
+/// What "veskhdr devices --help" shows.
+QString devicesHelp();
