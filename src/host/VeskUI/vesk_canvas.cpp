@@ -6,13 +6,14 @@
 #include <vesk_selection.h>
 
 #include <QElapsedTimer>
-#include <QGestureEvent>
+#include <QLineF>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
-#include <QPinchGesture>
 #include <QStyle>
 #include <QTimerEvent>
+#include <QTouchDevice>
+#include <QTouchEvent>
 #include <QVariantAnimation>
 #include <QWheelEvent>
 
@@ -49,6 +50,24 @@ qreal stepped(qreal zoom, qreal factor)
                : std::clamp(next, VeskCanvas::kMinimumZoom, VeskCanvas::kMaximumZoom);
 }
 
+// How fingers hold the picture: where, and how far apart.
+struct Grip
+{
+    QPointF center;
+    qreal spread = 0; // mean distance from the centre
+};
+
+Grip gripOf(const QList<QTouchEvent::TouchPoint> &points,
+            QPointF (QTouchEvent::TouchPoint::*position)() const)
+{
+    Grip grip;
+    for (const QTouchEvent::TouchPoint &point : points)
+        grip.center += (point.*position)() / points.size();
+    for (const QTouchEvent::TouchPoint &point : points)
+        grip.spread += QLineF(grip.center, (point.*position)()).length() / points.size();
+    return grip;
+}
+
 } // namespace
 
 VeskCanvas::VeskCanvas(QWidget *parent)
@@ -61,11 +80,11 @@ VeskCanvas::VeskCanvas(QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(64, 64);
-#ifndef Q_OS_MACOS // there pinches come as native gestures
-    grabGesture(Qt::PinchGesture);
-#endif
+    setAttribute(Qt::WA_AcceptTouchEvents);
     zoomGlide->setEasingCurve(QEasingCurve::OutCubic);
     connect(zoomGlide, &QVariantAnimation::valueChanged, this, [this](const QVariant &logZoom) {
+        if (zoomGlide->state() != QAbstractAnimation::Running)
+            return; // its start and end are only being set
         view->setZoom(std::exp2(logZoom.toDouble()), glideAnchor, glideFixed);
         viewChanged();
     });
@@ -271,10 +290,12 @@ void VeskCanvas::panBy(const QPointF &widgetDistance)
 
 bool VeskCanvas::event(QEvent *event)
 {
-    if (event->type() == QEvent::Gesture) {
-        auto *gestures = static_cast<QGestureEvent *>(event);
-        if (QGesture *gesture = gestures->gesture(Qt::PinchGesture)) {
-            pinch(*static_cast<QPinchGesture *>(gesture));
+    if (event->type() == QEvent::TouchBegin || event->type() == QEvent::TouchUpdate) {
+        const auto *touch = static_cast<QTouchEvent *>(event);
+        // Trackpads come as wheel and native gestures.
+        if (touch->device()->type() == QTouchDevice::TouchScreen) {
+            followFingers(*touch);
+            event->accept();
             return true;
         }
     }
@@ -288,12 +309,19 @@ bool VeskCanvas::event(QEvent *event)
     return QWidget::event(event);
 }
 
-void VeskCanvas::pinch(const QPinchGesture &gesture)
+// Read from the touch points themselves: the toolkit's pinch gesture counts steps twice.
+void VeskCanvas::followFingers(const QTouchEvent &event)
 {
-    if (gesture.changeFlags() & QPinchGesture::CenterPointChanged)
-        panBy(gesture.centerPoint() - gesture.lastCenterPoint());
-    if (gesture.changeFlags() & QPinchGesture::ScaleFactorChanged)
-        setZoomAt(zoom() * gesture.scaleFactor(), mapFromGlobal(gesture.centerPoint().toPoint()));
+    const Grip before = gripOf(event.touchPoints(), &QTouchEvent::TouchPoint::lastPos);
+    const Grip now = gripOf(event.touchPoints(), &QTouchEvent::TouchPoint::pos);
+    const bool isPinch = before.spread > 0 && now.spread > 0;
+    if (!isPinch && isFitted())
+        return; // nowhere to go
+    zoomGlide->stop();
+    const QPointF held = view->toDocument(toDevice(before.center));
+    view->setZoom(isPinch ? zoom() * now.spread / before.spread : zoom(), toDevice(now.center),
+                  held);
+    viewChanged();
 }
 
 void VeskCanvas::wheelEvent(QWheelEvent *event)

@@ -15,7 +15,7 @@
 
 class CanvasView;
 class PicturePyramid;
-class QPinchGesture;
+class QTouchEvent;
 class QVariantAnimation;
 class VeskContext;
 class VeskSelection;
@@ -24,8 +24,8 @@ struct SourceLayer;
 /// The view of one document: paints its layers over a checkerboard, zooms and pans.
 ///
 /// Mouse: the wheel zooms around the pointer, dragging pans, a double click changes between the
-/// whole document and actual size. Trackpad: two fingers pan, a pinch zooms. Keyboard: the arrow
-/// keys pan.
+/// whole document and actual size. Trackpad: two fingers pan, a pinch zooms. Touch screen: fingers
+/// hold the picture. Keyboard: the arrow keys pan.
 ///
 /// Owned by the editor's window, never by a document. Borrows its context and selection; both
 /// pointers turn null when their object goes away. No context points at the canvas any more once it
@@ -151,7 +151,7 @@ private:
 
     void stepZoom(qreal factor, const QPointF &anchor);
     void glideZoom(qreal factor, const QPointF &anchor);
-    void pinch(const QPinchGesture &gesture);
+    void followFingers(const QTouchEvent &event);
     void panBy(const QPointF &widgetDistance);
     void reportPointer(const QPointF &widgetPosition);
     void updateCursor();

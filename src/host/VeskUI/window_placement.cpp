@@ -4,12 +4,37 @@
 #include <QWidget>
 #include <QWindow>
 
+namespace {
+
+// Another window of the program may have been hidden a moment ago, with none active since.
+QWidget *mainWindow()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (window->isVisible() && window->windowType() == Qt::Window)
+            return window;
+    }
+    return nullptr;
+}
+
+// Two windows that are above each other would send the toolkit round in a circle.
+bool isAbove(const QWindow *upper, const QWindow *lower)
+{
+    while (upper && upper != lower)
+        upper = upper->transientParent();
+    return upper;
+}
+
+} // namespace
+
 QWidget *stayAboveActiveWindow(QWidget &window)
 {
     QWidget *active = QApplication::activeWindow();
     if (!active || active == &window)
+        active = mainWindow();
+    if (!active || !active->windowHandle() || !window.windowHandle() ||
+        isAbove(active->windowHandle(), window.windowHandle()))
         return nullptr;
-    if (window.windowHandle() && active->windowHandle())
-        window.windowHandle()->setTransientParent(active->windowHandle());
+    window.windowHandle()->setTransientParent(active->windowHandle());
     return active;
 }

@@ -2,7 +2,7 @@
 
 class QWidget;
 
-/// Keeps a window without a parent above the program's active window, as if that were its parent.
-/// To be called while window is being shown. Returns the active window (borrowed), null when there
-/// is none or when it is window itself.
+/// Keeps a window without a parent above the program's active window, or above its main window
+/// while none is active, as if that were its parent. To be called while window is being shown.
+/// Returns the window that window now stays above (borrowed), null when there is none.
 QWidget *stayAboveActiveWindow(QWidget &window);

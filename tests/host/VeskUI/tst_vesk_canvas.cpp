@@ -109,6 +109,9 @@ class CanvasTest : public QObject
 {
     Q_OBJECT
 
+private:
+    QTouchDevice *touchScreen = QTest::createTouchDevice();
+
 private slots:
     void paint_actualSize_showsThePixelsAsTheyAre();
     void paint_reduced_showsThePicture();
@@ -127,8 +130,11 @@ private slots:
     void wheel_zoomsAroundThePointer();
     void wheel_withAnimations_glidesToTheSameZoom();
     void wheel_notchesDuringTheGlide_addUp();
+    void wheel_secondGlide_startsWhereTheViewIs();
     void wheel_ofATrackpad_pans();
     void pinch_zoomsAroundTheFingers();
+    void pinch_onATouchScreen_zooms();
+    void finger_onATouchScreen_pans();
     void doubleClick_changesBetweenFitAndActualSize();
     void drag_pansAndStopsAtTheEdges();
     void drag_ofAFittedView_leavesItFitted();
@@ -387,6 +393,21 @@ void CanvasTest::wheel_notchesDuringTheGlide_addUp()
     document.canvas.setStyle(nullptr);
 }
 
+void CanvasTest::wheel_secondGlide_startsWhereTheViewIs()
+{
+    Document document(filled(QSize(4000, 3000), Qt::red));
+    AnimationStyle animations(100);
+    document.canvas.setStyle(&animations);
+    document.canvas.zoomToActualSize();
+    turnWheel(document.canvas, QPoint(200, 150), 3);
+    QTRY_COMPARE(document.canvas.zoom(), 2.0);
+    QSignalSpy changes(&document.canvas, &VeskCanvas::zoomChanged);
+    turnWheel(document.canvas, QPoint(200, 150), 3);
+    QCOMPARE(document.canvas.zoom(), 2.0);
+    QTRY_COMPARE(document.canvas.zoom(), 4.0);
+    document.canvas.setStyle(nullptr);
+}
+
 void CanvasTest::wheel_ofATrackpad_pans()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
@@ -406,6 +427,39 @@ void CanvasTest::pinch_zoomsAroundTheFingers()
     pinch(document.canvas, fingers, 0.5);
     QCOMPARE(document.canvas.zoom(), 1.5);
     QVERIFY((document.canvas.toWidget(before) - fingers).manhattanLength() <= 1);
+}
+
+void CanvasTest::pinch_onATouchScreen_zooms()
+{
+    Document document(filled(QSize(4000, 3000), Qt::red));
+    document.show();
+    document.canvas.zoomToActualSize();
+    QWidget *canvas = &document.canvas;
+    QTest::touchEvent(canvas, touchScreen)
+        .press(0, {180, 150}, canvas)
+        .press(1, {220, 150}, canvas);
+    for (int distance = 30; distance <= 80; distance += 10)
+        QTest::touchEvent(canvas, touchScreen)
+            .move(0, {200 - distance, 150}, canvas)
+            .move(1, {200 + distance, 150}, canvas);
+    QTest::touchEvent(canvas, touchScreen)
+        .release(0, {120, 150}, canvas)
+        .release(1, {280, 150}, canvas);
+    QCOMPARE(document.canvas.zoom(), 4.0);
+}
+
+void CanvasTest::finger_onATouchScreen_pans()
+{
+    Document document(filled(QSize(4000, 3000), Qt::red));
+    document.show();
+    document.canvas.zoomToActualSize();
+    const QPointF before = document.canvas.toDocument(QPointF(0, 0));
+    QWidget *canvas = &document.canvas;
+    QTest::touchEvent(canvas, touchScreen).press(0, {200, 150}, canvas);
+    QTest::touchEvent(canvas, touchScreen).move(0, {170, 130}, canvas);
+    QTest::touchEvent(canvas, touchScreen).release(0, {170, 130}, canvas);
+    QCOMPARE(document.canvas.toDocument(QPointF(0, 0)), before + QPointF(30, 20));
+    QCOMPARE(document.canvas.zoom(), 1.0);
 }
 
 void CanvasTest::doubleClick_changesBetweenFitAndActualSize()

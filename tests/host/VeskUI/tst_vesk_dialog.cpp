@@ -34,6 +34,8 @@ private slots:
     void resizable_hasASizeGripAtTheCorner();
     void maximizeButton_maximizesAndRestores();
     void staysOnTop_isAUtilityWindow();
+    void twoFrames_shownOverEachOther_makeNoCircle();
+    void noActiveWindow_staysAboveTheMainWindow();
 };
 
 namespace {
@@ -268,6 +270,35 @@ void DialogTest::staysOnTop_isAUtilityWindow()
     QVERIFY(QTest::qWaitForWindowActive(&editor));
     utility.show(true);
     QCOMPARE(utility.windowHandle()->transientParent(), editor.windowHandle());
+}
+
+// Each is shown while the other is active; windows that are above each other hang the toolkit.
+void DialogTest::twoFrames_shownOverEachOther_makeNoCircle()
+{
+    VeskDialog first(panel(), kCloseOnly, false, nullptr, true);
+    VeskDialog second(panel(), kCloseOnly, false, nullptr, true);
+    first.show(true);
+    QVERIFY(QTest::qWaitForWindowActive(&first));
+    second.show(true);
+    QVERIFY(QTest::qWaitForWindowActive(&second));
+    QCOMPARE(second.windowHandle()->transientParent(), first.windowHandle());
+    first.hide();
+    first.show(true);
+    QVERIFY(first.windowHandle()->transientParent() != second.windowHandle());
+}
+
+void DialogTest::noActiveWindow_staysAboveTheMainWindow()
+{
+    QWidget editor;
+    editor.setAttribute(Qt::WA_ShowWithoutActivating);
+    editor.setGeometry(100, 100, 500, 400);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+    QApplication::setActiveWindow(nullptr);
+    VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
+    frame.show(true);
+    QCOMPARE(frame.windowHandle()->transientParent(), editor.windowHandle());
+    QVERIFY(editor.frameGeometry().contains(frame.geometry().center()));
 }
 
 QTEST_MAIN(DialogTest)
