@@ -283,6 +283,8 @@ void DialogTest::twoFrames_shownOverEachOther_makeNoCircle()
     QVERIFY(QTest::qWaitForWindowActive(&second));
     QCOMPARE(second.windowHandle()->transientParent(), first.windowHandle());
     first.hide();
+    QApplication::setActiveWindow(&second);
+    QCOMPARE(QApplication::activeWindow(), &second);
     first.show(true);
     QVERIFY(first.windowHandle()->transientParent() != second.windowHandle());
 }
