@@ -8,7 +8,6 @@
 #include <cstring>
 #include <memory>
 
-#include <libexif/exif-data.h>
 #include <libexif/exif-loader.h>
 
 namespace {
@@ -18,12 +17,10 @@ constexpr int kSignatureBytes = sizeof kSignature;
 /// What fits into the one segment that JPEG files have for it.
 constexpr int kLargestBlock = 65533 - kSignatureBytes;
 
-struct Unref
+struct UnrefLoader
 {
-    void operator()(ExifData *data) const { exif_data_unref(data); }
     void operator()(ExifLoader *loader) const { exif_loader_unref(loader); }
 };
-using Data = std::unique_ptr<ExifData, Unref>;
 
 bool isTiff(const QByteArray &start)
 {
@@ -32,7 +29,7 @@ bool isTiff(const QByteArray &start)
 
 QByteArray readFromJpeg(const QString &path)
 {
-    const std::unique_ptr<ExifLoader, Unref> loader(exif_loader_new());
+    const std::unique_ptr<ExifLoader, UnrefLoader> loader(exif_loader_new());
     if (!loader)
         return {};
     exif_loader_write_file(loader.get(), QFile::encodeName(path).constData());
@@ -74,20 +71,6 @@ QByteArray readFromTiff(QFile &file)
     constexpr qint64 kLargest = 1LL << 30;
     file.seek(0);
     return file.size() <= kLargest ? file.readAll() : QByteArray();
-}
-
-Data parse(const QByteArray &block)
-{
-    const QByteArray bytes = QByteArray(kSignature, kSignatureBytes) + block;
-    Data data(exif_data_new());
-    if (!data)
-        return data;
-    // Keep everything as the camera wrote it.
-    exif_data_unset_option(data.get(), EXIF_DATA_OPTION_IGNORE_UNKNOWN_TAGS);
-    exif_data_unset_option(data.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
-    exif_data_load_data(data.get(), reinterpret_cast<const unsigned char *>(bytes.constData()),
-                        static_cast<unsigned>(bytes.size()));
-    return data;
 }
 
 bool isEmpty(const ExifData &data)
@@ -198,6 +181,22 @@ QByteArray serialise(ExifData &data)
 
 } // namespace
 
+exif::Data exif::parse(const QByteArray &block)
+{
+    if (block.isEmpty())
+        return nullptr;
+    const QByteArray bytes = QByteArray(kSignature, kSignatureBytes) + block;
+    Data data(exif_data_new());
+    if (!data)
+        return data;
+    // Keep everything as the camera wrote it.
+    exif_data_unset_option(data.get(), EXIF_DATA_OPTION_IGNORE_UNKNOWN_TAGS);
+    exif_data_unset_option(data.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
+    exif_data_load_data(data.get(), reinterpret_cast<const unsigned char *>(bytes.constData()),
+                        static_cast<unsigned>(bytes.size()));
+    return data;
+}
+
 QByteArray exif::read(const QString &path)
 {
     QFile file(path);
@@ -213,8 +212,6 @@ QByteArray exif::read(const QString &path)
 
 QByteArray exif::forMergedPicture(const QByteArray &block, QSize size)
 {
-    if (block.isEmpty())
-        return {};
     const Data data = parse(block);
     if (!data || isEmpty(*data))
         return {};

@@ -1,4 +1,5 @@
 #include "encoders.h"
+#include "tiff_exif.h"
 
 #include <memory>
 #include <vector>
@@ -62,6 +63,7 @@ void setTags(TIFF *tiff, const QImage &picture, const PictureMetadata &metadata)
     TIFFSetField(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_CENTIMETER);
     TIFFSetField(tiff, TIFFTAG_XRESOLUTION, picture.dotsPerMeterX() / kCentimetresPerMetre);
     TIFFSetField(tiff, TIFFTAG_YRESOLUTION, picture.dotsPerMeterY() / kCentimetresPerMetre);
+    tiff_exif::setTexts(tiff, metadata.exif);
     if (!metadata.colourProfile.isEmpty())
         TIFFSetField(tiff, TIFFTAG_ICCPROFILE, static_cast<uint32_t>(metadata.colourProfile.size()),
                      metadata.colourProfile.constData());
@@ -98,7 +100,8 @@ QString encodeTiff(const QImage &picture, const PictureMetadata &metadata, QIODe
     const Tiff tiff = openTiff(device);
     if (tiff) {
         setTags(tiff.get(), picture, metadata);
-        if (writeRows(tiff.get(), picture, progress) && TIFFWriteDirectory(tiff.get()))
+        if (writeRows(tiff.get(), picture, progress) && TIFFWriteDirectory(tiff.get()) &&
+            tiff_exif::appendDirectories(tiff.get(), metadata.exif))
             return {};
     }
     return QStringLiteral("the TIFF file could not be written");
