@@ -93,12 +93,14 @@ std::array<Fact, 13> factsOf(const Device &device)
     }};
 }
 
-/// Captions that begin alike must not be cut.
-void widenCaptionColumn(QTableWidget &table)
+/// Captions must not be cut, they begin alike. Compact rows show all facts at once, in a font of
+/// usual size.
+void fitTable(QTableWidget &table)
 {
     const int usualWidth = table.columnWidth(0);
     table.resizeColumnToContents(0);
     table.setColumnWidth(0, std::max(usualWidth, table.columnWidth(0)));
+    table.verticalHeader()->setDefaultSectionSize(table.verticalHeader()->minimumSectionSize());
 }
 
 } // namespace
@@ -125,7 +127,7 @@ VeskOpenCLDeviceSelection::VeskOpenCLDeviceSelection(QWidget *parent)
     }
     ui.deviceCombo->setCurrentIndex(currentIndex);
     updateDeviceTable(ui.deviceCombo->currentText());
-    widenCaptionColumn(*ui.deviceInfoTable);
+    fitTable(*ui.deviceInfoTable);
 
     // Connected last, so that the table has been filled exactly once.
     connect(ui.deviceCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,

@@ -36,6 +36,9 @@ bool photograph(QWidget &window, const QString &file)
     if (QWidget *focused = window.focusWidget()) {
         focused->clearFocus();
     }
+    if (!QTest::qWaitForWindowExposed(&window)) {
+        return false;
+    }
     window.activateWindow();
     return QTest::qWaitForWindowActive(&window) && window.grab().save(file);
 }
