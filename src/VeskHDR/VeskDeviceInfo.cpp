@@ -128,6 +128,34 @@ void VeskDeviceInfo::readCurrentDeviceName()
         currentDeviceName = devices.isEmpty() ? QString() : devices.first().name;
 }
 
+void VeskDeviceInfo::getCPUInfo()
+{
+}
+
+void VeskDeviceInfo::getMemoryInfo()
+{
+}
+
+QString VeskDeviceInfo::getOpenCLPlatform() const
+{
+    return platformName;
+}
+
+QString VeskDeviceInfo::getOpenCLVersion() const
+{
+    return platformVersion;
+}
+
+bool VeskDeviceInfo::isOpenCLCapable() const
+{
+    return !devices.isEmpty();
+}
+
+QList<VeskDeviceInfo::OpenCLDevice> VeskDeviceInfo::getOpenCLDeviceList() const
+{
+    return devices;
+}
+
 void VeskDeviceInfo::setCurrentOpenCLDeviceName(const QString &name)
 {
     currentDeviceName = name;

@@ -49,16 +49,16 @@ public:
     static VeskDeviceInfo *getInstance();
 
     /// Reserved for facts of the processor and the memory; do nothing.
-    void getCPUInfo() {}
-    void getMemoryInfo() {}
+    void getCPUInfo();
+    void getMemoryInfo();
 
     /// Name and version of the platform.
-    QString getOpenCLPlatform() const { return platformName; }
-    QString getOpenCLVersion() const { return platformVersion; }
+    QString getOpenCLPlatform() const;
+    QString getOpenCLVersion() const;
 
     /// True when there is a device to choose.
-    bool isOpenCLCapable() const { return !devices.isEmpty(); }
-    QList<OpenCLDevice> getOpenCLDeviceList() const { return devices; }
+    bool isOpenCLCapable() const;
+    QList<OpenCLDevice> getOpenCLDeviceList() const;
 
     /// Makes name current, whether or not there is such a device, and writes it to the settings.
     void setCurrentOpenCLDeviceName(const QString &name);
