@@ -24,7 +24,7 @@ float weightOf(uint4 pixel)
 
 // The quotient rounded to nearest and then truncated, as the processor does it: a quotient that is
 // less than half a unit in the last place below a whole number becomes that number.
-// sum / weight must lie in 0..255.5, weight in 0.5..16.
+// sum / weight must lie in 0..255.5, and weight be 0.5 or more.
 uchar truncatedQuotient(float sum, float weight)
 {
     const int candidate = max((int)(sum / weight + 0.5f), 1);
@@ -53,6 +53,7 @@ __kernel void simpleHDRoclKerneluchar(__global uchar4 *merged, __global const uc
         sum += convert_float4(pixel) * weight;
         weightSum += weight;
     }
-    merged[index] = (uchar4)(truncatedQuotient(sum.x, weightSum), truncatedQuotient(sum.y, weightSum),
-                             truncatedQuotient(sum.z, weightSum), 255);
+    merged[index] =
+        (uchar4)(truncatedQuotient(sum.x, weightSum), truncatedQuotient(sum.y, weightSum),
+                 truncatedQuotient(sum.z, weightSum), 255);
 }

@@ -2,12 +2,14 @@
 
 #include "VeskDeviceInfo.h"
 #include "exposure_merge.h"
+#include "merge_weights.h"
 #include "vesk_endecode_tool.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
 
 #include <algorithm>
+#include <cmath>
 #include <ctime>
 #include <memory>
 #include <random>
@@ -329,6 +331,17 @@ private slots:
         const int width = static_cast<int>(pictures[0].size()) / 10;
         const Pixels expected = mergeOnProcessor(pictures, width, 10);
         QVERIFY(mergeOnCurrentDevice(pictures, width, 10).result == expected);
+    }
+
+    /// The program has the weights of the machine that built it. They are those of every C library
+    /// whose exponential function is correctly rounded for the few arguments there are.
+    void storedWeights_areTheCorrectlyRoundedOnes()
+    {
+        for (QRgb color : allPairs()) {
+            const float distance = static_cast<float>(QColor(color).lightnessF()) - 0.5F;
+            const auto exponent = static_cast<long double>(-distance * distance);
+            QVERIFY(weights::of(color) == static_cast<float>(std::exp(exponent)));
+        }
     }
 
     void merge_makesItsCallsInOrder_data()

@@ -81,7 +81,7 @@ private slots:
         const Run list = runReal(words("devices --json"));
         hasDriver = !list.json().value(QLatin1String("devices")).toArray().isEmpty();
         QVERIFY(folder.isValid());
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 6; ++i) { // one more than the tool takes
             QImage picture(300, 200, QImage::Format_RGB32);
             for (int y = 0; y < picture.height(); ++y)
                 for (int x = 0; x < picture.width(); ++x)
