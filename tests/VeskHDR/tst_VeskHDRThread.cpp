@@ -218,6 +218,7 @@ private slots:
     void run_rowsWithPaddingOnDevice_mergeLikePackedOnes();
     void run_differentSizesOnDevice_areNotCheckedAndMergeInTheFirstOnesSize();
     void run_deviceThatFails_leavesOpaqueBlackAndCountsAsSuccess();
+    void run_rowsWiderThanTheDevicesBand_leaveOpaqueBlack();
     void run_sixPicturesOnDevice_failAndAreKept();
     void run_closeEvent_overtakesEverythingPosted();
     void run_closeEvent_comesAfterTheResults();
@@ -565,6 +566,19 @@ void TestVeskHDRThread::run_deviceThatFails_leavesOpaqueBlackAndCountsAsSuccess(
     QImage black(bracket().constFirst().size(), QImage::Format_RGB32);
     black.fill(Qt::black);
     QCOMPARE(*resultOf(worker), black);
+}
+
+void TestVeskHDRThread::run_rowsWiderThanTheDevicesBand_leaveOpaqueBlack()
+{
+    QImage wide(2097153, 1, QImage::Format_RGB32);
+    wide.fill(Qt::white);
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, newPictures({wide, wide, wide, wide, wide}), dialog, true, false);
+    runBehind(dialog, worker);
+    QVERIFY(!worker.isFailed());
+    wide.fill(Qt::black);
+    QCOMPARE(*resultOf(worker), wide);
 }
 
 void TestVeskHDRThread::run_sixPicturesOnDevice_failAndAreKept()
