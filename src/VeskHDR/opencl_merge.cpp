@@ -178,8 +178,9 @@ char *LoadProgSource(const char *fileName, const char *preamble, size_t *length)
     VeskEnDecodeTool::VeskGetMM(key);
     VeskEnDecodeTool::DES_Decrypt(cipherText, key, text);
 
+    // The byte behind the text is zero: OpenCL takes the length of an empty text for "look for it".
     const QByteArray latin = text.toLatin1();
-    auto program = std::make_unique<char[]>(static_cast<size_t>(latin.size()));
+    auto program = std::make_unique<char[]>(static_cast<size_t>(latin.size()) + 1);
     std::copy(latin.begin(), latin.end(), program.get());
     *length = static_cast<size_t>(latin.size());
     return program.release();

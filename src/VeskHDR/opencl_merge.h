@@ -9,9 +9,9 @@
 
 /// The deciphered text of an OpenCL program that the host's key enciphered.
 /// fileName: a file or resource path. preamble: not used.
-/// Returns a new array that the caller frees with delete[], without a terminating zero, and its
-/// length in bytes; null, with length unchanged, when the file cannot be opened. A text that cannot
-/// be deciphered is empty. Any thread, reentrant.
+/// Returns a new array that the caller frees with delete[], and the text's length in bytes, in
+/// which no terminating zero is counted; null, with length unchanged, when the file cannot be
+/// opened. A text that cannot be deciphered is empty. Any thread, reentrant.
 VESKHDR_EXPORT char *LoadProgSource(const char *fileName, const char *preamble, size_t *length);
 
 /// Merges pictures on the current device of VeskDeviceInfo, band by band, to the same pixels as

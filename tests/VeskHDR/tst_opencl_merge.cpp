@@ -551,6 +551,18 @@ private slots:
         QCOMPARE(load(cipherText), QByteArray());
     }
 
+    void loadProgSource_damagedFile_givesAnEmptyTextThatADriverCanRead()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open() && file.write("no cipher text") > 0 && file.flush());
+        size_t length = 42;
+        const std::unique_ptr<char[]> text(
+            LoadProgSource(QFile::encodeName(file.fileName()).constData(), "", &length));
+        QVERIFY(text);
+        QCOMPARE(length, size_t(0));
+        QCOMPARE(text[0], '\0'); // where a driver looks for the end
+    }
+
     void loadProgSource_missingFile_givesNullAndKeepsTheLength()
     {
         size_t length = 42;
