@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <csignal>
+
 namespace {
 
 /// Texts without a translation stay as they are.
@@ -33,6 +35,8 @@ void nameEditor()
 
 void setUpEditor(QApplication &application)
 {
+    // A file size limit is an ordinary error when saving, no reason to end with unsaved work.
+    std::signal(SIGXFSZ, SIG_IGN);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/vesk/vesk.svg")));
     const QString language = VeskGlobalSettings::getInstance()->language();
     if (language.isEmpty())

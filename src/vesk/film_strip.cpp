@@ -1,4 +1,5 @@
 #include "film_strip.h"
+#include "film_strip_delegate.h"
 #include "film_strip_model.h"
 
 #include <QKeyEvent>
@@ -11,7 +12,7 @@
 namespace {
 
 constexpr QSize kIconSize(120, 84);
-constexpr QSize kCellMargin(12, 8);
+constexpr QSize kCellMargin(16, 10);
 
 } // namespace
 
@@ -20,6 +21,7 @@ FilmStrip::FilmStrip(QWidget *parent)
     , pictures(new FilmStripModel(this))
 {
     setModel(pictures);
+    setItemDelegate(new FilmStripDelegate(this));
     setViewMode(QListView::IconMode);
     setFlow(QListView::LeftToRight);
     setWrapping(false);
@@ -28,7 +30,6 @@ FilmStrip::FilmStrip(QWidget *parent)
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setTextElideMode(Qt::ElideMiddle);
     setIconSize(kIconSize);
     setGridSize(kIconSize + kCellMargin + QSize(0, fontMetrics().height() + 4));
     setContextMenuPolicy(Qt::ActionsContextMenu);

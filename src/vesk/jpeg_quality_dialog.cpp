@@ -40,7 +40,7 @@ JpegQualityDialog::JpegQualityDialog(int quality, QWidget *parent)
     grid->addWidget(slider, 0, 1);
     grid->addWidget(number, 0, 2);
     auto *ends = new QLabel(tr("Low values give small files, high ones keep more detail. "
-                               "95 cannot be told from the original by eye."));
+                               "From about 95 on, losses are hard to see."));
     ends->setWordWrap(true);
     grid->addWidget(ends, 1, 0, 1, 3);
     grid->addWidget(buttons, 2, 0, 1, 3);
