@@ -1,0 +1,258 @@
+// The program as its user meets it: a real window, the mouse and the keyboard, real files.
+
+#include "editor_session.h"
+#include "small_disk.h"
+#include "test_pictures.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+const QString kMerged = QStringLiteral("^Untitled Document\\* — Vesk$");
+const QString kPanel = QStringLiteral("^Merge to HDR");
+const QString kSaveAs = QStringLiteral("^Save As");
+const QString kNotSaved = QStringLiteral("^Not Saved");
+const QString kUnsaved = QStringLiteral("^Unsaved Changes");
+
+/// What the command-line program makes of the same pictures.
+QImage mergedByCommandLine(const QStringList &paths, const QString &output)
+{
+    QProcess program;
+    program.start(qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr"),
+                  QStringList{QStringLiteral("merge")} + paths +
+                      QStringList{QStringLiteral("--force"), QStringLiteral("-o"), output});
+    program.waitForFinished();
+    return QImage(output).convertToFormat(QImage::Format_RGB32);
+}
+
+/// From the pictures that the film strip has selected to the merged, unsaved document.
+void merge(EditorSession &editor, const QString &window)
+{
+    QVERIFY(editor.press(window, {QStringLiteral("ctrl+shift+h")}));
+    QVERIFY(editor.waitForWindow(kPanel));
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+            // OK is enabled as soon as the tool has taken the pictures over.
+            editor.click(kPanel, -50, 57);
+            return !editor.hasWindow(kPanel);
+        },
+        30000));
+    const QString done = QStringLiteral("^loaded");
+    QVERIFY(editor.waitForWindow(done));
+    QVERIFY(editor.press(done, {QStringLiteral("Return")}));
+    QVERIFY(editor.waitForWindow(kMerged));
+}
+
+/// Answers the Save As dialog.
+void chooseName(EditorSession &editor, const QString &path)
+{
+    QVERIFY(editor.waitForWindow(kSaveAs));
+    QVERIFY(editor.press(kSaveAs, {QStringLiteral("ctrl+a")}));
+    QVERIFY(editor.type(kSaveAs, path));
+    QVERIFY(editor.press(kSaveAs, {QStringLiteral("Return")}));
+    QVERIFY(editor.waitUntilGone(kSaveAs));
+}
+
+void saveMergedAs(EditorSession &editor, const QString &path)
+{
+    QVERIFY(editor.press(kMerged, {QStringLiteral("ctrl+s")}));
+    chooseName(editor, path);
+}
+
+void quit(EditorSession &editor)
+{
+    QVERIFY(editor.press(QStringLiteral("Vesk$"), {QStringLiteral("ctrl+q")}));
+    QCOMPARE(editor.exitCode(), 0);
+}
+
+QString windowOf(const QString &path)
+{
+    return QStringLiteral("^%1 — Vesk$").arg(QFileInfo(path).fileName());
+}
+
+} // namespace
+
+class EditorEndToEndTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void openFiveMergeSave_equalsTheCommandLine();
+    void damagedFile_isNamedAndTheOthersOpen();
+    void fullDisk_saveFailsThenSucceedsElsewhere();
+    void readOnlyFolder_saveFailsThenSucceedsElsewhere();
+    void quitWithUnsavedMerge_asksAndCancelKeepsIt();
+    void versionWithoutDisplay_isAnswered();
+
+private:
+    void mergeBracket();
+    void failToSaveIn(const QString &folder);
+    void saveElsewhereAndQuit();
+
+    std::unique_ptr<EditorSession> editor;
+    std::unique_ptr<TestPictures> pictures;
+    QStringList bracket;
+    QImage expected;
+};
+
+void EditorEndToEndTest::init()
+{
+    editor = std::make_unique<EditorSession>();
+    const QString problem = editor->startDisplay();
+    if (!problem.isEmpty())
+        QSKIP(qPrintable(problem));
+    pictures = std::make_unique<TestPictures>();
+    bracket = pictures->addBracket(5);
+    QTemporaryDir other;
+    expected = mergedByCommandLine(bracket, other.filePath(QStringLiteral("expected.png")));
+    QVERIFY(!expected.isNull());
+}
+
+void EditorEndToEndTest::cleanup()
+{
+    if (QTest::currentTestFailed())
+        qWarning("%s", qPrintable(editor->output()));
+    editor.reset();
+    pictures.reset();
+}
+
+void EditorEndToEndTest::openFiveMergeSave_equalsTheCommandLine()
+{
+    const QString start = QStringLiteral("^Vesk$");
+    const QString open = QStringLiteral("^Open Pictures");
+    QVERIFY(editor->launch({}));
+    QVERIFY(editor->press(start, {QStringLiteral("ctrl+o")}));
+    QVERIFY(editor->waitForWindow(open));
+    QVERIFY(editor->type(open, QLatin1Char('"') + bracket.join(QLatin1String("\" \"")) +
+                                   QLatin1Char('"')));
+    QVERIFY(editor->press(open, {QStringLiteral("Return")}));
+    QVERIFY(editor->waitForWindow(windowOf(bracket.constLast())));
+
+    merge(*editor, windowOf(bracket.constLast()));
+    if (QTest::currentTestFailed())
+        return;
+    const QString result = pictures->path(QStringLiteral("result.png"));
+    saveMergedAs(*editor, result);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(editor->waitForWindow(windowOf(result)));
+    QCOMPARE(QImage(result).convertToFormat(QImage::Format_RGB32), expected);
+    quit(*editor);
+}
+
+void EditorEndToEndTest::damagedFile_isNamedAndTheOthersOpen()
+{
+    const QString damaged = pictures->addDamaged(QStringLiteral("half.png"));
+    QVERIFY(editor->launch({damaged, bracket.first()}));
+    const QString box = QStringLiteral("^Not Opened");
+    QVERIFY(editor->waitForWindow(box));
+    QVERIFY(editor->hasWindow(windowOf(bracket.first())));
+    // It blocks nothing: the next file opens behind it.
+    QVERIFY(editor->press(windowOf(bracket.first()), {QStringLiteral("ctrl+w")}));
+    QVERIFY(editor->waitForWindow(QStringLiteral("^Vesk$")));
+    QVERIFY(editor->hasWindow(box));
+    QVERIFY(editor->press(box, {QStringLiteral("Escape")}));
+    QVERIFY(editor->waitUntilGone(box));
+    quit(*editor);
+}
+
+void EditorEndToEndTest::mergeBracket()
+{
+    QVERIFY(editor->launch(bracket));
+    QVERIFY(editor->waitForWindow(windowOf(bracket.constLast())));
+    merge(*editor, windowOf(bracket.constLast()));
+}
+
+void EditorEndToEndTest::failToSaveIn(const QString &folder)
+{
+    saveMergedAs(*editor, folder + QStringLiteral("/result.png"));
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(editor->waitForWindow(kNotSaved));
+    QVERIFY(editor->press(kNotSaved, {QStringLiteral("Escape")}));
+    QVERIFY(editor->waitUntilGone(kNotSaved));
+    QVERIFY(editor->hasWindow(kMerged));
+}
+
+void EditorEndToEndTest::saveElsewhereAndQuit()
+{
+    const QString result = pictures->path(QStringLiteral("elsewhere.png"));
+    saveMergedAs(*editor, result);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(editor->waitForWindow(windowOf(result)));
+    QCOMPARE(QImage(result).convertToFormat(QImage::Format_RGB32), expected);
+    quit(*editor);
+}
+
+void EditorEndToEndTest::fullDisk_saveFailsThenSucceedsElsewhere()
+{
+    const SmallDisk disk(QStringLiteral("size=8k"));
+    if (!disk.isMounted())
+        QSKIP("no disk can be mounted here");
+    mergeBracket();
+    if (QTest::currentTestFailed())
+        return;
+    failToSaveIn(disk.path());
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(QDir(disk.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    saveElsewhereAndQuit();
+}
+
+void EditorEndToEndTest::readOnlyFolder_saveFailsThenSucceedsElsewhere()
+{
+    SmallDisk disk(QStringLiteral("size=1m"));
+    if (!disk.makeReadOnly())
+        QSKIP("no disk can be mounted here");
+    mergeBracket();
+    if (QTest::currentTestFailed())
+        return;
+    failToSaveIn(disk.path());
+    if (QTest::currentTestFailed())
+        return;
+    saveElsewhereAndQuit();
+}
+
+void EditorEndToEndTest::quitWithUnsavedMerge_asksAndCancelKeepsIt()
+{
+    mergeBracket();
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(editor->press(kMerged, {QStringLiteral("ctrl+q")}));
+    QVERIFY(editor->waitForWindow(kUnsaved));
+    QVERIFY(editor->press(kUnsaved, {QStringLiteral("Escape")}));
+    QVERIFY(editor->waitUntilGone(kUnsaved));
+    QVERIFY(editor->isRunning());
+
+    QVERIFY(editor->press(kMerged, {QStringLiteral("ctrl+q")}));
+    QVERIFY(editor->waitForWindow(kUnsaved));
+    QVERIFY(editor->press(kUnsaved, {QStringLiteral("Return")})); // Save is the default
+    const QString result = pictures->path(QStringLiteral("saved_on_quit.png"));
+    chooseName(*editor, result);
+    QCOMPARE(editor->exitCode(), 0);
+    QCOMPARE(QImage(result).convertToFormat(QImage::Format_RGB32), expected);
+}
+
+void EditorEndToEndTest::versionWithoutDisplay_isAnswered()
+{
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    program.setProcessEnvironment(environment);
+    program.start(qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/vesk"),
+                  {QStringLiteral("--version")});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(program.readAllStandardOutput(), QByteArray("vesk 1.0.0\n"));
+}
+
+QTEST_GUILESS_MAIN(EditorEndToEndTest)
+#include "tst_editor_end_to_end.moc"
