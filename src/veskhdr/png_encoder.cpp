@@ -11,8 +11,9 @@
 namespace {
 
 // libdeflate compresses the rows, the PNG library writes everything around them. On a merged
-// photograph of 12 megapixels this pair takes a third of the time of the PNG library's own fastest
-// level and gives a smaller file; level 2 would take twice as long for 2 % less.
+// photograph of 12 megapixels (processor time on one core) filtering and compressing take
+// 76 + 255 ms and give 14.1 MB; zlib at its fastest level takes 640 ms for 14.8 MB in place of the
+// 255. libdeflate's level 2 takes 470 ms for 13.8 MB.
 constexpr int kCompressionLevel = 1;
 constexpr png_byte kAverageFilter = 3;
 constexpr size_t kPixelBytes = 3;
