@@ -84,7 +84,8 @@ bool isEmpty(const ExifData &data)
 
 void remove(ExifContent *content, ExifTag tag)
 {
-    if (ExifEntry *entry = exif_content_get_entry(content, tag))
+    // A damaged block can hold a tag more than once.
+    while (ExifEntry *entry = exif_content_get_entry(content, tag))
         exif_content_remove_entry(content, entry);
 }
 
@@ -138,8 +139,9 @@ ExifEntry *newEntry(ExifContent *content, ExifTag tag)
         return nullptr;
     exif_content_add_entry(content, entry);
     exif_entry_initialize(entry, tag);
-    exif_entry_unref(entry); // now the content's
-    return entry->data ? entry : nullptr;
+    const bool isUsable = entry->parent == content && entry->data;
+    exif_entry_unref(entry); // the content's from now on, if it took it
+    return isUsable ? entry : nullptr;
 }
 
 void setShort(ExifContent *content, ExifTag tag, int value, ExifByteOrder order)

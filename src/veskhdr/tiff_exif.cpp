@@ -113,7 +113,9 @@ bool appendDirectory(TIFF *tiff, int (*create)(TIFF *), const ExifContent &conte
     if (create(tiff) != 0)
         return false;
     setFields(tiff, content, order);
-    return TIFFWriteCustomDirectory(tiff, &offset) == 1;
+    const bool isWritten = TIFFWriteCustomDirectory(tiff, &offset) == 1;
+    TIFFFreeDirectory(tiff); // making the next one would only forget this one
+    return isWritten;
 }
 
 } // namespace
