@@ -1,6 +1,7 @@
 #include "VeskToolHDR.h"
 
 #include "VeskToolHDRWidget.h"
+#include "dng_writer.h"
 #include "message_box_answerer.h"
 #include "recording_host.h"
 #include "resident_memory.h"
@@ -102,6 +103,7 @@ private slots:
     void addFile_samePathTwice_keepsOneEntryWithTheNewPicture();
     void addFile_withoutSuffix_isRecognisedByContent();
     void addFile_refreshesThePanelOnceAsItsLastAction();
+    void addFile_rawFile_isAddedAsTheEditorConvertsIt();
     void addFile_raw_convertsBetweenStoppingAndStartingTheCanvasTimer();
     void addFile_rawCancelled_leavesTheTimerStoppedAndTheSetUnchanged();
     void addFile_rawWithoutCanvas_isAdded();
@@ -539,6 +541,23 @@ void TestVeskToolHDR::addFile_refreshesThePanelOnceAsItsLastAction()
         QStringLiteral("about null|Alert|%1 is not a valid image!").arg(missing),
     };
     QCOMPARE(host.calls(), expected);
+}
+
+void TestVeskToolHDR::addFile_rawFile_isAddedAsTheEditorConvertsIt()
+{
+    ToolSession session;
+    DngRecipe recipe;
+    recipe.orientation = 6;
+    recipe.scene = [](int x, int y, int channel) { return (x + 2 * y + channel) / 256.0; };
+    const QString path = session.path(QStringLiteral("a.dng"));
+    QVERIFY(writeDng(path, recipe));
+    const QImage converted = VeskRaw::convert(path).picture;
+    QVERIFY(converted.height() > converted.width());
+    MessageBoxAnswerer boxes;
+    QVERIFY(session.tool->addFile(path));
+    QVERIFY(boxes.shown().isEmpty());
+    QCOMPARE(*session.tool->imageList().constFirst(), converted);
+    QVERIFY(session.canvas->isCanvasTimerActive());
 }
 
 void TestVeskToolHDR::addFile_raw_convertsBetweenStoppingAndStartingTheCanvasTimer()
