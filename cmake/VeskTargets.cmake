@@ -49,3 +49,14 @@ function(vesk_add_library name)
     $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vesk>)
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 1)
 endfunction()
+
+# Installs a library with the headers that its users include, and exports it to find_package.
+#
+# vesk_install_library(name header...)
+function(vesk_install_library name)
+  install(TARGETS ${name} EXPORT VeskHDRTargets
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
+  install(FILES ${ARGN} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/vesk" COMPONENT development)
+endfunction()
