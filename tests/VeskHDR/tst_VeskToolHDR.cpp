@@ -71,7 +71,7 @@ private slots:
     void metaObject_isAnInsideToolWithoutMembersOfItsOwn();
     void construction_fillsTheIdentity();
     void construction_makesAHiddenFrameAroundThePanel();
-    void construction_mergesAlignedOnTheDeviceAndHoldsNothing();
+    void construction_holdsNothingAndTakesAnySize();
     void event_anyEvent_returnsTrue();
     void getWidget_isNull();
     void isActive_returnsTheFlagOfTheBase();
@@ -163,9 +163,8 @@ void TestVeskToolHDR::construction_makesAHiddenFrameAroundThePanel()
     QVERIFY(!session.button("okBtn")->isEnabled());
 }
 
-void TestVeskToolHDR::construction_mergesAlignedOnTheDeviceAndHoldsNothing()
+void TestVeskToolHDR::construction_holdsNothingAndTakesAnySize()
 {
-    // What the flags do is seen in the merge; here only that any size is taken at first.
     const ToolSession session;
     QVERIFY(session.tool->fileList().isEmpty());
     QVERIFY(session.tool->imageList().isEmpty());

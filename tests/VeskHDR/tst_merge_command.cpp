@@ -1,5 +1,6 @@
 #include "VeskToolHDR.h"
 
+#include "VeskDeviceInfo.h"
 #include "VeskToolHDRWidget.h"
 #include "exposure_merge.h"
 #include "message_box_answerer.h"
@@ -115,7 +116,7 @@ private slots:
     void apply_success_removesTheOldDocumentAndDeletesItLater();
     void apply_success_mergesWhatTheFlagsSay_data();
     void apply_success_mergesWhatTheFlagsSay();
-    void apply_freshTool_aligns();
+    void apply_freshTool_alignsAndMergesOnTheDevice();
     void apply_success_callsTheEditorInOrder();
     void apply_histogram_isRefreshedOnlyWhenVisible_data();
     void apply_histogram_isRefreshedOnlyWhenVisible();
@@ -220,13 +221,24 @@ void TestMergeCommand::apply_success_mergesWhatTheFlagsSay()
     QCOMPARE(mergedPicture(), mergedByHand(paths, align));
 }
 
-void TestMergeCommand::apply_freshTool_aligns()
+void TestMergeCommand::apply_freshTool_alignsAndMergesOnTheDevice()
 {
+    // A device that is not there tells the two ways of merging apart: it leaves black.
+    VeskDeviceInfo *devices = VeskDeviceInfo::getInstance();
+    const QString device = devices->getCurrentOpenCLDeviceName();
+    devices->setCurrentOpenCLDeviceName(QStringLiteral("no such device"));
     ToolSession session;
     const QStringList paths = session.writePictures(3, kSize);
+    MessageBoxAnswerer boxes;
+    session.tool->addFiles(paths);
+    session.tool->apply();
+    devices->setCurrentOpenCLDeviceName(device);
+    QImage black(kSize, QImage::Format_RGB32);
+    black.fill(Qt::black);
+    QCOMPARE(mergedPicture(), black);
+
     session.tool->addFiles(paths);
     session.tool->setCuda(false);
-    MessageBoxAnswerer boxes;
     session.tool->apply();
     QCOMPARE(mergedPicture(), mergedByHand(paths, true));
 }
