@@ -1,8 +1,6 @@
 #include "VeskDeviceInfo.h"
 
-#include "vesk_global_settings.h"
-
-#include <QSettings>
+#include "vesk_settings_file.h"
 
 #include <algorithm>
 #include <array>
@@ -122,8 +120,7 @@ void VeskDeviceInfo::getOpenCLInfo()
 /// A corrected or defaulted name stays in memory until the user chooses a device.
 void VeskDeviceInfo::readCurrentDeviceName()
 {
-    const QSettings settings(VeskGlobalSettings::configFilePath(), QSettings::IniFormat);
-    currentDeviceName = settings.value(deviceKey(), QString()).toString();
+    currentDeviceName = VeskSettingsFile::value(deviceKey(), QString()).toString();
     if (!currentDevice())
         currentDeviceName = devices.isEmpty() ? QString() : devices.first().name;
 }
@@ -159,8 +156,7 @@ QList<VeskDeviceInfo::OpenCLDevice> VeskDeviceInfo::getOpenCLDeviceList() const
 void VeskDeviceInfo::setCurrentOpenCLDeviceName(const QString &name)
 {
     currentDeviceName = name;
-    QSettings settings(VeskGlobalSettings::configFilePath(), QSettings::IniFormat);
-    settings.setValue(deviceKey(), name);
+    VeskSettingsFile::setValue(deviceKey(), name);
 }
 
 QString VeskDeviceInfo::getCurrentOpenCLDeviceName()

@@ -1,10 +1,9 @@
 #include "tool_translator.h"
 
-#include "vesk_global_settings.h"
+#include "vesk_settings_file.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QSettings>
 #include <QTranslator>
 
 #include <memory>
@@ -34,8 +33,7 @@ bool keepCatalogue(QTranslator &translator)
 
 void installToolTranslator()
 {
-    const QSettings settings(VeskGlobalSettings::configFilePath(), QSettings::IniFormat);
-    const QString language = settings.value(QStringLiteral("language")).toString();
+    const QString language = VeskSettingsFile::value(QStringLiteral("language")).toString();
     auto translator = std::make_unique<QTranslator>();
     if (loadCatalogue(*translator, language) && keepCatalogue(*translator))
         QCoreApplication::installTranslator(translator.release());

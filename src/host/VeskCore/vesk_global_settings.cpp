@@ -1,7 +1,8 @@
 #include "vesk_global_settings.h"
 
+#include "vesk_settings_file.h"
+
 #include <QPointer>
-#include <QSettings>
 #include <QStandardPaths>
 
 namespace {
@@ -62,16 +63,10 @@ void VeskGlobalSettings::setLanguage(const QString &localeName)
 
 QVariant VeskGlobalSettings::value(const QString &key, const QVariant &defaultValue) const
 {
-    // Opened anew each time: QSettings shares the parsed file within the process, and the path
-    // follows the application's name.
-    return QSettings(configFilePath(), QSettings::IniFormat).value(key, defaultValue);
+    return VeskSettingsFile::value(key, defaultValue);
 }
 
 void VeskGlobalSettings::setValue(const QString &key, const QVariant &value)
 {
-    QSettings settings(configFilePath(), QSettings::IniFormat);
-    if (value.isValid())
-        settings.setValue(key, value);
-    else
-        settings.remove(key);
+    VeskSettingsFile::setValue(key, value);
 }

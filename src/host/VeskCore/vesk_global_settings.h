@@ -8,7 +8,7 @@
 
 /// The editor's settings, kept in the INI file that the tools share. Every read sees what was last
 /// written by anybody in the process; every write is on its way to the file at once. A missing or
-/// damaged file reads as defaults. GUI thread, except configFilePath.
+/// damaged file reads as defaults; see VeskSettingsFile. GUI thread, except configFilePath.
 class VESKCORE_EXPORT VeskGlobalSettings : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     /// Read by the tools and the editor at their next start.
     void setLanguage(const QString &localeName);
 
-    /// Any other key, in the notation of QSettings.
+    /// Any other key, in the notation of QSettings, with a value that VeskSettingsFile takes.
     QVariant value(const QString &key, const QVariant &defaultValue = {}) const;
     /// An invalid value removes the key.
     void setValue(const QString &key, const QVariant &value);
