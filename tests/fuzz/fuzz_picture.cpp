@@ -1,0 +1,53 @@
+// A file that claims to be a picture: all decoders of the process, and the metadata reader.
+
+#include "exif_metadata.h"
+#include "fuzz_require.h"
+#include "fuzz_target.h"
+#include "input_file.h"
+#include "library_messages.h"
+#include "picture_decoder.h"
+
+#include <QGuiApplication>
+
+namespace {
+
+constexpr qint64 kPixelLimit = 1000 * 1000;
+
+/// Reads every pixel, the way the merge does.
+void requireReadable(const QImage &picture)
+{
+    FUZZ_REQUIRE(qint64(picture.width()) * picture.height() <= kPixelLimit);
+    const QImage words = picture.convertToFormat(QImage::Format_ARGB32);
+    FUZZ_REQUIRE(words.size() == picture.size());
+    for (int y = 0; y < words.height(); ++y)
+        qChecksum(reinterpret_cast<const char *>(words.constScanLine(y)), uint(4 * words.width()));
+    if (picture.format() == QImage::Format_Indexed8) {
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                FUZZ_REQUIRE(picture.pixelIndex(x, y) < picture.colorCount());
+    }
+}
+
+} // namespace
+
+int LLVMFuzzerInitialize(int *argc, char ***argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    silenceImageLibraries();
+    new QGuiApplication(*argc, *argv);
+    return 0;
+}
+
+int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    const InputFile file(data, size);
+    const DecodedPicture decoded = decodePicture(file.path(), kPixelLimit);
+    FUZZ_REQUIRE(decoded.image.isNull() == (decoded.error != DecodeError::None));
+    FUZZ_REQUIRE(decoded.image.isNull() != decoded.reason.isEmpty());
+    if (!decoded.image.isNull())
+        requireReadable(decoded.image);
+    const QByteArray block = exif::read(file.path());
+    const QByteArray kept = exif::forMergedPicture(block, QSize(3, 2));
+    FUZZ_REQUIRE(!block.isEmpty() || kept.isEmpty());
+    return 0;
+}
