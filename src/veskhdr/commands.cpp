@@ -2,6 +2,7 @@
 
 #include "console.h"
 #include "devices_command.h"
+#include "group_command.h"
 #include "merge_command.h"
 
 #include <algorithm>
@@ -20,6 +21,7 @@ struct Command
 constexpr std::array kCommands = {
     Command{"merge", "Merge pictures of one scene into one", runMerge, mergeHelp},
     Command{"devices", "List or check the OpenCL devices", runDevices, devicesHelp},
+    Command{"group", "Find the brackets in a folder", runGroup, groupHelp},
 };
 
 QString programHelp()

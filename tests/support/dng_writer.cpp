@@ -28,7 +28,7 @@ void append(QByteArray &bytes, T value)
     bytes.append(reinterpret_cast<const char *>(&little), sizeof little);
 }
 
-/// One directory of a little-endian TIFF file with the pixels behind it.
+/// The fields of one directory of a little-endian TIFF file.
 class TiffBuilder
 {
 public:
@@ -67,37 +67,27 @@ public:
         add(tag, type, static_cast<int>(values.size()), data);
     }
 
-    QByteArray build(const QByteArray &pixels)
+    /// The whole file: header, this directory, its exposure directory if there is one, pixels.
+    QByteArray build(const QByteArray &pixels, TiffBuilder *exposure = nullptr)
     {
-        longs(273, {0}); // strip offset, known only below
-        std::sort(fields.begin(), fields.end(),
-                  [](const Field &a, const Field &b) { return a.tag < b.tag; });
-        const int directorySize = 2 + 12 * static_cast<int>(fields.size()) + 4;
-        QByteArray outside; // values that do not fit into the directory
-        const int outsideStart = 8 + directorySize;
-        int pixelStart = outsideStart;
-        for (const Field &field : fields)
-            if (field.data.size() > 4)
-                pixelStart += evenSize(field.data);
+        constexpr int kHeaderBytes = 8;
+        constexpr int kStripOffsets = 273;
+        constexpr int kExposureDirectory = 34665;
+        longs(kStripOffsets, {0}); // both known only when all fields are there
+        if (exposure)
+            longs(kExposureDirectory, {0});
+        const int exposureStart = kHeaderBytes + byteCount();
+        const int pixelStart = exposureStart + (exposure ? exposure->byteCount() : 0);
+        setLong(kStripOffsets, pixelStart);
+        if (exposure)
+            setLong(kExposureDirectory, exposureStart);
 
         QByteArray file("II*\0", 4);
-        append<std::uint32_t>(file, 8);
-        append(file, static_cast<std::uint16_t>(fields.size()));
-        for (const Field &field : fields) {
-            append(file, field.tag);
-            append(file, static_cast<std::uint16_t>(field.type));
-            append(file, static_cast<std::uint32_t>(field.count));
-            if (field.tag == 273) {
-                append(file, static_cast<std::uint32_t>(pixelStart));
-            } else if (field.data.size() <= 4) {
-                file += field.data.leftJustified(4, '\0');
-            } else {
-                append(file, static_cast<std::uint32_t>(outsideStart + outside.size()));
-                outside += field.data.leftJustified(evenSize(field.data), '\0');
-            }
-        }
-        append<std::uint32_t>(file, 0);
-        return file + outside + pixels;
+        append<std::uint32_t>(file, kHeaderBytes);
+        file += directoryAt(kHeaderBytes);
+        if (exposure)
+            file += exposure->directoryAt(exposureStart);
+        return file + pixels;
     }
 
 private:
@@ -110,6 +100,47 @@ private:
     };
 
     static int evenSize(const QByteArray &data) { return (data.size() + 1) / 2 * 2; }
+
+    int entryBytes() const { return 2 + 12 * static_cast<int>(fields.size()) + 4; }
+
+    /// With the values that do not fit into the entries.
+    int byteCount() const
+    {
+        int bytes = entryBytes();
+        for (const Field &field : fields)
+            bytes += field.data.size() > 4 ? evenSize(field.data) : 0;
+        return bytes;
+    }
+
+    QByteArray directoryAt(int start)
+    {
+        std::sort(fields.begin(), fields.end(),
+                  [](const Field &a, const Field &b) { return a.tag < b.tag; });
+        QByteArray entries;
+        QByteArray outside; // values that do not fit into the entries
+        append(entries, static_cast<std::uint16_t>(fields.size()));
+        for (const Field &field : fields) {
+            append(entries, field.tag);
+            append(entries, static_cast<std::uint16_t>(field.type));
+            append(entries, static_cast<std::uint32_t>(field.count));
+            if (field.data.size() <= 4) {
+                entries += field.data.leftJustified(4, '\0');
+            } else {
+                append(entries, static_cast<std::uint32_t>(start + entryBytes() + outside.size()));
+                outside += field.data.leftJustified(evenSize(field.data), '\0');
+            }
+        }
+        append<std::uint32_t>(entries, 0); // no directory follows
+        return entries + outside;
+    }
+
+    void setLong(std::uint16_t tag, int value)
+    {
+        for (Field &field : fields) {
+            if (field.tag == tag)
+                qToLittleEndian(static_cast<std::uint32_t>(value), field.data.data());
+        }
+    }
 
     void add(std::uint16_t tag, FieldType type, int count, const QByteArray &data)
     {
@@ -169,7 +200,15 @@ QByteArray dngFile(const DngRecipe &recipe)
         tiff.rationals(50728, Rational, {recipe.neutralRed, 1.0, recipe.neutralBlue});
         tiff.shorts(50778, {21}); // daylight, 6500 K
     }
-    return tiff.build(pixels);
+    if (recipe.takenAt.isEmpty())
+        return tiff.build(pixels);
+    TiffBuilder exposure;
+    exposure.rationals(33434, Rational, {recipe.exposureSeconds});
+    exposure.rationals(33437, Rational, {8.0}); // f-number
+    exposure.shorts(34855, {100});              // sensitivity
+    exposure.text(36867, recipe.takenAt);
+    exposure.rationals(37380, SRational, {recipe.exposureBias});
+    return tiff.build(pixels, &exposure);
 }
 
 bool writeDng(const QString &path, const DngRecipe &recipe)

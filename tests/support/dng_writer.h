@@ -25,6 +25,10 @@ struct DngRecipe
     QByteArray model = "Test Camera";
     /// Without it the file is an ordinary TIFF with a mosaic's tags.
     bool dngVersion = true;
+    /// "2026:06:21 12:00:00"; "" leaves all data of the exposure out.
+    QByteArray takenAt = "";
+    double exposureSeconds = 0.01;
+    double exposureBias = 0.0;
 };
 
 /// The file's bytes; the pixels stand at its end.

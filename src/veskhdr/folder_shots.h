@@ -1,0 +1,21 @@
+#pragma once
+
+#include "shot.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+struct FolderRules
+{
+    bool preferRaw = false; ///< of a picture that was recorded both raw and developed
+};
+
+/// Reads the pictures that lie in a folder, not those in folders below it. Hidden files and files
+/// that are no pictures are passed over. Of pictures that belong together one is taken: of a raw
+/// file and a developed file with the same base name, and of an original and the edited copies
+/// beside it (the same exposure, and a name that goes on where the original's ends).
+/// leftOut is told the path and the reason of each picture that cannot be part of a bracket.
+std::vector<Shot> readFolder(const QString &folder, const FolderRules &rules,
+                             const std::function<void(const QString &, const QString &)> &leftOut);

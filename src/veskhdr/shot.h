@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDateTime>
+#include <QSize>
+#include <QString>
+
+#include <optional>
+
+/// What a camera noted about one picture, as far as brackets are found by it.
+struct Shot
+{
+    QString path;
+    QString model;
+    QDateTime
+        takenAt; ///< the camera's clock, as UTC so that no hour is skipped; to the millisecond
+    QSize size;  ///< pixels as they are shown, upright
+    int orientation = 1;                ///< EXIF's number, 1 to 8
+    std::optional<double> exposureBias; ///< stops
+    double exposureSeconds = 0;         ///< 0 when not known
+    double fNumber = 0;                 ///< 0 when not known
+    int iso = 0;                        ///< 0 when not known
+
+    /// Light that the sensor took, in stops on a scale that all pictures share; nothing when a part
+    /// of it is not known.
+    std::optional<double> exposureStops() const;
+};
+
+/// A shot, or why a file cannot be part of a bracket, in words.
+struct ShotReading
+{
+    Shot shot;
+    QString problem; ///< empty on success
+};
+
+/// Reads a picture's header: EXIF data of JPEG, PNG and TIFF files, and camera raw files through
+/// the raw library. The pixels are not decoded. Any thread, reentrant.
+ShotReading readShot(const QString &path);

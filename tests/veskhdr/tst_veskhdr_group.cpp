@@ -1,0 +1,367 @@
+#include "dng_writer.h"
+#include "exposure_data.h"
+#include "program_run.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QDateTime kNoon(QDate(2026, 6, 21), QTime(12, 0), Qt::UTC);
+
+QByteArray encodedPicture(const char *format, QSize size)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::gray);
+    QByteArray file;
+    QBuffer buffer(&file);
+    buffer.open(QIODevice::WriteOnly);
+    return picture.save(&buffer, format) ? file : QByteArray();
+}
+
+/// A folder as photographers have them.
+class PhotoFolder
+{
+public:
+    QString path(const QString &name = {}) const { return folder.filePath(name); }
+
+    void write(const QString &name, const QByteArray &bytes) const
+    {
+        QDir(folder.path()).mkpath(QFileInfo(name).path());
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), qint64(bytes.size()));
+    }
+
+    void writeShot(const QString &name, double bias, double seconds, QSize size = {6, 4}) const
+    {
+        sample::ExposureData exposure;
+        exposure.stops = bias;
+        exposure.exposureTime = std::exp2(bias - 6);
+        exposure.takenAt = kNoon.addMSecs(qRound64(seconds * 1000));
+        const char *format = name.endsWith(QLatin1String(".png")) ? "png" : "jpg";
+        write(name,
+              sample::withExif(encodedPicture(format, size), sample::exifBlock(exposure, size)));
+    }
+
+    void writeRaw(const QString &name, double bias, int second) const
+    {
+        DngRecipe recipe;
+        recipe.orientation = 6;
+        recipe.takenAt = "2026:06:21 12:00:0" + QByteArray::number(second);
+        recipe.exposureBias = bias;
+        recipe.exposureSeconds = std::exp2(bias - 6);
+        QVERIFY(writeDng(path(name), recipe));
+    }
+
+    ProgramRun group(QStringList words = {}) const
+    {
+        return runProgramIn(folder.path(),
+                            QStringList("group") + words + QStringList(folder.path()));
+    }
+
+private:
+    QTemporaryDir folder;
+};
+
+QList<QJsonObject> bracketsOf(const ProgramRun &run)
+{
+    QList<QJsonObject> brackets;
+    for (const QByteArray &line : linesOf(run.output))
+        brackets += QJsonDocument::fromJson(line).object();
+    return brackets;
+}
+
+QStringList namesOf(const QJsonObject &bracket)
+{
+    QStringList names;
+    for (const QJsonValue &picture : bracket.value("pictures").toArray())
+        names += QFileInfo(picture.toString()).fileName();
+    return names;
+}
+
+} // namespace
+
+class TestGroup : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void bracket_tellsWhatTheCameraNoted();
+    void turnedPictures_areMeasuredUpright();
+    void bracketsAndSingles_areToldApart();
+    void pictureWithoutExif_isNamedAndLeftOut();
+    void filesThatAreNoPictures_arePassedOver();
+    void hiddenFiles_arePassedOver();
+    void damagedExif_isNamedAndLeftOut();
+    void rawAndDeveloped_giveTheDevelopedFiles();
+    void rawAndDeveloped_withRaw_giveTheRawFiles();
+    void rawFilesAlone_areGrouped();
+    void editedCopies_areNamedAndLeftOut();
+    void folderBelow_isSearchedWhenAskedFor();
+    void paths_areAbsoluteAndKeepTheirLetters();
+    void gapAndMinimum_areHonoured();
+    void emptyFolder_givesNothing();
+    void missingFolder_isNamedAndOthersAreSearched();
+    void wrongOptions_areRefused_data();
+    void wrongOptions_areRefused();
+    void realPhotographs_setByHand_areOneBracket();
+};
+
+void TestGroup::bracket_tellsWhatTheCameraNoted()
+{
+    const PhotoFolder photos;
+    photos.writeShot("a.jpg", -2, 0.125);
+    photos.writeShot("b.jpg", 0, 0.5);
+    photos.writeShot("c.png", 2, 1);
+    const ProgramRun run = photos.group();
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(bracketsOf(run).size(), 1);
+    const QJsonObject expected{
+        {"pictures", QJsonArray{photos.path("a.jpg"), photos.path("b.jpg"), photos.path("c.png")}},
+        {"exposureBias", QJsonArray{-2, 0, 2}},
+        {"exposureTime", QJsonArray{1.0 / 256, 1.0 / 64, 1.0 / 16}},
+        {"takenAt", "2026-06-21T12:00:00.125"},
+        {"width", 6},
+        {"height", 4},
+        {"orientation", 1},
+        {"model", "Vesk Sample Camera"},
+    };
+    QCOMPARE(bracketsOf(run)[0], expected);
+}
+
+void TestGroup::turnedPictures_areMeasuredUpright()
+{
+    const QByteArray asItIs = QByteArray::fromHex("120103000100000001");
+    const QByteArray quarterTurned = QByteArray::fromHex("120103000100000006");
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i) {
+        sample::ExposureData exposure;
+        exposure.stops = 2 * i - 2;
+        exposure.takenAt = kNoon.addSecs(i);
+        QByteArray block = sample::exifBlock(exposure, {6, 4});
+        QCOMPARE(block.count(asItIs), 1);
+        block.replace(asItIs, quarterTurned);
+        photos.write(QString::number(i) + ".jpg",
+                     sample::withExif(encodedPicture("jpg", {6, 4}), block));
+    }
+    const QList<QJsonObject> brackets = bracketsOf(photos.group());
+    QCOMPARE(brackets.size(), 1);
+    QCOMPARE(brackets[0].value("orientation").toInt(), 6);
+    QCOMPARE(brackets[0].value("width").toInt(), 4);
+    QCOMPARE(brackets[0].value("height").toInt(), 6);
+}
+
+void TestGroup::bracketsAndSingles_areToldApart()
+{
+    const PhotoFolder photos;
+    photos.writeShot("IMG_1.jpg", 0, 0);
+    for (int i = 0; i < 3; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i + 2), 2 * i - 2, 60 + i * 0.3);
+    photos.writeShot("IMG_5.jpg", 0, 62);
+    for (int i = 0; i < 5; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i + 6), i - 2, 90 + i * 0.3);
+    const QList<QJsonObject> brackets = bracketsOf(photos.group());
+    QCOMPARE(brackets.size(), 2);
+    QCOMPARE(namesOf(brackets[0]), QStringList({"IMG_2.jpg", "IMG_3.jpg", "IMG_4.jpg"}));
+    QCOMPARE(namesOf(brackets[1]),
+             QStringList({"IMG_6.jpg", "IMG_7.jpg", "IMG_8.jpg", "IMG_9.jpg", "IMG_10.jpg"}));
+}
+
+void TestGroup::pictureWithoutExif_isNamedAndLeftOut()
+{
+    const PhotoFolder photos;
+    photos.write("scan.png", encodedPicture("png", {6, 4}));
+    const ProgramRun run = photos.group();
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray());
+    QCOMPARE(linesOf(run.errors).size(), 1);
+    QVERIFY(run.errors.startsWith("veskhdr: " + photos.path("scan.png").toUtf8() + ": left out"));
+}
+
+void TestGroup::filesThatAreNoPictures_arePassedOver()
+{
+    const PhotoFolder photos;
+    photos.write("notes.txt", "sunny");
+    photos.write("IMG_1.xmp", "<x:xmpmeta xmlns:x='adobe:ns:meta/'/>");
+    photos.write("IMG_1.MOV", QByteArray::fromHex("00000014667479707174202000000000") + "qt  ");
+    const ProgramRun run = photos.group();
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.output, QByteArray());
+}
+
+void TestGroup::hiddenFiles_arePassedOver()
+{
+    const PhotoFolder photos;
+    photos.write("._IMG_1.jpg", "resource fork");
+    QCOMPARE(photos.group().errors, QByteArray());
+}
+
+void TestGroup::damagedExif_isNamedAndLeftOut()
+{
+    const PhotoFolder photos;
+    sample::ExposureData exposure;
+    exposure.takenAt = kNoon;
+    QByteArray block = sample::exifBlock(exposure, {6, 4});
+    for (int i = 20; i < block.size(); ++i)
+        block[i] = char(0xFF);
+    photos.write("a.jpg", sample::withExif(encodedPicture("jpg", {6, 4}), block));
+    const ProgramRun run = photos.group();
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.errors.contains("a.jpg: left out"));
+}
+
+void TestGroup::rawAndDeveloped_giveTheDevelopedFiles()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i) {
+        photos.writeRaw(QString("IMG_%1.DNG").arg(i), 2 * i - 2, i);
+        photos.writeShot(QString("IMG_%1.JPG").arg(i), 2 * i - 2, i);
+    }
+    const ProgramRun run = photos.group();
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(bracketsOf(run).size(), 1);
+    QCOMPARE(namesOf(bracketsOf(run)[0]), QStringList({"IMG_0.JPG", "IMG_1.JPG", "IMG_2.JPG"}));
+}
+
+void TestGroup::rawAndDeveloped_withRaw_giveTheRawFiles()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i) {
+        photos.writeRaw(QString("IMG_%1.DNG").arg(i), 2 * i - 2, i);
+        photos.writeShot(QString("img_%1.jpg").arg(i), 2 * i - 2, i);
+    }
+    const QList<QJsonObject> brackets = bracketsOf(photos.group({"--raw"}));
+    QCOMPARE(brackets.size(), 1);
+    QCOMPARE(namesOf(brackets[0]), QStringList({"IMG_0.DNG", "IMG_1.DNG", "IMG_2.DNG"}));
+}
+
+void TestGroup::rawFilesAlone_areGrouped()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i)
+        photos.writeRaw(QString("IMG_%1.DNG").arg(i), 2 * i - 2, i);
+    const ProgramRun run = photos.group();
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(bracketsOf(run).size(), 1);
+    const QJsonObject bracket = bracketsOf(run)[0];
+    QCOMPARE(bracket.value("exposureBias").toArray(), QJsonArray({-2, 0, 2}));
+    QCOMPARE(bracket.value("takenAt").toString(), QString("2026-06-21T12:00:00.000"));
+    QCOMPARE(bracket.value("model").toString(), QString("Test Camera"));
+    // Taken upright: 64 x 48 on the sensor.
+    QCOMPARE(bracket.value("orientation").toInt(), 6);
+    QCOMPARE(bracket.value("width").toInt(), 48);
+    QCOMPARE(bracket.value("height").toInt(), 64);
+}
+
+void TestGroup::editedCopies_areNamedAndLeftOut()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i), 2 * i - 2, i);
+    photos.writeShot("IMG_0_merged.jpg", -2, 0);
+    photos.writeShot("IMG_1-edited.jpg", 0, 1, {3, 2});
+    photos.writeShot("IMG_2.png", 2, 2);
+    const ProgramRun run = photos.group();
+    QCOMPARE(bracketsOf(run).size(), 1);
+    QCOMPARE(namesOf(bracketsOf(run)[0]), QStringList({"IMG_0.jpg", "IMG_1.jpg", "IMG_2.jpg"}));
+    QCOMPARE(linesOf(run.errors).size(), 3);
+    QVERIFY(run.errors.contains("IMG_0_merged.jpg: left out, it is a copy of "));
+}
+
+void TestGroup::folderBelow_isSearchedWhenAskedFor()
+{
+    const PhotoFolder photos;
+    for (const char *day : {"", "day 1/", "day 2/"}) {
+        for (int i = 0; i < 3; ++i)
+            photos.writeShot(QString("%1IMG_%2.jpg").arg(day).arg(i), 2 * i - 2, i);
+    }
+    QCOMPARE(bracketsOf(photos.group()).size(), 1);
+    const QList<QJsonObject> brackets = bracketsOf(photos.group({"--recursive"}));
+    QCOMPARE(brackets.size(), 3);
+    QCOMPARE(brackets[2].value("pictures").toArray()[0].toString(), photos.path("day 2/IMG_0.jpg"));
+}
+
+void TestGroup::paths_areAbsoluteAndKeepTheirLetters()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i)
+        photos.writeShot(QString::fromUtf8("Köln/a \"%1\" 'x'.jpg").arg(i), 2 * i - 2, i);
+    const ProgramRun run = runProgramIn(photos.path(), {"group", QString::fromUtf8("Köln")});
+    QCOMPARE(bracketsOf(run).size(), 1);
+    QCOMPARE(bracketsOf(run)[0].value("pictures").toArray()[1].toString(),
+             QDir(photos.path()).canonicalPath() + QString::fromUtf8("/Köln/a \"1\" 'x'.jpg"));
+}
+
+void TestGroup::gapAndMinimum_areHonoured()
+{
+    const PhotoFolder photos;
+    photos.writeShot("a.jpg", -1, 0);
+    photos.writeShot("b.jpg", 1, 8);
+    QCOMPARE(bracketsOf(photos.group({"--min", "2"})).size(), 0);
+    QCOMPARE(bracketsOf(photos.group({"--gap", "8"})).size(), 0);
+    QCOMPARE(bracketsOf(photos.group({"--gap", "8", "--min", "2"})).size(), 1);
+}
+
+void TestGroup::emptyFolder_givesNothing()
+{
+    const ProgramRun run = PhotoFolder().group();
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray());
+    QCOMPARE(run.errors, QByteArray());
+}
+
+void TestGroup::missingFolder_isNamedAndOthersAreSearched()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i), 2 * i - 2, i);
+    const ProgramRun run = photos.group({"nowhere", photos.path("IMG_0.jpg")});
+    QCOMPARE(run.exitCode, 66);
+    QCOMPARE(bracketsOf(run).size(), 1);
+    QCOMPARE(linesOf(run.errors).size(), 2);
+    QVERIFY(run.errors.startsWith("veskhdr: nowhere: "));
+}
+
+void TestGroup::wrongOptions_areRefused_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::newRow("no folder") << QStringList({"group"});
+    QTest::newRow("unknown option") << QStringList({"group", "--fast", "."});
+    QTest::newRow("gap is no number") << QStringList({"group", "--gap", "soon", "."});
+    QTest::newRow("negative gap") << QStringList({"group", "--gap", "-1", "."});
+    QTest::newRow("one picture") << QStringList({"group", "--min", "1", "."});
+}
+
+void TestGroup::wrongOptions_areRefused()
+{
+    QFETCH(const QStringList, words);
+    const PhotoFolder photos;
+    const ProgramRun run = runProgramIn(photos.path(), words);
+    QCOMPARE(run.exitCode, 64);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY(run.errors.startsWith("veskhdr: group: "));
+    QCOMPARE(linesOf(run.errors).size(), 1);
+}
+
+void TestGroup::realPhotographs_setByHand_areOneBracket()
+{
+    const QString pictures = qEnvironmentVariable("VESK_TEST_PICTURES");
+    if (!QFileInfo::exists(pictures + "/IMG_3871.jpeg"))
+        QSKIP("there are no photographs here");
+    // The exposure was set by hand between the shots, with the time alone.
+    const QList<QJsonObject> brackets =
+        bracketsOf(runProgramIn({}, {"group", "--gap", "30", pictures}));
+    QCOMPARE(brackets.size(), 1);
+    QCOMPARE(namesOf(brackets[0]), QStringList({"IMG_3871.jpeg", "IMG_3872.jpeg", "IMG_3873.jpeg",
+                                                "IMG_3874.jpeg", "IMG_3875.jpeg"}));
+}
+
+QTEST_GUILESS_MAIN(TestGroup)
+#include "tst_veskhdr_group.moc"
