@@ -1,6 +1,8 @@
 #include <vesk_filter_container.h>
 
+#include <QCheckBox>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -12,6 +14,7 @@ private slots:
     void isModeless();
     void panelFlow_hidesBothAndShowsBothAgain();
     void closeButton_onlyHides();
+    void enter_pressesNoButtonOfThePanel();
     void panelFlags_areDroppedInsideTheFrame();
 };
 
@@ -54,6 +57,24 @@ void FilterContainerTest::closeButton_onlyHides()
     QVERIFY(panel);
     frame.show(true);
     QVERIFY(panel->isVisible());
+}
+
+void FilterContainerTest::enter_pressesNoButtonOfThePanel()
+{
+    auto *panel = new QWidget;
+    auto *column = new QVBoxLayout(panel);
+    auto *button = new QPushButton(panel);
+    auto *box = new QCheckBox(panel);
+    column->addWidget(button);
+    column->addWidget(box);
+    VeskFilterContainer frame(panel, VeskTitleWidget::CloseButtonOnly, false, nullptr, true);
+    frame.show(true);
+    QVERIFY(QTest::qWaitForWindowActive(&frame));
+    box->setFocus();
+    QSignalSpy clicked(button, &QPushButton::clicked);
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(clicked.count(), 0);
+    QVERIFY(frame.isVisible());
 }
 
 void FilterContainerTest::panelFlags_areDroppedInsideTheFrame()
