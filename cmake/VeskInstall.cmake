@@ -11,4 +11,6 @@ install(FILES "${CMAKE_BINARY_DIR}/VeskHDRConfig.cmake" "${CMAKE_BINARY_DIR}/Ves
   DESTINATION "${package_dir}" COMPONENT development)
 install(EXPORT VeskHDRTargets NAMESPACE Vesk:: DESTINATION "${package_dir}" COMPONENT development)
 
+install(PROGRAMS examples/batch/merge-bracket examples/batch/merge-brackets.sbatch
+  DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples" COMPONENT runtime)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT runtime)

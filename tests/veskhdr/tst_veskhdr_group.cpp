@@ -1,73 +1,18 @@
-#include "dng_writer.h"
 #include "exposure_data.h"
+#include "photo_folder.h"
 #include "program_run.h"
 
-#include <QBuffer>
-#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
-const QDateTime kNoon(QDate(2026, 6, 21), QTime(12, 0), Qt::UTC);
-
-QByteArray encodedPicture(const char *format, QSize size)
+ProgramRun groupIn(const PhotoFolder &photos, const QStringList &options = {})
 {
-    QImage picture(size, QImage::Format_RGB32);
-    picture.fill(Qt::gray);
-    QByteArray file;
-    QBuffer buffer(&file);
-    buffer.open(QIODevice::WriteOnly);
-    return picture.save(&buffer, format) ? file : QByteArray();
+    return runProgramIn(photos.path(), QStringList("group") + options + QStringList(photos.path()));
 }
-
-/// A folder as photographers have them.
-class PhotoFolder
-{
-public:
-    QString path(const QString &name = {}) const { return folder.filePath(name); }
-
-    void write(const QString &name, const QByteArray &bytes) const
-    {
-        QDir(folder.path()).mkpath(QFileInfo(name).path());
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), qint64(bytes.size()));
-    }
-
-    void writeShot(const QString &name, double bias, double seconds, QSize size = {6, 4}) const
-    {
-        sample::ExposureData exposure;
-        exposure.stops = bias;
-        exposure.exposureTime = std::exp2(bias - 6);
-        exposure.takenAt = kNoon.addMSecs(qRound64(seconds * 1000));
-        const char *format = name.endsWith(QLatin1String(".png")) ? "png" : "jpg";
-        write(name,
-              sample::withExif(encodedPicture(format, size), sample::exifBlock(exposure, size)));
-    }
-
-    void writeRaw(const QString &name, double bias, int second) const
-    {
-        DngRecipe recipe;
-        recipe.orientation = 6;
-        recipe.takenAt = "2026:06:21 12:00:0" + QByteArray::number(second);
-        recipe.exposureBias = bias;
-        recipe.exposureSeconds = std::exp2(bias - 6);
-        QVERIFY(writeDng(path(name), recipe));
-    }
-
-    ProgramRun group(QStringList words = {}) const
-    {
-        return runProgramIn(folder.path(),
-                            QStringList("group") + words + QStringList(folder.path()));
-    }
-
-private:
-    QTemporaryDir folder;
-};
 
 QList<QJsonObject> bracketsOf(const ProgramRun &run)
 {
@@ -119,7 +64,7 @@ void TestGroup::bracket_tellsWhatTheCameraNoted()
     photos.writeShot("a.jpg", -2, 0.125);
     photos.writeShot("b.jpg", 0, 0.5);
     photos.writeShot("c.png", 2, 1);
-    const ProgramRun run = photos.group();
+    const ProgramRun run = groupIn(photos);
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(bracketsOf(run).size(), 1);
@@ -144,14 +89,14 @@ void TestGroup::turnedPictures_areMeasuredUpright()
     for (int i = 0; i < 3; ++i) {
         sample::ExposureData exposure;
         exposure.stops = 2 * i - 2;
-        exposure.takenAt = kNoon.addSecs(i);
+        exposure.takenAt = PhotoFolder::noon().addSecs(i);
         QByteArray block = sample::exifBlock(exposure, {6, 4});
         QCOMPARE(block.count(asItIs), 1);
         block.replace(asItIs, quarterTurned);
         photos.write(QString::number(i) + ".jpg",
                      sample::withExif(encodedPicture("jpg", {6, 4}), block));
     }
-    const QList<QJsonObject> brackets = bracketsOf(photos.group());
+    const QList<QJsonObject> brackets = bracketsOf(groupIn(photos));
     QCOMPARE(brackets.size(), 1);
     QCOMPARE(brackets[0].value("orientation").toInt(), 6);
     QCOMPARE(brackets[0].value("width").toInt(), 4);
@@ -167,7 +112,7 @@ void TestGroup::bracketsAndSingles_areToldApart()
     photos.writeShot("IMG_5.jpg", 0, 62);
     for (int i = 0; i < 5; ++i)
         photos.writeShot(QString("IMG_%1.jpg").arg(i + 6), i - 2, 90 + i * 0.3);
-    const QList<QJsonObject> brackets = bracketsOf(photos.group());
+    const QList<QJsonObject> brackets = bracketsOf(groupIn(photos));
     QCOMPARE(brackets.size(), 2);
     QCOMPARE(namesOf(brackets[0]), QStringList({"IMG_2.jpg", "IMG_3.jpg", "IMG_4.jpg"}));
     QCOMPARE(namesOf(brackets[1]),
@@ -178,7 +123,7 @@ void TestGroup::pictureWithoutExif_isNamedAndLeftOut()
 {
     const PhotoFolder photos;
     photos.write("scan.png", encodedPicture("png", {6, 4}));
-    const ProgramRun run = photos.group();
+    const ProgramRun run = groupIn(photos);
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
     QCOMPARE(linesOf(run.errors).size(), 1);
@@ -191,7 +136,7 @@ void TestGroup::filesThatAreNoPictures_arePassedOver()
     photos.write("notes.txt", "sunny");
     photos.write("IMG_1.xmp", "<x:xmpmeta xmlns:x='adobe:ns:meta/'/>");
     photos.write("IMG_1.MOV", QByteArray::fromHex("00000014667479707174202000000000") + "qt  ");
-    const ProgramRun run = photos.group();
+    const ProgramRun run = groupIn(photos);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.output, QByteArray());
 }
@@ -200,19 +145,19 @@ void TestGroup::hiddenFiles_arePassedOver()
 {
     const PhotoFolder photos;
     photos.write("._IMG_1.jpg", "resource fork");
-    QCOMPARE(photos.group().errors, QByteArray());
+    QCOMPARE(groupIn(photos).errors, QByteArray());
 }
 
 void TestGroup::damagedExif_isNamedAndLeftOut()
 {
     const PhotoFolder photos;
     sample::ExposureData exposure;
-    exposure.takenAt = kNoon;
+    exposure.takenAt = PhotoFolder::noon();
     QByteArray block = sample::exifBlock(exposure, {6, 4});
     for (int i = 20; i < block.size(); ++i)
         block[i] = char(0xFF);
     photos.write("a.jpg", sample::withExif(encodedPicture("jpg", {6, 4}), block));
-    const ProgramRun run = photos.group();
+    const ProgramRun run = groupIn(photos);
     QCOMPARE(run.exitCode, 0);
     QVERIFY(run.errors.contains("a.jpg: left out"));
 }
@@ -224,7 +169,7 @@ void TestGroup::rawAndDeveloped_giveTheDevelopedFiles()
         photos.writeRaw(QString("IMG_%1.DNG").arg(i), 2 * i - 2, i);
         photos.writeShot(QString("IMG_%1.JPG").arg(i), 2 * i - 2, i);
     }
-    const ProgramRun run = photos.group();
+    const ProgramRun run = groupIn(photos);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(bracketsOf(run).size(), 1);
     QCOMPARE(namesOf(bracketsOf(run)[0]), QStringList({"IMG_0.JPG", "IMG_1.JPG", "IMG_2.JPG"}));
@@ -237,7 +182,7 @@ void TestGroup::rawAndDeveloped_withRaw_giveTheRawFiles()
         photos.writeRaw(QString("IMG_%1.DNG").arg(i), 2 * i - 2, i);
         photos.writeShot(QString("img_%1.jpg").arg(i), 2 * i - 2, i);
     }
-    const QList<QJsonObject> brackets = bracketsOf(photos.group({"--raw"}));
+    const QList<QJsonObject> brackets = bracketsOf(groupIn(photos, {"--raw"}));
     QCOMPARE(brackets.size(), 1);
     QCOMPARE(namesOf(brackets[0]), QStringList({"IMG_0.DNG", "IMG_1.DNG", "IMG_2.DNG"}));
 }
@@ -247,7 +192,7 @@ void TestGroup::rawFilesAlone_areGrouped()
     const PhotoFolder photos;
     for (int i = 0; i < 3; ++i)
         photos.writeRaw(QString("IMG_%1.DNG").arg(i), 2 * i - 2, i);
-    const ProgramRun run = photos.group();
+    const ProgramRun run = groupIn(photos);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(bracketsOf(run).size(), 1);
     const QJsonObject bracket = bracketsOf(run)[0];
@@ -268,7 +213,7 @@ void TestGroup::editedCopies_areNamedAndLeftOut()
     photos.writeShot("IMG_0_merged.jpg", -2, 0);
     photos.writeShot("IMG_1-edited.jpg", 0, 1, {3, 2});
     photos.writeShot("IMG_2.png", 2, 2);
-    const ProgramRun run = photos.group();
+    const ProgramRun run = groupIn(photos);
     QCOMPARE(bracketsOf(run).size(), 1);
     QCOMPARE(namesOf(bracketsOf(run)[0]), QStringList({"IMG_0.jpg", "IMG_1.jpg", "IMG_2.jpg"}));
     QCOMPARE(linesOf(run.errors).size(), 3);
@@ -282,8 +227,8 @@ void TestGroup::folderBelow_isSearchedWhenAskedFor()
         for (int i = 0; i < 3; ++i)
             photos.writeShot(QString("%1IMG_%2.jpg").arg(day).arg(i), 2 * i - 2, i);
     }
-    QCOMPARE(bracketsOf(photos.group()).size(), 1);
-    const QList<QJsonObject> brackets = bracketsOf(photos.group({"--recursive"}));
+    QCOMPARE(bracketsOf(groupIn(photos)).size(), 1);
+    const QList<QJsonObject> brackets = bracketsOf(groupIn(photos, {"--recursive"}));
     QCOMPARE(brackets.size(), 3);
     QCOMPARE(brackets[2].value("pictures").toArray()[0].toString(), photos.path("day 2/IMG_0.jpg"));
 }
@@ -304,14 +249,14 @@ void TestGroup::gapAndMinimum_areHonoured()
     const PhotoFolder photos;
     photos.writeShot("a.jpg", -1, 0);
     photos.writeShot("b.jpg", 1, 8);
-    QCOMPARE(bracketsOf(photos.group({"--min", "2"})).size(), 0);
-    QCOMPARE(bracketsOf(photos.group({"--gap", "8"})).size(), 0);
-    QCOMPARE(bracketsOf(photos.group({"--gap", "8", "--min", "2"})).size(), 1);
+    QCOMPARE(bracketsOf(groupIn(photos, {"--min", "2"})).size(), 0);
+    QCOMPARE(bracketsOf(groupIn(photos, {"--gap", "8"})).size(), 0);
+    QCOMPARE(bracketsOf(groupIn(photos, {"--gap", "8", "--min", "2"})).size(), 1);
 }
 
 void TestGroup::emptyFolder_givesNothing()
 {
-    const ProgramRun run = PhotoFolder().group();
+    const ProgramRun run = groupIn(PhotoFolder());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray());
     QCOMPARE(run.errors, QByteArray());
@@ -322,7 +267,7 @@ void TestGroup::missingFolder_isNamedAndOthersAreSearched()
     const PhotoFolder photos;
     for (int i = 0; i < 3; ++i)
         photos.writeShot(QString("IMG_%1.jpg").arg(i), 2 * i - 2, i);
-    const ProgramRun run = photos.group({"nowhere", photos.path("IMG_0.jpg")});
+    const ProgramRun run = groupIn(photos, {"nowhere", photos.path("IMG_0.jpg")});
     QCOMPARE(run.exitCode, 66);
     QCOMPARE(bracketsOf(run).size(), 1);
     QCOMPARE(linesOf(run.errors).size(), 2);
