@@ -84,12 +84,12 @@ DocumentSaver::Outcome DocumentSaver::reportFailure(const QString &path, const Q
 {
     QMessageBox box(QMessageBox::Warning, tr("Not Saved"),
                     tr("“%1” could not be saved: %2.").arg(QDir::toNativeSeparators(path), reason),
-                    QMessageBox::Close, window);
+                    QMessageBox::Save | QMessageBox::Close, window);
     box.setInformativeText(
         tr("The picture is still open, with all its changes. You can save it elsewhere."));
-    const QPushButton *elsewhere = box.addButton(tr("Save &As…"), QMessageBox::AcceptRole);
-    box.exec();
-    return box.clickedButton() == elsewhere ? Outcome::SaveElsewhere : Outcome::Failed;
+    box.button(QMessageBox::Save)->setText(tr("Save &As…"));
+    box.setDefaultButton(QMessageBox::Save);
+    return box.exec() == QMessageBox::Save ? Outcome::SaveElsewhere : Outcome::Failed;
 }
 
 QString DocumentSaver::suggestedPath(const VeskContext &document) const

@@ -20,7 +20,7 @@ HistogramDock::HistogramDock(QWidget *parent)
     delay.setSingleShot(true);
     delay.setInterval(0);
     connect(&delay, &QTimer::timeout, this, &HistogramDock::refresh);
-    connect(toggleViewAction(), &QAction::toggled, this,
+    connect(toggleViewAction(), &QAction::triggered, this,
             [](bool isShown) { VeskGlobalSettings::getInstance()->setHistogramVisible(isShown); });
     connect(VeskGlobalSettings::getInstance(), &VeskGlobalSettings::histogramVisibleChanged, this,
             &QWidget::setVisible);
@@ -49,6 +49,13 @@ void HistogramDock::showDocument(VeskContext *document)
     if (canvas)
         connect(canvas, &VeskCanvas::histogramChanged, this, &HistogramDock::takeFromCanvas);
     refreshSoon();
+}
+
+/// The dock's own button. The window's closing only hides its docks.
+void HistogramDock::closeEvent(QCloseEvent *event)
+{
+    QDockWidget::closeEvent(event);
+    VeskGlobalSettings::getInstance()->setHistogramVisible(false);
 }
 
 void HistogramDock::showEvent(QShowEvent *event)

@@ -25,6 +25,7 @@ public:
     const HistogramView &view() const { return *histogram; }
 
 protected:
+    void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:

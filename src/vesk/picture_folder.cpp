@@ -10,6 +10,13 @@ namespace {
 
 constexpr int kPauseMs = 150;
 
+/// The C locale knows no numbers in names.
+QLocale localeForNames()
+{
+    const QLocale locale;
+    return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
+}
+
 } // namespace
 
 QList<FolderEntry> picturesIn(const QString &folder)
@@ -20,7 +27,7 @@ QList<FolderEntry> picturesIn(const QString &folder)
         if (pictures::hasPictureSuffix(file.filePath()))
             pictures.append({file.absoluteFilePath(), file.lastModified()});
     }
-    QCollator order;
+    QCollator order(localeForNames());
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(pictures.begin(), pictures.end(),

@@ -1,0 +1,45 @@
+#include "file_dialog_answerer.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QSpinBox>
+#include <QTimer>
+
+FileDialogAnswerer::FileDialogAnswerer()
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool FileDialogAnswerer::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Show)
+        return false;
+    if (auto *dialog = qobject_cast<QFileDialog *>(watched)) {
+        // Its modal loop runs only after this event.
+        QTimer::singleShot(0, dialog, [this, dialog] {
+            auto *name = dialog->findChild<QLineEdit *>();
+            offered.append(dialog->directory().filePath(name->text()));
+            if (answers.isEmpty()) {
+                dialog->reject();
+                return;
+            }
+            name->selectAll();
+            name->insert(answers.takeFirst());
+            // What the dialog has chosen itself goes before what is typed.
+            dialog->findChild<QListView *>(QStringLiteral("listView"))->clearSelection();
+            static_cast<QDialog *>(dialog)->accept();
+        });
+    } else if (watched->inherits("JpegQualityDialog")) {
+        auto *question = static_cast<QDialog *>(watched);
+        ++qualityQuestions;
+        QTimer::singleShot(0, question, [this, question] {
+            if (quality > 0)
+                question->findChild<QSpinBox *>()->setValue(quality);
+            question->done(quality < 0 ? QDialog::Rejected : QDialog::Accepted);
+        });
+    }
+    return false;
+}

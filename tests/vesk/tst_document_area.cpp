@@ -1,0 +1,198 @@
+#include "document_area.h"
+#include "document_tabs.h"
+#include "picture_document.h"
+#include "test_pictures.h"
+
+#include <merged_document.h>
+#include <vesk_canvas.h>
+#include <vesk_context.h>
+#include <vesk_context_manager.h>
+#include <vesk_layer_manager.h>
+
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTest>
+
+class DocumentAreaTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { area.reset(); }
+    void startPage_isShownWhileNothingIsOpen();
+    void noDocument_toolsStillFindACurrentOne();
+    void open_showsTheDocumentInFront();
+    void close_lastDocument_goesBackToTheStartPage();
+    void tabMark_followsUnsavedChanges();
+    void choosingATab_makesItsDocumentCurrent();
+    void merge_fromTheStartPage_opensOneTab();
+    void merge_replacesTheDocumentInItsPlace();
+    void merge_ofAClosedDocument_getsACanvasOfItsOwn();
+    void merge_overUnsavedChanges_keepsThemInATabOfTheirOwn();
+    void documentOf_findsTheFileUnderAnotherSpelling();
+    void closing_releasesDocumentAndCanvas();
+
+private:
+    VeskContext *open(const QString &name, int seed = 1)
+    {
+        return area->open(TestPictures::texture({40, 30}, seed), name,
+                          QStringLiteral("/pictures/") + name);
+    }
+    /// What the tool does at the end of a merge.
+    static void mergeOver(VeskContext *document, QSize size = {20, 10})
+    {
+        replaceDocument(document, std::make_unique<QImage>(TestPictures::texture(size, 9)),
+                        QStringLiteral("layer 0"));
+    }
+    QStringList tabTexts() const
+    {
+        const auto *tabs = area->findChild<DocumentTabs *>();
+        QStringList texts;
+        for (int i = 0; i < tabs->count(); ++i)
+            texts.append(tabs->tabText(i));
+        return texts;
+    }
+    static VeskContextManager &manager() { return *VeskContextManager::getInstance(); }
+
+    std::unique_ptr<DocumentArea> area;
+};
+
+void DocumentAreaTest::init()
+{
+    area = std::make_unique<DocumentArea>(new QWidget);
+    area->resize(400, 300);
+    area->show();
+}
+
+void DocumentAreaTest::startPage_isShownWhileNothingIsOpen()
+{
+    QCOMPARE(area->currentIndex(), 0);
+    QVERIFY(!area->currentDocument());
+    QVERIFY(area->documents().isEmpty());
+    QVERIFY(tabTexts().isEmpty());
+}
+
+void DocumentAreaTest::noDocument_toolsStillFindACurrentOne()
+{
+    const VeskContext *blank = manager().getCurrentContext();
+    QVERIFY(blank);
+    QVERIFY(blank->getCanvas());
+    QVERIFY(!blank->isSaveAble());
+}
+
+void DocumentAreaTest::open_showsTheDocumentInFront()
+{
+    open(QStringLiteral("a.png"));
+    QSignalSpy changed(area.get(), &DocumentArea::currentDocumentChanged);
+    VeskContext *second = open(QStringLiteral("b.png"));
+    QVERIFY(!changed.isEmpty());
+    QCOMPARE(area->currentDocument(), second);
+    QCOMPARE(area->currentIndex(), 1);
+    QVERIFY(area->currentCanvas()->isVisible());
+    QCOMPARE(area->currentCanvas()->canvasSize(), QSize(40, 30));
+    QCOMPARE(tabTexts(), (QStringList{QStringLiteral("a.png"), QStringLiteral("b.png")}));
+}
+
+void DocumentAreaTest::close_lastDocument_goesBackToTheStartPage()
+{
+    area->close(open(QStringLiteral("a.png")));
+    QCOMPARE(area->currentIndex(), 0);
+    QVERIFY(manager().getCurrentContext());
+    QVERIFY(tabTexts().isEmpty());
+}
+
+void DocumentAreaTest::tabMark_followsUnsavedChanges()
+{
+    VeskContext *document = open(QStringLiteral("a & b.png"));
+    QCOMPARE(tabTexts(), QStringList{QStringLiteral("a && b.png")});
+    document->setSaveAble(true);
+    QCOMPARE(tabTexts(), QStringList{QStringLiteral("a && b.png •")});
+    document->setSaveAble(false);
+    QCOMPARE(tabTexts(), QStringList{QStringLiteral("a && b.png")});
+}
+
+void DocumentAreaTest::choosingATab_makesItsDocumentCurrent()
+{
+    VeskContext *first = open(QStringLiteral("a.png"));
+    open(QStringLiteral("b.png"));
+    auto *tabs = area->findChild<DocumentTabs *>();
+    QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(0).center());
+    QCOMPARE(manager().getCurrentContext(), first);
+    QCOMPARE(area->currentDocument(), first);
+}
+
+void DocumentAreaTest::merge_fromTheStartPage_opensOneTab()
+{
+    mergeOver(manager().getCurrentContext());
+    QCOMPARE(tabTexts(), QStringList{QStringLiteral("Untitled Document •")});
+    QCOMPARE(area->currentIndex(), 1);
+    QVERIFY(area->currentCanvas()->isVisible());
+    QCOMPARE(area->currentCanvas()->canvasSize(), QSize(20, 10));
+    area->close(area->currentDocument());
+    QVERIFY(manager().getCurrentContext()); // a new blank one
+    QCOMPARE(area->currentIndex(), 0);
+}
+
+void DocumentAreaTest::merge_replacesTheDocumentInItsPlace()
+{
+    open(QStringLiteral("a.png"));
+    VeskContext *replaced = open(QStringLiteral("b.png"));
+    open(QStringLiteral("c.png"));
+    area->makeCurrent(replaced);
+    const QPointer<VeskCanvas> canvas = replaced->getCanvas();
+    mergeOver(replaced);
+    QCOMPARE(tabTexts(),
+             (QStringList{QStringLiteral("a.png"), QStringLiteral("Untitled Document •"),
+                          QStringLiteral("c.png")}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(canvas); // moved, not deleted with the page it was in
+    QCOMPARE(area->currentCanvas(), canvas.data());
+    QVERIFY(canvas->isVisible());
+    QCOMPARE(area->documents().size(), 3);
+}
+
+void DocumentAreaTest::merge_ofAClosedDocument_getsACanvasOfItsOwn()
+{
+    mergeOver(nullptr);
+    QTRY_VERIFY(area->currentCanvas());
+    QTRY_VERIFY(area->currentCanvas()->isVisible());
+    QCOMPARE(area->currentCanvas()->canvasSize(), QSize(20, 10));
+}
+
+void DocumentAreaTest::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
+{
+    VeskContext *modified = open(QStringLiteral("work.png"), 4);
+    modified->setSaveAble(true);
+    document::setMetadataSource(*modified, QStringLiteral("/pictures/camera.jpg"));
+    mergeOver(modified);
+    QTRY_COMPARE(tabTexts(), (QStringList{QStringLiteral("Untitled Document •"),
+                                          QStringLiteral("work.png •")}));
+    QCOMPARE(area->currentDocument()->getFileName(), QStringLiteral("Untitled Document"));
+    const VeskContext *kept = area->documents().at(1);
+    QCOMPARE(kept->getLayerManager()->composedPicture(), TestPictures::texture({40, 30}, 4));
+    QCOMPARE(kept->getFilePath(), QStringLiteral("/pictures/work.png"));
+    QCOMPARE(document::metadataSource(*kept), QStringLiteral("/pictures/camera.jpg"));
+}
+
+void DocumentAreaTest::documentOf_findsTheFileUnderAnotherSpelling()
+{
+    const TestPictures pictures;
+    const QString path = pictures.add(QStringLiteral("x.png"));
+    VeskContext *document = area->open(QImage(path), QStringLiteral("x.png"), path);
+    QCOMPARE(area->documentOf(pictures.folder() + QStringLiteral("/./x.png")), document);
+    QVERIFY(!area->documentOf(pictures.path(QStringLiteral("y.png"))));
+}
+
+void DocumentAreaTest::closing_releasesDocumentAndCanvas()
+{
+    const QPointer<VeskContext> document = open(QStringLiteral("a.png"));
+    const QPointer<VeskCanvas> canvas = document->getCanvas();
+    area->close(document);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!document);
+    QVERIFY(!canvas);
+}
+
+QTEST_MAIN(DocumentAreaTest)
+#include "tst_document_area.moc"

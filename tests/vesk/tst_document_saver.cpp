@@ -1,0 +1,265 @@
+#include "document_saver.h"
+#include "editor_settings.h"
+#include "file_dialog_answerer.h"
+#include "message_box_answerer.h"
+#include "picture_document.h"
+#include "small_disk.h"
+#include "test_pictures.h"
+
+#include <exif_metadata.h>
+#include <vesk_context.h>
+#include <vesk_layer_base.h>
+#include <vesk_layer_manager.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTest>
+
+class DocumentSaverTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void save_ownFile_replacesItAndClearsTheMark();
+    void save_untitled_asksForAFile();
+    void save_otherKindOfFile_isNeverOverwritten();
+    void saveAs_cancelled_changesNothing();
+    void saveAs_jpeg_asksForTheQualityAndRemembersIt();
+    void saveAs_qualityCancelled_writesNothing();
+    void saveAs_withoutSuffix_takesThatOfTheKind();
+    void save_keepsTheCamerasMetadata();
+    void save_mergedPicture_takesTheMetadataOfItsSource();
+    void save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace();
+    void save_fullDisk_leavesTheOldFileAsItWas();
+    void save_noVisibleLayer_isRefused();
+    void settle_unmodified_asksNothing();
+    void settle_discard_allowsClosingAndWritesNothing();
+    void settle_cancel_keepsTheDocument();
+    void settle_saveThatFails_keepsTheDocument();
+
+private:
+    VeskContext *makeDocument(const QString &path);
+    QImage readBack(const QString &name) const
+    {
+        return QImage(pictures->path(name)).convertToFormat(QImage::Format_RGB32);
+    }
+
+    std::unique_ptr<TestPictures> pictures;
+    std::unique_ptr<QWidget> window;
+    std::unique_ptr<VeskContext> document;
+    std::unique_ptr<MessageBoxAnswerer> boxes;
+    std::unique_ptr<FileDialogAnswerer> dialogs;
+    DocumentSaver *saver = nullptr;
+    const QImage picture = TestPictures::texture({60, 40}, 2);
+};
+
+void DocumentSaverTest::init()
+{
+    pictures = std::make_unique<TestPictures>();
+    window = std::make_unique<QWidget>();
+    boxes = std::make_unique<MessageBoxAnswerer>();
+    dialogs = std::make_unique<FileDialogAnswerer>();
+    saver = new DocumentSaver(window.get());
+    saver->setFolder(pictures->folder());
+}
+
+void DocumentSaverTest::cleanup()
+{
+    document.reset();
+    window.reset();
+    boxes.reset();
+    dialogs.reset();
+}
+
+/// A modified document of that file (empty: none).
+VeskContext *DocumentSaverTest::makeDocument(const QString &path)
+{
+    document.reset(document::create(picture, QFileInfo(path).fileName(), path, window.get()));
+    document->setSaveAble(true);
+    return document.get();
+}
+
+void DocumentSaverTest::save_ownFile_replacesItAndClearsTheMark()
+{
+    const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
+    QSignalSpy saved(saver, &DocumentSaver::saved);
+    QVERIFY(saver->save(makeDocument(path)));
+    QCOMPARE(readBack(QStringLiteral("own.png")), picture);
+    QVERIFY(!document->isSaveAble());
+    QCOMPARE(saved.size(), 1);
+    QVERIFY(dialogs->offered.isEmpty());
+    QCOMPARE(pictures->names(), QStringList{QStringLiteral("own.png")}); // no temporary file left
+}
+
+void DocumentSaverTest::save_untitled_asksForAFile()
+{
+    dialogs->answerNextWith(pictures->path(QStringLiteral("new.tif")));
+    QVERIFY(saver->save(makeDocument({})));
+    QCOMPARE(dialogs->offered, QStringList{pictures->path(QStringLiteral("Untitled.jpg"))});
+    QCOMPARE(readBack(QStringLiteral("new.tif")), picture);
+    QCOMPARE(document->getFilePath(), pictures->path(QStringLiteral("new.tif")));
+    QCOMPARE(document->getFileName(), QStringLiteral("new.tif"));
+}
+
+void DocumentSaverTest::save_otherKindOfFile_isNeverOverwritten()
+{
+    const QString raw = pictures->path(QStringLiteral("IMG_1.CR2"));
+    QVERIFY(!saver->save(makeDocument(raw))); // the dialog is cancelled
+    QCOMPARE(dialogs->offered, QStringList{pictures->path(QStringLiteral("IMG_1.jpg"))});
+    QVERIFY(!QFile::exists(raw));
+}
+
+void DocumentSaverTest::saveAs_cancelled_changesNothing()
+{
+    QVERIFY(!saver->saveAs(makeDocument({})));
+    QVERIFY(document->isSaveAble());
+    QVERIFY(pictures->names().isEmpty());
+    QVERIFY(boxes->shown().isEmpty());
+}
+
+void DocumentSaverTest::saveAs_jpeg_asksForTheQualityAndRemembersIt()
+{
+    dialogs->quality = 30;
+    dialogs->answerNextWith(pictures->path(QStringLiteral("low.jpg")));
+    QVERIFY(saver->saveAs(makeDocument({})));
+    QCOMPARE(settings::jpegQuality(), 30);
+    dialogs->quality = 98;
+    dialogs->answerNextWith(pictures->path(QStringLiteral("high.jpg")));
+    QVERIFY(saver->saveAs(document.get()));
+    QCOMPARE(dialogs->qualityQuestions, 2);
+    QVERIFY(QFileInfo(pictures->path(QStringLiteral("high.jpg"))).size() >
+            QFileInfo(pictures->path(QStringLiteral("low.jpg"))).size());
+}
+
+void DocumentSaverTest::saveAs_qualityCancelled_writesNothing()
+{
+    dialogs->quality = -1;
+    dialogs->answerNextWith(pictures->path(QStringLiteral("no.jpg")));
+    QVERIFY(!saver->saveAs(makeDocument({})));
+    QVERIFY(pictures->names().isEmpty());
+    QVERIFY(document->isSaveAble());
+}
+
+void DocumentSaverTest::saveAs_withoutSuffix_takesThatOfTheKind()
+{
+    dialogs->answerNextWith(pictures->path(QStringLiteral("bare")));
+    QVERIFY(saver->saveAs(makeDocument(pictures->path(QStringLiteral("x.png")))));
+    QCOMPARE(pictures->names(), QStringList{QStringLiteral("bare.png")});
+}
+
+/// Writes a JPEG with a camera's description.
+static QByteArray addCameraPicture(const TestPictures &pictures, const QString &name)
+{
+    // One entry: the model "Box", little endian.
+    const QByteArray exif = QByteArray::fromHex("49492a0008000000"
+                                                "0100"
+                                                "100102000400000042 6f7800"
+                                                "00000000");
+    QByteArray file;
+    {
+        QFile plain(pictures.add(name));
+        if (!plain.open(QIODevice::ReadOnly))
+            return {};
+        file = plain.readAll();
+    }
+    const int length = exif.size() + 8;
+    QByteArray segment = QByteArray::fromHex("ffe1");
+    segment.append(char(length >> 8)).append(char(length & 255));
+    segment.append(QByteArray("Exif\0\0", 6)).append(exif);
+    file.insert(2, segment);
+    QFile out(pictures.path(name));
+    if (!out.open(QIODevice::WriteOnly) || out.write(file) != file.size())
+        return {};
+    return exif;
+}
+
+void DocumentSaverTest::save_keepsTheCamerasMetadata()
+{
+    QVERIFY(!addCameraPicture(*pictures, QStringLiteral("camera.jpg")).isEmpty());
+    QVERIFY(saver->save(makeDocument(pictures->path(QStringLiteral("camera.jpg")))));
+    QVERIFY(exif::read(pictures->path(QStringLiteral("camera.jpg"))).contains("Box"));
+}
+
+void DocumentSaverTest::save_mergedPicture_takesTheMetadataOfItsSource()
+{
+    addCameraPicture(*pictures, QStringLiteral("first.jpg"));
+    document::setMetadataSource(*makeDocument({}), pictures->path(QStringLiteral("first.jpg")));
+    dialogs->answerNextWith(pictures->path(QStringLiteral("merged.png")));
+    QVERIFY(saver->save(document.get()));
+    QCOMPARE(dialogs->offered, QStringList{pictures->path(QStringLiteral("first-HDR.jpg"))});
+    QVERIFY(exif::read(pictures->path(QStringLiteral("merged.png"))).contains("Box"));
+}
+
+void DocumentSaverTest::save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace()
+{
+    QVERIFY(!saver->save(makeDocument(QStringLiteral("/no/such/folder/x.png"))));
+    QVERIFY(document->isSaveAble());
+    QCOMPARE(boxes->shown().size(), 1);
+    const MessageBoxAnswerer::Box box = boxes->shown().first();
+    QCOMPARE(box.title, QStringLiteral("Not Saved"));
+    QVERIFY(box.text.contains(QStringLiteral("/no/such/folder/x.png")));
+    QVERIFY(box.text.contains(QStringLiteral("no such folder")));
+    QCOMPARE(dialogs->offered.size(), 1); // the box's default answer
+}
+
+void DocumentSaverTest::save_fullDisk_leavesTheOldFileAsItWas()
+{
+    const SmallDisk disk(QStringLiteral("size=8k"));
+    if (!disk.isMounted())
+        QSKIP("no disk can be mounted here");
+    const QString path = disk.path() + QStringLiteral("/old.png");
+    QVERIFY(TestPictures::texture({8, 8}, 1).save(path));
+    document.reset(document::create(TestPictures::texture({300, 200}, 3), QStringLiteral("old.png"),
+                                    path, window.get()));
+    document->setSaveAble(true);
+    QVERIFY(!saver->save(document.get()));
+    QCOMPARE(QImage(path).convertToFormat(QImage::Format_RGB32), TestPictures::texture({8, 8}, 1));
+    QCOMPARE(QDir(disk.path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList{QStringLiteral("old.png")});
+    QVERIFY(document->isSaveAble());
+    QVERIFY(boxes->shown().first().text.contains(QStringLiteral("No space left")));
+}
+
+void DocumentSaverTest::save_noVisibleLayer_isRefused()
+{
+    const QString path = pictures->path(QStringLiteral("x.png"));
+    makeDocument(path)->getLayerManager()->layerAt(0)->setVisible(false);
+    QVERIFY(!saver->save(document.get()));
+    QVERIFY(!QFile::exists(path));
+    QVERIFY(boxes->shown().first().text.contains(QStringLiteral("no layer is visible")));
+}
+
+void DocumentSaverTest::settle_unmodified_asksNothing()
+{
+    makeDocument({})->setSaveAble(false);
+    QVERIFY(saver->settleUnsavedChanges(document.get()));
+    QVERIFY(boxes->shown().isEmpty());
+}
+
+void DocumentSaverTest::settle_discard_allowsClosingAndWritesNothing()
+{
+    boxes->answerNextWith(QMessageBox::Discard);
+    QVERIFY(saver->settleUnsavedChanges(makeDocument(pictures->path(QStringLiteral("x.png")))));
+    QVERIFY(pictures->names().isEmpty());
+    QVERIFY(boxes->shown().first().text.contains(QStringLiteral("x.png")));
+}
+
+void DocumentSaverTest::settle_cancel_keepsTheDocument()
+{
+    boxes->answerNextWith(QMessageBox::Cancel);
+    QVERIFY(!saver->settleUnsavedChanges(makeDocument({})));
+    QVERIFY(document->isSaveAble());
+}
+
+void DocumentSaverTest::settle_saveThatFails_keepsTheDocument()
+{
+    QVERIFY(!saver->settleUnsavedChanges(makeDocument(QStringLiteral("/no/such/folder/x.png"))));
+    QCOMPARE(boxes->shown().size(), 2); // the question (answered with Save) and the failure
+    QVERIFY(document->isSaveAble());
+}
+
+QTEST_MAIN(DocumentSaverTest)
+#include "tst_document_saver.moc"

@@ -1,0 +1,158 @@
+#include "film_strip.h"
+#include "film_strip_model.h"
+#include "test_pictures.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+class FilmStripTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void selectedPaths_areInTheOrderShown();
+    void setPictures_keepsTheSelectionOfFilesThatStay();
+    void select_beforeTheListing_isAppliedWithIt();
+    void returnKey_opensAllSelected();
+    void doubleClick_opensThatFile();
+    void data_makesThumbnailsWhenAsked();
+    void data_changedFile_getsANewThumbnail();
+    void data_staleThumbnail_isDropped();
+
+private:
+    QList<FolderEntry> list() const { return picturesIn(pictures->folder()); }
+
+    std::unique_ptr<TestPictures> pictures; // a.png, b.png and c.png
+};
+
+static QPoint middleOf(const FilmStrip &strip, int row)
+{
+    return strip.visualRect(strip.model()->index(row, 0)).center();
+}
+
+void FilmStripTest::init()
+{
+    pictures = std::make_unique<TestPictures>();
+    for (const char *name : {"a.png", "b.png", "c.png"})
+        pictures->add(QLatin1String(name));
+}
+
+void FilmStripTest::selectedPaths_areInTheOrderShown()
+{
+    FilmStrip strip;
+    strip.resize(800, 150);
+    strip.setPictures(list());
+    strip.show();
+    QSignalSpy changed(&strip, &FilmStrip::selectedPathsChanged);
+    QTest::mouseClick(strip.viewport(), Qt::LeftButton, {}, middleOf(strip, 2));
+    QTest::mouseClick(strip.viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(strip, 0));
+    QCOMPARE(strip.selectedPaths(), (QStringList{pictures->path(QStringLiteral("a.png")),
+                                                 pictures->path(QStringLiteral("c.png"))}));
+    QVERIFY(changed.size() >= 2);
+}
+
+void FilmStripTest::setPictures_keepsTheSelectionOfFilesThatStay()
+{
+    FilmStrip strip;
+    strip.setPictures(list());
+    const QString b = pictures->path(QStringLiteral("b.png"));
+    strip.select({b, pictures->path(QStringLiteral("c.png"))});
+    pictures->add(QStringLiteral("aa.png"));
+    QVERIFY(QFile::remove(pictures->path(QStringLiteral("c.png"))));
+    strip.setPictures(list());
+    QCOMPARE(strip.selectedPaths(), QStringList{b});
+    QCOMPARE(strip.model()->rowCount(), 3);
+    QCOMPARE(strip.model()->index(1, 0).data().toString(), QStringLiteral("aa.png"));
+}
+
+void FilmStripTest::select_beforeTheListing_isAppliedWithIt()
+{
+    FilmStrip strip;
+    const QString b = pictures->path(QStringLiteral("b.png"));
+    strip.select({b});
+    QVERIFY(strip.selectedPaths().isEmpty());
+    strip.setPictures(list());
+    QCOMPARE(strip.selectedPaths(), QStringList{b});
+}
+
+void FilmStripTest::returnKey_opensAllSelected()
+{
+    FilmStrip strip;
+    strip.setPictures(list());
+    QSignalSpy opened(&strip, &FilmStrip::openRequested);
+    QTest::keyClick(&strip, Qt::Key_Return);
+    QCOMPARE(opened.size(), 0);
+    strip.selectAll();
+    QTest::keyClick(&strip, Qt::Key_Return);
+    QCOMPARE(opened.size(), 1);
+    QCOMPARE(opened.at(0).at(0).toStringList().size(), 3);
+}
+
+void FilmStripTest::doubleClick_opensThatFile()
+{
+    FilmStrip strip;
+    strip.resize(800, 150);
+    strip.setPictures(list());
+    strip.show();
+    QSignalSpy opened(&strip, &FilmStrip::openRequested);
+    QTest::mouseClick(strip.viewport(), Qt::LeftButton, {}, middleOf(strip, 1));
+    QTest::mouseDClick(strip.viewport(), Qt::LeftButton, {}, middleOf(strip, 1));
+    QCOMPARE(opened.size(), 1);
+    QCOMPARE(opened.at(0).at(0).toStringList(),
+             QStringList{pictures->path(QStringLiteral("b.png"))});
+}
+
+static QImage thumbnailOf(const FilmStripModel &model, int row)
+{
+    return model.data(model.index(row), Qt::DecorationRole)
+        .value<QIcon>()
+        .pixmap(FilmStripModel::kThumbnailSide)
+        .toImage()
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+void FilmStripTest::data_makesThumbnailsWhenAsked()
+{
+    const TestPictures folder;
+    folder.add(QStringLiteral("x.png"), {40, 30}, 3);
+    FilmStripModel model;
+    model.setPictures(picturesIn(folder.folder()));
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    QVERIFY(thumbnailOf(model, 0) != TestPictures::texture({40, 30}, 3));
+    QTRY_COMPARE(thumbnailOf(model, 0), TestPictures::texture({40, 30}, 3));
+    QCOMPARE(changed.size(), 1);
+}
+
+void FilmStripTest::data_changedFile_getsANewThumbnail()
+{
+    const TestPictures folder;
+    const QString path = folder.add(QStringLiteral("x.png"), {40, 30}, 3);
+    FilmStripModel model;
+    model.setPictures({{path, QDateTime::fromSecsSinceEpoch(1)}});
+    QTRY_COMPARE(thumbnailOf(model, 0), TestPictures::texture({40, 30}, 3));
+    folder.add(QStringLiteral("x.png"), {40, 30}, 4);
+    model.setPictures({{path, QDateTime::fromSecsSinceEpoch(2)}});
+    QTRY_COMPARE(thumbnailOf(model, 0), TestPictures::texture({40, 30}, 4));
+}
+
+void FilmStripTest::data_staleThumbnail_isDropped()
+{
+    const TestPictures folder;
+    const QString path = folder.add(QStringLiteral("x.png"), {40, 30}, 3);
+    FilmStripModel model;
+    model.setPictures({{path, QDateTime::fromSecsSinceEpoch(1)}});
+    thumbnailOf(model, 0); // asks for it
+    model.setPictures({});
+    model.setPictures({{path, QDateTime::fromSecsSinceEpoch(2)}});
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    folder.add(QStringLiteral("x.png"), {40, 30}, 4);
+    thumbnailOf(model, 0);
+    QTRY_COMPARE(changed.size(), 1); // the first answer is not taken for the second
+    QCOMPARE(thumbnailOf(model, 0), TestPictures::texture({40, 30}, 4));
+}
+
+QTEST_MAIN(FilmStripTest)
+#include "tst_film_strip.moc"

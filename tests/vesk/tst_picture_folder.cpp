@@ -1,0 +1,78 @@
+#include "picture_folder.h"
+#include "test_pictures.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTest>
+
+class PictureFolderTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void picturesIn_sortsNumbersByValueAndLeavesOtherFilesOut();
+    void picturesIn_missingFolder_isEmpty();
+    void setPath_listsLaterAndAgainAfterAChange();
+    void setPath_twice_answersForTheLastOnly();
+};
+
+static QStringList namesOf(const QList<FolderEntry> &entries)
+{
+    QStringList names;
+    for (const FolderEntry &entry : entries)
+        names.append(QFileInfo(entry.path).fileName());
+    return names;
+}
+
+void PictureFolderTest::picturesIn_sortsNumbersByValueAndLeavesOtherFilesOut()
+{
+    const TestPictures pictures;
+    for (const char *name : {"10.png", "2.PNG", "1.jpg"})
+        pictures.add(QLatin1String(name));
+    QFile text(pictures.path(QStringLiteral("notes.txt")));
+    QVERIFY(text.open(QIODevice::WriteOnly));
+    QVERIFY(QDir(pictures.folder()).mkdir(QStringLiteral("folder.png")));
+    QCOMPARE(
+        namesOf(picturesIn(pictures.folder())),
+        (QStringList{QStringLiteral("1.jpg"), QStringLiteral("2.PNG"), QStringLiteral("10.png")}));
+}
+
+void PictureFolderTest::picturesIn_missingFolder_isEmpty()
+{
+    QVERIFY(picturesIn(QStringLiteral("/no/such/folder")).isEmpty());
+}
+
+void PictureFolderTest::setPath_listsLaterAndAgainAfterAChange()
+{
+    const TestPictures pictures;
+    pictures.add(QStringLiteral("a.png"));
+    PictureFolder folder;
+    QStringList names;
+    connect(&folder, &PictureFolder::listed, this,
+            [&](const QList<FolderEntry> &entries) { names = namesOf(entries); });
+    folder.setPath(pictures.folder());
+    QVERIFY(names.isEmpty());
+    QTRY_COMPARE(names, QStringList{QStringLiteral("a.png")});
+    pictures.add(QStringLiteral("b.png"));
+    QTRY_COMPARE(names, (QStringList{QStringLiteral("a.png"), QStringLiteral("b.png")}));
+}
+
+void PictureFolderTest::setPath_twice_answersForTheLastOnly()
+{
+    const TestPictures first;
+    const TestPictures second;
+    first.add(QStringLiteral("first.png"));
+    second.add(QStringLiteral("second.png"));
+    PictureFolder folder;
+    QList<QStringList> answers;
+    connect(&folder, &PictureFolder::listed, this,
+            [&](const QList<FolderEntry> &entries) { answers.append(namesOf(entries)); });
+    folder.setPath(first.folder());
+    folder.setPath(second.folder());
+    QTRY_VERIFY(!answers.isEmpty());
+    QCOMPARE(answers, QList<QStringList>{QStringList{QStringLiteral("second.png")}});
+}
+
+QTEST_GUILESS_MAIN(PictureFolderTest)
+#include "tst_picture_folder.moc"
