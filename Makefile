@@ -2,7 +2,7 @@
 PRESET ?= release
 JOBS ?= $(shell getconf _NPROCESSORS_ONLN)
 DEMO_DIR ?= build/demo
-SOURCES = $(shell git ls-files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h')
+SOURCES = $(shell git ls-files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h' 'examples/*.cpp')
 
 .PHONY: all demo test bench editor format lint dependencies clean
 
@@ -36,9 +36,8 @@ editor: dependencies
 format:
 	clang-format -i $(SOURCES)
 
-lint: dependencies
-	cmake --preset release
-	scripts/lint build $(SOURCES)
+lint:
+	@scripts/lint $(SOURCES)
 
 clean:
 	cmake -E rm -rf build
