@@ -3,7 +3,7 @@
 #include "natural_order.h"
 
 #include <algorithm>
-#include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -15,10 +15,15 @@ constexpr double kSmallestExposureStep = 0.5;
 // Shutter times are rounded: 1/30 s is 1/32 s.
 constexpr double kStepTolerance = 0.25;
 
-bool wasTakenBefore(const Shot &one, const Shot &other)
+/// Shots that may stand in one bracket come together, by time. Others in between, such as what was
+/// made of a bracket in a folder, do not disturb.
+bool isBefore(const Shot &one, const Shot &other)
 {
-    if (one.model != other.model)
-        return one.model < other.model;
+    const auto kind = [](const Shot &shot) {
+        return std::make_tuple(shot.model, shot.size.width(), shot.size.height(), shot.orientation);
+    };
+    if (kind(one) != kind(other))
+        return kind(one) < kind(other);
     if (one.takenAt != other.takenAt)
         return one.takenAt < other.takenAt;
     return isBeforeNaturally(one.path, other.path);
@@ -124,7 +129,7 @@ void cut(Iterator first, Iterator last, int fewestPictures, std::vector<Bracket>
 
 std::vector<Bracket> findBrackets(std::vector<Shot> shots, const BracketRules &rules)
 {
-    std::sort(shots.begin(), shots.end(), wasTakenBefore);
+    std::sort(shots.begin(), shots.end(), isBefore);
     std::vector<Bracket> brackets;
     for (auto first = shots.cbegin(); first != shots.cend();) {
         auto last = first + 1;

@@ -54,15 +54,34 @@ std::vector<PictureFile> withoutTwins(std::vector<PictureFile> pictures, bool pr
     return pictures;
 }
 
-/// IMG_7-edited.jpg and IMG_7_merged.jpg are copies of IMG_7.jpg, IMG_70.jpg is none.
+/// IMG_7-edited.jpg goes on where IMG_7.jpg ends, IMG_70.jpg does not.
+bool goesOn(const QString &longer, const QString &name)
+{
+    return longer.startsWith(name, Qt::CaseInsensitive) &&
+           (longer.size() == name.size() || !longer[name.size()].isDigit());
+}
+
+/// No camera takes two pictures in one millisecond. Where it tells the second only, the names must
+/// tell, too: there are several brackets in a second.
 bool isCopyOf(const Shot &original, const Shot &shot)
 {
-    const QString name = stemOf(original.path);
-    const QString longer = stemOf(shot.path);
-    return longer.startsWith(name, Qt::CaseInsensitive) &&
-           (longer.size() == name.size() || !longer[name.size()].isDigit()) &&
-           shot.takenAt == original.takenAt && shot.exposureBias == original.exposureBias &&
-           shot.exposureStops() == original.exposureStops();
+    const bool isSameExposure = shot.takenAt == original.takenAt && shot.model == original.model &&
+                                shot.exposureBias == original.exposureBias &&
+                                shot.exposureStops() == original.exposureStops();
+    const bool tellsMilliseconds = shot.takenAt.time().msec() != 0;
+    return isSameExposure &&
+           (tellsMilliseconds || goesOn(stemOf(shot.path), stemOf(original.path)));
+}
+
+/// By time; of copies the original first, which is older than what was made of it.
+bool isBefore(const Shot &one, const Shot &other)
+{
+    if (one.takenAt != other.takenAt)
+        return one.takenAt < other.takenAt;
+    const QDateTime oneWritten = QFileInfo(one.path).lastModified();
+    const QDateTime otherWritten = QFileInfo(other.path).lastModified();
+    return oneWritten != otherWritten ? oneWritten < otherWritten
+                                      : isBeforeNaturally(stemOf(one.path), stemOf(other.path));
 }
 
 } // namespace
@@ -73,13 +92,22 @@ std::vector<Shot> readFolder(const QString &folder, const FolderRules &rules,
     std::vector<Shot> shots;
     for (const PictureFile &picture : withoutTwins(picturesIn(folder), rules.preferRaw)) {
         const ShotReading reading = readShot(picture.path);
-        // By name, an original stands before its copies and they stand together.
-        if (!reading.problem.isEmpty())
-            leftOut(picture.path, reading.problem);
-        else if (!shots.empty() && isCopyOf(shots.back(), reading.shot))
-            leftOut(picture.path, QStringLiteral("it is a copy of ") + shots.back().path);
-        else
+        if (reading.problem.isEmpty())
             shots.push_back(reading.shot);
+        else
+            leftOut(picture.path, reading.problem);
     }
-    return shots;
+    std::sort(shots.begin(), shots.end(), isBefore);
+    std::vector<Shot> originals;
+    for (const Shot &shot : shots) {
+        const auto original =
+            std::find_if(originals.rbegin(), originals.rend(), [&shot](const Shot &earlier) {
+                return earlier.takenAt != shot.takenAt || isCopyOf(earlier, shot);
+            });
+        if (original != originals.rend() && original->takenAt == shot.takenAt)
+            leftOut(shot.path, QStringLiteral("it is a copy of ") + original->path);
+        else
+            originals.push_back(shot);
+    }
+    return originals;
 }

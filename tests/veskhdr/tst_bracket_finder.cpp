@@ -68,6 +68,7 @@ private slots:
     void gap_endsABracket();
     void gap_doesNotCountTheExposure();
     void otherCamera_inBetween_doesNotDisturb();
+    void otherSize_inBetween_doesNotDisturb();
     void otherSizeOrOrientation_endsABracket();
     void orderOfTheShots_doesNotMatter();
     void sameTime_isOrderedByNumberInTheName();
@@ -143,6 +144,15 @@ void TestBracketFinder::otherCamera_inBetween_doesNotDisturb()
     other.model = QStringLiteral("B");
     std::vector<Shot> shots = burst({-2, 0, 2});
     shots.push_back(other);
+    QCOMPARE(find(shots), QString("-2 0 2"));
+}
+
+void TestBracketFinder::otherSize_inBetween_doesNotDisturb()
+{
+    Shot cropped = biased(-2, 0.7);
+    cropped.size = QSize(5990, 3990);
+    std::vector<Shot> shots = burst({-2, 0, 2});
+    shots.push_back(cropped);
     QCOMPARE(find(shots), QString("-2 0 2"));
 }
 

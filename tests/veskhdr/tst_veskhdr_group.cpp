@@ -48,6 +48,8 @@ private slots:
     void rawAndDeveloped_withRaw_giveTheRawFiles();
     void rawFilesAlone_areGrouped();
     void editedCopies_areNamedAndLeftOut();
+    void mergedPicture_underAnyName_isNamedAndLeftOut();
+    void severalBracketsInASecond_areNoCopies();
     void folderBelow_isSearchedWhenAskedFor();
     void paths_areAbsoluteAndKeepTheirLetters();
     void gapAndMinimum_areHonoured();
@@ -207,6 +209,7 @@ void TestGroup::rawFilesAlone_areGrouped()
 
 void TestGroup::editedCopies_areNamedAndLeftOut()
 {
+    // A camera that tells the second only.
     const PhotoFolder photos;
     for (int i = 0; i < 3; ++i)
         photos.writeShot(QString("IMG_%1.jpg").arg(i), 2 * i - 2, i);
@@ -218,6 +221,38 @@ void TestGroup::editedCopies_areNamedAndLeftOut()
     QCOMPARE(namesOf(bracketsOf(run)[0]), QStringList({"IMG_0.jpg", "IMG_1.jpg", "IMG_2.jpg"}));
     QCOMPARE(linesOf(run.errors).size(), 3);
     QVERIFY(run.errors.contains("IMG_0_merged.jpg: left out, it is a copy of "));
+}
+
+void TestGroup::mergedPicture_underAnyName_isNamedAndLeftOut()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i), 2 * i - 2, i + 0.25);
+    const QStringList shots{"IMG_0.jpg", "IMG_1.jpg", "IMG_2.jpg"};
+    // What was made of the shots is younger, and sorts before them.
+    for (const QString &shot : shots) {
+        QFile file(photos.path(shot));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(PhotoFolder::noon(), QFileDevice::FileModificationTime));
+    }
+    const ProgramRun merge = runProgramIn(
+        photos.path(), QStringList({"merge", "--no-align", "-o", "Best of all.jpg"}) + shots);
+    QCOMPARE(merge.exitCode, 0);
+    const ProgramRun run = groupIn(photos);
+    QCOMPARE(bracketsOf(run).size(), 1);
+    QCOMPARE(namesOf(bracketsOf(run)[0]), shots);
+    QVERIFY(run.errors.contains("Best of all.jpg: left out, it is a copy of "));
+}
+
+void TestGroup::severalBracketsInASecond_areNoCopies()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 6; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i + 8), 2 * (i % 3) - 2, 1);
+    const ProgramRun run = groupIn(photos);
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(bracketsOf(run).size(), 2);
+    QCOMPARE(namesOf(bracketsOf(run)[1]), QStringList({"IMG_11.jpg", "IMG_12.jpg", "IMG_13.jpg"}));
 }
 
 void TestGroup::folderBelow_isSearchedWhenAskedFor()
