@@ -228,7 +228,8 @@ void MainWindow::connectFolder()
     connect(folder, &PictureFolder::pathChanged, this, [this](const QString &path) {
         settings::setFolder(path);
         saver->setFolder(path);
-        filmStripDock->setWindowTitle(tr("Film Strip — %1").arg(QDir::toNativeSeparators(path)));
+        filmStripDock->setWindowTitle(tr("Film Strip — %1").arg(QDir(path).dirName()));
+        filmStripDock->setToolTip(QDir::toNativeSeparators(path));
     });
     connect(filmStrip, &FilmStrip::openRequested, this, &MainWindow::openPaths);
 }
