@@ -11,6 +11,11 @@ constexpr int kRadius = 4;
 
 } // namespace
 
+QSize FilmStripDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+{
+    return option.decorationSize + QSize(4 * kGap, 3 * kGap + option.fontMetrics.height());
+}
+
 void FilmStripDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                               const QModelIndex &index) const
 {
