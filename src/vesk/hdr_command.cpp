@@ -41,6 +41,7 @@ HdrCommand::HdrCommand(IVeskUIManager *manager, QObject *parent)
 
 HdrCommand::~HdrCommand()
 {
+    hdr->clear(); // the tool leaves pictures that it still has behind
     hdr->release();
     delete frame; // with the panel: the tool leaves both to the editor
 }
