@@ -1,6 +1,7 @@
 #include "exposure_merge.h"
 
 #include "exposure_merge_rows.h"
+#include "large_image.h"
 #include "merge_weights.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
@@ -63,7 +64,7 @@ void mergeRows(const QList<QImage *> &pictures, int begin, int end, uchar *words
 QImage *merge(const QList<QImage *> &pictures)
 {
     const QSize size = pictures.first()->size();
-    auto merged = std::make_unique<QImage>(size, QImage::Format_RGB32);
+    auto merged = std::make_unique<QImage>(largeImage(size, QImage::Format_RGB32));
     if (merged->size() != size)
         return nullptr;
     uchar *words = merged->bits();

@@ -30,7 +30,7 @@ HWY_INLINE auto weightsOf(D, V red, V green, V blue, const float *table)
     const hn::Rebind<int32_t, D> indexes;
     const V largest = hn::Max(hn::Max(red, green), blue);
     const V smallest = hn::Min(hn::Min(red, green), blue);
-    const V index = hn::Or(hn::ShiftLeft<8>(largest), smallest);
+    const V index = hn::Or(hn::ShiftLeft<8>(hn::Sub(largest, smallest)), smallest);
     return hn::GatherIndex(hn::Rebind<float, D>(), table, hn::BitCast(indexes, index));
 }
 

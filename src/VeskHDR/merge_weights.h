@@ -14,12 +14,14 @@ namespace weights {
 /// Weight of one colour; alpha is ignored.
 float of(QRgb color);
 
+/// Place of a weight in the table, by chroma and smallest channel: the colours of a photograph,
+/// most of them not far from grey, then lie close together.
 constexpr int index(int largestChannel, int smallestChannel)
 {
-    return largestChannel << 8 | smallestChannel;
+    return (largestChannel - smallestChannel) << 8 | smallestChannel;
 }
 
-/// The 65536 weights at index(largest, smallest); 0 where largest < smallest. Never freed.
+/// The weights at index(largest, smallest), largest >= smallest; 65536 entries. Never freed.
 const float *table();
 
 } // namespace weights

@@ -196,8 +196,9 @@ void mtbalign(bool skipSearch, const QImage *img1, const QImage *img2, double pe
         mtbalignPlain(skipSearch, img1, img2, percentile, tolerance, levels, shiftX, shiftY);
         return;
     }
-    const auto reference = mtb::bitmapPyramid(*img1, percentile, tolerance, levels);
-    const auto moved = mtb::bitmapPyramid(*img2, percentile, tolerance, levels);
+    mtb::GreyImage grey(img1->width(), img1->height());
+    const auto reference = mtb::bitmapPyramid(*img1, percentile, tolerance, levels, grey);
+    const auto moved = mtb::bitmapPyramid(*img2, percentile, tolerance, levels, grey);
     mtb::search(reference, moved, shiftX, shiftY);
 }
 

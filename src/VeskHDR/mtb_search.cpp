@@ -197,12 +197,12 @@ mtb::PackedBitmap::PackedBitmap(int width, int height)
 {
 }
 
-mtb::GreyImage mtb::greyImage(const QImage &picture, GreyHistogram &histogram)
+GreyHistogram mtb::makeGrey(const QImage &picture, GreyImage &grey)
 {
     const QImage words = pixels::asWords(picture);
     if (words.isNull())
         throw std::bad_alloc();
-    GreyImage grey(words.width(), words.height());
+    GreyHistogram histogram;
     std::mutex mutex;
     parallel::rows(words.height(), [&](int begin, int end) {
         GreyHistogram counted;
@@ -215,7 +215,7 @@ mtb::GreyImage mtb::greyImage(const QImage &picture, GreyHistogram &histogram)
         const std::lock_guard lock(mutex);
         histogram.add(counted);
     });
-    return grey;
+    return histogram;
 }
 
 mtb::GreyImage mtb::greyImage(const QImage &lum)
@@ -243,10 +243,9 @@ mtb::BitmapPyramid mtb::bitmapPyramid(const GreyImage &grey, int threshold, int 
 }
 
 mtb::BitmapPyramid mtb::bitmapPyramid(const QImage &picture, double percentile, int tolerance,
-                                      int levels)
+                                      int levels, GreyImage &grey)
 {
-    GreyHistogram histogram;
-    const GreyImage grey = greyImage(picture, histogram);
+    const GreyHistogram histogram = makeGrey(picture, grey);
     const double pixelCount = static_cast<double>(picture.width()) * picture.height();
     const int threshold = percentileLevel(histogram.cumulative(pixelCount), percentile);
     return bitmapPyramid(grey, threshold, tolerance, levels);

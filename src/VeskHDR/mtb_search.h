@@ -70,16 +70,20 @@ struct BitmapLevel
 /// Full size first, each further level of half the size of the one before.
 using BitmapPyramid = std::vector<BitmapLevel>;
 
-/// Grey levels of a picture and how often each occurs. picture: any format, not null.
-GreyImage greyImage(const QImage &picture, GreyHistogram &histogram);
+/// Fills grey, which has the picture's size, and tells how often each level occurs. picture: any
+/// format, not null.
+GreyHistogram makeGrey(const QImage &picture, GreyImage &grey);
 
 /// The bytes of an 8-bit image as grey levels.
 GreyImage greyImage(const QImage &lum);
 
 BitmapPyramid bitmapPyramid(const GreyImage &grey, int threshold, int tolerance, int levels);
 
-/// The pyramid of a picture, thresholded at this percentile (0..1) of its grey levels.
-BitmapPyramid bitmapPyramid(const QImage &picture, double percentile, int tolerance, int levels);
+/// The pyramid of a picture, thresholded at this percentile (0..1) of its grey levels. grey: room
+/// to work in, of the picture's size; fresh memory for each picture would take longer to get than
+/// to fill.
+BitmapPyramid bitmapPyramid(const QImage &picture, double percentile, int tolerance, int levels,
+                            GreyImage &grey);
 
 /// getExpShift on two pyramids of equal sizes.
 void search(const BitmapPyramid &reference, const BitmapPyramid &moved, int &shiftX, int &shiftY);

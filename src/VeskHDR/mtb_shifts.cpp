@@ -91,10 +91,11 @@ std::vector<QPoint> mtb::pairShifts(const QList<QImage *> &pictures)
         return pairShiftsPlain(pictures);
     const int levels = pyramidLevels(pictures.first()->size());
     std::vector<QPoint> shifts(static_cast<size_t>(pictures.size()) - 1);
-    BitmapPyramid previous = bitmapPyramid(*pictures.first(), kMedian, kTolerance, levels);
+    GreyImage grey(pictures.first()->width(), pictures.first()->height());
+    BitmapPyramid previous = bitmapPyramid(*pictures.first(), kMedian, kTolerance, levels, grey);
     for (size_t i = 0; i < shifts.size(); ++i) {
         BitmapPyramid next =
-            bitmapPyramid(*pictures[static_cast<int>(i) + 1], kMedian, kTolerance, levels);
+            bitmapPyramid(*pictures[static_cast<int>(i) + 1], kMedian, kTolerance, levels, grey);
         search(previous, next, shifts[i].rx(), shifts[i].ry());
         previous = std::move(next);
     }

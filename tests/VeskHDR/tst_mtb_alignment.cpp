@@ -558,7 +558,7 @@ void MtbAlignmentTest::randomPictures_equalThePlainCode()
                                            QImage::Format_Grayscale8, QImage::Format_Indexed8,
                                            QImage::Format_RGB888};
     const std::vector<int64_t> targets = vectorTargets::supported();
-    for (int round = 0; round < 3000; ++round) {
+    for (int round = 0; round < 5000; ++round) {
         const QSize size(1 + int(random() % 150), 1 + int(random() % 20));
         QImage a = pictures::noise(size, formats[int(random() % 5)], random);
         QImage b = pictures::noise(size, formats[int(random() % 5)], random);
@@ -576,7 +576,7 @@ void MtbAlignmentTest::randomGreyImagesThresholdsAndLevels_equalThePlainCode()
 {
     std::mt19937 random(778);
     const std::vector<int64_t> targets = vectorTargets::supported();
-    for (int round = 0; round < 3000; ++round) {
+    for (int round = 0; round < 5000; ++round) {
         const QSize size(1 + int(random() % 200), 1 + int(random() % 9));
         const QImage a = greyNoise(size, random);
         const QImage b = greyNoise(size, random);
