@@ -17,7 +17,8 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: decode_encode PICTURE... OUT.jpg\n");
         return 64;
     }
-    const auto decoded = loadPictures(arguments.mid(1, arguments.size() - 2), [](int) {});
+    const auto decoded =
+        loadPictures(arguments.mid(1, arguments.size() - 2), kDefaultPixelLimit, [](int) {});
     for (const DecodedPicture &picture : decoded) {
         if (picture.error != DecodeError::None)
             return 65;

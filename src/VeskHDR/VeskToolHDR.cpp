@@ -12,6 +12,7 @@
 #include <vesk_context.h>
 #include <vesk_context_manager.h>
 #include <vesk_filter_container.h>
+#include <vesk_global_settings.h>
 #include <vesk_progress_indicator.h>
 #include <vesk_raw.h>
 #include <vesk_raw_type.h>
@@ -150,6 +151,7 @@ std::unique_ptr<QImage> VeskToolHDR::convertRaw(const QString &path)
     if (canvas)
         canvas->stopCanvasTimer();
     VeskRaw *converter = VeskRaw::getInstance();
+    VeskRaw::setPixelLimit(VeskGlobalSettings::pixelLimit());
     converter->activate(path, panel, false);
     std::unique_ptr<QImage> picture(converter->grabConvertedPicture());
     if (!picture || picture->isNull())
@@ -161,13 +163,16 @@ std::unique_ptr<QImage> VeskToolHDR::convertRaw(const QString &path)
     return picture;
 }
 
-/// Null after telling the user that the file is no picture.
+/// Null after telling the user that the file is no picture, or too large a one.
 std::unique_ptr<QImage> VeskToolHDR::decodeOrdinary(const QString &path)
 {
-    auto picture = std::make_unique<QImage>(decodePicture(path).image);
-    if (!picture->isNull())
-        return picture;
-    alert(tr("%1 is not a valid image!").arg(path));
+    const DecodedPicture decoded = decodePicture(path, VeskGlobalSettings::pixelLimit());
+    if (!decoded.image.isNull())
+        return std::make_unique<QImage>(decoded.image);
+    const bool isValid =
+        decoded.error == DecodeError::TooLarge || decoded.error == DecodeError::NoMemory;
+    alert(isValid ? path + QStringLiteral(": ") + decoded.reason
+                  : tr("%1 is not a valid image!").arg(path));
     return nullptr;
 }
 

@@ -3,6 +3,7 @@
 #include "jpeg_decoder.h"
 #include "picture_completeness.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
@@ -149,6 +150,58 @@ void completeColourTable(QImage &picture)
         picture.setColorCount(largest + 1);
 }
 
+/// Where memory runs out while the toolkit loads its decoders, it keeps a lock for good and the
+/// next reader would wait for ever. So they are loaded once, ahead; false when that failed.
+bool areDecodersLoaded()
+{
+    static const bool areLoaded = [] {
+        try {
+            QBuffer nothing;
+            nothing.open(QIODevice::ReadOnly);
+            QImageReader reader(&nothing);
+            reader.setDecideFormatFromContent(true);
+            reader.format();
+            return true;
+        } catch (const std::bad_alloc &) {
+            return false;
+        }
+    }();
+    return areLoaded;
+}
+
+qint64 pixelsOf(QSize size)
+{
+    return qint64(size.width()) * size.height();
+}
+
+/// The toolkit takes memory for a GIF file's whole screen, but tells the size of its first picture.
+/// A screen without a side grows with the pictures on it.
+QSize screenOfGif(QFile &file)
+{
+    constexpr int kLargestSide = 65535;
+    const QByteArray head = file.peek(10);
+    const auto side = [&head](int at) {
+        const int length = head.size() < 10 ? 0 : uchar(head[at]) | uchar(head[at + 1]) << 8;
+        return length == 0 ? kLargestSide : length;
+    };
+    return {side(6), side(8)};
+}
+
+/// Size of what the reader will take memory for; empty when the file does not tell.
+QSize sizeInMemory(QFile &file, const QImageReader &reader)
+{
+    const QSize screen = reader.format() == "gif" ? screenOfGif(file) : QSize();
+    const QSize size = reader.size();
+    return size.isEmpty() ? QSize() : size.expandedTo(screen);
+}
+
+/// Why the toolkit gave no picture of this size: it does not tell.
+DecodedPicture failedReading(QSize size)
+{
+    const bool isMemoryShort = QImage(size, QImage::Format_RGBA64).isNull();
+    return decodeFailure(isMemoryShort ? DecodeError::NoMemory : DecodeError::Damaged, size);
+}
+
 /// Takes the descriptor over.
 DecodedPicture decodeByToolkit(int descriptor, qint64 pixelLimit)
 {
@@ -157,6 +210,8 @@ DecodedPicture decodeByToolkit(int descriptor, qint64 pixelLimit)
         ::close(descriptor);
         return decodeFailure(DecodeError::Unreadable);
     }
+    if (!areDecodersLoaded())
+        return {{}, DecodeError::NoMemory, translate("not enough memory")};
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
@@ -165,16 +220,18 @@ DecodedPicture decodeByToolkit(int descriptor, qint64 pixelLimit)
         return decodeFailure(DecodeError::NotAPicture);
     if (!isComplete(file, format))
         return decodeFailure(DecodeError::Damaged);
-    const QSize size = reader.size();
+    const QSize size = sizeInMemory(file, reader);
     if (size.isEmpty())
         return decodeFailure(DecodeError::Damaged);
-    if (qint64(size.width()) * size.height() > pixelLimit)
+    if (pixelsOf(size) > pixelLimit)
         return decodeFailure(DecodeError::TooLarge, size);
 
     DecodedPicture decoded;
     decoded.image = reader.read();
     if (decoded.image.isNull())
-        return decodeFailure(DecodeError::Damaged);
+        return failedReading(size);
+    if (pixelsOf(decoded.image.size()) > pixelLimit)
+        return decodeFailure(DecodeError::TooLarge, decoded.image.size());
     completeColourTable(decoded.image);
     return decoded;
 }

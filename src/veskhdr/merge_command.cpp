@@ -18,6 +18,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -179,9 +180,10 @@ ExitCode Merge::decode()
 {
     bar.show(0.0, QStringLiteral("Reading"));
     const LibraryMute mute;
-    const std::vector<DecodedPicture> decoded = loadPictures(options.pictures, [this](int count) {
-        bar.show(kDecoded * count / options.pictures.size(), QStringLiteral("Reading"));
-    });
+    const std::vector<DecodedPicture> decoded =
+        loadPictures(options.pictures, options.pixelLimit, [this](int count) {
+            bar.show(kDecoded * count / options.pictures.size(), QStringLiteral("Reading"));
+        });
     ExitCode first = ExitCode::Ok;
     for (size_t i = 0; i < decoded.size(); ++i) {
         const DecodedPicture &picture = decoded[i];
@@ -318,7 +320,12 @@ ExitCode runMerge(const QStringList &words)
         console::complain(parsed.file, parsed.problem);
         return ExitCode::Usage;
     }
-    return Merge(parsed.options).run();
+    try {
+        return Merge(parsed.options).run();
+    } catch (const std::bad_alloc &) {
+        console::complain(parsed.options.output, QStringLiteral("not enough memory"));
+        return ExitCode::NoMemory;
+    }
 }
 
 QString mergeHelp()
@@ -340,6 +347,8 @@ Options:
   --device NAME     Merge on that OpenCL device, see 'veskhdr devices', or on the
                     "processor", which is the default; the pixels are the same
   --quality N       JPEG quality, 1 to 100 (95); from 90 on at full colour resolution
+  --max-megapixels N
+                    Refuse larger pictures before taking memory for them (512)
   --force           Replace OUT if it exists, but never one of the pictures
   --json            Print what was done as one JSON object
   --verbose         Print what was done as plain lines: times and shifts

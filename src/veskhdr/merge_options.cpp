@@ -8,6 +8,9 @@
 
 namespace {
 
+constexpr qint64 kMegapixel = 1000 * 1000;
+constexpr qint64 kLargestPixelLimit = 1000 * 1000 * kMegapixel;
+
 /// The way of the "Merge to HDR" tool: ascending by UTF-16 code units, the same path once.
 QStringList inMergeOrder(QStringList pictures, bool keepOrder)
 {
@@ -38,6 +41,9 @@ ParsedMergeOptions check(const MergeOptions &options)
             options.output);
     if (options.quality < 1 || options.quality > 100)
         return problem(QStringLiteral("merge: the quality must be a number from 1 to 100"));
+    if (options.pixelLimit < kMegapixel || options.pixelLimit > kLargestPixelLimit)
+        return problem(QStringLiteral("merge: the megapixels must be a number from 1 to %1")
+                           .arg(kLargestPixelLimit / kMegapixel));
     if (options.json && options.verbose)
         return problem(QStringLiteral("merge: --json and --verbose exclude each other"));
     return {options, {}, {}};
@@ -50,6 +56,8 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")}, {},
                                     QStringLiteral("file"));
     const QCommandLineOption quality(QStringLiteral("quality"), {}, QStringLiteral("number"));
+    const QCommandLineOption megapixels(QStringLiteral("max-megapixels"), {},
+                                        QStringLiteral("number"));
     const QCommandLineOption device(QStringLiteral("device"), {}, QStringLiteral("name"));
     const QCommandLineOption noAlign(QStringLiteral("no-align"));
     const QCommandLineOption keepOrder(QStringLiteral("keep-order"));
@@ -58,7 +66,8 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     const QCommandLineOption json(QStringLiteral("json"));
     const QCommandLineOption verbose(QStringLiteral("verbose"));
     QCommandLineParser parser;
-    parser.addOptions({output, quality, device, noAlign, keepOrder, crop, force, json, verbose});
+    parser.addOptions(
+        {output, quality, megapixels, device, noAlign, keepOrder, crop, force, json, verbose});
     if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words))
         return problem(QStringLiteral("merge: ") + parser.errorText());
     if (parser.values(output).size() > 1)
@@ -72,6 +81,8 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     options.output = parser.value(output);
     options.format = formatOfSuffix(options.output).value_or(PictureFormat::Png);
     options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
+    if (parser.isSet(megapixels))
+        options.pixelLimit = qint64(parser.value(megapixels).toInt()) * kMegapixel;
     if (parser.value(device) != QLatin1String("processor"))
         options.device = parser.value(device);
     options.align = !parser.isSet(noAlign);

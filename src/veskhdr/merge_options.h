@@ -1,5 +1,6 @@
 #pragma once
 
+#include "picture_decoder.h"
 #include "picture_writer.h"
 
 #include <QString>
@@ -12,6 +13,7 @@ struct MergeOptions
     QString output;
     PictureFormat format = PictureFormat::Png;
     int quality = kDefaultQuality;
+    qint64 pixelLimit = kDefaultPixelLimit; ///< of each picture to merge
     bool align = true;
     bool keepOrder = false;
     bool crop = false;

@@ -7,16 +7,22 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
+#include <new>
 #include <thread>
 
 namespace {
 
 /// Camera raw files go through the raw converter, all others through the decoder.
-DecodedPicture load(const QString &path)
+DecodedPicture load(const QString &path, qint64 pixelLimit)
 {
-    if (!QFileInfo(path).isFile() || !VeskRawType::isRaw(path))
-        return decodePicture(path);
+    if (!QFileInfo(path).isFile() || !VeskRawType::isRaw(path)) {
+        DecodedPicture decoded = decodePicture(path, pixelLimit);
+        if (decoded.error == DecodeError::TooLarge)
+            decoded.reason += QStringLiteral(", --max-megapixels allows more");
+        return decoded;
+    }
     VeskRaw::Conversion converted = VeskRaw::convert(path);
     if (converted.picture.isNull())
         return {{},
@@ -25,12 +31,22 @@ DecodedPicture load(const QString &path)
     return {std::move(converted.picture), DecodeError::None, {}};
 }
 
+DecodedPicture loadGuarded(const QString &path, qint64 pixelLimit)
+{
+    try {
+        return load(path, pixelLimit);
+    } catch (const std::bad_alloc &) {
+        return {{}, DecodeError::NoMemory, QStringLiteral("not enough memory")};
+    }
+}
+
 /// The files yet to decode and what became of the others. The mutex guards all counters; each
 /// result is written by one worker and read after all have ended.
 struct Work
 {
-    explicit Work(const QStringList &files)
+    Work(const QStringList &files, qint64 largestPicture)
         : paths(files)
+        , pixelLimit(largestPicture)
         , results(size_t(files.size()))
     {
     }
@@ -38,6 +54,7 @@ struct Work
     void decodeAll();
 
     const QStringList paths;
+    const qint64 pixelLimit;
     std::vector<DecodedPicture> results;
     std::mutex mutex;
     std::condition_variable changed;
@@ -51,7 +68,7 @@ void Work::decodeAll()
     while (next < paths.size()) {
         const int index = next++;
         lock.unlock();
-        results[size_t(index)] = load(paths[index]);
+        results[size_t(index)] = loadGuarded(paths[index], pixelLimit);
         lock.lock();
         ++done;
         changed.notify_one();
@@ -60,15 +77,23 @@ void Work::decodeAll()
 
 } // namespace
 
-std::vector<DecodedPicture> loadPictures(const QStringList &paths,
+std::vector<DecodedPicture> loadPictures(const QStringList &paths, qint64 pixelLimit,
                                          const std::function<void(int)> &onDecoded)
 {
-    Work work(paths);
+    VeskRaw::setPixelLimit(pixelLimit);
+    Work work(paths, pixelLimit);
     const int threadCount =
         std::min(std::max(1, static_cast<int>(std::thread::hardware_concurrency())), paths.size());
     std::vector<std::thread> threads;
-    for (int i = 0; i < threadCount; ++i)
-        threads.emplace_back(&Work::decodeAll, &work);
+    try {
+        threads.reserve(size_t(threadCount));
+        for (int i = 0; i < threadCount; ++i)
+            threads.emplace_back(&Work::decodeAll, &work);
+    } catch (const std::exception &) {
+        // No more threads or memory to be had: those that run do it, or else this one.
+        if (threads.empty())
+            work.decodeAll();
+    }
     {
         std::unique_lock lock(work.mutex);
         for (int seen = 0; seen < paths.size();) {

@@ -139,8 +139,8 @@ private slots:
     void wholeRoad_fivePhotographs_equalTheCommandLine_data();
     void wholeRoad_fivePhotographs_equalTheCommandLine();
 
-    void memory_fiftyMerges_stayFlat_data();
-    void memory_fiftyMerges_stayFlat();
+    void longUse_twoHundredMerges_leaveNothingBehind_data();
+    void longUse_twoHundredMerges_leaveNothingBehind();
 };
 
 void TestMergeCommand::cleanup()
@@ -569,14 +569,14 @@ void TestMergeCommand::wholeRoad_fivePhotographs_equalTheCommandLine()
     QCOMPARE(mergedPicture(), QImage(out).convertToFormat(QImage::Format_RGB32));
 }
 
-void TestMergeCommand::memory_fiftyMerges_stayFlat_data()
+void TestMergeCommand::longUse_twoHundredMerges_leaveNothingBehind_data()
 {
     QTest::addColumn<bool>("fails");
     QTest::newRow("successful") << false;
     QTest::newRow("failed") << true;
 }
 
-void TestMergeCommand::memory_fiftyMerges_stayFlat()
+void TestMergeCommand::longUse_twoHundredMerges_leaveNothingBehind()
 {
     if (residentBytes() < 0)
         QSKIP("the memory in use is not known here");
@@ -599,8 +599,12 @@ void TestMergeCommand::memory_fiftyMerges_stayFlat()
     };
     merge(3);
     const qint64 before = residentBytes();
-    merge(50);
-    QCOMPARE(boxes.shown().size(), 53);
+    const int filesBefore = openFileCount();
+    const int threadsBefore = threadCount();
+    merge(200);
+    QCOMPARE(boxes.shown().size(), 203);
+    QCOMPARE(openFileCount(), filesBefore);
+    QCOMPARE(threadCount(), threadsBefore);
     QVERIFY2(residentBytes() - before < setBytes, "one set of pictures");
 }
 

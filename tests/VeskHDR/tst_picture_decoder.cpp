@@ -431,6 +431,20 @@ private slots:
         QVERIFY(refused.reason.contains(QStringLiteral("61 x 37")));
     }
 
+    void decode_gifOnALargerScreen_isLimitedByTheScreen()
+    {
+        QByteArray bytes = gif(4, 3);
+        bytes[7] = char(4); // 4 + 4 * 256 columns
+        const QString path = save(QStringLiteral("screen"), bytes);
+        const DecodedPicture refused = decodePicture(path, 1028 * 3 - 1);
+        QCOMPARE(int(refused.error), int(DecodeError::TooLarge));
+        QVERIFY(refused.reason.contains(QStringLiteral("1028 x 3")));
+        QCOMPARE(int(decodePicture(path, 1028 * 3).error), int(DecodeError::None));
+        bytes[6] = bytes[7] = 0; // as wide as needed
+        const QString endless = save(QStringLiteral("endless"), bytes);
+        QCOMPARE(int(decodePicture(endless, 65535 * 3 - 1).error), int(DecodeError::TooLarge));
+    }
+
     void decode_hugeHeaderOfSmallFile_isRefused()
     {
         // 60,000 x 60,000 pixels are 14 GB: refused although the file ends after the header.

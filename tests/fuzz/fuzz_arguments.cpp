@@ -28,6 +28,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     for (const QString &picture : options.pictures)
         FUZZ_REQUIRE(words.contains(picture));
     FUZZ_REQUIRE(formatOfSuffix(options.output) == options.format);
+    FUZZ_REQUIRE(options.pixelLimit >= 1000 * 1000);
     FUZZ_REQUIRE(options.quality >= 1 && options.quality <= 100);
     return 0;
 }

@@ -35,9 +35,13 @@ void changeAndReadBack(VeskGlobalSettings &settings)
 {
     const bool visible = settings.isHistogramVisible();
     settings.setHistogramVisible(!visible);
-    FUZZ_REQUIRE(settings.isHistogramVisible() == !visible);
+    const bool isChanged = settings.isHistogramVisible() == !visible;
     settings.setLanguage(QStringLiteral("ja_JP"));
-    FUZZ_REQUIRE(settings.language() == QLatin1String("ja_JP"));
+    const bool isKept = settings.language() == QLatin1String("ja_JP");
+    // Reading may find that the file is damaged, and begins a new one.
+    const bool isPutAside =
+        QFile::exists(VeskGlobalSettings::configFilePath() + QStringLiteral(".damaged"));
+    FUZZ_REQUIRE((isChanged && isKept) || isPutAside);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "resident_memory.h"
 
+#include <QDir>
+
 #if defined(Q_OS_LINUX)
 #include <fstream>
 #include <unistd.h>
@@ -14,4 +16,25 @@ qint64 residentBytes()
         return residentPages * sysconf(_SC_PAGESIZE);
 #endif
     return -1;
+}
+
+namespace {
+
+int entriesOf(const QString &folder)
+{
+    const QDir entries(folder, {}, QDir::NoSort,
+                       QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    return entries.exists() ? entries.entryList().size() : -1;
+}
+
+} // namespace
+
+int openFileCount()
+{
+    return entriesOf(QStringLiteral("/proc/self/fd"));
+}
+
+int threadCount()
+{
+    return entriesOf(QStringLiteral("/proc/self/task"));
 }

@@ -33,6 +33,10 @@ void Program::setupChildProcess()
         const rlimit limit{rlim_t(largestFileBytes), rlim_t(largestFileBytes)};
         ::setrlimit(RLIMIT_FSIZE, &limit);
     }
+    if (addressSpaceBytes >= 0) {
+        const rlimit limit{rlim_t(addressSpaceBytes), rlim_t(addressSpaceBytes)};
+        ::setrlimit(RLIMIT_AS, &limit);
+    }
     if (errorTerminal >= 0)
         ::dup2(errorTerminal, STDERR_FILENO);
     if (outputTerminal >= 0)

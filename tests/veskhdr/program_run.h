@@ -18,9 +18,10 @@ class Program : public QProcess
 public:
     Program();
 
-    qint64 largestFileBytes = -1; ///< what the program may write into one file; -1: any number
-    int errorTerminal = -1;       ///< terminal to use as standard error; borrowed
-    int outputTerminal = -1;      ///< terminal to use as standard output; borrowed
+    qint64 largestFileBytes = -1;  ///< what the program may write into one file; -1: any number
+    qint64 addressSpaceBytes = -1; ///< what the program may map; -1: any number
+    int errorTerminal = -1;        ///< terminal to use as standard error; borrowed
+    int outputTerminal = -1;       ///< terminal to use as standard output; borrowed
 
     /// Starts it and waits for its end.
     ProgramRun run(const QStringList &arguments);

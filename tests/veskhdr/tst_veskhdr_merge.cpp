@@ -28,6 +28,7 @@ enum ExitCode {
     Usage = 64,
     BadData = 65,
     NoInput = 66,
+    NoMemory = 71,
     CannotCreate = 73,
     WriteFailed = 74
 };
@@ -629,6 +630,12 @@ private slots:
             << QStringList{"--quality", "101", "a.png", "b.png", "-o", "o.jpg"};
         QTest::newRow("quality in words")
             << QStringList{"--quality", "good", "a.png", "b.png", "-o", "o.jpg"};
+        QTest::newRow("no megapixels")
+            << QStringList{"--max-megapixels", "0", "a.png", "b.png", "-o", "o.jpg"};
+        QTest::newRow("megapixels below nothing")
+            << QStringList{"--max-megapixels", "-1", "a.png", "b.png", "-o", "o.jpg"};
+        QTest::newRow("megapixels in words")
+            << QStringList{"--max-megapixels", "many", "a.png", "b.png", "-o", "o.jpg"};
         QTest::newRow("json and verbose")
             << QStringList{"--json", "--verbose", "a.png", "b.png", "-o", "o.jpg"};
     }
@@ -637,6 +644,157 @@ private slots:
     {
         QFETCH(QStringList, words);
         verifyRefused(QStringList{"merge"} + words, Usage, "merge: ", "");
+    }
+
+    void refuse_moreMegapixelsThanAllowed_fromTheHeader()
+    {
+        // Two gigapixels by their headers, a few hundred bytes long.
+        savePicture("x.jpg", noise({8, 8}));
+        QByteArray bytes = bytesOf("x.jpg");
+        bytes.replace(bytes.indexOf("\xFF\xC0") + 5, 4, "\x9C\x40\xC3\x50");
+        saveBytes("x.jpg", bytes);
+        saveBytes("y.jpg", bytes);
+        const ProgramRun refused = run({"merge", "x.jpg", "y.jpg", "-o", "o.png"});
+        QCOMPARE(refused.exitCode, int(BadData));
+        QCOMPARE(linesOf(refused.errors).first(),
+                 QByteArray("veskhdr: x.jpg: the picture is too large (50000 x 40000 pixels), "
+                            "--max-megapixels allows more"));
+        savePicture("m.png", noise({1200, 900}));
+        savePicture("n.png", noise({1200, 900}));
+        verifyRefused({"merge", "--max-megapixels", "1", "a.png", "n.png", "-o", "o.png"}, BadData,
+                      "n.png: the picture is too large", "1200 x 900");
+        QCOMPARE(run({"merge", "--max-megapixels", "2", "m.png", "n.png", "-o", "o.png"}).exitCode,
+                 int(Ok));
+    }
+
+    void refuse_anyShortageOfMemory_inWords()
+    {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(Q_OS_LINUX)
+        QSKIP("the address space of the program cannot be limited here");
+#endif
+        const QSize size(1500, 1000);
+        savePicture("a.png", noise(size));
+        savePicture("b.jpg", noise(size));
+        savePicture("c.tif", noise(size));
+        saveBytes("out.png", "an older file");
+        constexpr qint64 kMegabyte = 1 << 20;
+        constexpr qint64 kMost = 1024 * kMegabyte;
+        int refusals = 0;
+        // Upwards from what the libraries need until the merge succeeds.
+        int exitCode = NoMemory;
+        for (qint64 bytes = 40 * kMegabyte; exitCode != Ok; bytes += 2 * kMegabyte) {
+            QVERIFY(bytes < kMost);
+            Program program;
+            program.addressSpaceBytes = bytes;
+            program.setWorkingDirectory(folder->path());
+            const ProgramRun starved =
+                program.run({"merge", "--force", "a.png", "b.jpg", "c.tif", "-o", "out.png"});
+            exitCode = starved.exitCode;
+            constexpr int kLibrariesDoNotLoad = 127;
+            if (exitCode == Ok || exitCode == kLibrariesDoNotLoad)
+                continue;
+            ++refusals;
+            // The toolkit does not say why it gave no picture of a PNG or TIFF file.
+            const bool isInWords =
+                (exitCode == NoMemory && starved.errors.contains("not enough")) ||
+                (exitCode == BadData && starved.errors.contains("damaged"));
+            QVERIFY2(isInWords, QByteArray::number(bytes) + " bytes, exit code " +
+                                    QByteArray::number(exitCode) + ": " + starved.errors);
+            QCOMPARE(bytesOf("out.png"), QByteArray("an older file"));
+        }
+        QVERIFY(refusals > 10);
+        QCOMPARE(QImage(path("out.png")).size(), size);
+    }
+
+    void merge_sixteenProcessesAtOneTarget_itIsAlwaysAWholePicture()
+    {
+        const QStringList arguments = {"merge", "--force", "a.png", "b.png",
+                                       "c.png", "-o",      "o.png"};
+        QCOMPARE(run(arguments).exitCode, int(Ok));
+        const QImage expected(path("o.png"));
+        std::vector<std::unique_ptr<Program>> programs;
+        for (int i = 0; i < 16; ++i) {
+            programs.push_back(std::make_unique<Program>());
+            programs.back()->setWorkingDirectory(folder->path());
+            programs.back()->setArguments(arguments);
+            programs.back()->start(QIODevice::ReadOnly);
+        }
+        const auto areRunning = [&programs] {
+            return std::any_of(programs.begin(), programs.end(), [](const auto &program) {
+                return !program->waitForFinished(1) && program->state() != QProcess::NotRunning;
+            });
+        };
+        int looks = 0;
+        do {
+            QVERIFY(QImage(path("o.png")) == expected);
+            ++looks;
+        } while (areRunning());
+        QVERIFY(looks > 1);
+        for (const auto &program : programs) {
+            QCOMPARE(program->exitStatus(), QProcess::NormalExit);
+            QCOMPARE(program->exitCode(), int(Ok));
+        }
+        QCOMPARE(files(), QStringList({"a.png", "b.png", "c.png", "o.png"}));
+    }
+
+    void merge_inputsThatVanishOrChangeMeanwhile_endInWordsOrAWholePicture()
+    {
+        const QByteArray whole = bytesOf("b.png");
+        for (int round = 0; round < 12; ++round) {
+            saveBytes("b.png", whole);
+            Program program;
+            program.setWorkingDirectory(folder->path());
+            program.setArguments({"merge", "--force", "a.png", "b.png", "-o", "o.png"});
+            program.start(QIODevice::ReadOnly);
+            QVERIFY(program.waitForStarted());
+            program.waitForFinished(round);
+            if (round % 3 == 0)
+                QFile::remove(path("b.png"));
+            else if (round % 3 == 1)
+                QVERIFY(QFile::resize(path("b.png"), whole.size() / 2));
+            else
+                saveBytes("b.png", QByteArray(whole.size() * 2, 'x'));
+            QVERIFY(program.waitForFinished(60000));
+            QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+            const QList<int> allowed = {Ok, BadData, NoInput};
+            QVERIFY2(allowed.contains(program.exitCode()), program.readAllStandardError());
+            if (QFile::exists(path("o.png")))
+                QCOMPARE(QImage(path("o.png")).size(), QSize(200, 150));
+        }
+    }
+
+    void merge_linksAndOddNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("spaces and quotes") << QStringLiteral(" a 'b' \"c\" ");
+        QTest::newRow("line break and tab") << QStringLiteral("a\nb\tc");
+        QTest::newRow("shell's own") << QStringLiteral("$(x) `y` ; & | < > * ? [z] ~ ! \\");
+        QTest::newRow("percent") << QStringLiteral("%s%n%1%2");
+        QTest::newRow("Japanese") << QStringLiteral("\u65e5\u672c\u8a9e");
+        QTest::newRow("Korean, Chinese, German, Greek, Arabic, Hebrew")
+            << QStringLiteral("\ud55c\uad6d\u4e2d\u6587\u00e4\u00df\u03a9\u0639\u05d0");
+        QTest::newRow("beyond the first plane, combining, direction marks")
+            << QString::fromUcs4(U"\U0001F4F7e\u0301\u202E\uFEFF");
+        QTest::newRow("as long as names can be") << QString(250, QLatin1Char('n'));
+    }
+
+    void merge_linksAndOddNames()
+    {
+        QFETCH(QString, name);
+        QVERIFY(QFile::rename(path("b.png"), path(name)));
+        QVERIFY(QFile::link(name, path("link.png")));
+        const QString output =
+            name.size() > 200 ? QStringLiteral("o.png") : name + QStringLiteral(".png");
+        const ProgramRun merged = run({"merge", "--force", "--", "a.png", "link.png", "c.png"});
+        QCOMPARE(merged.exitCode, int(Usage)); // no output yet
+        QCOMPARE(run({"merge", "-o", output, "--", "a.png", "link.png", name}).exitCode, int(Ok));
+        QVERIFY(QImage(path(output)).size() == QSize(200, 150));
+    }
+
+    void refuse_linkToItself()
+    {
+        QVERIFY(QFile::link("loop.png", path("loop.png")));
+        verifyRefused({"merge", "a.png", "loop.png", "-o", "o.png"}, NoInput, "loop.png: ", "");
     }
 
     void refuse_diskFull_leavesNothing_data()

@@ -61,6 +61,14 @@ void VeskGlobalSettings::setLanguage(const QString &localeName)
     setValue(languageKey(), localeName);
 }
 
+qint64 VeskGlobalSettings::pixelLimit()
+{
+    constexpr int kDefaultMegapixels = 512;
+    constexpr qint64 kMegapixel = 1000 * 1000;
+    const int megapixels = VeskSettingsFile::value(QStringLiteral("maxMegapixels")).toInt();
+    return kMegapixel * (megapixels > 0 ? megapixels : kDefaultMegapixels);
+}
+
 QVariant VeskGlobalSettings::value(const QString &key, const QVariant &defaultValue) const
 {
     return VeskSettingsFile::value(key, defaultValue);

@@ -31,6 +31,10 @@ public:
     /// Read by the tools and the editor at their next start.
     void setLanguage(const QString &localeName);
 
+    /// Pixels that a picture may have to be opened: the key "maxMegapixels" times a million, 512
+    /// million by default. Any thread.
+    static qint64 pixelLimit();
+
     /// Any other key, in the notation of QSettings, with a value that VeskSettingsFile takes.
     QVariant value(const QString &key, const QVariant &defaultValue = {}) const;
     /// An invalid value removes the key.

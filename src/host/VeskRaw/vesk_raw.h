@@ -22,7 +22,7 @@ public:
         QString error;
     };
 
-    static constexpr qint64 kDefaultPixelLimit = 256LL * 1024 * 1024;
+    static constexpr qint64 kDefaultPixelLimit = 512LL * 1000 * 1000;
 
     /// The one converter, created on first call and kept for the life of the process.
     static VeskRaw *getInstance();
