@@ -28,28 +28,27 @@ install(DIRECTORY examples/embedding DESTINATION "${document_dir}/examples" COMP
 
 set(CPACK_PACKAGE_NAME vesk-hdr)
 set(CPACK_PACKAGE_VENDOR "Vesk HDR developers")
-set(CPACK_PACKAGE_CONTACT "Vesk HDR developers <maintainers@localhost>")
+set(CPACK_PACKAGE_CONTACT "Vesk HDR developers <vesk-hdr@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "merge bracketed photographs of one scene")
-set(CPACK_PACKAGE_DESCRIPTION
-  "Vesk HDR aligns two or more photographs of one scene, taken at different exposures,
- and merges them into one well-exposed picture. The package holds a small photo editor
- (vesk) and a program for scripts and batches (veskhdr).")
 set(CPACK_RESOURCE_FILE_LICENSE "${CMAKE_SOURCE_DIR}/LICENSE")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
+  "Vesk HDR aligns two or more photographs of one scene, taken at different exposures, and merges them into one well-exposed picture. The package holds a small photo editor (vesk) and a program for scripts and batches (veskhdr).")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
   "Headers and the CMake package of the Merge to HDR tool, for programs that embed it.")
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME vesk-hdr)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION graphics)
 # The toolkit finds these at run time: nothing links them.
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS qt5-image-formats-plugins)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "qt5-image-formats-plugins, libqt5svg5")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS qttranslations5-l10n)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SUGGESTS "jq, parallel")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME vesk-hdr-dev)

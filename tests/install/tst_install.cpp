@@ -139,8 +139,9 @@ void TestInstall::runtimeComponent_hasNothingForDevelopers()
              path("runtime"), QStringLiteral("--component"), QStringLiteral("runtime")});
     QVERIFY2(install.exitCode == 0, install.output);
     const QStringList files = filesBelow(path("runtime"));
-    for (const char *file : {"bin/veskhdr", "bin/vesk", "share/man/man1/veskhdr.1",
-                             "share/man/man1/vesk.1", "share/bash-completion/completions/veskhdr"})
+    for (const char *file :
+         {"bin/veskhdr", "bin/vesk", "share/man/man1/veskhdr.1", "share/man/man1/vesk.1",
+          "share/applications/vesk.desktop", "share/bash-completion/completions/veskhdr"})
         QVERIFY2(files.contains(file), file);
     for (const QString &file : files) {
         QVERIFY2(!file.endsWith(".h") && !file.endsWith(".cmake"), qPrintable(file));
