@@ -17,6 +17,7 @@ complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l keep-order -d 'Kee
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l crop -d 'Cut to the area that every picture covers'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l device -x -a '(__veskhdr_devices)' -d 'OpenCL device'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l quality -x -d 'JPEG quality, 1 to 100'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l max-megapixels -x -d 'Refuse larger pictures'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l force -d 'Replace the output if it exists'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l json -d 'Print one JSON object'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l verbose -d 'Print times and shifts'
