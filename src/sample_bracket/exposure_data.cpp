@@ -102,6 +102,22 @@ private:
     std::unique_ptr<ExifData, decltype(&exif_data_unref)> data_{exif_data_new(), &exif_data_unref};
 };
 
+QByteArray paddedNumber(int number, int digits)
+{
+    return QByteArray::number(number).rightJustified(digits, '0');
+}
+
+/// "2024:06:15 10:42:07". Put together by hand: the first QDateTime::toString of a process sets up
+/// the toolkit's calendars, which several threads at once do not survive.
+QByteArray exifTime(const QDateTime &moment)
+{
+    const QDate date = moment.date();
+    const QTime time = moment.time();
+    return paddedNumber(date.year(), 4) + ':' + paddedNumber(date.month(), 2) + ':' +
+           paddedNumber(date.day(), 2) + ' ' + paddedNumber(time.hour(), 2) + ':' +
+           paddedNumber(time.minute(), 2) + ':' + paddedNumber(time.second(), 2);
+}
+
 /// Big-endian length and more, as both file formats have them.
 template <typename Integer>
 QByteArray bigEndian(Integer value)
@@ -125,8 +141,7 @@ QByteArray pngChunk(const QByteArray &type, const QByteArray &content)
 QByteArray exifBlock(const ExposureData &exposure, QSize size)
 {
     ExifWriter writer;
-    const QByteArray taken =
-        exposure.takenAt.toString(QStringLiteral("yyyy:MM:dd HH:mm:ss")).toLatin1();
+    const QByteArray taken = exifTime(exposure.takenAt);
     writer.addText(EXIF_IFD_0, EXIF_TAG_MAKE, "Vesk");
     writer.addText(EXIF_IFD_0, EXIF_TAG_MODEL, "Vesk Sample Camera");
     writer.addShort(EXIF_IFD_0, EXIF_TAG_ORIENTATION, 1);
@@ -142,7 +157,7 @@ QByteArray exifBlock(const ExposureData &exposure, QSize size)
     writer.addBytes(EXIF_TAG_EXIF_VERSION, "0230");
     writer.addText(EXIF_IFD_EXIF, EXIF_TAG_DATE_TIME_ORIGINAL, taken);
     writer.addText(EXIF_IFD_EXIF, EXIF_TAG_SUB_SEC_TIME_ORIGINAL,
-                   exposure.takenAt.toString(QStringLiteral("zzz")).toLatin1());
+                   paddedNumber(exposure.takenAt.time().msec(), 3));
     writer.addSignedRational(EXIF_TAG_EXPOSURE_BIAS_VALUE,
                              static_cast<int>(std::lround(exposure.stops * 100.0)), 100);
     writer.addLong(EXIF_TAG_PIXEL_X_DIMENSION, size.width());

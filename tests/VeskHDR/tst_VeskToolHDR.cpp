@@ -768,7 +768,7 @@ void TestVeskToolHDR::longUse_twoHundredCancelledSets_leaveNothingBehind()
     addAndCancel(200);
     QVERIFY(session.tool->fileList().isEmpty());
     QCOMPARE(openFileCount(), filesBefore);
-    QCOMPARE(threadCount(), threadsBefore);
+    QVERIFY2(threadCount() <= threadsBefore, "threads are left behind");
     QVERIFY2(residentBytes() - before < 5 * kLargeBytes, "one set of pictures");
 }
 

@@ -604,7 +604,7 @@ void TestMergeCommand::longUse_twoHundredMerges_leaveNothingBehind()
     merge(200);
     QCOMPARE(boxes.shown().size(), 203);
     QCOMPARE(openFileCount(), filesBefore);
-    QCOMPARE(threadCount(), threadsBefore);
+    QVERIFY2(threadCount() <= threadsBefore, "threads are left behind");
     QVERIFY2(residentBytes() - before < setBytes, "one set of pictures");
 }
 
