@@ -9,6 +9,10 @@
 #include <thread>
 #include <vector>
 
+#ifdef __linux__
+#include <sched.h>
+#endif
+
 namespace {
 
 // Below this a thread costs more than it saves.
@@ -46,6 +50,16 @@ void runParts(int parts, const std::function<void(int)> &work)
 
 } // namespace
 
+int parallel::processorCount()
+{
+#ifdef __linux__
+    cpu_set_t granted;
+    if (sched_getaffinity(0, sizeof(granted), &granted) == 0)
+        return std::max(1, CPU_COUNT(&granted));
+#endif
+    return std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+}
+
 void parallel::setThreadLimit(int threads)
 {
     threadLimit = threads;
@@ -53,9 +67,8 @@ void parallel::setThreadLimit(int threads)
 
 int parallel::threadCount()
 {
-    const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
     const int limit = threadLimit;
-    return limit > 0 ? limit : cores;
+    return limit > 0 ? limit : processorCount();
 }
 
 void parallel::rows(int rows, const std::function<void(int, int)> &work)

@@ -13,6 +13,9 @@ void rows(int rows, const std::function<void(int begin, int end)> &work);
 /// Calls work(i) for each i in 0..count-1 in the same way, one i after the other on each thread.
 void each(int count, const std::function<void(int)> &work);
 
+/// Cores that this process may use: fewer than the machine has where a batch system grants a part.
+int processorCount();
+
 /// The most threads that rows() and each() use at a time, the caller's own included; 0 means one
 /// for each core. For the whole process: for tests and measurements.
 void setThreadLimit(int threads);

@@ -1,5 +1,7 @@
 #include "picture_loader.h"
 
+#include "parallel_rows.h"
+
 #include "vesk_raw.h"
 #include "vesk_raw_type.h"
 
@@ -82,8 +84,7 @@ std::vector<DecodedPicture> loadPictures(const QStringList &paths, qint64 pixelL
 {
     VeskRaw::setPixelLimit(pixelLimit);
     Work work(paths, pixelLimit);
-    const int threadCount =
-        std::min(std::max(1, static_cast<int>(std::thread::hardware_concurrency())), paths.size());
+    const int threadCount = std::min(parallel::processorCount(), paths.size());
     std::vector<std::thread> threads;
     try {
         threads.reserve(size_t(threadCount));
