@@ -39,5 +39,7 @@ int main(int argc, char **argv)
           tool.fileList().size());
 
     QTimer::singleShot(0, &application, &QApplication::quit); // leave this out to stay
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    tool.clear(); // a tool does not delete the pictures that it still holds
+    return status;
 }
