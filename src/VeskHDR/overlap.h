@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-/// The part begin..end of 0..length that lands inside 0..targetLength, and does not go beyond
+/// The stretch begin..end of 0..length that lands inside 0..targetLength, and does not go beyond
 /// length, when it is moved by `shift`. Empty (begin == end) when nothing does.
 struct Overlap
 {

@@ -21,7 +21,7 @@ QList<QImage *> list(const Owned &pictures);
 QImage noise(QSize size, QImage::Format format, std::mt19937 &random);
 
 /// Blobs of many sizes, as a photograph has them; the same seed gives the same
-/// scene. The part of it that starts at `origin`, times `exposure`, clipped.
+/// scene. The piece of it that starts at `origin`, times `exposure`, clipped.
 QImage scene(QSize size, QPoint origin, double exposure, uint32_t seed);
 
 /// Paths of the real photographs whose names match, sorted; empty when the folder is missing.

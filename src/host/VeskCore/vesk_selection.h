@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QRect>
 
-/// The part of a document that the user has selected: a rectangle of pixels, or nothing. Owned by
+/// What the user has selected of a document: a rectangle of pixels, or nothing. Owned by
 /// the context it is set on. GUI thread.
 class VESKCORE_EXPORT VeskSelection : public QObject
 {

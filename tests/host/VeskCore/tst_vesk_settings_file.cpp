@@ -41,7 +41,7 @@ QByteArray contentsOf(const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The part of a process that writes its own keys while others write theirs.
+/// What a process does that writes its own keys while others write theirs.
 void writeKeys(const QString &writer)
 {
     for (int i = 0; i < kKeysPerWriter; ++i)
