@@ -134,11 +134,13 @@ void TestBatch::parallel_onSeveralMachines_mergesEveryBracket()
     if (!isInstalled("parallel"))
         QSKIP("GNU Parallel is not installed");
     // Stands in for ssh: notes the machine and runs the command here, through a shell as ssh does.
-    folder->write("ssh", "#!/usr/bin/env bash\n"
-                         "while [[ $1 == -* ]]; do shift; done\n"
-                         "echo \"$1\" >>'" +
-                             folder->path("used").toLocal8Bit() +
-                             "'\nshift\n[ \"$1\" != -- ] || shift\nexec bash -c \"$*\"\n");
+    // It sets SHELL, as a login does: without it GNU Parallel runs nothing on the other machine.
+    folder->write("ssh",
+                  "#!/usr/bin/env bash\n"
+                  "while [[ $1 == -* ]]; do shift; done\n"
+                  "echo \"$1\" >>'" +
+                      folder->path("used").toLocal8Bit() +
+                      "'\nshift\n[ \"$1\" != -- ] || shift\nSHELL=/bin/bash exec bash -c \"$*\"\n");
     QFile::setPermissions(folder->path("ssh"), QFile::ReadOwner | QFile::ExeOwner);
     folder->write("machines", "1/one.example\n1/two.example\n");
     const Run run = bash(recipe("Over several machines"), {"PARALLEL_SSH=" + folder->path("ssh")});
