@@ -79,6 +79,9 @@ void VeskLog::write(const QByteArray &entry)
         rotate(path);
     // Opened for each entry: another process of the editor may rotate the same file.
     QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Append))
-        file.write(entry);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+        return;
+    const qint64 written = file.write(entry);
+    if (written > 0 && written < entry.size()) // a full disk: no half entry for the next to join
+        file.resize(file.size() - written);
 }

@@ -7,7 +7,8 @@
 
 /// The editor's log: a file in the application's local data location, and Qt's logging category
 /// "vesk.host" (level info) for whoever watches the process. Any thread. Logging never fails
-/// towards the caller: a file that cannot be written is left out.
+/// towards the caller: a file that cannot be written is left out, and so is an entry that the disk
+/// has no room for.
 ///
 /// The file rotates: "vesk.log" is renamed to "vesk.log.1" (and that to "vesk.log.2") before it
 /// would grow beyond kMaximumFileSize; only a single entry longer than that makes a longer file.

@@ -1,5 +1,7 @@
 #include <vesk_log.h>
 
+#include "small_disk.h"
+
 #include <QtTest>
 
 #include <thread>
@@ -125,6 +127,38 @@ private Q_SLOTS:
             for (const QString &path : {VeskLog::filePath(), backup(1), backup(2)})
                 QCOMPARE(entries(contents(path)).size(), 1);
         }
+    }
+
+    void fullDisk_keepsWhatIsThereAndGoesOnWhenThereIsRoom()
+    {
+        const SmallDisk disk(QStringLiteral("size=16k"));
+        if (!disk.isMounted())
+            QSKIP("no disk can be mounted here");
+        const QByteArray usualFolder = qgetenv("XDG_DATA_HOME");
+        qputenv("XDG_DATA_HOME", QFile::encodeName(disk.path()));
+        const QByteArray page(4096, '.');
+        VeskLog::Instance()->Log("before");
+        QFile ballast(disk.path() + QStringLiteral("/ballast"));
+        QVERIFY(ballast.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        while (ballast.write(page) == page.size()) {
+        }
+        // The rest of the log's own page has room for a part of this entry.
+        VeskLog::Instance()->Log("%s", page.constData());
+        QVERIFY(ballast.remove());
+        VeskLog::Instance()->Log("after");
+        const QList<QByteArray> written = entries(contents());
+        qputenv("XDG_DATA_HOME", usualFolder);
+        QCOMPARE(written, (QList<QByteArray>{"before", "after"}));
+    }
+
+    void deviceThatIsFull_isLeftOut()
+    {
+        if (!QFile::exists(QStringLiteral("/dev/full")))
+            QSKIP("there is no device that is always full");
+        QVERIFY(QDir().mkpath(QFileInfo(VeskLog::filePath()).path()));
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), VeskLog::filePath()));
+        VeskLog::Instance()->Log("lost\n");
+        QVERIFY(QFileInfo(VeskLog::filePath()).isSymLink());
     }
 
     void unwritableFile_isLeftOut()
