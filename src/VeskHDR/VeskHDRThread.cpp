@@ -5,7 +5,6 @@
 #include "opencl_merge.h"
 #include "picture_pixels.h"
 
-#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
 #include <QImage>
@@ -91,7 +90,7 @@ QList<QImage *> VeskHDRThread::remainingPictures() const
 void VeskHDRThread::run()
 {
     // Allocated first: the dialog must close even when the merge leaves no memory.
-    auto completion = std::make_unique<QCloseEvent>();
+    auto completion = std::make_unique<MergeCompletionEvent>();
     try {
         if (!mergePictures())
             failed = true;

@@ -2,6 +2,7 @@
 
 #include "veskhdr_export.h"
 
+#include <QCloseEvent>
 #include <QList>
 #include <QThread>
 
@@ -11,6 +12,12 @@ QT_BEGIN_NAMESPACE
 class QDialog;
 class QImage;
 QT_END_NAMESPACE
+
+/// The close event that a run posts. Its type tells it from a close that anybody else asks for
+/// while the worker is still busy.
+class MergeCompletionEvent final : public QCloseEvent
+{
+};
 
 /// One merge off the GUI thread: aligns the pictures when asked to, merges them on the processor or
 /// on the current OpenCL device, and ends the modal loop of a dialog by one posted close event, its

@@ -18,6 +18,7 @@
 #include <vesk_raw_type.h>
 
 #include <QAction>
+#include <QEvent>
 #include <QImage>
 #include <QMessageBox>
 #include <QPushButton>
@@ -26,6 +27,20 @@ namespace {
 
 constexpr int kMaxPictures = 5;
 constexpr QSize kIndicatorSize(60, 60);
+
+/// Keeps the indicator open until the worker closes it, whoever else asks before: the program that
+/// closes all its windows, say.
+class CloseGuard : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::Close || dynamic_cast<MergeCompletionEvent *>(event))
+            return false;
+        event->ignore();
+        return true;
+    }
+};
 
 void triggerSave()
 {
@@ -248,6 +263,8 @@ void VeskToolHDR::apply()
 {
     VeskProgressIndicator indicator(kIndicatorSize, nullptr);
     indicator.startAnimation();
+    CloseGuard guard;
+    indicator.installEventFilter(&guard);
     VeskHDRThread worker(nullptr);
     QImage *none = nullptr;
     worker.setParams(imageList(), none, &indicator, useOpenCL, useAlignment);

@@ -134,7 +134,8 @@ private slots:
     void apply_documentClosedDuringTheMerge_opensTheResult();
     void apply_documentClosedDuringTheTimeBox_opensTheResult();
     void apply_editorDeletesTheCanvasOfARemovedDocument_opensTheResult();
-    void apply_escapeDuringTheMerge_waitsForTheWorker();
+    void apply_closedByOthersDuringTheMerge_waitsForTheWorker_data();
+    void apply_closedByOthersDuringTheMerge_waitsForTheWorker();
 
     void wholeRoad_fivePhotographs_equalTheCommandLine_data();
     void wholeRoad_fivePhotographs_equalTheCommandLine();
@@ -511,19 +512,52 @@ void TestMergeCommand::apply_editorDeletesTheCanvasOfARemovedDocument_opensTheRe
     QCOMPARE(mergedPicture(), mergedByHand(paths, true));
 }
 
-void TestMergeCommand::apply_escapeDuringTheMerge_waitsForTheWorker()
+using CloseAttempt = void (*)(QWidget &);
+Q_DECLARE_METATYPE(CloseAttempt)
+
+void TestMergeCommand::apply_closedByOthersDuringTheMerge_waitsForTheWorker_data()
 {
+    QTest::addColumn<CloseAttempt>("close");
+    QTest::newRow("Escape") << CloseAttempt(
+        [](QWidget &indicator) { QTest::keyClick(&indicator, Qt::Key_Escape); });
+    QTest::newRow("the window manager, as for Alt+F4") << CloseAttempt([](QWidget &indicator) {
+        indicator.windowHandle()->close(); // takes the way of the window system
+    });
+    QTest::newRow("the program") << CloseAttempt([](QWidget &indicator) { indicator.close(); });
+    QTest::newRow("the program, all its windows")
+        << CloseAttempt([](QWidget &) { QApplication::closeAllWindows(); });
+}
+
+/// The worker is held until the indicator has been closed in vain.
+void TestMergeCommand::apply_closedByOthersDuringTheMerge_waitsForTheWorker()
+{
+    QFETCH(CloseAttempt, close);
+    if (!VeskDeviceInfo::getInstance()->isOpenCLCapable())
+        QSKIP("there is no OpenCL device to hold the worker with");
     ToolSession session;
-    const QStringList paths = session.writePictures(5, {400, 300});
+    const QStringList paths = session.writePictures(3, kSize);
     fill(session, paths);
-    QTimer::singleShot(0, qApp, [] {
-        QWidget *indicator = QApplication::activeModalWidget();
+    session.tool->setCuda(true);
+    const QString hold = session.path(QStringLiteral("hold"));
+    QVERIFY(QFile(hold).open(QIODevice::WriteOnly));
+    qputenv("VESK_LAYER_HOLD", QFile::encodeName(hold));
+    bool isOpenAfterwards = false;
+    bool isWaitGoingOn = false;
+    QTimer::singleShot(0, qApp, [&] {
+        const QPointer<QWidget> indicator = QApplication::activeModalWidget();
         QVERIFY(indicator);
-        QTest::keyClick(indicator, Qt::Key_Escape);
-        indicator->close();
+        close(*indicator);
+        isOpenAfterwards = indicator && indicator->isVisible();
+        QTimer::singleShot(0, qApp, [&, indicator] {
+            isWaitGoingOn = indicator && QApplication::activeModalWidget() == indicator;
+            QFile::remove(hold);
+        });
     });
     MessageBoxAnswerer boxes;
     session.tool->apply();
+    qunsetenv("VESK_LAYER_HOLD");
+    QVERIFY(isOpenAfterwards);
+    QVERIFY(isWaitGoingOn);
     QCOMPARE(boxes.shown().size(), 1);
     QVERIFY(isTimeBox(boxes.shown().constFirst()));
     QCOMPARE(mergedPicture(), mergedByHand(paths, true));

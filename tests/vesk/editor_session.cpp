@@ -4,10 +4,25 @@
 #include <QStandardPaths>
 #include <QTest>
 
+#include <cstdlib>
+#include <memory>
+
+#include <xcb/xcb.h>
+
 namespace {
 
 constexpr int kStartMs = 20000;
 constexpr int kWaitMs = 30000;
+
+xcb_atom_t atomNamed(xcb_connection_t *connection, const QByteArray &name)
+{
+    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+        xcb_intern_atom_reply(
+            connection,
+            xcb_intern_atom(connection, 0, std::uint16_t(name.size()), name.constData()), nullptr),
+        &std::free);
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+}
 
 } // namespace
 
@@ -41,6 +56,11 @@ QString EditorSession::startDisplay()
     for (const char *name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
         environment.insert(QLatin1String(name), home.path());
     return {};
+}
+
+void EditorSession::setVariable(const QString &name, const QString &value)
+{
+    environment.insert(name, value);
 }
 
 bool EditorSession::launch(const QStringList &arguments)
@@ -108,6 +128,26 @@ bool EditorSession::click(const QString &title, int x, int y)
              QString::number(x < 0 ? width + x : x), QString::number(y < 0 ? height + y : y),
              QStringLiteral("click"), QStringLiteral("1")});
     return width > 0;
+}
+
+bool EditorSession::askToClose(const QString &title)
+{
+    const xcb_window_t window = windowOf(title).toUInt();
+    const QByteArray name = environment.value(QStringLiteral("DISPLAY")).toLatin1();
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(
+        xcb_connect(name.constData(), nullptr), &xcb_disconnect);
+    if (window == 0 || xcb_connection_has_error(connection.get()))
+        return false;
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = atomNamed(connection.get(), "WM_PROTOCOLS");
+    message.data.data32[0] = atomNamed(connection.get(), "WM_DELETE_WINDOW");
+    message.data.data32[1] = XCB_CURRENT_TIME;
+    xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char *>(&message));
+    return xcb_flush(connection.get()) > 0;
 }
 
 int EditorSession::exitCode()

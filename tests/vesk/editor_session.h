@@ -14,6 +14,8 @@ public:
 
     /// Starts the display. Returns why that is not possible here, empty on success.
     QString startDisplay();
+    /// For the editor, before it is launched.
+    void setVariable(const QString &name, const QString &value);
     /// Starts the editor with a home of its own, which is kept between launches.
     bool launch(const QStringList &arguments);
 
@@ -25,6 +27,10 @@ public:
     bool type(const QString &title, const QString &text);
     /// Negative positions count from the right or lower edge of the window.
     bool click(const QString &title, int x, int y);
+
+    /// Asks the window to close with the message that a window manager sends. False without such a
+    /// window.
+    bool askToClose(const QString &title);
 
     bool isRunning() const { return editor.state() == QProcess::Running; }
     /// Waits until the editor has ended; -1 when it does not, or crashed.

@@ -12,10 +12,13 @@
 namespace {
 
 const QString kMerged = QStringLiteral("^Untitled Document\\* — Vesk$");
+const QString kIndicator = QStringLiteral("^Please wait");
 const QString kPanel = QStringLiteral("^Merge to HDR");
 const QString kSaveAs = QStringLiteral("^Save As");
 const QString kNotSaved = QStringLiteral("^Not Saved");
 const QString kUnsaved = QStringLiteral("^Unsaved Changes");
+
+constexpr int kPatienceMs = 500; // a window that obeys a close is gone long before
 
 /// What the command-line program makes of the same pictures.
 QImage mergedByCommandLine(const QStringList &paths, const QString &output)
@@ -28,8 +31,8 @@ QImage mergedByCommandLine(const QStringList &paths, const QString &output)
     return QImage(output).convertToFormat(QImage::Format_RGB32);
 }
 
-/// From the pictures that the film strip has selected to the merged, unsaved document.
-void merge(EditorSession &editor, const QString &window)
+/// Opens the tool on the pictures that the film strip has selected, and presses OK.
+void startMerge(EditorSession &editor, const QString &window)
 {
     QVERIFY(editor.press(window, {QStringLiteral("ctrl+shift+h")}));
     QVERIFY(editor.waitForWindow(kPanel));
@@ -40,10 +43,22 @@ void merge(EditorSession &editor, const QString &window)
             return !editor.hasWindow(kPanel);
         },
         30000));
+}
+
+void finishMerge(EditorSession &editor)
+{
     const QString done = QStringLiteral("^loaded");
     QVERIFY(editor.waitForWindow(done));
     QVERIFY(editor.press(done, {QStringLiteral("Return")}));
     QVERIFY(editor.waitForWindow(kMerged));
+}
+
+/// From the pictures that the film strip has selected to the merged, unsaved document.
+void merge(EditorSession &editor, const QString &window)
+{
+    startMerge(editor, window);
+    if (!QTest::currentTestFailed())
+        finishMerge(editor);
 }
 
 /// Answers the Save As dialog.
@@ -83,6 +98,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void openFiveMergeSave_equalsTheCommandLine();
+    void indicatorClosedByTheWindowManager_waitsForTheWorker();
     void damagedFile_isNamedAndTheOthersOpen();
     void fullDisk_saveFailsThenSucceedsElsewhere();
     void readOnlyFolder_saveFailsThenSucceedsElsewhere();
@@ -134,6 +150,39 @@ void EditorEndToEndTest::openFiveMergeSave_equalsTheCommandLine()
     QVERIFY(editor->waitForWindow(windowOf(bracket.constLast())));
 
     merge(*editor, windowOf(bracket.constLast()));
+    if (QTest::currentTestFailed())
+        return;
+    const QString result = pictures->path(QStringLiteral("result.png"));
+    saveMergedAs(*editor, result);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(editor->waitForWindow(windowOf(result)));
+    QCOMPARE(QImage(result).convertToFormat(QImage::Format_RGB32), expected);
+    quit(*editor);
+}
+
+/// The worker is held at the start of its merge until the indicator has been closed in vain.
+void EditorEndToEndTest::indicatorClosedByTheWindowManager_waitsForTheWorker()
+{
+    QFile hold(pictures->path(QStringLiteral("hold")));
+    QVERIFY(hold.open(QIODevice::WriteOnly));
+    editor->setVariable(QStringLiteral("OPENCL_LAYERS"), qEnvironmentVariable("VESK_DEVICE_LAYER"));
+    editor->setVariable(QStringLiteral("VESK_LAYER_DEVICE_NAME"), QStringLiteral("Named"));
+    editor->setVariable(QStringLiteral("VESK_LAYER_HOLD"), hold.fileName());
+    QVERIFY(editor->launch(bracket));
+    QVERIFY(editor->waitForWindow(windowOf(bracket.constLast())));
+    startMerge(*editor, windowOf(bracket.constLast()));
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(editor->waitForWindow(kIndicator));
+    QVERIFY(editor->askToClose(kIndicator));
+    QVERIFY(editor->press(kIndicator, {QStringLiteral("Escape")}));
+    const bool isGone =
+        QTest::qWaitFor([this] { return !editor->hasWindow(kIndicator); }, kPatienceMs);
+    QVERIFY(!isGone);
+    QVERIFY(hold.remove());
+    QVERIFY(editor->waitUntilGone(kIndicator));
+    finishMerge(*editor);
     if (QTest::currentTestFailed())
         return;
     const QString result = pictures->path(QStringLiteral("result.png"));

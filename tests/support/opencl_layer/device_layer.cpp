@@ -14,6 +14,7 @@
 //   VESK_LAYER_DIVISION      units in the last place, "-2" to "2", by which the device's quotients
 //                            are off; OpenCL allows that
 //   VESK_LAYER_BUSY          a call, "clCreateKernel" say, that takes kBusyTicks of processor time
+//   VESK_LAYER_HOLD          a file: no merge begins while it is there, but for kHoldLimit at most
 //
 // A merge begins with clCreateContext. A call that fails is not passed on, except a release. In the
 // record handles stand as names, numbered in the order of their creation, and host memory as its
@@ -22,12 +23,14 @@
 #include "layer_entry.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
 #include <map>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -35,6 +38,7 @@ namespace {
 
 constexpr unsigned char kPoison = 0xAB;
 constexpr std::clock_t kBusyTicks = CLOCKS_PER_SEC / 20;
+constexpr std::chrono::seconds kHoldLimit(30);
 constexpr cl_int kFailure = CL_OUT_OF_RESOURCES;
 
 cl_icd_dispatch table;
@@ -69,10 +73,20 @@ void beBusy()
     }
 }
 
+void waitWhileHeld()
+{
+    const std::string held = setting("VESK_LAYER_HOLD");
+    const auto start = std::chrono::steady_clock::now();
+    while (!held.empty() && std::ifstream(held) &&
+           std::chrono::steady_clock::now() - start < kHoldLimit)
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+}
+
 /// Counts the call. True when it must fail.
 bool begin(const std::string &call)
 {
     if (call == "clCreateContext") {
+        waitWhileHeld();
         handleNames.clear();
         created.clear();
         callsByName.clear();
