@@ -31,8 +31,9 @@ bool DocumentSaver::save(VeskContext *document)
 bool DocumentSaver::saveAs(VeskContext *document)
 {
     const QPointer<VeskContext> guard = document;
+    const QImage picture = document->getLayerManager()->composedPicture();
     QString start = suggestedPath(*document);
-    while (const std::optional<SaveTarget> target = askSaveTarget(window, start)) {
+    while (const std::optional<SaveTarget> target = askSaveTarget(window, start, picture)) {
         if (!guard)
             return false;
         const Outcome outcome = write(*document, *target);
@@ -66,7 +67,8 @@ DocumentSaver::Outcome DocumentSaver::write(VeskContext &document, const SaveTar
     const QImage picture = document.getLayerManager()->composedPicture();
     if (picture.isNull())
         return reportFailure(target.path, tr("no layer is visible"));
-    const QStringList metadataSources{document::metadataSource(document), document.getFilePath()};
+    QStringList metadataSources{document::metadataSource(document), document.getFilePath()};
+    metadataSources.removeAll({}); // a document without a file has none of its own
     const QPointer<VeskContext> guard = &document;
     const WriteResult result = savePictureBeside(picture, target, metadataSources);
     if (result.error != OutputFile::Error::None)

@@ -13,9 +13,16 @@ constexpr int kLowest = 1;
 constexpr int kHighest = 100;
 constexpr int kSliderWidth = 260;
 
+QLabel *wrapped(const QString &text)
+{
+    auto *label = new QLabel(text);
+    label->setWordWrap(true);
+    return label;
+}
+
 } // namespace
 
-JpegQualityDialog::JpegQualityDialog(int quality, QWidget *parent)
+JpegQualityDialog::JpegQualityDialog(int quality, bool isTransparent, QWidget *parent)
     : QDialog(parent)
     , slider(new QSlider(Qt::Horizontal))
 {
@@ -39,11 +46,14 @@ JpegQualityDialog::JpegQualityDialog(int quality, QWidget *parent)
     grid->addWidget(label, 0, 0);
     grid->addWidget(slider, 0, 1);
     grid->addWidget(number, 0, 2);
-    auto *ends = new QLabel(tr("Low values give small files, high ones keep more detail. "
-                               "From about 95 on, losses are hard to see."));
-    ends->setWordWrap(true);
-    grid->addWidget(ends, 1, 0, 1, 3);
-    grid->addWidget(buttons, 2, 0, 1, 3);
+    grid->addWidget(wrapped(tr("Low values give small files, high ones keep more detail. "
+                               "From about 95 on, losses are hard to see.")),
+                    1, 0, 1, 3);
+    if (isTransparent)
+        grid->addWidget(wrapped(tr("JPEG files cannot hold transparency: what is transparent "
+                                   "becomes white.")),
+                        2, 0, 1, 3);
+    grid->addWidget(buttons, 3, 0, 1, 3);
     number->setFocus();
     number->selectAll();
 }
@@ -53,8 +63,8 @@ int JpegQualityDialog::quality() const
     return slider->value();
 }
 
-std::optional<int> askJpegQuality(QWidget *window, int quality)
+std::optional<int> askJpegQuality(QWidget *window, int quality, bool isTransparent)
 {
-    JpegQualityDialog dialog(quality, window);
+    JpegQualityDialog dialog(quality, isTransparent, window);
     return dialog.exec() == QDialog::Accepted ? std::optional<int>(dialog.quality()) : std::nullopt;
 }

@@ -12,8 +12,8 @@ class JpegQualityDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// quality: 1..100, shown first.
-    explicit JpegQualityDialog(int quality, QWidget *parent = nullptr);
+    /// quality: 1..100, shown first. isTransparent: whether to warn that transparency is lost.
+    JpegQualityDialog(int quality, bool isTransparent, QWidget *parent = nullptr);
 
     int quality() const;
 
@@ -22,4 +22,4 @@ private:
 };
 
 /// Nothing when the user cancels.
-std::optional<int> askJpegQuality(QWidget *window, int quality);
+std::optional<int> askJpegQuality(QWidget *window, int quality, bool isTransparent);

@@ -2,6 +2,8 @@
 #include "editor_settings.h"
 #include "jpeg_quality_dialog.h"
 
+#include <picture_writer.h>
+
 #include <QCoreApplication>
 #include <QFileDialog>
 
@@ -14,20 +16,19 @@ struct Kind
     QString filter;
 };
 
-QString tr(const char *text)
+struct SaveDialog
 {
-    return QCoreApplication::translate("SaveDialog", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SaveDialog)
+};
 
 QList<Kind> kinds()
 {
-    return {
-        {PictureFormat::Jpeg, QStringLiteral("jpg"),
-         tr(QT_TRANSLATE_NOOP("SaveDialog", "JPEG picture")) + QStringLiteral(" (*.jpg *.jpeg)")},
-        {PictureFormat::Png, QStringLiteral("png"),
-         tr(QT_TRANSLATE_NOOP("SaveDialog", "PNG picture")) + QStringLiteral(" (*.png)")},
-        {PictureFormat::Tiff, QStringLiteral("tif"),
-         tr(QT_TRANSLATE_NOOP("SaveDialog", "TIFF picture")) + QStringLiteral(" (*.tif *.tiff)")}};
+    return {{PictureFormat::Jpeg, QStringLiteral("jpg"),
+             SaveDialog::tr("JPEG picture") + QStringLiteral(" (*.jpg *.jpeg)")},
+            {PictureFormat::Png, QStringLiteral("png"),
+             SaveDialog::tr("PNG picture") + QStringLiteral(" (*.png)")},
+            {PictureFormat::Tiff, QStringLiteral("tif"),
+             SaveDialog::tr("TIFF picture") + QStringLiteral(" (*.tif *.tiff)")}};
 }
 
 Kind kindOfFilter(const QString &filter)
@@ -58,7 +59,7 @@ void setUp(QFileDialog &dialog, const QString &suggestedPath)
     for (const Kind &kind : all)
         filters.append(kind.filter);
     const Kind suggested = kindOfFile(suggestedPath);
-    dialog.setWindowTitle(tr(QT_TRANSLATE_NOOP("SaveDialog", "Save As")));
+    dialog.setWindowTitle(SaveDialog::tr("Save As"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(filters);
@@ -81,7 +82,8 @@ SaveTarget targetFor(const QString &path, const Kind &chosen)
 
 } // namespace
 
-std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath)
+std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath,
+                                        const QImage &picture)
 {
     QFileDialog dialog(window);
     setUp(dialog, suggestedPath);
@@ -91,7 +93,8 @@ std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggeste
         targetFor(dialog.selectedFiles().constFirst(), kindOfFilter(dialog.selectedNameFilter()));
     if (target.format != PictureFormat::Jpeg)
         return target;
-    const std::optional<int> quality = askJpegQuality(window, target.quality);
+    const std::optional<int> quality =
+        askJpegQuality(window, target.quality, hasTransparency(picture));
     if (!quality)
         return std::nullopt;
     settings::setJpegQuality(*quality);

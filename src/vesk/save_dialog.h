@@ -2,6 +2,7 @@
 
 #include <picture_format.h>
 
+#include <QImage>
 #include <QString>
 
 #include <optional>
@@ -17,7 +18,8 @@ struct SaveTarget
     bool mayReplace = false; ///< the user has agreed to replace a file of that name
 };
 
-/// Asks for a file (starting with suggestedPath) and, for JPEG, for the quality, which is
-/// remembered. The suffix decides on the format; where there is none, the chosen kind gives it.
+/// Asks for a file for picture (starting with suggestedPath) and, for JPEG, for the quality, which
+/// is remembered. The suffix decides on the format; where there is none, the chosen kind gives it.
 /// Nothing when the user cancels. GUI thread.
-std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath);
+std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath,
+                                        const QImage &picture);

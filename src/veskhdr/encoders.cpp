@@ -12,3 +12,21 @@ bool writeAll(QIODevice &device, const void *bytes, qint64 length)
     }
     return true;
 }
+
+int samplesPerPixel(const QImage &picture)
+{
+    return picture.hasAlphaChannel() ? 4 : 3;
+}
+
+void unpackRow(const QImage &picture, int y, unsigned char *bytes)
+{
+    const auto *words = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+    const bool hasAlpha = picture.hasAlphaChannel();
+    for (const QRgb *word = words; word != words + picture.width(); ++word) {
+        *bytes++ = static_cast<unsigned char>(qRed(*word));
+        *bytes++ = static_cast<unsigned char>(qGreen(*word));
+        *bytes++ = static_cast<unsigned char>(qBlue(*word));
+        if (hasAlpha)
+            *bytes++ = static_cast<unsigned char>(qAlpha(*word));
+    }
+}

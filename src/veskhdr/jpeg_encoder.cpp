@@ -153,13 +153,13 @@ QString encodeJpeg(const QImage &picture, const PictureMetadata &metadata, int q
                    QIODevice &device, const EncodeProgress &progress)
 {
     if (picture.width() > kLargestSide || picture.height() > kLargestSide)
-        return QStringLiteral("JPEG files hold at most %1 pixels in a row or column")
+        return PictureEncoder::tr("JPEG files hold at most %1 pixels in a row or column")
             .arg(kLargestSide);
     PictureMetadata fitting = metadata;
     if (fitting.exif.size() > kLargestMarker - 6)
         fitting.exif.clear();
     Compressor compressor(device);
     if (!compressor.write(picture, fitting, quality, progress))
-        return QStringLiteral("the JPEG file could not be written");
+        return PictureEncoder::tr("the JPEG file could not be written");
     return {};
 }

@@ -3,8 +3,53 @@
 #include "encoders.h"
 
 #include <QColorSpace>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace {
+
+bool isOpaque(const QImage &words)
+{
+    for (int y = 0; y < words.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(words.constScanLine(y));
+        if (!std::all_of(row, row + words.width(), [](QRgb word) { return qAlpha(word) == 255; }))
+            return false;
+    }
+    return true;
+}
+
+QImage onWhite(const QImage &picture)
+{
+    QImage flat = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (flat.isNull())
+        return flat;
+    QPainter painter(&flat);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+    painter.fillRect(flat.rect(), Qt::white);
+    painter.end();
+    return flat.convertToFormat(QImage::Format_RGB32);
+}
+
+/// Colours that are multiplied with alpha stay so, as dividing them loses bits.
+QImage::Format wordsWithAlpha(const QImage &picture, PictureFormat format)
+{
+    const bool isPremultiplied =
+        picture.pixelFormat().premultiplied() == QPixelFormat::Premultiplied;
+    return isPremultiplied && format == PictureFormat::Tiff ? QImage::Format_ARGB32_Premultiplied
+                                                            : QImage::Format_ARGB32;
+}
+
+/// The picture as the format's encoder takes it; null when memory is lacking.
+QImage encodable(const QImage &picture, PictureFormat format)
+{
+    if (!picture.hasAlphaChannel())
+        return picture.convertToFormat(QImage::Format_RGB32);
+    const QImage words = picture.convertToFormat(wordsWithAlpha(picture, format));
+    if (isOpaque(words))
+        return words.convertToFormat(QImage::Format_RGB32);
+    return format == PictureFormat::Jpeg ? onWhite(words) : words;
+}
 
 QString encode(const QImage &picture, PictureFormat format, const WriteOptions &options,
                QIODevice &device)
@@ -23,12 +68,17 @@ QString encode(const QImage &picture, PictureFormat format, const WriteOptions &
 
 } // namespace
 
+bool hasTransparency(const QImage &picture)
+{
+    return picture.hasAlphaChannel() && !isOpaque(picture.convertToFormat(QImage::Format_ARGB32));
+}
+
 WriteResult writePicture(const QImage &picture, const QString &path, PictureFormat format,
                          const WriteOptions &options)
 {
-    const QImage words = picture.convertToFormat(QImage::Format_RGB32);
+    const QImage words = encodable(picture, format);
     if (words.isNull())
-        return {OutputFile::Error::WriteFailed, QStringLiteral("not enough memory")};
+        return {OutputFile::Error::WriteFailed, PictureEncoder::tr("not enough memory")};
     OutputFile output(path, options.mayReplace, options.temporaryName);
     if (!output.open())
         return {output.error(), output.reason()};

@@ -25,8 +25,12 @@ struct WriteResult
     QString reason; ///< empty on success
 };
 
+/// Whether a pixel of the picture is not opaque. Any thread.
+bool hasTransparency(const QImage &picture);
+
 /// Writes the picture with its resolution, its colour profile and the EXIF block. The file appears
 /// under its name only when it is complete, otherwise nothing is left. picture: any format, written
-/// as 8-bit RGB without alpha. Any thread, reentrant.
+/// with 8 bits per channel. PNG and TIFF files keep the alpha channel of a picture that has a pixel
+/// which is not opaque; JPEG files have none, so there it is laid on white. Any thread, reentrant.
 WriteResult writePicture(const QImage &picture, const QString &path, PictureFormat format,
                          const WriteOptions &options);

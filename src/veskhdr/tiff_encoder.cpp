@@ -50,10 +50,15 @@ Tiff openTiff(QIODevice &device)
 void setTags(TIFF *tiff, const QImage &picture, const PictureMetadata &metadata)
 {
     constexpr double kCentimetresPerMetre = 100.0;
+    const uint16_t kindOfAlpha = picture.format() == QImage::Format_ARGB32_Premultiplied
+                                     ? EXTRASAMPLE_ASSOCALPHA
+                                     : EXTRASAMPLE_UNASSALPHA;
     TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, static_cast<uint32_t>(picture.width()));
     TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, static_cast<uint32_t>(picture.height()));
     TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
-    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 3);
+    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, samplesPerPixel(picture));
+    if (picture.hasAlphaChannel())
+        TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &kindOfAlpha);
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
     TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
     TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
@@ -69,21 +74,12 @@ void setTags(TIFF *tiff, const QImage &picture, const PictureMetadata &metadata)
                      metadata.colourProfile.constData());
 }
 
-void wordsToBytes(const QRgb *words, int width, uint8_t *bytes)
-{
-    for (int x = 0; x < width; ++x) {
-        *bytes++ = static_cast<uint8_t>(qRed(words[x]));
-        *bytes++ = static_cast<uint8_t>(qGreen(words[x]));
-        *bytes++ = static_cast<uint8_t>(qBlue(words[x]));
-    }
-}
-
 bool writeRows(TIFF *tiff, const QImage &picture, const EncodeProgress &progress)
 {
-    std::vector<uint8_t> row(static_cast<size_t>(picture.width()) * 3);
+    std::vector<uint8_t> row(static_cast<size_t>(picture.width()) *
+                             static_cast<size_t>(samplesPerPixel(picture)));
     for (int y = 0; y < picture.height(); ++y) {
-        wordsToBytes(reinterpret_cast<const QRgb *>(picture.constScanLine(y)), picture.width(),
-                     row.data());
+        unpackRow(picture, y, row.data());
         if (TIFFWriteScanline(tiff, row.data(), static_cast<uint32_t>(y), 0) != 1)
             return false;
         if (progress)
@@ -104,5 +100,5 @@ QString encodeTiff(const QImage &picture, const PictureMetadata &metadata, QIODe
             tiff_exif::appendDirectories(tiff.get(), metadata.exif))
             return {};
     }
-    return QStringLiteral("the TIFF file could not be written");
+    return PictureEncoder::tr("the TIFF file could not be written");
 }

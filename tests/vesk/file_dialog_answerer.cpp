@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QSpinBox>
@@ -35,6 +36,10 @@ bool FileDialogAnswerer::eventFilter(QObject *watched, QEvent *event)
     } else if (watched->inherits("JpegQualityDialog")) {
         auto *question = static_cast<QDialog *>(watched);
         ++qualityQuestions;
+        qualityTexts.clear();
+        const QList<QLabel *> labels = question->findChildren<QLabel *>();
+        for (const QLabel *label : labels)
+            qualityTexts.append(label->text());
         QTimer::singleShot(0, question, [this, question] {
             if (quality > 0)
                 question->findChild<QSpinBox *>()->setValue(quality);

@@ -17,6 +17,7 @@ public:
     /// What each file dialog offered as name.
     QStringList offered;
     int qualityQuestions = 0;
+    QStringList qualityTexts; ///< what the last of these questions said
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -1,6 +1,7 @@
 #include "document_saver.h"
 #include "editor_settings.h"
 #include "file_dialog_answerer.h"
+#include "loaded_picture.h"
 #include "message_box_answerer.h"
 #include "picture_document.h"
 #include "small_disk.h"
@@ -25,6 +26,11 @@ private Q_SLOTS:
     void cleanup();
     void save_ownFile_replacesItAndClearsTheMark();
     void save_untitled_asksForAFile();
+    void save_untitled_opensNoNamelessFile();
+    void save_transparent_isReopenedToTheBit_data();
+    void save_transparent_isReopenedToTheBit();
+    void save_transparentAsJpeg_becomesWhiteAndSaysSo();
+    void save_opaqueAsJpeg_doesNotSpeakOfTransparency();
     void save_otherKindOfFile_isNeverOverwritten();
     void saveAs_cancelled_changesNothing();
     void saveAs_jpeg_asksForTheQualityAndRemembersIt();
@@ -54,6 +60,7 @@ private:
     std::unique_ptr<FileDialogAnswerer> dialogs;
     DocumentSaver *saver = nullptr;
     const QImage picture = TestPictures::texture({60, 40}, 2);
+    const std::atomic<bool> neverCancelled{false};
 };
 
 void DocumentSaverTest::init()
@@ -102,6 +109,75 @@ void DocumentSaverTest::save_untitled_asksForAFile()
     QCOMPARE(readBack(QStringLiteral("new.tif")), picture);
     QCOMPARE(document->getFilePath(), pictures->path(QStringLiteral("new.tif")));
     QCOMPARE(document->getFileName(), QStringLiteral("new.tif"));
+}
+
+static int namelessOpenings = 0; // what the toolkit has complained about
+
+void DocumentSaverTest::save_untitled_opensNoNamelessFile()
+{
+    namelessOpenings = 0;
+    const QtMessageHandler before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &text) {
+            namelessOpenings += text.contains(QStringLiteral("No file name specified"));
+        });
+    dialogs->answerNextWith(pictures->path(QStringLiteral("new.png")));
+    const bool isSaved = saver->save(makeDocument({}));
+    qInstallMessageHandler(before);
+    QVERIFY(isSaved);
+    QCOMPARE(namelessOpenings, 0);
+}
+
+/// Transparent from left to right, in all levels.
+static QImage transparentPicture()
+{
+    QImage image(64, 48, QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixel(x, y, qRgba(5 * y, 255 - 5 * y, (x * y) % 256, 4 * x));
+    return image;
+}
+
+void DocumentSaverTest::save_transparent_isReopenedToTheBit_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QImage::Format>("format"); // of the document's picture
+    QTest::newRow("PNG") << "a.png" << QImage::Format_ARGB32;
+    QTest::newRow("TIFF") << "a.tif" << QImage::Format_ARGB32_Premultiplied;
+}
+
+void DocumentSaverTest::save_transparent_isReopenedToTheBit()
+{
+    QFETCH(QString, name);
+    QFETCH(QImage::Format, format);
+    const QImage transparent = transparentPicture().convertToFormat(format);
+    document.reset(document::create(transparent, {}, {}, window.get()));
+    document->setSaveAble(true);
+    dialogs->answerNextWith(pictures->path(name));
+    QVERIFY(saver->save(document.get()));
+    const LoadedPicture reopened = loadPicture(pictures->path(name), neverCancelled);
+    QCOMPARE(reopened.image.format(), format);
+    QCOMPARE(reopened.image, transparent);
+}
+
+void DocumentSaverTest::save_transparentAsJpeg_becomesWhiteAndSaysSo()
+{
+    document.reset(document::create(transparentPicture(), {}, {}, window.get()));
+    document->setSaveAble(true);
+    dialogs->quality = 100;
+    dialogs->answerNextWith(pictures->path(QStringLiteral("flat.jpg")));
+    QVERIFY(saver->save(document.get()));
+    const QImage flat(pictures->path(QStringLiteral("flat.jpg")));
+    for (int y = 0; y < flat.height(); ++y)
+        QVERIFY(qGray(flat.pixel(0, y)) >= 253);
+    QVERIFY(dialogs->qualityTexts.join(QString()).contains(QStringLiteral("becomes white")));
+}
+
+void DocumentSaverTest::save_opaqueAsJpeg_doesNotSpeakOfTransparency()
+{
+    dialogs->answerNextWith(pictures->path(QStringLiteral("opaque.jpg")));
+    QVERIFY(saver->save(makeDocument({})));
+    QVERIFY(!dialogs->qualityTexts.isEmpty());
+    QVERIFY(!dialogs->qualityTexts.join(QString()).contains(QStringLiteral("transparen")));
 }
 
 void DocumentSaverTest::save_otherKindOfFile_isNeverOverwritten()
