@@ -22,10 +22,10 @@
 
 namespace {
 
-QString translate(const char *text)
+struct PictureDecoder
 {
-    return QCoreApplication::translate("PictureDecoder", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(PictureDecoder)
+};
 
 QString reasonFor(DecodeError error, QSize size)
 {
@@ -33,27 +33,27 @@ QString reasonFor(DecodeError error, QSize size)
     case DecodeError::None:
         return {};
     case DecodeError::Missing:
-        return translate("no such file");
+        return PictureDecoder::tr("no such file");
     case DecodeError::Directory:
-        return translate("is a directory");
+        return PictureDecoder::tr("is a directory");
     case DecodeError::NotRegularFile:
-        return translate("not a regular file");
+        return PictureDecoder::tr("not a regular file");
     case DecodeError::NoPermission:
-        return translate("no permission to read it");
+        return PictureDecoder::tr("no permission to read it");
     case DecodeError::Unreadable:
-        return translate("cannot be read");
+        return PictureDecoder::tr("cannot be read");
     case DecodeError::Empty:
-        return translate("the file is empty");
+        return PictureDecoder::tr("the file is empty");
     case DecodeError::NotAPicture:
-        return translate("not a picture");
+        return PictureDecoder::tr("not a picture");
     case DecodeError::Damaged:
-        return translate("the picture is truncated or damaged");
+        return PictureDecoder::tr("the picture is truncated or damaged");
     case DecodeError::TooLarge:
-        return translate("the picture is too large (%1 x %2 pixels)")
+        return PictureDecoder::tr("the picture is too large (%1 x %2 pixels)")
             .arg(size.width())
             .arg(size.height());
     case DecodeError::NoMemory:
-        return translate("not enough memory for %1 x %2 pixels")
+        return PictureDecoder::tr("not enough memory for %1 x %2 pixels")
             .arg(size.width())
             .arg(size.height());
     }
@@ -211,7 +211,7 @@ DecodedPicture decodeByToolkit(int descriptor, qint64 pixelLimit)
         return decodeFailure(DecodeError::Unreadable);
     }
     if (!areDecodersLoaded())
-        return {{}, DecodeError::NoMemory, translate("not enough memory")};
+        return {{}, DecodeError::NoMemory, PictureDecoder::tr("not enough memory")};
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);

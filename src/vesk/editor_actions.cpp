@@ -36,7 +36,7 @@ EditorActions::EditorActions(QObject *parent)
     const QList<QKeySequence> noKeys;
 
     open = add(tr("&Open…"), keysFor(QKeySequence::Open), "open");
-    openFolder = add(tr("Open &Folder…"), {tr("Ctrl+Shift+O")}, "folder");
+    openFolder = add(tr("Open &Folder…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_O}, "folder");
     save = standard(VeskActionManager::SaveAction);
     save->setIcon(icon("save"));
     saveAs = standard(VeskActionManager::SaveAsAction);
@@ -44,11 +44,12 @@ EditorActions::EditorActions(QObject *parent)
     quit = add(tr("&Quit"), keysFor(QKeySequence::Quit), "");
     quit->setMenuRole(QAction::QuitRole);
 
-    zoomIn = add(tr("Zoom &In"), keysFor(QKeySequence::ZoomIn) + QList<QKeySequence>{tr("Ctrl+=")},
+    zoomIn = add(tr("Zoom &In"),
+                 keysFor(QKeySequence::ZoomIn) + QList<QKeySequence>{Qt::CTRL | Qt::Key_Equal},
                  "zoom-in");
     zoomOut = add(tr("Zoom &Out"), keysFor(QKeySequence::ZoomOut), "zoom-out");
-    zoomToFit = add(tr("&Fit to Window"), {tr("Ctrl+0")}, "zoom-fit");
-    zoomToActualSize = add(tr("&Actual Size (100 %)"), {tr("Ctrl+1")}, "zoom-actual");
+    zoomToFit = add(tr("&Fit to Window"), {Qt::CTRL | Qt::Key_0}, "zoom-fit");
+    zoomToActualSize = add(tr("&Actual Size (100 %)"), {Qt::CTRL | Qt::Key_1}, "zoom-actual");
     zoomToFit->setIconText(tr("Fit"));
     //: On a button: one pixel of the picture on one of the screen.
     zoomToActualSize->setIconText(tr("100 %"));
@@ -57,7 +58,7 @@ EditorActions::EditorActions(QObject *parent)
     nextTab = add(tr("&Next Document"), keysFor(QKeySequence::NextChild), "");
     previousTab = add(tr("&Previous Document"), keysFor(QKeySequence::PreviousChild), "");
 
-    merge = add(tr("&Merge to HDR…"), {tr("Ctrl+Shift+H")}, "merge");
+    merge = add(tr("&Merge to HDR…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_H}, "merge");
     merge->setToolTip(tr("Merge pictures of one scene taken at different exposures"));
     about = add(tr("&About Vesk"), noKeys, "");
     about->setMenuRole(QAction::AboutRole);

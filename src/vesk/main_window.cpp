@@ -28,6 +28,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace {
 
@@ -144,6 +145,9 @@ void MainWindow::addToolBar()
         {actions->zoomOut, actions->zoomIn, actions->zoomToFit, actions->zoomToActualSize});
     bar->addSeparator();
     bar->addAction(actions->merge);
+    for (QAction *action : {actions->zoomOut, actions->zoomIn}) // their icons say it all
+        qobject_cast<QToolButton *>(bar->widgetForAction(action))
+            ->setToolButtonStyle(Qt::ToolButtonIconOnly);
     QMainWindow::addToolBar(bar);
 }
 

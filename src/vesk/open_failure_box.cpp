@@ -9,15 +9,15 @@ namespace {
 
 constexpr int kNamed = 8; // what fits on the screen; the rest is in the details
 
-QString tr(const char *text)
+struct OpenFailureBox
 {
-    return QCoreApplication::translate("OpenFailureBox", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(OpenFailureBox)
+};
 
 QString shortLine(const LoadedPicture &failure)
 {
-    return tr(QT_TRANSLATE_NOOP("OpenFailureBox", "“%1”: %2"))
-        .arg(QFileInfo(failure.path).fileName(), failure.problem);
+    //: A file, and why it could not be opened.
+    return OpenFailureBox::tr("“%1”: %2").arg(QFileInfo(failure.path).fileName(), failure.problem);
 }
 
 QString fullLine(const LoadedPicture &failure)
@@ -40,12 +40,10 @@ void showOpenFailures(const QList<LoadedPicture> &failures, QWidget *window)
         lines.append(QStringLiteral("…"));
     const QString text =
         failures.size() == 1
-            ? tr(QT_TRANSLATE_NOOP("OpenFailureBox", "This file could not be opened:"))
-            : tr(QT_TRANSLATE_NOOP("OpenFailureBox", "%1 files could not be opened:"))
-                  .arg(failures.size());
-    auto *box =
-        new QMessageBox(QMessageBox::Warning, tr(QT_TRANSLATE_NOOP("OpenFailureBox", "Not Opened")),
-                        text, QMessageBox::Ok, window);
+            ? OpenFailureBox::tr("This file could not be opened:")
+            : OpenFailureBox::tr("%n files could not be opened:", nullptr, failures.size());
+    auto *box = new QMessageBox(QMessageBox::Warning, OpenFailureBox::tr("Not Opened"), text,
+                                QMessageBox::Ok, window);
     box->setTextFormat(Qt::PlainText);
     box->setInformativeText(lines.join(QLatin1Char('\n')));
     box->setDetailedText(details.join(QLatin1Char('\n')));

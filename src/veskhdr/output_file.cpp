@@ -80,7 +80,24 @@ bool OutputFile::fail(Error error, const QString &reason)
 
 bool OutputFile::failBySystem(Error error, int code)
 {
-    return fail(error, QString::fromLocal8Bit(std::strerror(code)));
+    return fail(error, systemReason(code));
+}
+
+/// The common reasons in the language of the program; the system tells the others in its own.
+QString OutputFile::systemReason(int code)
+{
+    switch (code) {
+    case EACCES:
+        return tr("Permission denied");
+    case EDQUOT:
+        return tr("Disk quota exceeded");
+    case ENOSPC:
+        return tr("No space left on device");
+    case EROFS:
+        return tr("Read-only file system");
+    default:
+        return QString::fromLocal8Bit(std::strerror(code));
+    }
 }
 
 OutputFile::Error OutputFile::check()
@@ -88,15 +105,15 @@ OutputFile::Error OutputFile::check()
     struct stat info = {};
     if (::lstat(QFile::encodeName(target).constData(), &info) != 0) {
         if (!QFileInfo(QFileInfo(target).path()).isDir())
-            fail(Error::CannotCreate, QStringLiteral("there is no such folder"));
+            fail(Error::CannotCreate, tr("there is no such folder"));
         return failure;
     }
     if (S_ISDIR(info.st_mode))
-        fail(Error::CannotCreate, QStringLiteral("is a directory"));
+        fail(Error::CannotCreate, tr("is a directory"));
     else if (!S_ISREG(info.st_mode) && !S_ISLNK(info.st_mode))
-        fail(Error::CannotCreate, QStringLiteral("not a regular file"));
+        fail(Error::CannotCreate, tr("not a regular file"));
     else if (!mayReplace)
-        fail(Error::Exists, QStringLiteral("the file exists already"));
+        fail(Error::Exists, tr("the file exists already"));
     return failure;
 }
 
@@ -142,7 +159,7 @@ bool OutputFile::giveName()
                      : ::rename(from.constData(), to.constData()) == 0 ? 0
                                                                        : errno;
     if (code == EEXIST)
-        return fail(Error::Exists, QStringLiteral("the file exists already"));
+        return fail(Error::Exists, tr("the file exists already"));
     if (code != 0)
         return failBySystem(Error::CannotCreate, code);
     temporaryName.clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QString>
 
@@ -10,6 +11,8 @@
 /// One thread at a time.
 class OutputFile
 {
+    Q_DECLARE_TR_FUNCTIONS(OutputFile)
+
 public:
     enum class Error { None, Exists, CannotCreate, WriteFailed };
 
@@ -34,13 +37,15 @@ public:
     /// Brings everything to the disk and gives the file its name.
     bool publish();
 
-    /// What went wrong in the call that returned false, with a plain reason (no file name in it).
+    /// What went wrong in the call that returned false, with a plain reason (no file name in it) in
+    /// the language of the program.
     Error error() const { return failure; }
     QString reason() const { return failureReason; }
 
 private:
     bool fail(Error error, const QString &reason);
     bool failBySystem(Error error, int code);
+    static QString systemReason(int code);
     bool giveName();
 
     const QString target;

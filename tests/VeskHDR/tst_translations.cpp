@@ -1,28 +1,13 @@
-#include <QFile>
+#include "translation_catalogue.h"
+
 #include <QMap>
-#include <QRegularExpression>
 #include <QSet>
 #include <QTranslator>
-#include <QXmlStreamReader>
 #include <QtTest>
-
-#include <algorithm>
 
 namespace {
 
-struct Message
-{
-    QString context;
-    QString source;
-    QString translation;
-    QString type; // "unfinished", "vanished", ...; empty when the translation is done
-};
-
-struct Catalogue
-{
-    QString language;
-    QList<Message> messages;
-};
+using Message = TranslationCatalogue::Message;
 
 const QList<QPair<QString, QStringList>> kTexts = {
     {"VeskOpenCLDeviceSelection",
@@ -67,64 +52,10 @@ const QList<QPair<QString, QStringList>> kTexts = {
       "Attempt to automatically align source images"}},
 };
 
-Message readMessage(QXmlStreamReader &xml, const QString &context)
+TranslationCatalogue readCatalogue(const QString &locale)
 {
-    Message message;
-    message.context = context;
-    while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("source")) {
-            message.source = xml.readElementText();
-        } else if (xml.name() == QLatin1String("translation")) {
-            message.type = xml.attributes().value(QLatin1String("type")).toString();
-            message.translation = xml.readElementText();
-        } else {
-            xml.skipCurrentElement();
-        }
-    }
-    return message;
-}
-
-void readContext(QXmlStreamReader &xml, QList<Message> &messages)
-{
-    QString context;
-    while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("name")) {
-            context = xml.readElementText();
-        } else if (xml.name() == QLatin1String("message")) {
-            messages += readMessage(xml, context);
-        } else {
-            xml.skipCurrentElement();
-        }
-    }
-}
-
-Catalogue readCatalogue(const QString &locale)
-{
-    Catalogue catalogue;
-    QFile file(QStringLiteral(VESKHDR_CATALOGUES "/veskhdr_%1.ts").arg(locale));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return catalogue;
-    }
-    QXmlStreamReader xml(&file);
-    if (xml.readNextStartElement()) {
-        catalogue.language = xml.attributes().value(QLatin1String("language")).toString();
-        while (xml.readNextStartElement()) {
-            readContext(xml, catalogue.messages);
-        }
-    }
-    return xml.hasError() ? Catalogue() : catalogue;
-}
-
-/// %1, %2, ..., sorted.
-QStringList placeholders(const QString &text)
-{
-    QStringList found;
-    auto match = QRegularExpression(QStringLiteral("%\\d+")).globalMatch(text);
-    while (match.hasNext()) {
-        found += match.next().captured();
-    }
-    std::sort(found.begin(), found.end());
-    return found;
+    return readTranslationCatalogue(
+        QStringLiteral(VESKHDR_CATALOGUES "/veskhdr_%1.ts").arg(locale));
 }
 
 /// What a text ends with as far as programs or readers depend on it. The marks of East Asian
@@ -227,8 +158,8 @@ void TestTranslations::translations_areFinishedAndNotEmpty()
     QFETCH(QString, locale);
     for (const Message &message : readCatalogue(locale).messages) {
         QVERIFY2(message.type.isEmpty(), qPrintable(message.source));
-        QVERIFY2(!message.translation.trimmed().isEmpty(), qPrintable(message.source));
-        QCOMPARE(message.translation, message.translation.trimmed());
+        QVERIFY2(!message.translation().trimmed().isEmpty(), qPrintable(message.source));
+        QCOMPARE(message.translation(), message.translation().trimmed());
     }
 }
 
@@ -237,9 +168,9 @@ void TestTranslations::translations_keepPlaceholdersLineBreaksAndEndings()
     QFETCH(QString, locale);
     for (const Message &message : readCatalogue(locale).messages) {
         const QByteArray source = message.source.toUtf8();
-        QVERIFY2(placeholders(message.translation) == placeholders(message.source), source);
-        QVERIFY2(message.translation.count('\n') == message.source.count('\n'), source);
-        QVERIFY2(ending(message.translation) == ending(message.source), source);
+        QVERIFY2(placeholdersOf(message.translation()) == placeholdersOf(message.source), source);
+        QVERIFY2(message.translation().count('\n') == message.source.count('\n'), source);
+        QVERIFY2(ending(message.translation()) == ending(message.source), source);
     }
 }
 
@@ -248,8 +179,8 @@ void TestTranslations::fileFilter_keepsTheOneParenthesisThatTheChooserReads()
     QFETCH(QString, locale);
     for (const Message &message : readCatalogue(locale).messages) {
         if (message.source == QLatin1String("Image files(")) {
-            QCOMPARE(message.translation.count(QLatin1Char('(')), 1);
-            QVERIFY(!message.translation.contains(QLatin1Char(')')));
+            QCOMPARE(message.translation().count(QLatin1Char('(')), 1);
+            QVERIFY(!message.translation().contains(QLatin1Char(')')));
         }
     }
 }
@@ -259,7 +190,7 @@ void TestTranslations::sameSourceText_isTranslatedTheSameEverywhere()
     QFETCH(QString, locale);
     QMap<QString, QSet<QString>> translations;
     for (const Message &message : readCatalogue(locale).messages) {
-        translations[message.source.toUpper()] += message.translation; // "Ok" and "OK" are one
+        translations[message.source.toUpper()] += message.translation(); // "Ok" and "OK" are one
     }
     for (auto it = translations.cbegin(); it != translations.cend(); ++it) {
         QVERIFY2(it.value().size() == 1, qPrintable(it.key()));
@@ -273,7 +204,7 @@ void TestTranslations::compiledCatalogue_givesEveryTranslation()
     QVERIFY(translator.load(QStringLiteral(":/veskhdr_%1.qm").arg(locale)));
     for (const Message &message : readCatalogue(locale).messages) {
         QCOMPARE(translator.translate(message.context.toUtf8(), message.source.toUtf8()),
-                 message.translation);
+                 message.translation());
     }
 }
 

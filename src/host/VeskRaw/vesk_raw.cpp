@@ -2,15 +2,27 @@
 
 #include <libraw/libraw.h>
 
+#include <QCoreApplication>
 #include <QFile>
 
 namespace {
+
+/// What the raw library says of files, for the catalogues.
+[[maybe_unused]] constexpr const char *kReasonsOfLibrary[] = {
+    QT_TRANSLATE_NOOP("VeskRaw", "Unspecified error"),
+    QT_TRANSLATE_NOOP("VeskRaw", "Unsupported file format or not RAW file"),
+    QT_TRANSLATE_NOOP("VeskRaw", "Unsufficient memory"),
+    QT_TRANSLATE_NOOP("VeskRaw", "Corrupted data or unexpected EOF"),
+    QT_TRANSLATE_NOOP("VeskRaw", "Input/output error"),
+    QT_TRANSLATE_NOOP("VeskRaw", "Cancelled by user callback"),
+    QT_TRANSLATE_NOOP("VeskRaw", "Image too big for processing"),
+};
 
 std::atomic<qint64> pixelLimitOfAll{VeskRaw::kDefaultPixelLimit};
 
 VeskRaw::Conversion failure(const char *reason)
 {
-    return {QImage(), QString::fromUtf8(reason)};
+    return {QImage(), QCoreApplication::translate("VeskRaw", reason)};
 }
 
 int stopWhenCancelled(void *cancelled, LibRaw_progress, int, int)
@@ -82,18 +94,18 @@ VeskRaw::Conversion convertWith(LibRaw &raw, const QString &path, bool quick,
     if (result != LIBRAW_SUCCESS)
         return failure(LibRaw::strerror(result));
     if (!withinLimit(raw.imgdata.sizes))
-        return failure("The picture has more pixels than allowed");
+        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The picture has more pixels than allowed"));
     result = raw.unpack();
     if (result != LIBRAW_SUCCESS)
         return failure(LibRaw::strerror(result));
     if (isDamaged)
-        return failure("The file is damaged");
+        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The file is damaged"));
     result = raw.dcraw_process();
     if (result != LIBRAW_SUCCESS)
         return failure(LibRaw::strerror(result));
     const QImage picture = takePicture(raw);
     if (picture.isNull())
-        return failure("The converted picture cannot be taken over");
+        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The converted picture cannot be taken over"));
     return {picture, QString()};
 }
 
@@ -146,8 +158,8 @@ VeskRaw::Conversion VeskRaw::convert(const QString &path, bool quick,
         const auto raw = std::make_unique<LibRaw>();
         return convertWith(*raw, path, quick, cancelled);
     } catch (const std::bad_alloc &) {
-        return failure("Not enough memory");
+        return failure(QT_TRANSLATE_NOOP("VeskRaw", "Not enough memory"));
     } catch (...) {
-        return failure("The raw library failed");
+        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The raw library failed"));
     }
 }

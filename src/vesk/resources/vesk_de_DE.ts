@@ -1,0 +1,561 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Vesk</source>
+        <translation>Über Vesk</translation>
+    </message>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>Eine kleine Fotobearbeitung, die Belichtungsreihen zusammenfügt.</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence. Built on Qt %1, LibRaw, libexif and OpenCL.</source>
+        <translation>Freie Software unter der MIT-Lizenz. Verwendet Qt %1, LibRaw, libexif und OpenCL.</translation>
+    </message>
+</context>
+<context>
+    <name>Document</name>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentSaver</name>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>Nicht gespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>Änderungen an „%1“ speichern?</translation>
+    </message>
+    <message>
+        <source>If you do not save them, they will be lost.</source>
+        <translation>Wenn Sie sie nicht speichern, gehen sie verloren.</translation>
+    </message>
+    <message>
+        <source>no layer is visible</source>
+        <translation>keine Ebene ist sichtbar</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>Nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>„%1“ konnte nicht gespeichert werden: %2.</translation>
+    </message>
+    <message>
+        <source>The picture is still open, with all its changes. You can save it elsewhere.</source>
+        <translation>Das Bild ist mit allen Änderungen noch geöffnet. Sie können es an einem anderen Ort speichern.</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabs</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
+        <translation>%1 •</translation>
+    </message>
+</context>
+<context>
+    <name>EditorActions</name>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder…</source>
+        <translation>&amp;Ordner öffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>An Fenster &amp;anpassen</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size (100 %)</source>
+        <translation>&amp;Originalgröße (100 %)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Anpassen</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>&amp;Vollbild</translation>
+    </message>
+    <message>
+        <source>&amp;Next Document</source>
+        <translation>&amp;Nächstes Dokument</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Document</source>
+        <translation>Vor&amp;heriges Dokument</translation>
+    </message>
+    <message>
+        <source>&amp;Merge to HDR…</source>
+        <translation>Zu HDR &amp;zusammenfügen…</translation>
+    </message>
+    <message>
+        <source>Merge pictures of one scene taken at different exposures</source>
+        <translation>Verschieden belichtete Bilder eines Motivs zusammenfügen</translation>
+    </message>
+    <message>
+        <source>&amp;About Vesk</source>
+        <translation>Ü&amp;ber Vesk</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>EditorStatusBar</name>
+    <message>
+        <source>%1 × %2</source>
+        <extracomment>Width and height in pixels.</extracomment>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>%1, %2   R %3 G %4 B %5</source>
+        <extracomment>Position in pixels, and the levels of red, green and blue.</extracomment>
+        <translation>%1, %2   R %3 G %4 B %5</translation>
+    </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>%1 wird geöffnet…</translation>
+    </message>
+    <message>
+        <source>Opening %1 (%2 of %3)…</source>
+        <translation>%1 wird geöffnet (%2 von %3)…</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStrip</name>
+    <message>
+        <source>No pictures in this folder</source>
+        <translation>Keine Bilder in diesem Ordner</translation>
+    </message>
+</context>
+<context>
+    <name>HistogramDock</name>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogramm</translation>
+    </message>
+</context>
+<context>
+    <name>JpegQualityDialog</name>
+    <message>
+        <source>JPEG Quality</source>
+        <translation>JPEG-Qualität</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>&amp;Qualität:</translation>
+    </message>
+    <message>
+        <source>Low values give small files, high ones keep more detail. From about 95 on, losses are hard to see.</source>
+        <translation>Niedrige Werte ergeben kleine Dateien, hohe erhalten mehr Details. Ab etwa 95 sind Verluste kaum zu sehen.</translation>
+    </message>
+    <message>
+        <source>JPEG files cannot hold transparency: what is transparent becomes white.</source>
+        <translation>JPEG-Dateien kennen keine Transparenz: Was durchsichtig ist, wird weiß.</translation>
+    </message>
+</context>
+<context>
+    <name>LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+</context>
+<context>
+    <name>LayerDock</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <extracomment>A layer and its opacity in percent.</extracomment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>Tick to show the layer</source>
+        <translation>Ankreuzen, um die Ebene zu zeigen</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Ebenen</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Film Strip</source>
+        <translation>Filmstreifen</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Werkzeuge</translation>
+    </message>
+    <message>
+        <source>&amp;Settings</source>
+        <translation>&amp;Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Vesk will speak this language when it is started again: %1</source>
+        <translation>Vesk verwendet diese Sprache ab dem nächsten Start: %1</translation>
+    </message>
+    <message>
+        <source>Tool Bar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>Film Strip — %1</source>
+        <translation>Filmstreifen — %1</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>Open Pictures</source>
+        <translation>Bilder öffnen</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>%1[*] — Vesk</source>
+        <translation>%1[*] — Vesk</translation>
+    </message>
+</context>
+<context>
+    <name>OpenFailureBox</name>
+    <message>
+        <source>“%1”: %2</source>
+        <extracomment>A file, and why it could not be opened.</extracomment>
+        <translation>„%1“: %2</translation>
+    </message>
+    <message>
+        <source>This file could not be opened:</source>
+        <translation>Diese Datei konnte nicht geöffnet werden:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files could not be opened:</source>
+        <translation>
+            <numerusform>%n Datei konnte nicht geöffnet werden:</numerusform>
+            <numerusform>%n Dateien konnten nicht geöffnet werden:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Opened</source>
+        <translation>Nicht geöffnet</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>der zugeteilte Speicherplatz ist erschöpft</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>auf dem Datenträger ist kein Platz mehr</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>der Datenträger ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>there is no such folder</source>
+        <translation>diesen Ordner gibt es nicht</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>the file exists already</source>
+        <translation>die Datei gibt es bereits</translation>
+    </message>
+</context>
+<context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>no such file</source>
+        <translation>diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>no permission to read it</source>
+        <translation>keine Berechtigung zum Lesen</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>not a picture</source>
+        <translation>kein Bild</translation>
+    </message>
+    <message>
+        <source>the picture is truncated or damaged</source>
+        <translation>das Bild ist unvollständig oder beschädigt</translation>
+    </message>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>das Bild ist zu groß (%1 × %2 Pixel)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>zu wenig Arbeitsspeicher für %1 × %2 Pixel</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
+</context>
+<context>
+    <name>PictureEncoder</name>
+    <message>
+        <source>JPEG files hold at most %1 pixels in a row or column</source>
+        <translation>JPEG-Dateien fassen höchstens %1 Pixel in einer Zeile oder Spalte</translation>
+    </message>
+    <message>
+        <source>the JPEG file could not be written</source>
+        <translation>die JPEG-Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
+    <message>
+        <source>the PNG file could not be written</source>
+        <translation>die PNG-Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the TIFF file could not be written</source>
+        <translation>die TIFF-Datei konnte nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>RecentFilesMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>&amp;Liste leeren</translation>
+    </message>
+</context>
+<context>
+    <name>SaveDialog</name>
+    <message>
+        <source>JPEG picture</source>
+        <translation>JPEG-Bild</translation>
+    </message>
+    <message>
+        <source>PNG picture</source>
+        <translation>PNG-Bild</translation>
+    </message>
+    <message>
+        <source>TIFF picture</source>
+        <translation>TIFF-Bild</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Drop photographs or a folder here</source>
+        <translation>Fotos oder einen Ordner hierher ziehen</translation>
+    </message>
+</context>
+<context>
+    <name>VeskActionManager</name>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
+    <name>VeskProgressIndicator</name>
+    <message>
+        <source>Please wait</source>
+        <translation>Bitte warten</translation>
+    </message>
+</context>
+<context>
+    <name>VeskRaw</name>
+    <message>
+        <source>Unspecified error</source>
+        <translation>nicht näher bezeichneter Fehler</translation>
+    </message>
+    <message>
+        <source>Unsupported file format or not RAW file</source>
+        <translation>nicht unterstütztes Format oder keine RAW-Datei</translation>
+    </message>
+    <message>
+        <source>Unsufficient memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
+    <message>
+        <source>Corrupted data or unexpected EOF</source>
+        <translation>beschädigte Daten oder unerwartetes Dateiende</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Ein-/Ausgabefehler</translation>
+    </message>
+    <message>
+        <source>Cancelled by user callback</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>Image too big for processing</source>
+        <translation>das Bild ist zu groß</translation>
+    </message>
+    <message>
+        <source>The picture has more pixels than allowed</source>
+        <translation>das Bild hat mehr Pixel als erlaubt</translation>
+    </message>
+    <message>
+        <source>The file is damaged</source>
+        <translation>die Datei ist beschädigt</translation>
+    </message>
+    <message>
+        <source>The converted picture cannot be taken over</source>
+        <translation>das umgewandelte Bild kann nicht übernommen werden</translation>
+    </message>
+    <message>
+        <source>Not enough memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
+    <message>
+        <source>The raw library failed</source>
+        <translation>die RAW-Bibliothek ist gescheitert</translation>
+    </message>
+</context>
+<context>
+    <name>VeskTitleWidget</name>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>Maximieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>Eine kleine Fotobearbeitung, die Belichtungsreihen zusammenfügt.</translation>
+    </message>
+    <message>
+        <source>Pictures to open, or a folder to show.</source>
+        <translation>Zu öffnende Bilder oder ein Ordner, der gezeigt werden soll.</translation>
+    </message>
+</context>
+</TS>

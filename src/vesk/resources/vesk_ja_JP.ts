@@ -1,0 +1,560 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Vesk</source>
+        <translation>Vesk について</translation>
+    </message>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>露出を変えて撮影した写真を統合する小さな写真エディターです。</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence. Built on Qt %1, LibRaw, libexif and OpenCL.</source>
+        <translation>MIT ライセンスのフリーソフトウェアです。Qt %1、LibRaw、libexif、OpenCL を使用しています。</translation>
+    </message>
+</context>
+<context>
+    <name>Document</name>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentSaver</name>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>保存されていない変更</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>「%1」への変更を保存しますか？</translation>
+    </message>
+    <message>
+        <source>If you do not save them, they will be lost.</source>
+        <translation>保存しない場合、変更は失われます。</translation>
+    </message>
+    <message>
+        <source>no layer is visible</source>
+        <translation>表示されているレイヤーがありません</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>保存できませんでした</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>「%1」を保存できませんでした：%2。</translation>
+    </message>
+    <message>
+        <source>The picture is still open, with all its changes. You can save it elsewhere.</source>
+        <translation>画像はすべての変更とともに開いたままです。別の場所に保存できます。</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>名前を付けて保存(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabs</name>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
+        <translation>%1 •</translation>
+    </message>
+</context>
+<context>
+    <name>EditorActions</name>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>開く(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder…</source>
+        <translation>フォルダーを開く(&amp;F)…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>拡大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>縮小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>ウィンドウに合わせる(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size (100 %)</source>
+        <translation>実際のサイズ (100%)(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>合わせる</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100%</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>全画面表示(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Next Document</source>
+        <translation>次のドキュメント(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Document</source>
+        <translation>前のドキュメント(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge to HDR…</source>
+        <translation>HDR に統合(&amp;M)…</translation>
+    </message>
+    <message>
+        <source>Merge pictures of one scene taken at different exposures</source>
+        <translation>同じ場面を異なる露出で撮影した画像を統合します</translation>
+    </message>
+    <message>
+        <source>&amp;About Vesk</source>
+        <translation>Vesk について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+</context>
+<context>
+    <name>EditorStatusBar</name>
+    <message>
+        <source>%1 × %2</source>
+        <extracomment>Width and height in pixels.</extracomment>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1, %2   R %3 G %4 B %5</source>
+        <extracomment>Position in pixels, and the levels of red, green and blue.</extracomment>
+        <translation>%1, %2   R %3 G %4 B %5</translation>
+    </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>%1 を開いています…</translation>
+    </message>
+    <message>
+        <source>Opening %1 (%2 of %3)…</source>
+        <translation>%1 を開いています (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStrip</name>
+    <message>
+        <source>No pictures in this folder</source>
+        <translation>このフォルダーに画像はありません</translation>
+    </message>
+</context>
+<context>
+    <name>HistogramDock</name>
+    <message>
+        <source>Histogram</source>
+        <translation>ヒストグラム</translation>
+    </message>
+</context>
+<context>
+    <name>JpegQualityDialog</name>
+    <message>
+        <source>JPEG Quality</source>
+        <translation>JPEG の画質</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>画質(&amp;Q)：</translation>
+    </message>
+    <message>
+        <source>Low values give small files, high ones keep more detail. From about 95 on, losses are hard to see.</source>
+        <translation>値が小さいほどファイルは小さくなり、大きいほど細部が保たれます。95 程度からは劣化がほとんど分かりません。</translation>
+    </message>
+    <message>
+        <source>JPEG files cannot hold transparency: what is transparent becomes white.</source>
+        <translation>JPEG ファイルは透明を扱えません。透明な部分は白になります。</translation>
+    </message>
+</context>
+<context>
+    <name>LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>言語(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>LayerDock</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <extracomment>A layer and its opacity in percent.</extracomment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>Tick to show the layer</source>
+        <translation>チェックするとレイヤーを表示します</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>レイヤー</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Film Strip</source>
+        <translation>フィルムストリップ</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>ツール(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Settings</source>
+        <translation>設定(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>Vesk will speak this language when it is started again: %1</source>
+        <translation>次回の起動から次の言語で表示されます：%1</translation>
+    </message>
+    <message>
+        <source>Tool Bar</source>
+        <translation>ツールバー</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 を保存しました</translation>
+    </message>
+    <message>
+        <source>Film Strip — %1</source>
+        <translation>フィルムストリップ — %1</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>すべてのファイル</translation>
+    </message>
+    <message>
+        <source>Open Pictures</source>
+        <translation>画像を開く</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>フォルダーを開く</translation>
+    </message>
+    <message>
+        <source>%1[*] — Vesk</source>
+        <translation>%1[*] — Vesk</translation>
+    </message>
+</context>
+<context>
+    <name>OpenFailureBox</name>
+    <message>
+        <source>“%1”: %2</source>
+        <extracomment>A file, and why it could not be opened.</extracomment>
+        <translation>「%1」：%2</translation>
+    </message>
+    <message>
+        <source>This file could not be opened:</source>
+        <translation>次のファイルを開けませんでした：</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files could not be opened:</source>
+        <translation>
+            <numerusform>%n 個のファイルを開けませんでした：</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Opened</source>
+        <translation>開けませんでした</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>アクセスが許可されていません</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>ディスクの割り当て容量を超えました</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>デバイスに空き領域がありません</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>ファイルシステムが読み取り専用です</translation>
+    </message>
+    <message>
+        <source>there is no such folder</source>
+        <translation>フォルダーがありません</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>フォルダーです</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>the file exists already</source>
+        <translation>ファイルは既に存在します</translation>
+    </message>
+</context>
+<context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>no such file</source>
+        <translation>ファイルがありません</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>フォルダーです</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>no permission to read it</source>
+        <translation>読み取りが許可されていません</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>読み取れません</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>ファイルが空です</translation>
+    </message>
+    <message>
+        <source>not a picture</source>
+        <translation>画像ではありません</translation>
+    </message>
+    <message>
+        <source>the picture is truncated or damaged</source>
+        <translation>画像が途中で切れているか、壊れています</translation>
+    </message>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>画像が大きすぎます (%1 × %2 ピクセル)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>%1 × %2 ピクセルにはメモリーが足りません</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>メモリーが足りません</translation>
+    </message>
+</context>
+<context>
+    <name>PictureEncoder</name>
+    <message>
+        <source>JPEG files hold at most %1 pixels in a row or column</source>
+        <translation>JPEG ファイルの縦横はそれぞれ最大 %1 ピクセルです</translation>
+    </message>
+    <message>
+        <source>the JPEG file could not be written</source>
+        <translation>JPEG ファイルを書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>メモリーが足りません</translation>
+    </message>
+    <message>
+        <source>the PNG file could not be written</source>
+        <translation>PNG ファイルを書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>the TIFF file could not be written</source>
+        <translation>TIFF ファイルを書き込めませんでした</translation>
+    </message>
+</context>
+<context>
+    <name>RecentFilesMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>最近使ったファイル(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>一覧を消去(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>SaveDialog</name>
+    <message>
+        <source>JPEG picture</source>
+        <translation>JPEG 画像</translation>
+    </message>
+    <message>
+        <source>PNG picture</source>
+        <translation>PNG 画像</translation>
+    </message>
+    <message>
+        <source>TIFF picture</source>
+        <translation>TIFF 画像</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>名前を付けて保存</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Drop photographs or a folder here</source>
+        <translation>写真またはフォルダーをここにドロップ</translation>
+    </message>
+</context>
+<context>
+    <name>VeskActionManager</name>
+    <message>
+        <source>&amp;Save</source>
+        <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>名前を付けて保存(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>VeskProgressIndicator</name>
+    <message>
+        <source>Please wait</source>
+        <translation>お待ちください</translation>
+    </message>
+</context>
+<context>
+    <name>VeskRaw</name>
+    <message>
+        <source>Unspecified error</source>
+        <translation>不明なエラー</translation>
+    </message>
+    <message>
+        <source>Unsupported file format or not RAW file</source>
+        <translation>対応していない形式か、RAW ファイルではありません</translation>
+    </message>
+    <message>
+        <source>Unsufficient memory</source>
+        <translation>メモリーが足りません</translation>
+    </message>
+    <message>
+        <source>Corrupted data or unexpected EOF</source>
+        <translation>データが壊れているか、ファイルが途中で終わっています</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>入出力エラー</translation>
+    </message>
+    <message>
+        <source>Cancelled by user callback</source>
+        <translation>キャンセルされました</translation>
+    </message>
+    <message>
+        <source>Image too big for processing</source>
+        <translation>画像が大きすぎます</translation>
+    </message>
+    <message>
+        <source>The picture has more pixels than allowed</source>
+        <translation>画像のピクセル数が上限を超えています</translation>
+    </message>
+    <message>
+        <source>The file is damaged</source>
+        <translation>ファイルが壊れています</translation>
+    </message>
+    <message>
+        <source>The converted picture cannot be taken over</source>
+        <translation>変換した画像を取り込めません</translation>
+    </message>
+    <message>
+        <source>Not enough memory</source>
+        <translation>メモリーが足りません</translation>
+    </message>
+    <message>
+        <source>The raw library failed</source>
+        <translation>RAW ライブラリーでエラーが発生しました</translation>
+    </message>
+</context>
+<context>
+    <name>VeskTitleWidget</name>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>最大化</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>露出を変えて撮影した写真を統合する小さな写真エディターです。</translation>
+    </message>
+    <message>
+        <source>Pictures to open, or a folder to show.</source>
+        <translation>開く画像、または表示するフォルダー。</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,560 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ko_KR" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Vesk</source>
+        <translation>Vesk 정보</translation>
+    </message>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>노출을 달리하여 찍은 사진을 병합하는 작은 사진 편집기입니다.</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence. Built on Qt %1, LibRaw, libexif and OpenCL.</source>
+        <translation>MIT 라이선스의 자유 소프트웨어입니다. Qt %1, LibRaw, libexif, OpenCL을 사용합니다.</translation>
+    </message>
+</context>
+<context>
+    <name>Document</name>
+    <message>
+        <source>Background</source>
+        <translation>배경</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentSaver</name>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>저장하지 않은 변경 사항</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>“%1”의 변경 사항을 저장하시겠습니까?</translation>
+    </message>
+    <message>
+        <source>If you do not save them, they will be lost.</source>
+        <translation>저장하지 않으면 변경 사항이 사라집니다.</translation>
+    </message>
+    <message>
+        <source>no layer is visible</source>
+        <translation>표시된 레이어가 없습니다</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>저장하지 못함</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>“%1”을(를) 저장하지 못했습니다: %2.</translation>
+    </message>
+    <message>
+        <source>The picture is still open, with all its changes. You can save it elsewhere.</source>
+        <translation>이미지는 모든 변경 사항과 함께 열려 있습니다. 다른 위치에 저장할 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>다른 이름으로 저장(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>제목 없음</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabs</name>
+    <message>
+        <source>Untitled</source>
+        <translation>제목 없음</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
+        <translation>%1 •</translation>
+    </message>
+</context>
+<context>
+    <name>EditorActions</name>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>열기(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder…</source>
+        <translation>폴더 열기(&amp;F)…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>종료(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>확대(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>축소(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>창에 맞춤(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size (100 %)</source>
+        <translation>실제 크기 (100%)(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>맞춤</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100%</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>전체 화면(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Next Document</source>
+        <translation>다음 문서(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Document</source>
+        <translation>이전 문서(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge to HDR…</source>
+        <translation>HDR로 병합(&amp;M)…</translation>
+    </message>
+    <message>
+        <source>Merge pictures of one scene taken at different exposures</source>
+        <translation>같은 장면을 서로 다른 노출로 찍은 이미지를 병합합니다</translation>
+    </message>
+    <message>
+        <source>&amp;About Vesk</source>
+        <translation>Vesk 정보(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
+    </message>
+</context>
+<context>
+    <name>EditorStatusBar</name>
+    <message>
+        <source>%1 × %2</source>
+        <extracomment>Width and height in pixels.</extracomment>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1, %2   R %3 G %4 B %5</source>
+        <extracomment>Position in pixels, and the levels of red, green and blue.</extracomment>
+        <translation>%1, %2   R %3 G %4 B %5</translation>
+    </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>%1 여는 중…</translation>
+    </message>
+    <message>
+        <source>Opening %1 (%2 of %3)…</source>
+        <translation>%1 여는 중 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStrip</name>
+    <message>
+        <source>No pictures in this folder</source>
+        <translation>이 폴더에 이미지가 없습니다</translation>
+    </message>
+</context>
+<context>
+    <name>HistogramDock</name>
+    <message>
+        <source>Histogram</source>
+        <translation>히스토그램</translation>
+    </message>
+</context>
+<context>
+    <name>JpegQualityDialog</name>
+    <message>
+        <source>JPEG Quality</source>
+        <translation>JPEG 품질</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>품질(&amp;Q):</translation>
+    </message>
+    <message>
+        <source>Low values give small files, high ones keep more detail. From about 95 on, losses are hard to see.</source>
+        <translation>값이 낮으면 파일이 작아지고, 높으면 세부가 더 잘 보존됩니다. 95 정도부터는 손실이 거의 보이지 않습니다.</translation>
+    </message>
+    <message>
+        <source>JPEG files cannot hold transparency: what is transparent becomes white.</source>
+        <translation>JPEG 파일은 투명도를 저장할 수 없습니다. 투명한 부분은 흰색이 됩니다.</translation>
+    </message>
+</context>
+<context>
+    <name>LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>언어(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>LayerDock</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <extracomment>A layer and its opacity in percent.</extracomment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>Tick to show the layer</source>
+        <translation>선택하면 레이어를 표시합니다</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>레이어</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Film Strip</source>
+        <translation>필름 스트립</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>파일(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>보기(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>도구(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Settings</source>
+        <translation>설정(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>도움말(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>언어</translation>
+    </message>
+    <message>
+        <source>Vesk will speak this language when it is started again: %1</source>
+        <translation>다음에 시작할 때부터 이 언어로 표시됩니다: %1</translation>
+    </message>
+    <message>
+        <source>Tool Bar</source>
+        <translation>도구 모음</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 저장됨</translation>
+    </message>
+    <message>
+        <source>Film Strip — %1</source>
+        <translation>필름 스트립 — %1</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>이미지</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>모든 파일</translation>
+    </message>
+    <message>
+        <source>Open Pictures</source>
+        <translation>이미지 열기</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>폴더 열기</translation>
+    </message>
+    <message>
+        <source>%1[*] — Vesk</source>
+        <translation>%1[*] — Vesk</translation>
+    </message>
+</context>
+<context>
+    <name>OpenFailureBox</name>
+    <message>
+        <source>“%1”: %2</source>
+        <extracomment>A file, and why it could not be opened.</extracomment>
+        <translation>“%1”: %2</translation>
+    </message>
+    <message>
+        <source>This file could not be opened:</source>
+        <translation>다음 파일을 열지 못했습니다:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files could not be opened:</source>
+        <translation>
+            <numerusform>파일 %n개를 열지 못했습니다:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Opened</source>
+        <translation>열지 못함</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>권한이 없습니다</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>디스크 할당량을 초과했습니다</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>장치에 남은 공간이 없습니다</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>파일 시스템이 읽기 전용입니다</translation>
+    </message>
+    <message>
+        <source>there is no such folder</source>
+        <translation>폴더가 없습니다</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>폴더입니다</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>일반 파일이 아닙니다</translation>
+    </message>
+    <message>
+        <source>the file exists already</source>
+        <translation>파일이 이미 있습니다</translation>
+    </message>
+</context>
+<context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>no such file</source>
+        <translation>파일이 없습니다</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>폴더입니다</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>일반 파일이 아닙니다</translation>
+    </message>
+    <message>
+        <source>no permission to read it</source>
+        <translation>읽을 권한이 없습니다</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>읽을 수 없습니다</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>파일이 비어 있습니다</translation>
+    </message>
+    <message>
+        <source>not a picture</source>
+        <translation>이미지가 아닙니다</translation>
+    </message>
+    <message>
+        <source>the picture is truncated or damaged</source>
+        <translation>이미지가 잘렸거나 손상되었습니다</translation>
+    </message>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>이미지가 너무 큽니다 (%1 × %2픽셀)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>%1 × %2픽셀을 처리할 메모리가 부족합니다</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>메모리가 부족합니다</translation>
+    </message>
+</context>
+<context>
+    <name>PictureEncoder</name>
+    <message>
+        <source>JPEG files hold at most %1 pixels in a row or column</source>
+        <translation>JPEG 파일의 가로와 세로는 각각 최대 %1픽셀입니다</translation>
+    </message>
+    <message>
+        <source>the JPEG file could not be written</source>
+        <translation>JPEG 파일을 쓰지 못했습니다</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>메모리가 부족합니다</translation>
+    </message>
+    <message>
+        <source>the PNG file could not be written</source>
+        <translation>PNG 파일을 쓰지 못했습니다</translation>
+    </message>
+    <message>
+        <source>the TIFF file could not be written</source>
+        <translation>TIFF 파일을 쓰지 못했습니다</translation>
+    </message>
+</context>
+<context>
+    <name>RecentFilesMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>최근 파일(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>목록 지우기(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>SaveDialog</name>
+    <message>
+        <source>JPEG picture</source>
+        <translation>JPEG 이미지</translation>
+    </message>
+    <message>
+        <source>PNG picture</source>
+        <translation>PNG 이미지</translation>
+    </message>
+    <message>
+        <source>TIFF picture</source>
+        <translation>TIFF 이미지</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>다른 이름으로 저장</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Drop photographs or a folder here</source>
+        <translation>사진이나 폴더를 여기에 끌어다 놓으세요</translation>
+    </message>
+</context>
+<context>
+    <name>VeskActionManager</name>
+    <message>
+        <source>&amp;Save</source>
+        <translation>저장(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>다른 이름으로 저장(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>닫기(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>VeskProgressIndicator</name>
+    <message>
+        <source>Please wait</source>
+        <translation>잠시 기다려 주세요</translation>
+    </message>
+</context>
+<context>
+    <name>VeskRaw</name>
+    <message>
+        <source>Unspecified error</source>
+        <translation>알 수 없는 오류</translation>
+    </message>
+    <message>
+        <source>Unsupported file format or not RAW file</source>
+        <translation>지원하지 않는 형식이거나 RAW 파일이 아닙니다</translation>
+    </message>
+    <message>
+        <source>Unsufficient memory</source>
+        <translation>메모리가 부족합니다</translation>
+    </message>
+    <message>
+        <source>Corrupted data or unexpected EOF</source>
+        <translation>데이터가 손상되었거나 파일이 중간에 끝났습니다</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>입출력 오류</translation>
+    </message>
+    <message>
+        <source>Cancelled by user callback</source>
+        <translation>취소되었습니다</translation>
+    </message>
+    <message>
+        <source>Image too big for processing</source>
+        <translation>이미지가 너무 큽니다</translation>
+    </message>
+    <message>
+        <source>The picture has more pixels than allowed</source>
+        <translation>이미지의 픽셀 수가 허용 한도를 넘습니다</translation>
+    </message>
+    <message>
+        <source>The file is damaged</source>
+        <translation>파일이 손상되었습니다</translation>
+    </message>
+    <message>
+        <source>The converted picture cannot be taken over</source>
+        <translation>변환한 이미지를 가져올 수 없습니다</translation>
+    </message>
+    <message>
+        <source>Not enough memory</source>
+        <translation>메모리가 부족합니다</translation>
+    </message>
+    <message>
+        <source>The raw library failed</source>
+        <translation>RAW 라이브러리에서 오류가 발생했습니다</translation>
+    </message>
+</context>
+<context>
+    <name>VeskTitleWidget</name>
+    <message>
+        <source>Minimize</source>
+        <translation>최소화</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>최대화</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>노출을 달리하여 찍은 사진을 병합하는 작은 사진 편집기입니다.</translation>
+    </message>
+    <message>
+        <source>Pictures to open, or a folder to show.</source>
+        <translation>열 이미지 또는 표시할 폴더.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,560 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Vesk</source>
+        <translation>关于 Vesk</translation>
+    </message>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>一款小巧的照片编辑器，可合并包围曝光的照片。</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence. Built on Qt %1, LibRaw, libexif and OpenCL.</source>
+        <translation>采用 MIT 许可证的自由软件。基于 Qt %1、LibRaw、libexif 和 OpenCL。</translation>
+    </message>
+</context>
+<context>
+    <name>Document</name>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentSaver</name>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>未保存的更改</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>是否保存对“%1”的更改？</translation>
+    </message>
+    <message>
+        <source>If you do not save them, they will be lost.</source>
+        <translation>如果不保存，更改将会丢失。</translation>
+    </message>
+    <message>
+        <source>no layer is visible</source>
+        <translation>没有可见的图层</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>未能保存</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>无法保存“%1”：%2。</translation>
+    </message>
+    <message>
+        <source>The picture is still open, with all its changes. You can save it elsewhere.</source>
+        <translation>图像仍处于打开状态，所有更改都在。您可以将其保存到其他位置。</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>另存为(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabs</name>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
+        <translation>%1 •</translation>
+    </message>
+</context>
+<context>
+    <name>EditorActions</name>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>打开(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder…</source>
+        <translation>打开文件夹(&amp;F)…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>放大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>缩小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>适合窗口(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size (100 %)</source>
+        <translation>实际大小 (100%)(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>适合</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100%</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>全屏(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Next Document</source>
+        <translation>下一个文档(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Document</source>
+        <translation>上一个文档(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge to HDR…</source>
+        <translation>合并到 HDR(&amp;M)…</translation>
+    </message>
+    <message>
+        <source>Merge pictures of one scene taken at different exposures</source>
+        <translation>合并以不同曝光拍摄的同一场景的图像</translation>
+    </message>
+    <message>
+        <source>&amp;About Vesk</source>
+        <translation>关于 Vesk(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+</context>
+<context>
+    <name>EditorStatusBar</name>
+    <message>
+        <source>%1 × %2</source>
+        <extracomment>Width and height in pixels.</extracomment>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1, %2   R %3 G %4 B %5</source>
+        <extracomment>Position in pixels, and the levels of red, green and blue.</extracomment>
+        <translation>%1, %2   R %3 G %4 B %5</translation>
+    </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>正在打开 %1…</translation>
+    </message>
+    <message>
+        <source>Opening %1 (%2 of %3)…</source>
+        <translation>正在打开 %1 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStrip</name>
+    <message>
+        <source>No pictures in this folder</source>
+        <translation>此文件夹中没有图像</translation>
+    </message>
+</context>
+<context>
+    <name>HistogramDock</name>
+    <message>
+        <source>Histogram</source>
+        <translation>直方图</translation>
+    </message>
+</context>
+<context>
+    <name>JpegQualityDialog</name>
+    <message>
+        <source>JPEG Quality</source>
+        <translation>JPEG 质量</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>质量(&amp;Q)：</translation>
+    </message>
+    <message>
+        <source>Low values give small files, high ones keep more detail. From about 95 on, losses are hard to see.</source>
+        <translation>数值越低，文件越小；数值越高，保留的细节越多。大约从 95 起，损失很难看出。</translation>
+    </message>
+    <message>
+        <source>JPEG files cannot hold transparency: what is transparent becomes white.</source>
+        <translation>JPEG 文件不支持透明：透明部分将变为白色。</translation>
+    </message>
+</context>
+<context>
+    <name>LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>LayerDock</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <extracomment>A layer and its opacity in percent.</extracomment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>Tick to show the layer</source>
+        <translation>勾选以显示图层</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>图层</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Film Strip</source>
+        <translation>胶片条</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>工具(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Settings</source>
+        <translation>设置(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Vesk will speak this language when it is started again: %1</source>
+        <translation>下次启动后将使用此语言：%1</translation>
+    </message>
+    <message>
+        <source>Tool Bar</source>
+        <translation>工具栏</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>已保存 %1</translation>
+    </message>
+    <message>
+        <source>Film Strip — %1</source>
+        <translation>胶片条 — %1</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有文件</translation>
+    </message>
+    <message>
+        <source>Open Pictures</source>
+        <translation>打开图像</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>打开文件夹</translation>
+    </message>
+    <message>
+        <source>%1[*] — Vesk</source>
+        <translation>%1[*] — Vesk</translation>
+    </message>
+</context>
+<context>
+    <name>OpenFailureBox</name>
+    <message>
+        <source>“%1”: %2</source>
+        <extracomment>A file, and why it could not be opened.</extracomment>
+        <translation>“%1”：%2</translation>
+    </message>
+    <message>
+        <source>This file could not be opened:</source>
+        <translation>无法打开此文件：</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files could not be opened:</source>
+        <translation>
+            <numerusform>无法打开 %n 个文件：</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Opened</source>
+        <translation>未能打开</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>没有权限</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>超出磁盘配额</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>设备上没有剩余空间</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>文件系统为只读</translation>
+    </message>
+    <message>
+        <source>there is no such folder</source>
+        <translation>文件夹不存在</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>是文件夹</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>the file exists already</source>
+        <translation>文件已存在</translation>
+    </message>
+</context>
+<context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>no such file</source>
+        <translation>文件不存在</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>是文件夹</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>no permission to read it</source>
+        <translation>没有读取权限</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>文件为空</translation>
+    </message>
+    <message>
+        <source>not a picture</source>
+        <translation>不是图像</translation>
+    </message>
+    <message>
+        <source>the picture is truncated or damaged</source>
+        <translation>图像不完整或已损坏</translation>
+    </message>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>图像太大 (%1 × %2 像素)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>内存不足，无法容纳 %1 × %2 像素</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>内存不足</translation>
+    </message>
+</context>
+<context>
+    <name>PictureEncoder</name>
+    <message>
+        <source>JPEG files hold at most %1 pixels in a row or column</source>
+        <translation>JPEG 文件的每行或每列最多 %1 像素</translation>
+    </message>
+    <message>
+        <source>the JPEG file could not be written</source>
+        <translation>无法写入 JPEG 文件</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>内存不足</translation>
+    </message>
+    <message>
+        <source>the PNG file could not be written</source>
+        <translation>无法写入 PNG 文件</translation>
+    </message>
+    <message>
+        <source>the TIFF file could not be written</source>
+        <translation>无法写入 TIFF 文件</translation>
+    </message>
+</context>
+<context>
+    <name>RecentFilesMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>最近打开的文件(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>清除列表(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>SaveDialog</name>
+    <message>
+        <source>JPEG picture</source>
+        <translation>JPEG 图像</translation>
+    </message>
+    <message>
+        <source>PNG picture</source>
+        <translation>PNG 图像</translation>
+    </message>
+    <message>
+        <source>TIFF picture</source>
+        <translation>TIFF 图像</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>另存为</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Drop photographs or a folder here</source>
+        <translation>将照片或文件夹拖放到此处</translation>
+    </message>
+</context>
+<context>
+    <name>VeskActionManager</name>
+    <message>
+        <source>&amp;Save</source>
+        <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>另存为(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>VeskProgressIndicator</name>
+    <message>
+        <source>Please wait</source>
+        <translation>请稍候</translation>
+    </message>
+</context>
+<context>
+    <name>VeskRaw</name>
+    <message>
+        <source>Unspecified error</source>
+        <translation>未指明的错误</translation>
+    </message>
+    <message>
+        <source>Unsupported file format or not RAW file</source>
+        <translation>格式不受支持，或不是 RAW 文件</translation>
+    </message>
+    <message>
+        <source>Unsufficient memory</source>
+        <translation>内存不足</translation>
+    </message>
+    <message>
+        <source>Corrupted data or unexpected EOF</source>
+        <translation>数据已损坏或文件意外结束</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>输入/输出错误</translation>
+    </message>
+    <message>
+        <source>Cancelled by user callback</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Image too big for processing</source>
+        <translation>图像太大</translation>
+    </message>
+    <message>
+        <source>The picture has more pixels than allowed</source>
+        <translation>图像的像素数超过上限</translation>
+    </message>
+    <message>
+        <source>The file is damaged</source>
+        <translation>文件已损坏</translation>
+    </message>
+    <message>
+        <source>The converted picture cannot be taken over</source>
+        <translation>无法使用转换后的图像</translation>
+    </message>
+    <message>
+        <source>Not enough memory</source>
+        <translation>内存不足</translation>
+    </message>
+    <message>
+        <source>The raw library failed</source>
+        <translation>RAW 库出错</translation>
+    </message>
+</context>
+<context>
+    <name>VeskTitleWidget</name>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>最大化</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>一款小巧的照片编辑器，可合并包围曝光的照片。</translation>
+    </message>
+    <message>
+        <source>Pictures to open, or a folder to show.</source>
+        <translation>要打开的图像或要显示的文件夹。</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,560 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_TW" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Vesk</source>
+        <translation>關於 Vesk</translation>
+    </message>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>一款小巧的相片編輯器，可合併包圍曝光的相片。</translation>
+    </message>
+    <message>
+        <source>Free software under the MIT licence. Built on Qt %1, LibRaw, libexif and OpenCL.</source>
+        <translation>採用 MIT 授權的自由軟體。使用 Qt %1、LibRaw、libexif 和 OpenCL。</translation>
+    </message>
+</context>
+<context>
+    <name>Document</name>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentSaver</name>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>未儲存的變更</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>是否儲存對「%1」的變更？</translation>
+    </message>
+    <message>
+        <source>If you do not save them, they will be lost.</source>
+        <translation>如果不儲存，變更將會遺失。</translation>
+    </message>
+    <message>
+        <source>no layer is visible</source>
+        <translation>沒有可見的圖層</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>未能儲存</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>無法儲存「%1」：%2。</translation>
+    </message>
+    <message>
+        <source>The picture is still open, with all its changes. You can save it elsewhere.</source>
+        <translation>影像仍在開啟狀態，所有變更都還在。您可以將它儲存到其他位置。</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>另存新檔(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabs</name>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
+        <translation>%1 •</translation>
+    </message>
+</context>
+<context>
+    <name>EditorActions</name>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>開啟(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder…</source>
+        <translation>開啟資料夾(&amp;F)…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>結束(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>放大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>縮小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>符合視窗大小(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size (100 %)</source>
+        <translation>實際大小 (100%)(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>符合視窗</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100%</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>全螢幕(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Next Document</source>
+        <translation>下一份文件(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Document</source>
+        <translation>上一份文件(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge to HDR…</source>
+        <translation>合併為 HDR(&amp;M)…</translation>
+    </message>
+    <message>
+        <source>Merge pictures of one scene taken at different exposures</source>
+        <translation>合併以不同曝光拍攝的同一場景的影像</translation>
+    </message>
+    <message>
+        <source>&amp;About Vesk</source>
+        <translation>關於 Vesk(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開啟</translation>
+    </message>
+</context>
+<context>
+    <name>EditorStatusBar</name>
+    <message>
+        <source>%1 × %2</source>
+        <extracomment>Width and height in pixels.</extracomment>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1, %2   R %3 G %4 B %5</source>
+        <extracomment>Position in pixels, and the levels of red, green and blue.</extracomment>
+        <translation>%1, %2   R %3 G %4 B %5</translation>
+    </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>正在開啟 %1…</translation>
+    </message>
+    <message>
+        <source>Opening %1 (%2 of %3)…</source>
+        <translation>正在開啟 %1 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStrip</name>
+    <message>
+        <source>No pictures in this folder</source>
+        <translation>此資料夾中沒有影像</translation>
+    </message>
+</context>
+<context>
+    <name>HistogramDock</name>
+    <message>
+        <source>Histogram</source>
+        <translation>色階分佈圖</translation>
+    </message>
+</context>
+<context>
+    <name>JpegQualityDialog</name>
+    <message>
+        <source>JPEG Quality</source>
+        <translation>JPEG 品質</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>品質(&amp;Q)：</translation>
+    </message>
+    <message>
+        <source>Low values give small files, high ones keep more detail. From about 95 on, losses are hard to see.</source>
+        <translation>數值越低，檔案越小；數值越高，保留的細節越多。大約從 95 起，損失很難看出。</translation>
+    </message>
+    <message>
+        <source>JPEG files cannot hold transparency: what is transparent becomes white.</source>
+        <translation>JPEG 檔案不支援透明：透明部分將變為白色。</translation>
+    </message>
+</context>
+<context>
+    <name>LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>語言(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>LayerDock</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <extracomment>A layer and its opacity in percent.</extracomment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>Tick to show the layer</source>
+        <translation>勾選以顯示圖層</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>圖層</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Film Strip</source>
+        <translation>底片列</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>檔案(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>檢視(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>工具(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Settings</source>
+        <translation>設定(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>說明(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>語言</translation>
+    </message>
+    <message>
+        <source>Vesk will speak this language when it is started again: %1</source>
+        <translation>下次啟動後將使用此語言：%1</translation>
+    </message>
+    <message>
+        <source>Tool Bar</source>
+        <translation>工具列</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>已儲存 %1</translation>
+    </message>
+    <message>
+        <source>Film Strip — %1</source>
+        <translation>底片列 — %1</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>影像</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有檔案</translation>
+    </message>
+    <message>
+        <source>Open Pictures</source>
+        <translation>開啟影像</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>開啟資料夾</translation>
+    </message>
+    <message>
+        <source>%1[*] — Vesk</source>
+        <translation>%1[*] — Vesk</translation>
+    </message>
+</context>
+<context>
+    <name>OpenFailureBox</name>
+    <message>
+        <source>“%1”: %2</source>
+        <extracomment>A file, and why it could not be opened.</extracomment>
+        <translation>「%1」：%2</translation>
+    </message>
+    <message>
+        <source>This file could not be opened:</source>
+        <translation>無法開啟此檔案：</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files could not be opened:</source>
+        <translation>
+            <numerusform>無法開啟 %n 個檔案：</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Opened</source>
+        <translation>未能開啟</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>沒有權限</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>超出磁碟配額</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>裝置上沒有剩餘空間</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>檔案系統為唯讀</translation>
+    </message>
+    <message>
+        <source>there is no such folder</source>
+        <translation>資料夾不存在</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>是資料夾</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是一般檔案</translation>
+    </message>
+    <message>
+        <source>the file exists already</source>
+        <translation>檔案已存在</translation>
+    </message>
+</context>
+<context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>no such file</source>
+        <translation>檔案不存在</translation>
+    </message>
+    <message>
+        <source>is a directory</source>
+        <translation>是資料夾</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是一般檔案</translation>
+    </message>
+    <message>
+        <source>no permission to read it</source>
+        <translation>沒有讀取權限</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>無法讀取</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>檔案是空的</translation>
+    </message>
+    <message>
+        <source>not a picture</source>
+        <translation>不是影像</translation>
+    </message>
+    <message>
+        <source>the picture is truncated or damaged</source>
+        <translation>影像不完整或已損壞</translation>
+    </message>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>影像太大 (%1 × %2 像素)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>記憶體不足，無法容納 %1 × %2 像素</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>記憶體不足</translation>
+    </message>
+</context>
+<context>
+    <name>PictureEncoder</name>
+    <message>
+        <source>JPEG files hold at most %1 pixels in a row or column</source>
+        <translation>JPEG 檔案的每列或每行最多 %1 像素</translation>
+    </message>
+    <message>
+        <source>the JPEG file could not be written</source>
+        <translation>無法寫入 JPEG 檔案</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>記憶體不足</translation>
+    </message>
+    <message>
+        <source>the PNG file could not be written</source>
+        <translation>無法寫入 PNG 檔案</translation>
+    </message>
+    <message>
+        <source>the TIFF file could not be written</source>
+        <translation>無法寫入 TIFF 檔案</translation>
+    </message>
+</context>
+<context>
+    <name>RecentFilesMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>最近開啟的檔案(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>清除清單(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>SaveDialog</name>
+    <message>
+        <source>JPEG picture</source>
+        <translation>JPEG 影像</translation>
+    </message>
+    <message>
+        <source>PNG picture</source>
+        <translation>PNG 影像</translation>
+    </message>
+    <message>
+        <source>TIFF picture</source>
+        <translation>TIFF 影像</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>另存新檔</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Drop photographs or a folder here</source>
+        <translation>將相片或資料夾拖放到此處</translation>
+    </message>
+</context>
+<context>
+    <name>VeskActionManager</name>
+    <message>
+        <source>&amp;Save</source>
+        <translation>儲存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>另存新檔(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>關閉(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>VeskProgressIndicator</name>
+    <message>
+        <source>Please wait</source>
+        <translation>請稍候</translation>
+    </message>
+</context>
+<context>
+    <name>VeskRaw</name>
+    <message>
+        <source>Unspecified error</source>
+        <translation>未指明的錯誤</translation>
+    </message>
+    <message>
+        <source>Unsupported file format or not RAW file</source>
+        <translation>格式不受支援，或不是 RAW 檔案</translation>
+    </message>
+    <message>
+        <source>Unsufficient memory</source>
+        <translation>記憶體不足</translation>
+    </message>
+    <message>
+        <source>Corrupted data or unexpected EOF</source>
+        <translation>資料已損壞或檔案意外結束</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>輸入/輸出錯誤</translation>
+    </message>
+    <message>
+        <source>Cancelled by user callback</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Image too big for processing</source>
+        <translation>影像太大</translation>
+    </message>
+    <message>
+        <source>The picture has more pixels than allowed</source>
+        <translation>影像的像素數超過上限</translation>
+    </message>
+    <message>
+        <source>The file is damaged</source>
+        <translation>檔案已損壞</translation>
+    </message>
+    <message>
+        <source>The converted picture cannot be taken over</source>
+        <translation>無法使用轉換後的影像</translation>
+    </message>
+    <message>
+        <source>Not enough memory</source>
+        <translation>記憶體不足</translation>
+    </message>
+    <message>
+        <source>The raw library failed</source>
+        <translation>RAW 程式庫發生錯誤</translation>
+    </message>
+</context>
+<context>
+    <name>VeskTitleWidget</name>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>最大化</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>A small photo editor that merges bracketed photographs.</source>
+        <translation>一款小巧的相片編輯器，可合併包圍曝光的相片。</translation>
+    </message>
+    <message>
+        <source>Pictures to open, or a folder to show.</source>
+        <translation>要開啟的影像或要顯示的資料夾。</translation>
+    </message>
+</context>
+</TS>
