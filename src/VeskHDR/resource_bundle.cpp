@@ -6,4 +6,4 @@ VESKHDR_EXPORT int qCleanupResources_veskhdr();
 
 // The static object that registers the bundle at load and unregisters it at unload.
 #define dummy qCleanupResources_veskhdr__dest_instance__
-#include "qrc_veskhdr.cpp"
+#include "qrc_veskhdr.cpp" // NOLINT(bugprone-suspicious-include): made by the build

@@ -71,7 +71,7 @@ Vector3 RoomLight::windowLight(Vector3 position, Vector3 normal, std::uint64_t k
     const Vector3 size = opening.high - opening.low;
     Vector3 sum;
     for (int i = 0; i < kStrata * kStrata; ++i) {
-        const auto index = static_cast<std::uint64_t>(2 * i);
+        const auto index = 2 * static_cast<std::uint64_t>(i);
         const float u = stratified(i % kStrata, kStrata, key + index);
         const float v = stratified(i / kStrata, kStrata, key + index + 1);
         const Vector3 way = opening.low + Vector3{u * size.x, v * size.y, 0.0F} - position;
@@ -112,7 +112,7 @@ Vector3 RoomLight::bouncedLight(Vector3 position, Vector3 normal, bool withDayli
     const int strata = withDaylight ? 4 : 3;
     Vector3 sum;
     for (int i = 0; i < strata * strata; ++i) {
-        const auto index = static_cast<std::uint64_t>(3 * i);
+        const auto index = 3 * static_cast<std::uint64_t>(i);
         const float u = stratified(i % strata, strata, key + index);
         const float v = stratified(i / strata, strata, key + index + 1);
         const Ray ray{position, hemisphereDirection(normal, u, v)};

@@ -41,7 +41,7 @@ int rawValue(float light, std::uint64_t key)
 {
     const float electrons = light * kFullWell;
     const float noise = std::sqrt(electrons + kReadNoise * kReadNoise) * normalNumber(key);
-    return static_cast<int>(clamp01((electrons + noise) / kFullWell) * kRawMax + 0.5F);
+    return static_cast<int>(std::lround(clamp01((electrons + noise) / kFullWell) * kRawMax));
 }
 
 } // namespace

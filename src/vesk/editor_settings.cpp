@@ -12,11 +12,11 @@ namespace {
 
 constexpr int kDefaultQuality = 95;
 
-constexpr QLatin1String kQuality("editor/jpegQuality");
-constexpr QLatin1String kFolder("editor/folder");
-constexpr QLatin1String kRecent("editor/recentFiles");
-constexpr QLatin1String kGeometry("editor/geometry");
-constexpr QLatin1String kLayout("editor/layout");
+const QLatin1String kQuality("editor/jpegQuality");
+const QLatin1String kFolder("editor/folder");
+const QLatin1String kRecent("editor/recentFiles");
+const QLatin1String kGeometry("editor/geometry");
+const QLatin1String kLayout("editor/layout");
 
 QVariant value(const QString &key)
 {
