@@ -37,7 +37,7 @@ format:
 	clang-format -i $(SOURCES)
 
 lint:
-	@scripts/lint $(SOURCES)
+	@scripts/lint build $(SOURCES)
 
 clean:
 	cmake -E rm -rf build
