@@ -3,6 +3,7 @@
 #include <vesk_action_manager.h>
 
 #include <QIcon>
+#include <QRegularExpression>
 
 namespace {
 
@@ -12,6 +13,23 @@ QIcon icon(const char *name)
     if (!*name)
         return {};
     return QIcon(QStringLiteral(":/vesk/icons/%1.svg").arg(QLatin1String(name)));
+}
+
+/// The text of a command without the letter that opens it, which East Asian menus append.
+QString withoutMnemonic(QString text)
+{
+    static const QRegularExpression appended(QStringLiteral("\\(&\\w\\)"));
+    return text.remove(appended).remove(QLatin1Char('&'));
+}
+
+/// What a button of the action says, and its tip.
+void nameButton(QAction *action)
+{
+    const QString name = withoutMnemonic(action->text());
+    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+    action->setIconText(name);
+    //: The tip of a button: the command, and the keys that do the same.
+    action->setToolTip(keys.isEmpty() ? name : EditorActions::tr("%1 (%2)").arg(name, keys));
 }
 
 QAction *standard(int id)
@@ -28,6 +46,7 @@ EditorActions::EditorActions(QObject *parent)
                             const char *name) {
         auto *action = new QAction(icon(name), text, this);
         action->setShortcuts(keys);
+        nameButton(action);
         return action;
     };
     const auto keysFor = [](QKeySequence::StandardKey key) {
@@ -39,7 +58,10 @@ EditorActions::EditorActions(QObject *parent)
     openFolder = add(tr("Open &Folder…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_O}, "folder");
     save = standard(VeskActionManager::SaveAction);
     save->setIcon(icon("save"));
+    nameButton(save);
     saveAs = standard(VeskActionManager::SaveAsAction);
+    if (saveAs->shortcuts().isEmpty()) // plain X11 has no keys for it
+        saveAs->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     close = standard(VeskActionManager::CloseAction);
     quit = add(tr("&Quit"), keysFor(QKeySequence::Quit), "");
     quit->setMenuRole(QAction::QuitRole);

@@ -34,9 +34,11 @@ void FilmStripDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opt
     }
     index.data(Qt::DecorationRole).value<QIcon>().paint(painter, picture);
     painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
-    const QString name = index.data(Qt::DisplayRole).toString();
-    painter->drawText(text, Qt::AlignCenter,
-                      option.fontMetrics.elidedText(name, Qt::ElideMiddle, text.width()));
+    const QString name = option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
+                                                       Qt::ElideMiddle, text.width());
+    // One base line for all names: scripts that take their letters from another font are higher.
+    painter->drawText(text.center().x() - option.fontMetrics.horizontalAdvance(name) / 2,
+                      text.top() + option.fontMetrics.ascent(), name);
     if (option.state & QStyle::State_HasFocus) {
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(option);

@@ -72,6 +72,8 @@ private Q_SLOTS:
     void menus_areTranslated();
     void mnemonics_areUniqueInEachMenu_data() { addLanguages(); }
     void mnemonics_areUniqueInEachMenu();
+    void buttons_showNoMnemonics_data() { addLanguages(); }
+    void buttons_showNoMnemonics();
     void window_clipsNoText_data() { addLanguages(); }
     void window_clipsNoText();
     void qualityDialog_clipsNoText_data() { addLanguages(); }
@@ -181,6 +183,20 @@ void EditorLanguageTest::mnemonics_areUniqueInEachMenu()
         const QStringList letters = mnemonics(menu->actions());
         QVERIFY2(areUnique(letters), qPrintable(menu->title() + letters.join(' ')));
     }
+}
+
+/// East Asian menus append the letter: "保存(&S)".
+void EditorLanguageTest::buttons_showNoMnemonics()
+{
+    QFETCH(QString, language);
+    start(language);
+    const auto *actions = window->findChild<EditorActions *>();
+    for (const QAction *action : {actions->open, actions->save, actions->zoomIn, actions->merge}) {
+        QVERIFY2(!action->iconText().contains(QLatin1Char('&')), qPrintable(action->iconText()));
+        QVERIFY2(!action->iconText().contains(QLatin1Char('(')), qPrintable(action->iconText()));
+    }
+    QVERIFY(actions->open->toolTip().startsWith(actions->open->iconText()));
+    QVERIFY(actions->open->toolTip().contains(QLatin1Char('O'))); // Ctrl+O
 }
 
 void EditorLanguageTest::window_clipsNoText()

@@ -2,6 +2,7 @@
 #include "film_strip_model.h"
 #include "test_pictures.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -13,6 +14,7 @@ class FilmStripTest : public QObject
 
 private Q_SLOTS:
     void init();
+    void narrowDock_cutsNoNameOff();
     void selectedPaths_areInTheOrderShown();
     void setPictures_keepsTheSelectionOfFilesThatStay();
     void select_beforeTheListing_isAppliedWithIt();
@@ -38,6 +40,20 @@ void FilmStripTest::init()
     pictures = std::make_unique<TestPictures>();
     for (const char *name : {"a.png", "b.png", "c.png"})
         pictures->add(QLatin1String(name));
+}
+
+/// Also where there are more pictures than fit, and the scroll bar takes its place.
+void FilmStripTest::narrowDock_cutsNoNameOff()
+{
+    FilmStrip strip;
+    strip.setPictures(list());
+    strip.resize(200, 20);
+    strip.show();
+    QVERIFY(strip.horizontalScrollBar()->isVisible());
+    const QRect cell = strip.visualRect(strip.model()->index(0, 0));
+    QVERIFY(strip.viewport()->rect().top() <= cell.top());
+    QVERIFY(strip.viewport()->rect().bottom() >= cell.bottom());
+    QVERIFY(cell.height() >= strip.iconSize().height() + strip.fontMetrics().height());
 }
 
 void FilmStripTest::selectedPaths_areInTheOrderShown()

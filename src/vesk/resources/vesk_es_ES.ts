@@ -102,7 +102,7 @@
     </message>
     <message>
         <source>&amp;Actual Size (100 %)</source>
-        <translation>&amp;Tamaño real (100 %)</translation>
+        <translation>&amp;Tamaño real (100&#xa0;%)</translation>
     </message>
     <message>
         <source>Fit</source>
@@ -111,7 +111,7 @@
     <message>
         <source>100 %</source>
         <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
-        <translation>100 %</translation>
+        <translation>100&#xa0;%</translation>
     </message>
     <message>
         <source>F&amp;ull Screen</source>
@@ -141,6 +141,11 @@
         <source>Open</source>
         <translation>Abrir</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>EditorStatusBar</name>
@@ -151,7 +156,7 @@
     </message>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>%1, %2   R %3 G %4 B %5</source>
@@ -211,7 +216,7 @@
     <name>LayerDock</name>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>%1 — %2</source>

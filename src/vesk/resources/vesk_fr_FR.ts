@@ -31,7 +31,7 @@
     </message>
     <message>
         <source>Save the changes to “%1”?</source>
-        <translation>Enregistrer les modifications de « %1 » ?</translation>
+        <translation>Enregistrer les modifications de «&#xa0;%1&#xa0;»&#xa0;?</translation>
     </message>
     <message>
         <source>If you do not save them, they will be lost.</source>
@@ -47,7 +47,7 @@
     </message>
     <message>
         <source>“%1” could not be saved: %2.</source>
-        <translation>Impossible d’enregistrer « %1 » : %2.</translation>
+        <translation>Impossible d’enregistrer «&#xa0;%1&#xa0;»&#xa0;: %2.</translation>
     </message>
     <message>
         <source>The picture is still open, with all its changes. You can save it elsewhere.</source>
@@ -102,7 +102,7 @@
     </message>
     <message>
         <source>&amp;Actual Size (100 %)</source>
-        <translation>&amp;Taille réelle (100 %)</translation>
+        <translation>&amp;Taille réelle (100&#xa0;%)</translation>
     </message>
     <message>
         <source>Fit</source>
@@ -111,7 +111,7 @@
     <message>
         <source>100 %</source>
         <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
-        <translation>100 %</translation>
+        <translation>100&#xa0;%</translation>
     </message>
     <message>
         <source>F&amp;ull Screen</source>
@@ -141,6 +141,11 @@
         <source>Open</source>
         <translation>Ouvrir</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>EditorStatusBar</name>
@@ -151,7 +156,7 @@
     </message>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>%1, %2   R %3 G %4 B %5</source>
@@ -189,7 +194,7 @@
     </message>
     <message>
         <source>&amp;Quality:</source>
-        <translation>&amp;Qualité :</translation>
+        <translation>&amp;Qualité&#xa0;:</translation>
     </message>
     <message>
         <source>Low values give small files, high ones keep more detail. From about 95 on, losses are hard to see.</source>
@@ -197,7 +202,7 @@
     </message>
     <message>
         <source>JPEG files cannot hold transparency: what is transparent becomes white.</source>
-        <translation>Les fichiers JPEG ne gèrent pas la transparence : ce qui est transparent devient blanc.</translation>
+        <translation>Les fichiers JPEG ne gèrent pas la transparence&#xa0;: ce qui est transparent devient blanc.</translation>
     </message>
 </context>
 <context>
@@ -211,7 +216,7 @@
     <name>LayerDock</name>
     <message>
         <source>%1 %</source>
-        <translation>%1 %</translation>
+        <translation>%1&#xa0;%</translation>
     </message>
     <message>
         <source>%1 — %2</source>
@@ -259,7 +264,7 @@
     </message>
     <message>
         <source>Vesk will speak this language when it is started again: %1</source>
-        <translation>Vesk utilisera cette langue à partir du prochain démarrage : %1</translation>
+        <translation>Vesk utilisera cette langue à partir du prochain démarrage&#xa0;: %1</translation>
     </message>
     <message>
         <source>Tool Bar</source>
@@ -267,7 +272,7 @@
     </message>
     <message>
         <source>Saved %1</source>
-        <translation>Enregistré : %1</translation>
+        <translation>Enregistré&#xa0;: %1</translation>
     </message>
     <message>
         <source>Film Strip — %1</source>
@@ -299,17 +304,17 @@
     <message>
         <source>“%1”: %2</source>
         <extracomment>A file, and why it could not be opened.</extracomment>
-        <translation>« %1 » : %2</translation>
+        <translation>«&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
     <message>
         <source>This file could not be opened:</source>
-        <translation>Impossible d’ouvrir ce fichier :</translation>
+        <translation>Impossible d’ouvrir ce fichier&#xa0;:</translation>
     </message>
     <message numerus="yes">
         <source>%n files could not be opened:</source>
         <translation>
-            <numerusform>Impossible d’ouvrir %n fichier :</numerusform>
-            <numerusform>Impossible d’ouvrir %n fichiers :</numerusform>
+            <numerusform>Impossible d’ouvrir %n fichier&#xa0;:</numerusform>
+            <numerusform>Impossible d’ouvrir %n fichiers&#xa0;:</numerusform>
         </translation>
     </message>
     <message>

@@ -141,6 +141,11 @@
         <source>Open</source>
         <translation>開く</translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>EditorStatusBar</name>
