@@ -1,4 +1,5 @@
 #include "document_saver.h"
+#include "editor_application.h"
 #include "editor_settings.h"
 #include "file_dialog_answerer.h"
 #include "loaded_picture.h"
@@ -16,6 +17,8 @@
 #include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <sys/resource.h>
 
 class DocumentSaverTest : public QObject
 {
@@ -36,10 +39,13 @@ private Q_SLOTS:
     void saveAs_jpeg_asksForTheQualityAndRemembersIt();
     void saveAs_qualityCancelled_writesNothing();
     void saveAs_withoutSuffix_takesThatOfTheKind();
+    void saveAs_otherSuffix_neverReplacesUnasked();
+    void saveAs_otherFile_isTheDocumentsFromThenOn();
     void save_keepsTheCamerasMetadata();
     void save_mergedPicture_takesTheMetadataOfItsSource();
     void save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace();
     void save_fullDisk_leavesTheOldFileAsItWas();
+    void save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile();
     void save_noVisibleLayer_isRefused();
     void settle_unmodified_asksNothing();
     void settle_discard_allowsClosingAndWritesNothing();
@@ -226,6 +232,29 @@ void DocumentSaverTest::saveAs_withoutSuffix_takesThatOfTheKind()
     QCOMPARE(pictures->names(), QStringList{QStringLiteral("bare.png")});
 }
 
+void DocumentSaverTest::saveAs_otherSuffix_neverReplacesUnasked()
+{
+    pictures->add(QStringLiteral("x.v2.png"), {5, 5}, 9); // the dialog asks about "x.v2" only
+    boxes->answerNextWith(QMessageBox::Close);
+    dialogs->answerNextWith(pictures->path(QStringLiteral("x.v2")));
+    QVERIFY(!saver->saveAs(makeDocument(pictures->path(QStringLiteral("x.png")))));
+    QCOMPARE(readBack(QStringLiteral("x.v2.png")), TestPictures::texture({5, 5}, 9));
+    QCOMPARE(boxes->shown().first().title, QStringLiteral("Not Saved"));
+    QVERIFY(document->isSaveAble());
+}
+
+void DocumentSaverTest::saveAs_otherFile_isTheDocumentsFromThenOn()
+{
+    const QString first = pictures->add(QStringLiteral("first.png"), {5, 5}, 9);
+    dialogs->answerNextWith(pictures->path(QStringLiteral("second.png")));
+    QVERIFY(saver->saveAs(makeDocument(first)));
+    QCOMPARE(document->getFileName(), QStringLiteral("second.png"));
+    document->setSaveAble(true);
+    QVERIFY(saver->save(document.get())); // asks for nothing more
+    QCOMPARE(dialogs->offered.size(), 1);
+    QCOMPARE(readBack(QStringLiteral("first.png")), TestPictures::texture({5, 5}, 9));
+}
+
 /// Writes a JPEG with a camera's description.
 static QByteArray addCameraPicture(const TestPictures &pictures, const QString &name)
 {
@@ -297,6 +326,24 @@ void DocumentSaverTest::save_fullDisk_leavesTheOldFileAsItWas()
              QStringList{QStringLiteral("old.png")});
     QVERIFY(document->isSaveAble());
     QVERIFY(boxes->shown().first().text.contains(QStringLiteral("No space left")));
+}
+
+/// The system would end the program, and unsaved work with it.
+void DocumentSaverTest::save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile()
+{
+    setUpEditor(*qApp);
+    const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
+    struct rlimit before = {};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const struct rlimit small = {1000, before.rlim_max};
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    boxes->answerNextWith(QMessageBox::Close);
+    const bool isSaved = saver->save(makeDocument(path));
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    QVERIFY(!isSaved);
+    QVERIFY(document->isSaveAble());
+    QCOMPARE(readBack(QStringLiteral("own.png")), TestPictures::texture({10, 10}, 1));
+    QCOMPARE(pictures->names(), QStringList{QStringLiteral("own.png")});
 }
 
 void DocumentSaverTest::save_noVisibleLayer_isRefused()

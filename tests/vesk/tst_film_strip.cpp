@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <memory>
 
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void select_beforeTheListing_isAppliedWithIt();
     void returnKey_opensAllSelected();
     void doubleClick_opensThatFile();
+    void wheel_scrollsAlongTheRow();
     void data_makesThumbnailsWhenAsked();
     void data_changedFile_getsANewThumbnail();
     void data_staleThumbnail_isDropped();
@@ -119,6 +121,19 @@ void FilmStripTest::doubleClick_opensThatFile()
     QCOMPARE(opened.size(), 1);
     QCOMPARE(opened.at(0).at(0).toStringList(),
              QStringList{pictures->path(QStringLiteral("b.png"))});
+}
+
+void FilmStripTest::wheel_scrollsAlongTheRow()
+{
+    FilmStrip strip;
+    strip.resize(200, 150);
+    strip.setPictures(list());
+    strip.show();
+    QCOMPARE(strip.horizontalScrollBar()->value(), 0);
+    QWheelEvent down({10, 10}, strip.viewport()->mapToGlobal(QPoint(10, 10)), {}, {0, -120},
+                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(strip.viewport(), &down);
+    QVERIFY(strip.horizontalScrollBar()->value() > 0);
 }
 
 static QImage thumbnailOf(const FilmStripModel &model, int row)

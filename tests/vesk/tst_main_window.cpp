@@ -1,9 +1,11 @@
 #include "document_area.h"
 #include "editor_settings.h"
+#include "editor_ui_manager.h"
 #include "file_dialog_answerer.h"
 #include "film_strip.h"
 #include "main_window.h"
 #include "message_box_answerer.h"
+#include "picture_folder.h"
 #include "test_pictures.h"
 
 #include <exif_metadata.h>
@@ -15,10 +17,12 @@
 #include <vesk_global_settings.h>
 
 #include <QApplication>
+#include <QDockWidget>
 #include <QDropEvent>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 
@@ -35,7 +39,17 @@ private Q_SLOTS:
     void open_failures_areNamedInOneMessageThatBlocksNothing();
     void open_folder_isListedInTheStrip();
     void open_largePicture_keepsTheWindowAlive();
-    void drop_filesAndFolder_areOpened();
+    void open_failed_leavesTheRecentFiles();
+    void drop_files_areOpened();
+    void drop_folder_isListedInTheStrip();
+    void drop_nothingLocal_isNotTaken();
+    void save_addsToTheRecentFiles();
+    void filmStripMenu_opensWhatIsSelected();
+    void zoomCommands_zoomTheDocumentInFront();
+    void nextAndPrevious_goRoundTheDocuments();
+    void fullScreen_comesAndGoes();
+    void saveAs_hasKeysOnEveryDesktop();
+    void tools_areToldFolderAndSelection();
     void actions_followTheDocument();
     void merge_withoutDocument_worksFromTheFilmStrip();
     void merge_result_keepsItsSourcesNameAndIsUnsaved();
@@ -43,11 +57,14 @@ private Q_SLOTS:
     void merge_unsavedDocument_discardAnswerDropsTheMark();
     void close_unsavedDocument_cancelKeepsEverything();
     void close_remembersTheWindow();
+    void close_remembersTheDocks();
 
 private:
     VeskFilterContainer *panelFrame() const;
     QPushButton *panelButton(const char *name) const;
     void openAndWait(const QStringList &paths);
+    /// False when the window does not take them.
+    bool drop(const QList<QUrl> &urls);
     void mergeSelected();
     VeskContext *current() const { return documents->currentDocument(); }
     QAction *action(const QString &name) const
@@ -189,18 +206,142 @@ void MainWindowTest::open_largePicture_keepsTheWindowAlive()
     QCOMPARE(documents->currentCanvas()->canvasSize(), QSize(11000, 9200));
 }
 
-void MainWindowTest::drop_filesAndFolder_areOpened()
+void MainWindowTest::open_failed_leavesTheRecentFiles()
 {
-    const QString file = pictures->add(QStringLiteral("dropped.png"));
+    const QString good = pictures->add(QStringLiteral("good.png"));
+    const QString gone = pictures->add(QStringLiteral("gone.png"));
+    openAndWait({good, gone});
+    QCOMPARE(settings::recentFiles(), (QStringList{gone, good}));
+    action(QStringLiteral("Close"))->trigger();
+    QVERIFY(QFile::remove(gone));
+    window->openPaths({gone});
+    QTRY_COMPARE(settings::recentFiles(), QStringList{good});
+    QTRY_COMPARE(boxes->shown().size(), 1);
+}
+
+bool MainWindowTest::drop(const QList<QUrl> &urls)
+{
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(file), QUrl(QStringLiteral("https://example.org/x.png"))});
+    data.setUrls(urls);
     QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window.get(), &enter);
-    QVERIFY(enter.isAccepted());
+    if (!enter.isAccepted())
+        return false;
     QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window.get(), &drop);
-    QTRY_VERIFY(current());
-    QCOMPARE(current()->getFilePath(), file);
+    return true;
+}
+
+void MainWindowTest::drop_files_areOpened()
+{
+    const QStringList files{pictures->add(QStringLiteral("a.png")),
+                            pictures->add(QStringLiteral("b.png"))};
+    QVERIFY(drop({QUrl::fromLocalFile(files.at(0)), QUrl(QStringLiteral("https://example.org/x")),
+                  QUrl::fromLocalFile(files.at(1))}));
+    QTRY_COMPARE(documents->documents().size(), 2);
+    QCOMPARE(current()->getFilePath(), files.at(1));
+}
+
+void MainWindowTest::drop_folder_isListedInTheStrip()
+{
+    pictures->addBracket(3, {30, 20});
+    QVERIFY(drop({QUrl::fromLocalFile(pictures->folder())}));
+    QTRY_COMPARE(strip->model()->rowCount(), 3);
+    QVERIFY(!current());
+    QCOMPARE(settings::folder(), pictures->folder());
+}
+
+void MainWindowTest::drop_nothingLocal_isNotTaken()
+{
+    QVERIFY(!drop({QUrl(QStringLiteral("https://example.org/x.png"))}));
+}
+
+void MainWindowTest::save_addsToTheRecentFiles()
+{
+    const QString first = pictures->add(QStringLiteral("first.png"));
+    openAndWait({first, pictures->add(QStringLiteral("second.png"))});
+    documents->makeCurrent(documents->documents().constFirst());
+    current()->setSaveAble(true);
+    action(QStringLiteral("Save"))->trigger();
+    QCOMPARE(settings::recentFiles().constFirst(), first);
+    QVERIFY(window->statusBar()->currentMessage().contains(first));
+}
+
+void MainWindowTest::filmStripMenu_opensWhatIsSelected()
+{
+    const QStringList bracket = pictures->addBracket(3, {30, 20});
+    window->openPaths({pictures->folder()});
+    QTRY_COMPARE(strip->model()->rowCount(), 3);
+    strip->select({bracket.at(0), bracket.at(2)});
+    QCOMPARE(strip->actions().size(), 2);
+    strip->actions().constFirst()->trigger();
+    QTRY_COMPARE(documents->documents().size(), 2);
+    QCOMPARE(current()->getFilePath(), bracket.at(2));
+}
+
+void MainWindowTest::zoomCommands_zoomTheDocumentInFront()
+{
+    openAndWait({pictures->add(QStringLiteral("back.png"), {900, 700})});
+    const VeskCanvas *behind = documents->currentCanvas();
+    openAndWait({pictures->add(QStringLiteral("front.png"), {900, 700})});
+    const VeskCanvas *canvas = documents->currentCanvas();
+    const auto *actions = window->findChild<EditorActions *>();
+    actions->zoomToActualSize->trigger();
+    QCOMPARE(canvas->zoom(), 1.0);
+    actions->zoomIn->trigger();
+    QVERIFY(canvas->zoom() > 1.0);
+    actions->zoomToActualSize->trigger();
+    actions->zoomOut->trigger();
+    QVERIFY(canvas->zoom() < 1.0);
+    const qreal untouched = behind->zoom();
+    actions->zoomToFit->trigger();
+    QVERIFY(canvas->zoom() * 700 <= canvas->height());
+    QVERIFY(canvas->zoom() * 700 > canvas->height() * 0.9 ||
+            canvas->zoom() * 900 > canvas->width() * 0.9);
+    QCOMPARE(behind->zoom(), untouched);
+}
+
+void MainWindowTest::nextAndPrevious_goRoundTheDocuments()
+{
+    const QStringList bracket = pictures->addBracket(3, {30, 20});
+    openAndWait(bracket);
+    const auto *actions = window->findChild<EditorActions *>();
+    const auto nameInFront = [this] { return current()->getFileName(); };
+    QCOMPARE(nameInFront(), QStringLiteral("s3.png"));
+    actions->nextTab->trigger();
+    QCOMPARE(nameInFront(), QStringLiteral("s1.png"));
+    actions->nextTab->trigger();
+    QCOMPARE(nameInFront(), QStringLiteral("s2.png"));
+    actions->previousTab->trigger();
+    actions->previousTab->trigger();
+    QCOMPARE(nameInFront(), QStringLiteral("s3.png"));
+}
+
+void MainWindowTest::fullScreen_comesAndGoes()
+{
+    QAction *fullScreen = window->findChild<EditorActions *>()->fullScreen;
+    fullScreen->trigger();
+    QVERIFY(window->isFullScreen());
+    fullScreen->trigger();
+    QVERIFY(!window->isFullScreen());
+}
+
+void MainWindowTest::saveAs_hasKeysOnEveryDesktop()
+{
+    QVERIFY(!action(QStringLiteral("Save As"))->shortcut().isEmpty());
+}
+
+void MainWindowTest::tools_areToldFolderAndSelection()
+{
+    const QStringList bracket = pictures->addBracket(3, {30, 20});
+    window->openPaths({pictures->folder()});
+    QTRY_COMPARE(strip->model()->rowCount(), 3);
+    strip->select({bracket.at(2), bracket.at(1)});
+    const EditorUiManager manager(window.get(), documents, strip,
+                                  window->findChild<PictureFolder *>());
+    QCOMPARE(manager.selectedFiles(), bracket.mid(1)); // in the order shown
+    QCOMPARE(manager.currentDir(), pictures->folder());
+    QCOMPARE(manager.mainWindow(), window.get());
 }
 
 void MainWindowTest::actions_followTheDocument()
@@ -293,6 +434,23 @@ void MainWindowTest::close_remembersTheWindow()
     window = std::make_unique<MainWindow>();
     window->show();
     QCOMPARE(window->size(), QSize(900, 640));
+}
+
+void MainWindowTest::close_remembersTheDocks()
+{
+    const auto dock = [this](const char *name) {
+        return window->findChild<QDockWidget *>(QLatin1String(name));
+    };
+    QVERIFY(dock("layerDock")->isVisible());
+    dock("layerDock")->hide();
+    window->addDockWidget(Qt::TopDockWidgetArea, dock("filmStripDock"));
+    QVERIFY(window->close());
+    window.reset(); // there is one window at a time
+    window = std::make_unique<MainWindow>();
+    window->show();
+    QVERIFY(!dock("layerDock")->isVisible());
+    QVERIFY(dock("filmStripDock")->isVisible());
+    QCOMPARE(window->dockWidgetArea(dock("filmStripDock")), Qt::TopDockWidgetArea);
 }
 
 QTEST_MAIN(MainWindowTest)
