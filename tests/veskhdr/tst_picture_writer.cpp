@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <memory>
 
+Q_DECLARE_METATYPE(PictureFormat)
+
 namespace {
 
 constexpr int kSide = 256;
@@ -217,8 +219,6 @@ private slots:
         QCOMPARE(read.colorSpace(), QColorSpace(QColorSpace::AdobeRgb));
     }
 };
-
-Q_DECLARE_METATYPE(PictureFormat)
 
 QTEST_MAIN(TestPictureWriter)
 #include "tst_picture_writer.moc"
