@@ -114,7 +114,7 @@ void cut(Iterator first, Iterator last, int fewestPictures, std::vector<Bracket>
         best[size_t(i)].sum = best[size_t(i) + 1].sum;
         for (int count = fewestPictures; count <= std::min(kMostPictures, shots - i); ++count) {
             const int own = resemblance(first + i, first + i + count);
-            const int sum = own + best[size_t(i + count)].sum;
+            const int sum = own + best[size_t(i) + size_t(count)].sum;
             if (own > 0 && sum > best[size_t(i)].sum)
                 best[size_t(i)] = {sum, count};
         }

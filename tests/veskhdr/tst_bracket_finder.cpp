@@ -32,6 +32,7 @@ Shot timed(double exposureSeconds, double seconds)
 std::vector<Shot> burst(const QVector<double> &biases)
 {
     std::vector<Shot> shots;
+    shots.reserve(size_t(biases.size()));
     for (int i = 0; i < biases.size(); ++i)
         shots.push_back(biased(biases[i], i * 0.5));
     return shots;

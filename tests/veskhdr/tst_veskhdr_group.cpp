@@ -25,7 +25,7 @@ QList<QJsonObject> bracketsOf(const ProgramRun &run)
 QStringList namesOf(const QJsonObject &bracket)
 {
     QStringList names;
-    for (const QJsonValue &picture : bracket.value("pictures").toArray())
+    for (const auto picture : bracket.value("pictures").toArray())
         names += QFileInfo(picture.toString()).fileName();
     return names;
 }

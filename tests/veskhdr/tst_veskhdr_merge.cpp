@@ -369,7 +369,7 @@ private slots:
         QCOMPARE(merged.exitCode, int(Ok));
         const QJsonObject report = QJsonDocument::fromJson(merged.output).object();
         QRect expected(0, 0, 200, 150);
-        for (const QJsonValue &shift : report["shifts"].toArray()) {
+        for (const auto shift : report["shifts"].toArray()) {
             const QJsonObject sum = shift.toObject()["sum"].toObject();
             expected &= QRect(sum["x"].toInt(), sum["y"].toInt(), 200, 150);
         }
