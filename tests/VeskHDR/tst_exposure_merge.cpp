@@ -50,6 +50,13 @@ const QList<QImage::Format> kFormats = {
     QImage::Format_RGBA64,     QImage::Format_Grayscale16, QImage::Format_RGBA8888,
     QImage::Format_RGB30};
 
+/// To compare by: QImage's own comparison looks up indexes that have no entry.
+QByteArray bytesOf(const QImage &picture)
+{
+    return QByteArray(reinterpret_cast<const char *>(picture.constBits()),
+                      int(picture.sizeInBytes()));
+}
+
 } // namespace
 
 class ExposureMergeTest : public QObject
@@ -186,8 +193,9 @@ void ExposureMergeTest::inputs_areLeftAsTheyWere()
     const QImage aBefore = a.copy();
     const QImage bBefore = b.copy();
     delete mergeExposures({&a, &b});
-    QCOMPARE(a, aBefore);
-    QCOMPARE(b, bBefore);
+    QCOMPARE(bytesOf(a), bytesOf(aBefore));
+    QCOMPARE(bytesOf(b), bytesOf(bBefore));
+    QCOMPARE(b.colorTable(), bBefore.colorTable());
 }
 
 void ExposureMergeTest::constantPictures_stayConstant()
