@@ -811,7 +811,12 @@ private slots:
         QFETCH(QString, name);
         savePicture("a.png", noise({200, 150}));
         savePicture("b.png", noise({200, 150}));
-        for (const qint64 limit : {0, 4000, 20000}) {
+#ifdef __SANITIZE_THREAD__
+        const QVector<qint64> limits = {4000, 20000}; // it writes a file itself, ahead of main
+#else
+        const QVector<qint64> limits = {0, 4000, 20000};
+#endif
+        for (const qint64 limit : limits) {
             Program program;
             program.largestFileBytes = limit;
             program.setWorkingDirectory(folder->path());
