@@ -52,11 +52,13 @@ void mergeRows(const QList<QImage *> &pictures, int begin, int end, uchar *words
     for (const QImage *picture : pictures)
         readers.emplace_back(*picture);
     const auto width = static_cast<size_t>(pictures.first()->width());
+    const float *table = weights::table();
     std::vector<const uint32_t *> rows(readers.size());
+    std::vector<float> weights(readers.size() * kMergeStretch);
     for (int y = begin; y < end; ++y) {
         std::transform(readers.begin(), readers.end(), rows.begin(),
                        [y](RowReader &reader) { return reader.row(y); });
-        mergeRow(rows.data(), rows.size(), width, weights::table(),
+        mergeRow(rows.data(), rows.size(), width, table, weights.data(),
                  reinterpret_cast<uint32_t *>(words + qptrdiff(y) * bytesPerLine));
     }
 }

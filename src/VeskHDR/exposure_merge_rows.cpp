@@ -1,7 +1,10 @@
-// The merge of one row. Each vector lane holds one pixel of the result: its weighted sums stay in
-// registers while the pictures are visited in order, so no buffer of sums is needed. The sums are
-// the plain code's: single precision, the same additions in the same order, never fused with the
-// multiplications; hence equal results, bit for bit.
+// The merge of one row, in stretches whose pixels and weights stay in the nearest cache. For each
+// stretch, first the places of the weights in their table, in vectors; then the weights themselves,
+// looked up one by one: processors do that faster than they gather vectors. Last the merge, each
+// vector lane with one pixel of the result: its weighted sums stay in registers while the pictures
+// are visited in order, so no buffer of sums is needed. The sums are the plain code's: single
+// precision, the same additions in the same order, never fused with the multiplications; hence
+// equal results, bit for bit.
 
 #include "exposure_merge_rows.h"
 
@@ -11,81 +14,120 @@
 
 #include <hwy/highway.h>
 
+#include <algorithm>
+
+#ifndef VESK_MERGE_LOOK_UP
+#define VESK_MERGE_LOOK_UP
+
+/// Outside of the vector targets, so that the compiler does not make a gather of it.
+inline void lookUp(const uint32_t *indexes, size_t size, const float *table, float *weights)
+{
+    for (size_t x = 0; x < size; ++x)
+        weights[x] = table[indexes[x]];
+}
+
+#endif
+
 HWY_BEFORE_NAMESPACE();
 namespace merge_rows {
 namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-template <class D, class V = hn::Vec<D>>
-HWY_INLINE V lowestByte(D words, V pixels)
+/// The colour channel that begins at bit `shift`.
+template <int shift, class D>
+HWY_INLINE hn::Vec<D> channel(D words, hn::Vec<D> pixels)
 {
-    return hn::And(pixels, hn::Set(words, 0xFFU));
+    return hn::And(hn::ShiftRight<shift>(pixels), hn::Set(words, 0xFFU));
 }
 
-/// Weight of each pixel: looked up at its largest and smallest colour channel.
 template <class D, class V = hn::Vec<D>>
-HWY_INLINE auto weightsOf(D, V red, V green, V blue, const float *table)
+HWY_INLINE V weightIndexes(D words, V pixels)
 {
-    const hn::Rebind<int32_t, D> indexes;
+    const V red = channel<16>(words, pixels);
+    const V green = channel<8>(words, pixels);
+    const V blue = channel<0>(words, pixels);
     const V largest = hn::Max(hn::Max(red, green), blue);
     const V smallest = hn::Min(hn::Min(red, green), blue);
-    const V index = hn::Or(hn::ShiftLeft<8>(hn::Sub(largest, smallest)), smallest);
-    return hn::GatherIndex(hn::Rebind<float, D>(), table, hn::BitCast(indexes, index));
-}
-
-template <class D, class F>
-HWY_INLINE F asFloat(D, hn::Vec<D> channel)
-{
-    const hn::Rebind<int32_t, D> ints;
-    return hn::ConvertTo(hn::Rebind<float, D>(), hn::BitCast(ints, channel));
-}
-
-template <class D, class F>
-HWY_INLINE hn::Vec<D> mean(D words, F sum, F weight)
-{
-    const hn::Rebind<int32_t, D> ints;
-    return hn::BitCast(words, hn::ConvertTo(ints, hn::Div(sum, weight)));
+    return hn::Or(hn::ShiftLeft<8>(hn::Sub(largest, smallest)), smallest);
 }
 
 template <class D>
-HWY_INLINE void mergePixels(D words, const uint32_t *const *rows, size_t count, size_t x,
-                            const float *table, uint32_t *out)
+HWY_INLINE void findWeights(D words, const uint32_t *pixels, size_t from, size_t to,
+                            uint32_t *indexes)
+{
+    for (size_t x = from; x < to; x += hn::Lanes(words))
+        hn::StoreU(weightIndexes(words, hn::LoadU(words, pixels + x)), words, indexes + x);
+}
+
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE auto asFloats(D, V channel)
+{
+    return hn::ConvertTo(hn::Rebind<float, D>(), hn::BitCast(hn::Rebind<int32_t, D>(), channel));
+}
+
+/// The sum of two numbers below 2^16 without a fraction, as an integer in the low bits: it stands
+/// in the last places of a float from 2^23 on. Spares the checks for overflow of a conversion.
+template <class D, class V>
+HWY_INLINE hn::Vec<D> lowBits(D words, V first, V second)
+{
+    const V sum = hn::Add(hn::Add(first, second), hn::Set(hn::Rebind<float, D>(), 8388608.0F));
+    return hn::BitCast(words, sum);
+}
+
+/// Opaque pixels whose channels are the means, fractions cut off.
+template <class D, class V>
+HWY_INLINE hn::Vec<D> meanPixels(D words, V redSum, V greenSum, V blueSum, V weightSum)
 {
     const hn::Rebind<float, D> floats;
-    using F = hn::Vec<decltype(floats)>;
-    F redSum = hn::Zero(floats);
-    F greenSum = hn::Zero(floats);
-    F blueSum = hn::Zero(floats);
-    F weightSum = hn::Zero(floats);
-    for (size_t i = 0; i < count; ++i) {
-        const auto pixels = hn::LoadU(words, rows[i] + x);
-        const auto red = lowestByte(words, hn::ShiftRight<16>(pixels));
-        const auto green = lowestByte(words, hn::ShiftRight<8>(pixels));
-        const auto blue = lowestByte(words, pixels);
-        const F weight = weightsOf(words, red, green, blue, table);
-        redSum = hn::Add(redSum, hn::Mul(asFloat<D, F>(words, red), weight));
-        greenSum = hn::Add(greenSum, hn::Mul(asFloat<D, F>(words, green), weight));
-        blueSum = hn::Add(blueSum, hn::Mul(asFloat<D, F>(words, blue), weight));
-        weightSum = hn::Add(weightSum, weight);
+    const V red = hn::Floor(hn::Div(redSum, weightSum));
+    const V green = hn::Floor(hn::Div(greenSum, weightSum));
+    const V blue = hn::Floor(hn::Div(blueSum, weightSum));
+    const auto high = hn::ShiftLeft<16>(lowBits(words, red, hn::Zero(floats)));
+    const auto low = lowBits(words, hn::Mul(green, hn::Set(floats, 256.0F)), blue);
+    return hn::Or(hn::Or(high, low), hn::Set(words, 0xFF000000U));
+}
+
+template <class D>
+HWY_INLINE void mergePixels(D words, const uint32_t *const *rows, size_t count, size_t first,
+                            size_t from, size_t to, const float *weights, uint32_t *out)
+{
+    const hn::Rebind<float, D> floats;
+    for (size_t x = from; x < to; x += hn::Lanes(words)) {
+        auto redSum = hn::Zero(floats);
+        auto greenSum = hn::Zero(floats);
+        auto blueSum = hn::Zero(floats);
+        auto weightSum = hn::Zero(floats);
+        for (size_t i = 0; i < count; ++i) {
+            const auto pixels = hn::LoadU(words, rows[i] + first + x);
+            const auto weight = hn::LoadU(floats, weights + i * kMergeStretch + x);
+            redSum = hn::Add(redSum, hn::Mul(asFloats(words, channel<16>(words, pixels)), weight));
+            greenSum =
+                hn::Add(greenSum, hn::Mul(asFloats(words, channel<8>(words, pixels)), weight));
+            blueSum = hn::Add(blueSum, hn::Mul(asFloats(words, channel<0>(words, pixels)), weight));
+            weightSum = hn::Add(weightSum, weight);
+        }
+        hn::StoreU(meanPixels(words, redSum, greenSum, blueSum, weightSum), words, out + first + x);
     }
-    const auto red = hn::ShiftLeft<16>(mean(words, redSum, weightSum));
-    const auto green = hn::ShiftLeft<8>(mean(words, greenSum, weightSum));
-    const auto blue = mean(words, blueSum, weightSum);
-    const auto alpha = hn::Set(words, 0xFF000000U);
-    hn::StoreU(hn::Or(hn::Or(alpha, red), hn::Or(green, blue)), words, out + x);
 }
 
 void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *table,
-              uint32_t *out)
+              float *weights, uint32_t *out)
 {
     const hn::ScalableTag<uint32_t> vector;
     const hn::CappedTag<uint32_t, 1> single;
-    size_t x = 0;
-    for (; x + hn::Lanes(vector) <= width; x += hn::Lanes(vector))
-        mergePixels(vector, rows, count, x, table, out);
-    for (; x < width; ++x)
-        mergePixels(single, rows, count, x, table, out);
+    uint32_t indexes[kMergeStretch];
+    for (size_t first = 0; first < width; first += kMergeStretch) {
+        const size_t size = std::min(kMergeStretch, width - first);
+        const size_t inVectors = size - size % hn::Lanes(vector);
+        for (size_t i = 0; i < count; ++i) {
+            findWeights(vector, rows[i] + first, 0, inVectors, indexes);
+            findWeights(single, rows[i] + first, inVectors, size, indexes);
+            lookUp(indexes, size, table, weights + i * kMergeStretch);
+        }
+        mergePixels(vector, rows, count, first, 0, inVectors, weights, out);
+        mergePixels(single, rows, count, first, inVectors, size, weights, out);
+    }
 }
 
 } // namespace HWY_NAMESPACE
@@ -98,10 +140,10 @@ namespace merge_rows {
 HWY_EXPORT(mergeRow);
 }
 
-void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *weights,
-              uint32_t *out)
+void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *table,
+              float *weights, uint32_t *out)
 {
-    HWY_DYNAMIC_DISPATCH(merge_rows::mergeRow)(rows, count, width, weights, out);
+    HWY_DYNAMIC_DISPATCH(merge_rows::mergeRow)(rows, count, width, table, weights, out);
 }
 
 #endif
