@@ -54,7 +54,7 @@ void mergeRows(const QList<QImage *> &pictures, int begin, int end, uchar *words
     const auto width = static_cast<size_t>(pictures.first()->width());
     const float *table = weights::table();
     std::vector<const uint32_t *> rows(readers.size());
-    std::vector<float> weights(readers.size() * kMergeStretch);
+    std::vector<StretchWeights> weights(readers.size());
     for (int y = begin; y < end; ++y) {
         std::transform(readers.begin(), readers.end(), rows.begin(),
                        [y](RowReader &reader) { return reader.row(y); });
@@ -71,9 +71,8 @@ QImage *merge(const QList<QImage *> &pictures)
         return nullptr;
     uchar *words = merged->bits();
     const int bytesPerLine = merged->bytesPerLine();
-    parallel::rows(size.height(), [&](int begin, int end) {
-        mergeRows(pictures, begin, end, words, bytesPerLine);
-    });
+    parallel::rows(
+        size, [&](int begin, int end) { mergeRows(pictures, begin, end, words, bytesPerLine); });
     return merged.release();
 }
 

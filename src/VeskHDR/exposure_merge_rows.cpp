@@ -14,16 +14,31 @@
 
 #include <hwy/highway.h>
 
+#include <QtGlobal>
+
 #include <algorithm>
+#include <cstring>
 
 #ifndef VESK_MERGE_LOOK_UP
 #define VESK_MERGE_LOOK_UP
 
-/// Outside of the vector targets, so that the compiler does not make a gather of it.
+/// Outside of the vector targets and without floats, so that the compiler makes no gather of it.
+/// What bounds it are loads and stores, hence two indexes with one load.
 inline void lookUp(const uint32_t *indexes, size_t size, const float *table, float *weights)
 {
-    for (size_t x = 0; x < size; ++x)
-        weights[x] = table[indexes[x]];
+    constexpr int kFirst = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? 0 : 32;
+    const auto copy = [table](uint64_t index, float *weight) {
+        std::memcpy(weight, table + static_cast<uint32_t>(index), sizeof(*weight));
+    };
+    size_t x = 0;
+    for (; x + 2 <= size; x += 2) {
+        uint64_t pair;
+        std::memcpy(&pair, indexes + x, sizeof(pair));
+        copy(pair >> kFirst, weights + x);
+        copy(pair >> (32 - kFirst), weights + x + 1);
+    }
+    if (x < size)
+        copy(indexes[x], weights + x);
 }
 
 #endif
@@ -90,7 +105,7 @@ HWY_INLINE hn::Vec<D> meanPixels(D words, V redSum, V greenSum, V blueSum, V wei
 
 template <class D>
 HWY_INLINE void mergePixels(D words, const uint32_t *const *rows, size_t count, size_t first,
-                            size_t from, size_t to, const float *weights, uint32_t *out)
+                            size_t from, size_t to, const StretchWeights *weights, uint32_t *out)
 {
     const hn::Rebind<float, D> floats;
     for (size_t x = from; x < to; x += hn::Lanes(words)) {
@@ -100,7 +115,7 @@ HWY_INLINE void mergePixels(D words, const uint32_t *const *rows, size_t count, 
         auto weightSum = hn::Zero(floats);
         for (size_t i = 0; i < count; ++i) {
             const auto pixels = hn::LoadU(words, rows[i] + first + x);
-            const auto weight = hn::LoadU(floats, weights + i * kMergeStretch + x);
+            const auto weight = hn::LoadU(floats, weights[i].weights + x);
             redSum = hn::Add(redSum, hn::Mul(asFloats(words, channel<16>(words, pixels)), weight));
             greenSum =
                 hn::Add(greenSum, hn::Mul(asFloats(words, channel<8>(words, pixels)), weight));
@@ -112,18 +127,18 @@ HWY_INLINE void mergePixels(D words, const uint32_t *const *rows, size_t count, 
 }
 
 void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *table,
-              float *weights, uint32_t *out)
+              StretchWeights *weights, uint32_t *out)
 {
     const hn::ScalableTag<uint32_t> vector;
     const hn::CappedTag<uint32_t, 1> single;
-    uint32_t indexes[kMergeStretch];
+    alignas(kCacheLine) uint32_t indexes[kMergeStretch];
     for (size_t first = 0; first < width; first += kMergeStretch) {
         const size_t size = std::min(kMergeStretch, width - first);
         const size_t inVectors = size - size % hn::Lanes(vector);
         for (size_t i = 0; i < count; ++i) {
             findWeights(vector, rows[i] + first, 0, inVectors, indexes);
             findWeights(single, rows[i] + first, inVectors, size, indexes);
-            lookUp(indexes, size, table, weights + i * kMergeStretch);
+            lookUp(indexes, size, table, weights[i].weights);
         }
         mergePixels(vector, rows, count, first, 0, inVectors, weights, out);
         mergePixels(single, rows, count, first, inVectors, size, weights, out);
@@ -141,7 +156,7 @@ HWY_EXPORT(mergeRow);
 }
 
 void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *table,
-              float *weights, uint32_t *out)
+              StretchWeights *weights, uint32_t *out)
 {
     HWY_DYNAMIC_DISPATCH(merge_rows::mergeRow)(rows, count, width, table, weights, out);
 }
