@@ -47,7 +47,7 @@ void passMemory(const QList<QImage *> &pictures, QImage &out)
 {
     uchar *bits = out.bits();
     const qptrdiff bytesPerLine = out.bytesPerLine();
-    parallel::rows(out.height(), [&](int begin, int end) {
+    parallel::rows(out.size(), [&](int begin, int end) {
         for (int y = begin; y < end; ++y)
             combineRow<count>(pictures, y, reinterpret_cast<QRgb *>(bits + y * bytesPerLine));
     });

@@ -8,22 +8,6 @@ void GreyHistogram::add(const GreyHistogram &other)
         counts[level] += other.counts[level];
 }
 
-void GreyHistogram::add(const uint8_t *levels, size_t count)
-{
-    // Neighbours are often equal: several sets of counters keep one increment from waiting for the
-    // other.
-    std::array<std::array<uint32_t, 256>, 4> sets = {};
-    size_t i = 0;
-    for (; i + 4 <= count; i += 4) {
-        for (size_t set = 0; set < 4; ++set)
-            ++sets[set][levels[i + set]];
-    }
-    for (; i < count; ++i)
-        ++sets[0][levels[i]];
-    for (size_t level = 0; level < counts.size(); ++level)
-        counts[level] += qint64(sets[0][level]) + sets[1][level] + sets[2][level] + sets[3][level];
-}
-
 std::vector<double> GreyHistogram::cumulative(double pixelCount) const
 {
     const double share = pixelCount > 0 ? 1.0 / pixelCount : 0.0;
@@ -34,6 +18,27 @@ std::vector<double> GreyHistogram::cumulative(double pixelCount) const
         fractions[level] = sum;
     }
     return fractions;
+}
+
+void GreyCounter::add(const uint8_t *levels, size_t count)
+{
+    size_t i = 0;
+    for (; i + 4 <= count; i += 4) {
+        for (size_t set = 0; set < 4; ++set)
+            ++sets[set][levels[i + set]];
+    }
+    for (; i < count; ++i)
+        ++sets[0][levels[i]];
+}
+
+GreyHistogram GreyCounter::histogram() const
+{
+    GreyHistogram histogram;
+    for (const auto &set : sets) {
+        for (size_t level = 0; level < set.size(); ++level)
+            histogram.counts[level] += set[level];
+    }
+    return histogram;
 }
 
 int percentileLevel(const std::vector<double> &cumulative, double percentile)

@@ -13,10 +13,22 @@ struct GreyHistogram
     std::array<qint64, 256> counts = {};
 
     void add(const GreyHistogram &other);
-    void add(const uint8_t *levels, size_t count);
 
     /// Entry i: the fraction of `pixelCount` pixels whose level is at most i. 256 entries.
     std::vector<double> cumulative(double pixelCount) const;
+};
+
+/// Counts grey levels, fewer than 2^32 in all.
+class GreyCounter
+{
+public:
+    void add(const uint8_t *levels, size_t count);
+    GreyHistogram histogram() const;
+
+private:
+    // Neighbours are often equal: several sets of counters keep one increment from waiting for the
+    // other.
+    std::array<std::array<uint32_t, 256>, 4> sets = {};
 };
 
 /// Smallest grey level that at least this fraction (0..1) of the pixels does not exceed, from a

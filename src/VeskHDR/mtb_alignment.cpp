@@ -80,7 +80,7 @@ void copyShifted(const QImage &source, int dx, int dy, QImage &target)
     uchar *bits = target.bits();
     const int bytesPerLine = target.bytesPerLine();
     const QSize size = target.size();
-    parallel::rows(size.height(), [&](int begin, int end) {
+    parallel::rows(size, [&](int begin, int end) {
         copyShiftedRows<Pixel>(source, dx, dy, bits, bytesPerLine, size, begin, end);
     });
 }
@@ -182,8 +182,10 @@ void getExpShift(const QImage *img1, int threshold1, const QImage *img2, int thr
         getExpShiftPlain(img1, threshold1, img2, threshold2, tolerance, level, shiftX, shiftY);
         return;
     }
-    const auto reference = mtb::bitmapPyramid(mtb::greyImage(*img1), threshold1, tolerance, level);
-    const auto moved = mtb::bitmapPyramid(mtb::greyImage(*img2), threshold2, tolerance, level);
+    const auto halvings = mtb::halvings(img1->size(), level);
+    const auto reference =
+        mtb::bitmapPyramid(mtb::greyImage(*img1), threshold1, tolerance, halvings);
+    const auto moved = mtb::bitmapPyramid(mtb::greyImage(*img2), threshold2, tolerance, halvings);
     mtb::search(reference, moved, shiftX, shiftY);
 }
 
@@ -197,8 +199,9 @@ void mtbalign(bool skipSearch, const QImage *img1, const QImage *img2, double pe
         return;
     }
     mtb::GreyImage grey(img1->width(), img1->height());
-    const auto reference = mtb::bitmapPyramid(*img1, percentile, tolerance, levels, grey);
-    const auto moved = mtb::bitmapPyramid(*img2, percentile, tolerance, levels, grey);
+    const auto halvings = mtb::halvings(img1->size(), levels);
+    const auto reference = mtb::bitmapPyramid(*img1, percentile, tolerance, halvings, grey);
+    const auto moved = mtb::bitmapPyramid(*img2, percentile, tolerance, halvings, grey);
     mtb::search(reference, moved, shiftX, shiftY);
 }
 

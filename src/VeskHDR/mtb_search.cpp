@@ -16,19 +16,19 @@ using Errors = std::array<std::array<qint64, 3>, 3>;
 constexpr int kLastLevel = 255;
 
 /// Which position each pixel of an image of `halfLength` takes from one of `length`, in the
-/// toolkit's fast scaling of 8-bit images; -1 where it takes none. The toolkit itself is asked, on
-/// ramps that hold the positions (counted from 1) byte by byte.
+/// toolkit's fast scaling of 8-bit images: in order, none twice. The toolkit itself is asked, on
+/// ramps that hold the positions byte by byte.
 std::vector<int> sampledPositions(int length, int halfLength, Qt::Orientation direction)
 {
     const bool across = direction == Qt::Horizontal;
     const auto along = [across](int n) { return across ? QSize(n, 1) : QSize(1, n); };
-    std::vector<int> positions(static_cast<size_t>(halfLength), -1);
+    std::vector<int> positions(static_cast<size_t>(halfLength));
     for (int shift = 0; shift < 32 && (length >> shift) > 0; shift += 8) {
         QImage ramp(along(length), QImage::Format_Indexed8);
         if (ramp.isNull())
             throw std::bad_alloc();
         for (int i = 0; i < length; ++i)
-            ramp.scanLine(across ? 0 : i)[across ? i : 0] = static_cast<uchar>((i + 1) >> shift);
+            ramp.scanLine(across ? 0 : i)[across ? i : 0] = static_cast<uchar>(i >> shift);
         const QImage half =
             ramp.scaled(along(halfLength), Qt::IgnoreAspectRatio, Qt::FastTransformation);
         for (int i = 0; i < halfLength; ++i)
@@ -38,22 +38,10 @@ std::vector<int> sampledPositions(int length, int halfLength, Qt::Orientation di
     return positions;
 }
 
-/// Positions of one level in the full-size image, from those of the level above it.
-std::vector<int> halved(const std::vector<int> &positions, Qt::Orientation direction)
+/// The positions that an image of half the size, rounded half up, takes in one direction.
+std::vector<int> halvedPositions(int length, Qt::Orientation direction)
 {
-    const int length = static_cast<int>(positions.size());
-    std::vector<int> half = sampledPositions(length, qRound(length / 2.0), direction);
-    for (int &position : half)
-        position = position < 0 ? -1 : positions[static_cast<size_t>(position)];
-    return half;
-}
-
-std::vector<int> allPositions(int length)
-{
-    std::vector<int> positions(static_cast<size_t>(length));
-    for (int i = 0; i < length; ++i)
-        positions[static_cast<size_t>(i)] = i;
-    return positions;
+    return sampledPositions(length, qRound(length / 2.0), direction);
 }
 
 /// Packs rows of grey levels to the two bitmaps.
@@ -88,34 +76,31 @@ private:
     mtb::LevelRange excluded;
 };
 
-/// Bitmaps of the image that takes these columns and rows of grey; 0 where a position is -1.
-mtb::BitmapLevel bitmapLevel(const mtb::GreyImage &grey, const Thresholder &thresholder,
-                             const std::vector<int> &columns, const std::vector<int> &rows)
-{
-    const int width = static_cast<int>(columns.size());
-    const int height = static_cast<int>(rows.size());
-    mtb::BitmapLevel level{{width, height}, {width, height}};
-    parallel::rows(height, [&](int begin, int end) {
-        std::vector<uint8_t> sampled(level.threshold.wordsPerRow() * 64);
-        for (int y = begin; y < end; ++y) {
-            const int sourceY = rows[static_cast<size_t>(y)];
-            const uint8_t *source = sourceY < 0 ? nullptr : grey.row(sourceY);
-            std::transform(columns.begin(), columns.end(), sampled.begin(),
-                           [source](int x) { return source && x >= 0 ? source[x] : uint8_t(0); });
-            thresholder.pack(sampled.data(), level, y);
-        }
-    });
-    return level;
-}
-
 mtb::BitmapLevel bitmapLevel(const mtb::GreyImage &grey, const Thresholder &thresholder)
 {
     mtb::BitmapLevel level{{grey.width(), grey.height()}, {grey.width(), grey.height()}};
-    parallel::rows(grey.height(), [&](int begin, int end) {
+    parallel::rows({grey.width(), grey.height()}, [&](int begin, int end) {
         for (int y = begin; y < end; ++y)
             thresholder.pack(grey.row(y), level, y);
     });
     return level;
+}
+
+/// Thresholding does not look at neighbours, so the bitmaps of a smaller image are samples of those
+/// of the larger one.
+mtb::BitmapLevel halved(const mtb::BitmapLevel &level, const mtb::Halving &halving)
+{
+    const int width = halving.columns.count();
+    const int height = static_cast<int>(halving.rows.size());
+    mtb::BitmapLevel half{{width, height}, {width, height}};
+    parallel::rows({width, height}, [&](int begin, int end) {
+        for (int y = begin; y < end; ++y) {
+            const int sourceY = halving.rows[static_cast<size_t>(y)];
+            halving.columns.sample(level.threshold.row(sourceY), half.threshold.row(y));
+            halving.columns.sample(level.exclusion.row(sourceY), half.exclusion.row(y));
+        }
+    });
+    return half;
 }
 
 /// Writes row `in` shifted by `shift` pixels to `out`; bits that leave the width are dropped.
@@ -165,7 +150,7 @@ Errors countErrors(const mtb::BitmapLevel &reference, const mtb::BitmapLevel &mo
 {
     Errors total = {};
     std::mutex mutex;
-    parallel::rows(moved.threshold.height(), [&](int begin, int end) {
+    parallel::rows({moved.threshold.width(), moved.threshold.height()}, [&](int begin, int end) {
         Errors errors = {};
         addErrors(reference, moved, startX, startY, begin, end, errors);
         const std::lock_guard lock(mutex);
@@ -204,16 +189,16 @@ GreyHistogram mtb::makeGrey(const QImage &picture, GreyImage &grey)
         throw std::bad_alloc();
     GreyHistogram histogram;
     std::mutex mutex;
-    parallel::rows(words.height(), [&](int begin, int end) {
-        GreyHistogram counted;
+    parallel::rows(words.size(), [&](int begin, int end) {
+        GreyCounter counter;
         for (int y = begin; y < end; ++y) {
             uint8_t *row = grey.row(y);
             greyRow(reinterpret_cast<const uint32_t *>(words.constScanLine(y)),
                     static_cast<size_t>(words.width()), row);
-            counted.add(row, static_cast<size_t>(words.width()));
+            counter.add(row, static_cast<size_t>(words.width()));
         }
         const std::lock_guard lock(mutex);
-        histogram.add(counted);
+        histogram.add(counter.histogram());
     });
     return histogram;
 }
@@ -226,29 +211,34 @@ mtb::GreyImage mtb::greyImage(const QImage &lum)
     return grey;
 }
 
-mtb::BitmapPyramid mtb::bitmapPyramid(const GreyImage &grey, int threshold, int tolerance,
-                                      int levels)
+std::vector<mtb::Halving> mtb::halvings(QSize size, int levels)
 {
-    const Thresholder thresholder(threshold, tolerance);
-    BitmapPyramid pyramid;
-    pyramid.push_back(bitmapLevel(grey, thresholder));
-    std::vector<int> columns = allPositions(grey.width());
-    std::vector<int> rows = allPositions(grey.height());
+    std::vector<Halving> halvings;
     for (int level = 0; level < levels; ++level) {
-        columns = halved(columns, Qt::Horizontal);
-        rows = halved(rows, Qt::Vertical);
-        pyramid.push_back(bitmapLevel(grey, thresholder, columns, rows));
+        halvings.push_back({{halvedPositions(size.width(), Qt::Horizontal), size.width()},
+                            halvedPositions(size.height(), Qt::Vertical)});
+        size = {halvings.back().columns.count(), static_cast<int>(halvings.back().rows.size())};
     }
+    return halvings;
+}
+
+mtb::BitmapPyramid mtb::bitmapPyramid(const GreyImage &grey, int threshold, int tolerance,
+                                      const std::vector<Halving> &halvings)
+{
+    BitmapPyramid pyramid;
+    pyramid.push_back(bitmapLevel(grey, Thresholder(threshold, tolerance)));
+    for (const Halving &halving : halvings)
+        pyramid.push_back(halved(pyramid.back(), halving));
     return pyramid;
 }
 
 mtb::BitmapPyramid mtb::bitmapPyramid(const QImage &picture, double percentile, int tolerance,
-                                      int levels, GreyImage &grey)
+                                      const std::vector<Halving> &halvings, GreyImage &grey)
 {
     const GreyHistogram histogram = makeGrey(picture, grey);
     const double pixelCount = static_cast<double>(picture.width()) * picture.height();
     const int threshold = percentileLevel(histogram.cumulative(pixelCount), percentile);
-    return bitmapPyramid(grey, threshold, tolerance, levels);
+    return bitmapPyramid(grey, threshold, tolerance, halvings);
 }
 
 void mtb::search(const BitmapPyramid &reference, const BitmapPyramid &moved, int &shiftX,

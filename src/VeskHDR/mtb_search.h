@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bit_sampler.h"
 #include "grey_histogram.h"
 
 #include <QImage>
@@ -77,13 +78,25 @@ GreyHistogram makeGrey(const QImage &picture, GreyImage &grey);
 /// The bytes of an 8-bit image as grey levels.
 GreyImage greyImage(const QImage &lum);
 
-BitmapPyramid bitmapPyramid(const GreyImage &grey, int threshold, int tolerance, int levels);
+/// What an image of half the size takes from the image.
+struct Halving
+{
+    BitSampler columns;
+    std::vector<int> rows;
+};
+
+/// How the levels of a pyramid come from one another: from each the next.
+std::vector<Halving> halvings(QSize size, int levels);
+
+/// halvings: of the image's size.
+BitmapPyramid bitmapPyramid(const GreyImage &grey, int threshold, int tolerance,
+                            const std::vector<Halving> &halvings);
 
 /// The pyramid of a picture, thresholded at this percentile (0..1) of its grey levels. grey: room
 /// to work in, of the picture's size; fresh memory for each picture would take longer to get than
 /// to fill.
-BitmapPyramid bitmapPyramid(const QImage &picture, double percentile, int tolerance, int levels,
-                            GreyImage &grey);
+BitmapPyramid bitmapPyramid(const QImage &picture, double percentile, int tolerance,
+                            const std::vector<Halving> &halvings, GreyImage &grey);
 
 /// getExpShift on two pyramids of equal sizes.
 void search(const BitmapPyramid &reference, const BitmapPyramid &moved, int &shiftX, int &shiftY);

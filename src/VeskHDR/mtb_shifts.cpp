@@ -89,13 +89,14 @@ std::vector<QPoint> mtb::pairShifts(const QList<QImage *> &pictures)
 {
     if (!sameSize(pictures))
         return pairShiftsPlain(pictures);
-    const int levels = pyramidLevels(pictures.first()->size());
+    const QSize size = pictures.first()->size();
+    const std::vector<Halving> halvings = mtb::halvings(size, pyramidLevels(size));
     std::vector<QPoint> shifts(static_cast<size_t>(pictures.size()) - 1);
-    GreyImage grey(pictures.first()->width(), pictures.first()->height());
-    BitmapPyramid previous = bitmapPyramid(*pictures.first(), kMedian, kTolerance, levels, grey);
+    GreyImage grey(size.width(), size.height());
+    BitmapPyramid previous = bitmapPyramid(*pictures.first(), kMedian, kTolerance, halvings, grey);
     for (size_t i = 0; i < shifts.size(); ++i) {
         BitmapPyramid next =
-            bitmapPyramid(*pictures[static_cast<int>(i) + 1], kMedian, kTolerance, levels, grey);
+            bitmapPyramid(*pictures[static_cast<int>(i) + 1], kMedian, kTolerance, halvings, grey);
         search(previous, next, shifts[i].rx(), shifts[i].ry());
         previous = std::move(next);
     }

@@ -15,8 +15,7 @@
 
 namespace {
 
-// Below this a thread costs more than it saves.
-constexpr int kLeastRowsPerThread = 16;
+constexpr qint64 kLeastPixelsPerThread = 32768;
 
 std::atomic<int> threadLimit{0};
 
@@ -71,9 +70,12 @@ int parallel::threadCount()
     return limit > 0 ? limit : processorCount();
 }
 
-void parallel::rows(int rows, const std::function<void(int, int)> &work)
+void parallel::rows(QSize size, const std::function<void(int, int)> &work)
 {
-    const int parts = std::clamp(rows / kLeastRowsPerThread, 1, threadCount());
+    const int rows = size.height();
+    const qint64 worthwhile = qint64(size.width()) * rows / kLeastPixelsPerThread;
+    const auto most = static_cast<qint64>(std::clamp(rows, 1, threadCount()));
+    const int parts = static_cast<int>(std::clamp<qint64>(worthwhile, 1, most));
     const auto boundary = [=](int part) { return static_cast<int>(qint64(rows) * part / parts); };
     runParts(parts, [&](int part) { work(boundary(part), boundary(part + 1)); });
 }

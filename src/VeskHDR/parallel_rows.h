@@ -1,14 +1,17 @@
 #pragma once
 
+#include <QSize>
+
 #include <functional>
 
 /// Work shared out over the processor's cores. Of exceptions, work may throw std::bad_alloc, which
 /// the caller then gets after all threads are done.
 namespace parallel {
 
-/// Calls work(begin, end) for adjoining ranges that together are 0..rows, at the same time on
-/// several threads, and returns when all are done.
-void rows(int rows, const std::function<void(int begin, int end)> &work);
+/// Calls work(begin, end) for adjoining ranges that together are all rows of a picture of this
+/// size, at the same time on several threads, and returns when all are done. A small picture gets
+/// fewer threads: starting one takes longer than it saves.
+void rows(QSize size, const std::function<void(int begin, int end)> &work);
 
 /// Calls work(i) for each i in 0..count-1 in the same way, one i after the other on each thread.
 void each(int count, const std::function<void(int)> &work);

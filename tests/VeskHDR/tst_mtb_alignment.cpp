@@ -294,8 +294,8 @@ void MtbAlignmentTest::shiftQImage_keepsWordsAndGivesArgb32()
 void MtbAlignmentTest::halving_roundsHalfUp_5x3GivesA3x2Level()
 {
     std::mt19937 random(2);
-    const mtb::BitmapPyramid pyramid =
-        mtb::bitmapPyramid(mtb::greyImage(greyNoise({5, 3}, random)), 128, 4, 2);
+    const mtb::BitmapPyramid pyramid = mtb::bitmapPyramid(mtb::greyImage(greyNoise({5, 3}, random)),
+                                                          128, 4, mtb::halvings({5, 3}, 2));
     QCOMPARE(QSize(pyramid[1].threshold.width(), pyramid[1].threshold.height()), QSize(3, 2));
     QCOMPARE(QSize(pyramid[2].threshold.width(), pyramid[2].threshold.height()), QSize(2, 1));
 }
@@ -303,10 +303,11 @@ void MtbAlignmentTest::halving_roundsHalfUp_5x3GivesA3x2Level()
 void MtbAlignmentTest::halving_takesTheToolkitsPixels()
 {
     std::mt19937 random(3);
-    for (const QSize size :
-         {QSize(1, 1), QSize(5, 3), QSize(64, 65), QSize(127, 200), QSize(1001, 333)}) {
+    for (const QSize size : {QSize(1, 1), QSize(5, 3), QSize(64, 65), QSize(127, 200),
+                             QSize(1001, 333), QSize(20001, 3), QSize(3, 20001)}) {
         QImage grey = greyNoise(size, random);
-        const mtb::BitmapPyramid pyramid = mtb::bitmapPyramid(mtb::greyImage(grey), 128, 4, 4);
+        const mtb::BitmapPyramid pyramid =
+            mtb::bitmapPyramid(mtb::greyImage(grey), 128, 4, mtb::halvings(grey.size(), 4));
         for (size_t level = 1; level < pyramid.size(); ++level) {
             grey = grey.scaled(qRound(grey.width() / 2.0), qRound(grey.height() / 2.0),
                                Qt::IgnoreAspectRatio, Qt::FastTransformation);
