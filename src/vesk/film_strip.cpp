@@ -32,7 +32,7 @@ FilmStrip::FilmStrip(QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setIconSize(kIconSize);
     setGridSize(kIconSize + kCellMargin + QSize(0, fontMetrics().height() + 4));
-    setMinimumHeight(sizeHint().height()); // or names and pictures would be cut off
+    setMinimumHeight(FilmStrip::sizeHint().height()); // or names and pictures would be cut off
     setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(this, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex &index) { Q_EMIT openRequested({pictures->pathAt(index)}); });
