@@ -1,13 +1,15 @@
 #include "merge_weights.h"
 
+#include <array>
 #include <cmath>
-#include <vector>
 
 namespace {
 
-std::vector<float> makeTable()
+using Table = std::array<float, 256 * 256>;
+
+Table makeTable()
 {
-    std::vector<float> table(256 * 256, 0.0F);
+    Table table = {};
     for (int largest = 0; largest < 256; ++largest) {
         for (int smallest = 0; smallest <= largest; ++smallest)
             table[static_cast<size_t>(weights::index(largest, smallest))] =
@@ -26,6 +28,6 @@ float weights::of(QRgb color)
 
 const float *weights::table()
 {
-    static const std::vector<float> table = makeTable();
+    static const Table table = makeTable();
     return table.data();
 }
