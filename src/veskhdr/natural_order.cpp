@@ -5,7 +5,7 @@
 bool isBeforeNaturally(const QString &one, const QString &other)
 {
     static thread_local const QCollator collator = [] {
-        QCollator natural(QLocale(QLocale::English)); // the C locale knows no numbers
+        QCollator natural{QLocale(QLocale::English)}; // the C locale knows no numbers
         natural.setNumericMode(true);
         return natural;
     }();
