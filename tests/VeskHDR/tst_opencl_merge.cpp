@@ -47,6 +47,7 @@ struct Bracket
 Pixels mergeOnProcessor(std::vector<Pixels> &pictures, int width, int height)
 {
     std::vector<QImage> images;
+    images.reserve(pictures.size());
     for (Pixels &pixels : pictures)
         images.emplace_back(reinterpret_cast<uchar *>(pixels.data()), width, height,
                             QImage::Format_ARGB32);
@@ -81,6 +82,7 @@ Bracket::Bracket(int columns, int rows, int count)
 {
     std::vector<Pixels> periods = randomPictures(kPeriod, count);
     merged = repeated(mergeOnProcessor(periods, kPeriod, 1), size());
+    pictures.reserve(periods.size());
     for (const Pixels &period : periods)
         pictures.push_back(repeated(period, size()));
 }
