@@ -96,6 +96,7 @@ struct Merge
 Merge mergeOnCurrentDevice(std::vector<Pixels> &pictures, int width, int height)
 {
     std::vector<unsigned char *> in;
+    in.reserve(pictures.size());
     for (Pixels &pixels : pictures)
         in.push_back(reinterpret_cast<unsigned char *>(pixels.data()));
     Merge merge{Pixels(pictures.at(0).size(), kBlack), 0};
