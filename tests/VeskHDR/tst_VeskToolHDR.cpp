@@ -768,7 +768,8 @@ void TestVeskToolHDR::longUse_twoHundredCancelledSets_leaveNothingBehind()
     addAndCancel(200);
     QVERIFY(session.tool->fileList().isEmpty());
     QCOMPARE(openFileCount(), filesBefore);
-    QVERIFY2(threadCount() <= threadsBefore, "threads are left behind");
+    // The system lists a thread for a moment after it was joined.
+    QTRY_VERIFY2(threadCount() <= threadsBefore, "threads are left behind");
     QVERIFY2(residentBytes() - before < 5 * kLargeBytes, "one set of pictures");
 }
 

@@ -631,14 +631,15 @@ void TestMergeCommand::longUse_twoHundredMerges_leaveNothingBehind()
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
     };
-    merge(3);
+    merge(60); // until the allocator has an arena for each thread there will be
     const qint64 before = residentBytes();
     const int filesBefore = openFileCount();
     const int threadsBefore = threadCount();
     merge(200);
-    QCOMPARE(boxes.shown().size(), 203);
+    QCOMPARE(boxes.shown().size(), 260);
     QCOMPARE(openFileCount(), filesBefore);
-    QVERIFY2(threadCount() <= threadsBefore, "threads are left behind");
+    // The system lists a thread for a moment after it was joined.
+    QTRY_VERIFY2(threadCount() <= threadsBefore, "threads are left behind");
     QVERIFY2(residentBytes() - before < setBytes, "one set of pictures");
 }
 

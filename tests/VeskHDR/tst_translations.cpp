@@ -46,6 +46,7 @@ const QList<QPair<QString, QStringList>> kTexts = {
     {"VeskToolHDRWidget", {"Image files(", "Open a image for HDR", "Use CUDA"}},
     {"VeskToolHDRWidgetClass",
      {"Merge to HDR", "Source Pictures",
+      // One text. NOLINTNEXTLINE(bugprone-suspicious-missing-comma)
       "Choose two or more pictures from a set of exposures to\nmerge and create a High Dynamic "
       "Range image.",
       "Browse...", "Remove", "OK", "Cancel", "Options", "Use OpenCL with", "Changed device",
