@@ -34,6 +34,7 @@ QList<QByteArray> entries(const QByteArray &log)
 void logFromThreads(int threadCount, int entriesEach, const QByteArray &filler)
 {
     std::vector<std::thread> threads;
+    threads.reserve(static_cast<size_t>(threadCount));
     for (int thread = 0; thread < threadCount; ++thread)
         threads.emplace_back([thread, entriesEach, &filler] {
             for (int i = 0; i < entriesEach; ++i)

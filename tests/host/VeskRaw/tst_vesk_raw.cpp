@@ -271,6 +271,7 @@ private Q_SLOTS:
         const QImage expected = VeskRaw::convert(path).picture;
         std::vector<QImage> pictures(4);
         std::vector<std::thread> threads;
+        threads.reserve(pictures.size());
         for (QImage &picture : pictures)
             threads.emplace_back([&picture, &path] { picture = VeskRaw::convert(path).picture; });
         for (std::thread &thread : threads)
