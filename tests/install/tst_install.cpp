@@ -172,6 +172,7 @@ void TestInstall::embeddingGuide_showsTheExample()
 
 void TestInstall::example_againstTheMovedTree_takesOverThePictures()
 {
+    // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): folder and name
     QStringList configure{"-S", SOURCE_FOLDER "/examples/embedding",
                           "-B", path("host"),
                           "-G", CMAKE_GENERATOR_NAME,
