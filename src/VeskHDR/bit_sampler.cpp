@@ -1,6 +1,9 @@
 #include "bit_sampler.h"
 
+#include <QtAlgorithms>
+
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -10,14 +13,6 @@ uint64_t prefixParity(uint64_t word)
     for (int shift = 1; shift < 64; shift *= 2)
         word ^= word << shift;
     return word;
-}
-
-int ones(uint64_t word)
-{
-    int count = 0;
-    for (; word != 0; word &= word - 1)
-        ++count;
-    return count;
 }
 
 } // namespace
@@ -33,7 +28,7 @@ BitSampler::BitSampler(const std::vector<int> &positions, int length)
 
 BitSampler::Word BitSampler::compression(uint64_t mask)
 {
-    Word word{mask, {}, ones(mask)};
+    Word word{mask, {}, static_cast<int>(qPopulationCount(quint64(mask)))};
     uint64_t zerosBelow = ~mask << 1; // each bit that is dropped moves those above it down by one
     for (int i = 0; i < 6; ++i) {
         const uint64_t oddly = prefixParity(zerosBelow);
