@@ -1,4 +1,4 @@
-#include "ratio_reporter.h"
+#include "RatioReporter.h"
 
 #include <cstdio>
 

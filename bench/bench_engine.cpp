@@ -9,7 +9,7 @@
 #include "mtb_alignment_plain.h"
 #include "mtb_shifts.h"
 #include "parallel_rows.h"
-#include "ratio_reporter.h"
+#include "RatioReporter.h"
 
 #ifdef VESK_HAS_OPENCV
 #include "opencv_rivals.h"

@@ -1,7 +1,7 @@
 // What a merge cannot do without: decodes the pictures and writes the first one, with the code that
 // veskhdr uses. The whole process is measured beside 'veskhdr merge' (scripts/bench).
 
-#include "picture_format.h"
+#include "PictureFormat.h"
 #include "picture_loader.h"
 #include "picture_writer.h"
 

@@ -1,10 +1,10 @@
 // A host of the "Merge to HDR" tool: one document, one canvas, and the pictures named on the
 // command line.
 #include <VeskToolHDR.h>
-#include <ivesk_ui_manager.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
+#include <IVeskUIManager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
 
 #include <QApplication>
 #include <QDir>

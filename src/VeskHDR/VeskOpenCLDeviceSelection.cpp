@@ -1,7 +1,7 @@
 #include "VeskOpenCLDeviceSelection.h"
 
 #include "VeskDeviceInfo.h"
-#include "vesk_dialog.h"
+#include "VeskDialog.h"
 
 #include <QHeaderView>
 

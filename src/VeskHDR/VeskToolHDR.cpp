@@ -6,16 +6,16 @@
 #include "picture_decoder.h"
 #include "tool_translator.h"
 
-#include <ivesk_ui_manager.h>
-#include <vesk_action_manager.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_filter_container.h>
-#include <vesk_global_settings.h>
-#include <vesk_progress_indicator.h>
-#include <vesk_raw.h>
-#include <vesk_raw_type.h>
+#include <IVeskUIManager.h>
+#include <VeskActionManager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskFilterContainer.h>
+#include <VeskGlobalSettings.h>
+#include <VeskProgressIndicator.h>
+#include <VeskRaw.h>
+#include <VeskRawType.h>
 
 #include <QAction>
 #include <QEvent>

@@ -2,7 +2,7 @@
 
 #include "veskhdr_export.h"
 
-#include "ivesk_inside_tool.h"
+#include "IVeskInsideTool.h"
 
 #include <QList>
 #include <QMap>

@@ -1,18 +1,18 @@
 #include "merged_document.h"
 
-#include <ivesk_tool.h>
-#include <vesk_action_manager.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_global_settings.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_log.h>
-#include <vesk_picture_host.h>
-#include <vesk_picture_reader.h>
-#include <vesk_selection.h>
-#include <vesk_ui_controller.h>
+#include <IVeskTool.h>
+#include <VeskActionManager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskGlobalSettings.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskLog.h>
+#include <VeskPictureHost.h>
+#include <VeskPictureReader.h>
+#include <VeskSelection.h>
+#include <VeskUIController.h>
 
 #include <QImage>
 #include <QPointer>

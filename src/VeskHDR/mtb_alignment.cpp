@@ -1,11 +1,11 @@
 #include "mtb_alignment.h"
 
 #include "assertion_report.h"
-#include "grey_histogram.h"
+#include "GreyHistogram.h"
 #include "mtb_alignment_plain.h"
 #include "mtb_search.h"
 #include "mtb_shifts.h"
-#include "overlap.h"
+#include "Overlap.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
 

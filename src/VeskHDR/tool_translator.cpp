@@ -1,6 +1,6 @@
 #include "tool_translator.h"
 
-#include "vesk_settings_file.h"
+#include "VeskSettingsFile.h"
 
 #include <QCoreApplication>
 #include <QFile>

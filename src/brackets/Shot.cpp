@@ -1,9 +1,9 @@
-#include "shot.h"
+#include "Shot.h"
 
 #include "exif_metadata.h"
 #include "raw_shot.h"
 
-#include <vesk_raw_type.h>
+#include <VeskRawType.h>
 
 #include <QImageReader>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shot.h"
+#include "Shot.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 
 #include "natural_order.h"
 
-#include <vesk_raw_type.h>
+#include <VeskRawType.h>
 
 #include <QDir>
 #include <QMap>

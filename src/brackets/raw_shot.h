@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shot.h"
+#include "Shot.h"
 
 /// What the header of a camera raw file says; the path is left to the caller. Fields that it does
 /// not tell stay as they are in a new Shot. Any thread, reentrant.

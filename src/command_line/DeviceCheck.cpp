@@ -1,4 +1,4 @@
-#include "device_check.h"
+#include "DeviceCheck.h"
 
 #include "device_use.h"
 #include "exposure_merge.h"

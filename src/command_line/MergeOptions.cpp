@@ -1,4 +1,4 @@
-#include "merge_options.h"
+#include "MergeOptions.h"
 
 #include <QCommandLineParser>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "merge_report.h"
+#include "MergeReport.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,4 +1,4 @@
-#include "progress_bar.h"
+#include "ProgressBar.h"
 
 #include "library_messages.h"
 

@@ -2,7 +2,7 @@
 
 #include "VeskDeviceInfo.h"
 #include "console.h"
-#include "device_check.h"
+#include "DeviceCheck.h"
 #include "device_report.h"
 
 #include <QCommandLineParser>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "exit_code.h"
+#include "ExitCode.h"
 
 #include <QStringList>
 

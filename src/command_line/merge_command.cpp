@@ -6,12 +6,12 @@
 #include "exposure_merge.h"
 #include "interrupt_cleanup.h"
 #include "library_messages.h"
-#include "merge_options.h"
-#include "merge_report.h"
+#include "MergeOptions.h"
+#include "MergeReport.h"
 #include "mtb_alignment.h"
 #include "mtb_shifts.h"
 #include "picture_loader.h"
-#include "progress_bar.h"
+#include "ProgressBar.h"
 
 #include <QColorSpace>
 #include <QElapsedTimer>

@@ -1,9 +1,9 @@
-#include "loaded_picture.h"
+#include "LoadedPicture.h"
 
 #include <picture_decoder.h>
-#include <vesk_global_settings.h>
-#include <vesk_raw.h>
-#include <vesk_raw_type.h>
+#include <VeskGlobalSettings.h>
+#include <VeskRaw.h>
+#include <VeskRawType.h>
 
 LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelled)
 {

@@ -1,4 +1,4 @@
-#include "output_file.h"
+#include "OutputFile.h"
 
 #include <QFileInfo>
 #include <QRandomGenerator>

@@ -1,4 +1,4 @@
-#include "picture_format.h"
+#include "PictureFormat.h"
 
 #include <QFileInfo>
 

@@ -1,4 +1,4 @@
-#include "upright_rows.h"
+#include "UprightRows.h"
 
 namespace {
 

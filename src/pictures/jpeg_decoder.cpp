@@ -1,7 +1,7 @@
 #include "jpeg_decoder.h"
 
 #include "exif_orientation.h"
-#include "upright_rows.h"
+#include "UprightRows.h"
 
 #include <QColorSpace>
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "veskhdr_export.h"
-
 #include <QImage>
 #include <QString>
 
@@ -37,8 +35,7 @@ constexpr qint64 kDefaultPixelLimit = 512LL * 1000 * 1000;
 /// lie inside its colour table. More pixels than pixelLimit (width times height) are refused from
 /// the file's header, before memory is taken for them.
 /// Never blocks on a pipe or device. Any thread, reentrant.
-VESKHDR_EXPORT DecodedPicture decodePicture(const QString &path,
-                                            qint64 pixelLimit = kDefaultPixelLimit);
+DecodedPicture decodePicture(const QString &path, qint64 pixelLimit = kDefaultPixelLimit);
 
 /// The failure of decodePicture with its reason in words, for callers that refuse a picture
 /// themselves. size is used by TooLarge and NoMemory.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "output_file.h"
-#include "picture_format.h"
+#include "OutputFile.h"
+#include "PictureFormat.h"
 
 #include <QImage>
 #include <QString>

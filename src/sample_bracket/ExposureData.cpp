@@ -1,4 +1,4 @@
-#include "exposure_data.h"
+#include "ExposureData.h"
 
 #include <libexif/exif-data.h>
 #include <libexif/exif-utils.h>

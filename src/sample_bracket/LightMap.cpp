@@ -1,4 +1,4 @@
-#include "light_map.h"
+#include "LightMap.h"
 
 #include "in_parallel.h"
 

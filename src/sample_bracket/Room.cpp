@@ -1,4 +1,4 @@
-#include "room.h"
+#include "Room.h"
 
 #include "noise.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "solid_tree.h"
-#include "surface.h"
+#include "SolidTree.h"
+#include "Surface.h"
 
 #include <vector>
 

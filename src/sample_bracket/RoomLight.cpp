@@ -1,4 +1,4 @@
-#include "room_light.h"
+#include "RoomLight.h"
 
 #include "landscape.h"
 #include "noise.h"

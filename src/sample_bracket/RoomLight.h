@@ -1,6 +1,6 @@
 #pragma once
 
-#include "room.h"
+#include "Room.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "solid.h"
+#include "Solid.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "solid_tree.h"
+#include "SolidTree.h"
 
 #include <array>
 #include <numeric>

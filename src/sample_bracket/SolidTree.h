@@ -1,6 +1,6 @@
 #pragma once
 
-#include "solid.h"
+#include "Solid.h"
 
 #include <vector>
 

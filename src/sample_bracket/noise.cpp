@@ -1,6 +1,6 @@
 #include "noise.h"
 
-#include "vector3.h"
+#include "Vector3.h"
 
 namespace {
 

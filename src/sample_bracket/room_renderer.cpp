@@ -2,10 +2,10 @@
 
 #include "in_parallel.h"
 #include "landscape.h"
-#include "light_map.h"
+#include "LightMap.h"
 #include "noise.h"
-#include "room.h"
-#include "room_light.h"
+#include "Room.h"
+#include "RoomLight.h"
 
 namespace sample {
 

@@ -1,5 +1,5 @@
 #include "editor_application.h"
-#include "main_window.h"
+#include "MainWindow.h"
 
 #include <QCommandLineParser>
 

@@ -5,8 +5,8 @@ set(translated_sources
   "${CMAKE_CURRENT_SOURCE_DIR}"
   "${PROJECT_SOURCE_DIR}/src/host/VeskUI"
   "${PROJECT_SOURCE_DIR}/src/host/VeskRaw"
-  "${PROJECT_SOURCE_DIR}/src/veskhdr"
-  "${PROJECT_SOURCE_DIR}/src/VeskHDR/picture_decoder.cpp")
+  "${PROJECT_SOURCE_DIR}/src/pictures"
+  "${PROJECT_SOURCE_DIR}/src/command_line")
 set_property(GLOBAL PROPERTY VESK_TRANSLATED_SOURCES "${translated_sources}")
 
 set(i18n_dir "${CMAKE_CURRENT_BINARY_DIR}/i18n")
@@ -17,7 +17,7 @@ foreach(language IN LISTS languages)
   set(catalogue "${CMAKE_CURRENT_SOURCE_DIR}/resources/vesk_${language}.ts")
   set(compiled "${i18n_dir}/vesk_${language}.qm")
   add_custom_command(OUTPUT "${compiled}"
-    COMMAND Qt5::lrelease -silent "${catalogue}" -qm "${compiled}"
+    COMMAND Qt6::lrelease -silent "${catalogue}" -qm "${compiled}"
     DEPENDS "${catalogue}" VERBATIM)
   list(APPEND catalogues "${catalogue}")
   list(APPEND compiled_catalogues "${compiled}")
@@ -26,11 +26,11 @@ endforeach()
 # The collection stands beside the files that it lists.
 configure_file(resources/i18n.qrc "${i18n_dir}/i18n.qrc" COPYONLY)
 add_custom_command(OUTPUT "${i18n_dir}/qrc_i18n.cpp"
-  COMMAND Qt5::rcc --name i18n -o "${i18n_dir}/qrc_i18n.cpp" "${i18n_dir}/i18n.qrc"
+  COMMAND Qt6::rcc --name i18n -o "${i18n_dir}/qrc_i18n.cpp" "${i18n_dir}/i18n.qrc"
   DEPENDS "${i18n_dir}/i18n.qrc" ${compiled_catalogues} VERBATIM)
 set_source_files_properties("${i18n_dir}/qrc_i18n.cpp" PROPERTIES SKIP_AUTOGEN ON)
 
 # Brings the texts of the sources into the catalogues; translating them is left to people.
 add_custom_target(update_translations
-  COMMAND Qt5::lupdate -silent -no-obsolete -locations none ${translated_sources} -ts ${catalogues}
+  COMMAND Qt6::lupdate -silent -no-obsolete -locations none ${translated_sources} -ts ${catalogues}
   VERBATIM)

@@ -3,7 +3,7 @@
 #include "VeskDeviceInfo.h"
 #include "clipped_texts.h"
 #include "process_per_test.h"
-#include "vesk_dialog.h"
+#include "VeskDialog.h"
 
 #include <QSettings>
 #include <QStandardPaths>

@@ -2,17 +2,17 @@
 
 #include "VeskToolHDRWidget.h"
 #include "dng_writer.h"
-#include "message_box_answerer.h"
-#include "recording_host.h"
+#include "MessageBoxAnswerer.h"
+#include "RecordingHost.h"
 #include "resident_memory.h"
-#include "tool_session.h"
+#include "ToolSession.h"
 
-#include <vesk_action_manager.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_filter_container.h>
-#include <vesk_raw.h>
+#include <VeskActionManager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskFilterContainer.h>
+#include <VeskRaw.h>
 
 #include <QAction>
 #include <QFile>

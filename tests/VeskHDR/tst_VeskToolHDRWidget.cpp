@@ -6,7 +6,7 @@
 #include "clipped_texts.h"
 #include "process_per_test.h"
 #include "recording_tool.h"
-#include "vesk_filter_container.h"
+#include "VeskFilterContainer.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>

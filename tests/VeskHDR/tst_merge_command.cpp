@@ -3,23 +3,23 @@
 #include "VeskDeviceInfo.h"
 #include "VeskToolHDRWidget.h"
 #include "exposure_merge.h"
-#include "message_box_answerer.h"
+#include "MessageBoxAnswerer.h"
 #include "mtb_alignment.h"
-#include "recording_host.h"
+#include "RecordingHost.h"
 #include "resident_memory.h"
-#include "tool_session.h"
+#include "ToolSession.h"
 
-#include <vesk_action_manager.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_filter_container.h>
-#include <vesk_global_settings.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
-#include <vesk_selection.h>
-#include <vesk_ui_controller.h>
+#include <VeskActionManager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskFilterContainer.h>
+#include <VeskGlobalSettings.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
+#include <VeskSelection.h>
+#include <VeskUIController.h>
 
 #include <QAction>
 #include <QCheckBox>

@@ -1,9 +1,9 @@
-#include "message_box_answerer.h"
-#include "tool_session.h"
+#include "MessageBoxAnswerer.h"
+#include "ToolSession.h"
 
 #include "VeskToolHDRWidget.h"
-#include "vesk_context.h"
-#include "vesk_filter_container.h"
+#include "VeskContext.h"
+#include "VeskFilterContainer.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "vesk_global_settings.h"
+#include "VeskGlobalSettings.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,13 +1,13 @@
-#include "message_box_answerer.h"
-#include "tool_session.h"
+#include "MessageBoxAnswerer.h"
+#include "ToolSession.h"
 
 #include <VeskToolHDRWidget.h>
 
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_global_settings.h>
-#include <vesk_layer_base.h>
-#include <vesk_layer_manager.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskGlobalSettings.h>
+#include <VeskLayerBase.h>
+#include <VeskLayerManager.h>
 
 #include <QTranslator>
 #include <QtTest>

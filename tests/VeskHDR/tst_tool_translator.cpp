@@ -1,6 +1,6 @@
 #include "tool_translator.h"
 
-#include "vesk_global_settings.h"
+#include "VeskGlobalSettings.h"
 
 #include <QCoreApplication>
 #include <QDir>

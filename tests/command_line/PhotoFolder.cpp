@@ -1,7 +1,7 @@
-#include "photo_folder.h"
+#include "PhotoFolder.h"
 
 #include "dng_writer.h"
-#include "exposure_data.h"
+#include "ExposureData.h"
 
 #include <QBuffer>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "photo_folder.h"
+#include "PhotoFolder.h"
 
 #include <QDir>
 #include <QProcess>

@@ -1,4 +1,4 @@
-#include "program_run.h"
+#include "ProgramRun.h"
 
 #include <QtTest>
 

@@ -1,6 +1,6 @@
-#include "exposure_data.h"
-#include "photo_folder.h"
-#include "program_run.h"
+#include "ExposureData.h"
+#include "PhotoFolder.h"
+#include "ProgramRun.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

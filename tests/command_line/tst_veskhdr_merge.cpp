@@ -2,8 +2,8 @@
 #include "mtb_alignment.h"
 #include "mtb_shifts.h"
 #include "picture_decoder.h"
-#include "program_run.h"
-#include "unprivileged_user.h"
+#include "ProgramRun.h"
+#include "UnprivilegedUser.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "output_file.h"
+#include "OutputFile.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -100,4 +100,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestOutputFile)
-#include "tst_output_file.moc"
+#include "tst_OutputFile.moc"

@@ -1,6 +1,6 @@
 #include "exif_metadata.h"
 #include "picture_writer.h"
-#include "program_run.h"
+#include "ProgramRun.h"
 
 #include <QColorSpace>
 #include <QImageReader>

@@ -1,6 +1,6 @@
 #include "picture_decoder.h"
 
-#include "unprivileged_user.h"
+#include "UnprivilegedUser.h"
 
 #include <QBuffer>
 #include <QColorSpace>

@@ -1,6 +1,6 @@
 #include "noise.h"
-#include "room.h"
-#include "solid_tree.h"
+#include "Room.h"
+#include "SolidTree.h"
 
 #include <QtTest>
 
@@ -117,4 +117,4 @@ void TestSolidTree::intersect_coneFromAbove_hasAnEnd()
 }
 
 QTEST_GUILESS_MAIN(TestSolidTree)
-#include "tst_solid_tree.moc"
+#include "tst_SolidTree.moc"

@@ -1,4 +1,4 @@
-#include "message_box_answerer.h"
+#include "MessageBoxAnswerer.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>

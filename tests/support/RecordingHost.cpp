@@ -1,25 +1,25 @@
-#include "recording_host.h"
+#include "RecordingHost.h"
 
 #include <QImage>
 
 #if defined(__ELF__)
 #include <VeskToolHDRWidget.h>
 
-#include <vesk_action_manager.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_filter_container.h>
-#include <vesk_global_settings.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_log.h>
-#include <vesk_picture_host.h>
-#include <vesk_picture_reader.h>
-#include <vesk_progress_indicator.h>
-#include <vesk_raw.h>
-#include <vesk_raw_type.h>
-#include <vesk_ui_controller.h>
+#include <VeskActionManager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskFilterContainer.h>
+#include <VeskGlobalSettings.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskLog.h>
+#include <VeskPictureHost.h>
+#include <VeskPictureReader.h>
+#include <VeskProgressIndicator.h>
+#include <VeskRaw.h>
+#include <VeskRawType.h>
+#include <VeskUIController.h>
 
 #include <QListWidget>
 #include <QMessageBox>

@@ -1,4 +1,4 @@
-#include "small_disk.h"
+#include "SmallDisk.h"
 
 #include <QProcess>
 

@@ -1,11 +1,11 @@
-#include "tool_session.h"
+#include "ToolSession.h"
 
 #include <VeskToolHDRWidget.h>
 
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_filter_container.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskFilterContainer.h>
 
 #include <QApplication>
 #include <QRandomGenerator>

@@ -2,7 +2,7 @@
 
 #include <VeskToolHDR.h>
 
-#include <ivesk_ui_manager.h>
+#include <IVeskUIManager.h>
 
 #include <QImage>
 #include <QPointer>

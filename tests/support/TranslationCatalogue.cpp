@@ -1,4 +1,4 @@
-#include "translation_catalogue.h"
+#include "TranslationCatalogue.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -1,4 +1,4 @@
-#include "unprivileged_user.h"
+#include "UnprivilegedUser.h"
 
 #include <QFile>
 

@@ -6,12 +6,12 @@
 // the tool speaks, or anything else for English. Keeps its settings where the environment says, and
 // shows the OpenCL devices of the environment; scripts/make-panel-pictures sets both.
 
-#include "tool_session.h"
+#include "ToolSession.h"
 
 #include <VeskToolHDRWidget.h>
 
-#include <vesk_context.h>
-#include <vesk_filter_container.h>
+#include <VeskContext.h>
+#include <VeskFilterContainer.h>
 
 #include <QApplication>
 #include <QFileInfo>

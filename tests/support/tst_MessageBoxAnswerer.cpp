@@ -1,4 +1,4 @@
-#include "message_box_answerer.h"
+#include "MessageBoxAnswerer.h"
 
 #include <QtTest>
 
@@ -52,4 +52,4 @@ void TestMessageBoxAnswerer::noAnswerQueued_pressesTheDefaultButton()
 }
 
 QTEST_MAIN(TestMessageBoxAnswerer)
-#include "tst_message_box_answerer.moc"
+#include "tst_MessageBoxAnswerer.moc"

@@ -1,4 +1,4 @@
-#include "editor_session.h"
+#include "EditorSession.h"
 
 #include <QFile>
 #include <QStandardPaths>

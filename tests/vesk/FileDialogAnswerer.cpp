@@ -1,4 +1,4 @@
-#include "file_dialog_answerer.h"
+#include "FileDialogAnswerer.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "test_pictures.h"
+#include "TestPictures.h"
 
 #include <QDir>
 #include <QFile>

@@ -5,18 +5,18 @@
 // merges what is in FOLDER as a user does: everything selected in the film strip, Merge to HDR, OK.
 // Keeps its settings where the environment says; scripts/make-editor-picture sets that.
 
-#include "document_area.h"
-#include "editor_actions.h"
+#include "DocumentArea.h"
+#include "EditorActions.h"
 #include "editor_application.h"
-#include "film_strip.h"
-#include "film_strip_model.h"
-#include "histogram_dock.h"
-#include "histogram_view.h"
-#include "main_window.h"
-#include "message_box_answerer.h"
+#include "FilmStrip.h"
+#include "FilmStripModel.h"
+#include "HistogramDock.h"
+#include "HistogramView.h"
+#include "MainWindow.h"
+#include "MessageBoxAnswerer.h"
 
-#include <vesk_canvas.h>
-#include <vesk_filter_container.h>
+#include <VeskCanvas.h>
+#include <VeskFilterContainer.h>
 
 #include <QPushButton>
 #include <QtTest>

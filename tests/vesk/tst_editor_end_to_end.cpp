@@ -1,8 +1,8 @@
 // The program as its user meets it: a real window, the mouse and the keyboard, real files.
 
-#include "editor_session.h"
-#include "small_disk.h"
-#include "test_pictures.h"
+#include "EditorSession.h"
+#include "SmallDisk.h"
+#include "TestPictures.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "bit_sampler.h"
+#include "BitSampler.h"
 
 #include <QtAlgorithms>
 

@@ -1,4 +1,4 @@
-#include "grey_histogram.h"
+#include "GreyHistogram.h"
 
 #include <algorithm>
 

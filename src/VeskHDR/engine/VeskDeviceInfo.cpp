@@ -1,6 +1,6 @@
 #include "VeskDeviceInfo.h"
 
-#include "vesk_settings_file.h"
+#include "VeskSettingsFile.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "mtb_alignment_plain.h"
 
-#include "grey_histogram.h"
+#include "GreyHistogram.h"
 #include "mtb_alignment.h"
 #include "mtb_shifts.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bit_sampler.h"
-#include "grey_histogram.h"
+#include "BitSampler.h"
+#include "GreyHistogram.h"
 
 #include <QImage>
 

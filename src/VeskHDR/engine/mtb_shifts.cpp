@@ -3,7 +3,7 @@
 #include "mtb_alignment.h"
 #include "mtb_alignment_plain.h"
 #include "mtb_search.h"
-#include "overlap.h"
+#include "Overlap.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
 

@@ -2,7 +2,7 @@
 
 #include "VeskDeviceInfo.h"
 #include "opencl_handles.h"
-#include "vesk_endecode_tool.h"
+#include "VeskEnDecodeTool.h"
 
 #include <QFile>
 #include <QRgb>

@@ -1,4 +1,4 @@
-#include "ivesk_inside_tool.h"
+#include "IVeskInsideTool.h"
 
 IVeskInsideTool::IVeskInsideTool(QObject *parent)
     : IVeskTool(parent)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ivesk_tool.h"
+#include "IVeskTool.h"
 
 class IVeskUIManager;
 

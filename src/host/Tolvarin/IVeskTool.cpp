@@ -1,4 +1,4 @@
-#include "ivesk_tool.h"
+#include "IVeskTool.h"
 
 IVeskTool::IVeskTool(QObject *parent)
     : QObject(parent)

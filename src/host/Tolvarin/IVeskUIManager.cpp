@@ -1,4 +1,4 @@
-#include "ivesk_ui_manager.h"
+#include "IVeskUIManager.h"
 
 IVeskUIManager::~IVeskUIManager() = default;
 

@@ -1,9 +1,9 @@
-#include "vesk_context.h"
+#include "VeskContext.h"
 
-#include "vesk_layer_manager.h"
-#include "vesk_selection.h"
+#include "VeskLayerManager.h"
+#include "VeskSelection.h"
 
-#include <ivesk_tool.h>
+#include <IVeskTool.h>
 
 #include <QVector>
 

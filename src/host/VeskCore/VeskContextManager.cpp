@@ -1,6 +1,6 @@
-#include "vesk_context_manager.h"
+#include "VeskContextManager.h"
 
-#include "vesk_context.h"
+#include "VeskContext.h"
 
 VeskContextManager *VeskContextManager::getInstance()
 {

@@ -1,4 +1,4 @@
-#include "vesk_endecode_tool.h"
+#include "VeskEnDecodeTool.h"
 
 #include <openssl/evp.h>
 

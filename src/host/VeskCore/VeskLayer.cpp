@@ -1,6 +1,6 @@
-#include "vesk_layer.h"
+#include "VeskLayer.h"
 
-#include "vesk_picture_host.h"
+#include "VeskPictureHost.h"
 
 VeskLayer::VeskLayer(const QString &layerName)
     : VeskLayerBase(layerName)

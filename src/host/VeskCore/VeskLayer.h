@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vesk_layer_base.h"
+#include "VeskLayerBase.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "vesk_layer_base.h"
+#include "VeskLayerBase.h"
 
 #include <QtMath>
 

@@ -1,6 +1,6 @@
-#include "vesk_layer_manager.h"
+#include "VeskLayerManager.h"
 
-#include "vesk_layer_base.h"
+#include "VeskLayerBase.h"
 
 #include <QPainter>
 

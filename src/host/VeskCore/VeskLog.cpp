@@ -1,4 +1,4 @@
-#include "vesk_log.h"
+#include "VeskLog.h"
 
 #include <QDateTime>
 #include <QDir>

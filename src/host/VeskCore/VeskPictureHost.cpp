@@ -1,4 +1,4 @@
-#include "vesk_picture_host.h"
+#include "VeskPictureHost.h"
 
 VeskPictureHost::VeskPictureHost(const QImage &image)
     : picture(image)

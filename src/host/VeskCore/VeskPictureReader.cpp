@@ -1,7 +1,7 @@
-#include "vesk_picture_reader.h"
+#include "VeskPictureReader.h"
 
-#include "vesk_global_settings.h"
-#include "vesk_picture_host.h"
+#include "VeskGlobalSettings.h"
+#include "VeskPictureHost.h"
 
 #include <QFile>
 #include <QFileInfo>

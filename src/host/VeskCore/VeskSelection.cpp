@@ -1,4 +1,4 @@
-#include "vesk_selection.h"
+#include "VeskSelection.h"
 
 VeskSelection::VeskSelection(QObject *parent, int width, int height)
     : QObject(parent)

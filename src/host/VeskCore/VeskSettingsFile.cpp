@@ -1,6 +1,6 @@
-#include "vesk_settings_file.h"
+#include "VeskSettingsFile.h"
 
-#include "vesk_global_settings.h"
+#include "VeskGlobalSettings.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 // Run by the build, not installed: reads a UTF-8 text and writes it enciphered with the key that
 // VeskEnDecodeTool::VeskGetMM gives, for a tool's resources.
 
-#include "vesk_endecode_tool.h"
+#include "VeskEnDecodeTool.h"
 
 #include <QFile>
 #include <QSaveFile>

@@ -1,4 +1,4 @@
-#include "tiff_first_directory.h"
+#include "TiffFirstDirectory.h"
 
 #include <QDataStream>
 #include <QIODevice>

@@ -1,4 +1,4 @@
-#include "vesk_raw.h"
+#include "VeskRaw.h"
 
 #include <libraw/libraw.h>
 

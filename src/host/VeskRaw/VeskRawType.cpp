@@ -1,6 +1,6 @@
-#include "vesk_raw_type.h"
+#include "VeskRawType.h"
 
-#include "tiff_first_directory.h"
+#include "TiffFirstDirectory.h"
 
 #include <libraw/libraw.h>
 

@@ -1,4 +1,4 @@
-#include "canvas_view.h"
+#include "CanvasView.h"
 
 #include <QtMath>
 

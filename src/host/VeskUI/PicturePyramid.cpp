@@ -1,4 +1,4 @@
-#include "picture_pyramid.h"
+#include "PicturePyramid.h"
 
 #include <QPainter>
 

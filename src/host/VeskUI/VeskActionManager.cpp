@@ -1,4 +1,4 @@
-#include "vesk_action_manager.h"
+#include "VeskActionManager.h"
 
 #include <QAction>
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "vesk_dialog.h"
+#include "VeskDialog.h"
 #include "window_placement.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vesk_title_widget.h"
+#include "VeskTitleWidget.h"
 #include "veskui_export.h"
 
 #include <QDialog>

@@ -1,4 +1,4 @@
-#include "vesk_filter_container.h"
+#include "VeskFilterContainer.h"
 
 #include <QPushButton>
 

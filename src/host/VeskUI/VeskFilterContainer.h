@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vesk_dialog.h"
+#include "VeskDialog.h"
 
 /// The modeless frame around a tool's panel: the user goes on working in the document while it is
 /// open. Hiding the panel's parent widget hides the frame; the tool shows both again with

@@ -1,4 +1,4 @@
-#include "vesk_progress_indicator.h"
+#include "VeskProgressIndicator.h"
 #include "window_placement.h"
 
 #include <QCloseEvent>

@@ -1,4 +1,4 @@
-#include "vesk_ui_controller.h"
+#include "VeskUIController.h"
 
 #include <QCoreApplication>
 #include <QPointer>

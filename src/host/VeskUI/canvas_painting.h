@@ -1,8 +1,8 @@
 #pragma once
 
-#include "canvas_view.h"
+#include "CanvasView.h"
 #include "layer_composition.h"
-#include "picture_pyramid.h"
+#include "PicturePyramid.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "layer_composition.h"
-#include "vesk_canvas.h"
+#include "VeskCanvas.h"
 
 /// Counts the pixels of a document of that size as its layers show them, by 8-bit level of their
 /// encoded values. The luminosity is Rec. 709 luma, rounded. Fully transparent pixels are not

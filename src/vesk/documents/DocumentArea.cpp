@@ -1,11 +1,11 @@
-#include "document_area.h"
-#include "document_tabs.h"
+#include "DocumentArea.h"
+#include "DocumentTabs.h"
 #include "picture_document.h"
 
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_layer_manager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskLayerManager.h>
 
 #include <QFileInfo>
 #include <QTimer>

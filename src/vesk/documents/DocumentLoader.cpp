@@ -1,4 +1,4 @@
-#include "document_loader.h"
+#include "DocumentLoader.h"
 
 DocumentLoader::DocumentLoader(QObject *parent)
     : QObject(parent)

@@ -1,5 +1,5 @@
-#include "document_opener.h"
-#include "document_area.h"
+#include "DocumentOpener.h"
+#include "DocumentArea.h"
 #include "open_failure_box.h"
 
 #include <QFileInfo>

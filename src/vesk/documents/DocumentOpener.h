@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document_loader.h"
+#include "DocumentLoader.h"
 
 #include <QPointer>
 #include <QWidget>

@@ -1,7 +1,7 @@
-#include "document_page.h"
+#include "DocumentPage.h"
 
-#include <vesk_canvas.h>
-#include <vesk_context.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
 
 #include <QVBoxLayout>
 

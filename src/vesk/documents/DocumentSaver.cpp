@@ -1,10 +1,10 @@
-#include "document_saver.h"
+#include "DocumentSaver.h"
 #include "editor_settings.h"
 #include "picture_document.h"
 #include "picture_saving.h"
 
-#include <vesk_context.h>
-#include <vesk_layer_manager.h>
+#include <VeskContext.h>
+#include <VeskLayerManager.h>
 
 #include <QDir>
 #include <QFileInfo>

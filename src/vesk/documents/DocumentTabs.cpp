@@ -1,8 +1,8 @@
-#include "document_tabs.h"
-#include "document_page.h"
+#include "DocumentTabs.h"
+#include "DocumentPage.h"
 
-#include <vesk_canvas.h>
-#include <vesk_context.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
 
 #include <QTabBar>
 

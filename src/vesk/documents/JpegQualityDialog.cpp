@@ -1,4 +1,4 @@
-#include "jpeg_quality_dialog.h"
+#include "JpegQualityDialog.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>

@@ -1,4 +1,4 @@
-#include "recent_files_menu.h"
+#include "RecentFilesMenu.h"
 #include "editor_settings.h"
 
 #include <QDir>

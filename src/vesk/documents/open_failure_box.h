@@ -1,6 +1,6 @@
 #pragma once
 
-#include "loaded_picture.h"
+#include "LoadedPicture.h"
 
 #include <QList>
 

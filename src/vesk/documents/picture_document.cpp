@@ -1,11 +1,11 @@
 #include "picture_document.h"
 
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
-#include <vesk_selection.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
+#include <VeskSelection.h>
 
 #include <QCoreApplication>
 #include <QVariant>

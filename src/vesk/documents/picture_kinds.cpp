@@ -1,6 +1,6 @@
 #include "picture_kinds.h"
 
-#include <vesk_raw_type.h>
+#include <VeskRawType.h>
 
 #include <QFileInfo>
 #include <QImageReader>

@@ -1,7 +1,7 @@
 #include "picture_saving.h"
 
 #include <exif_metadata.h>
-#include <vesk_progress_indicator.h>
+#include <VeskProgressIndicator.h>
 
 #include <QCloseEvent>
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "save_dialog.h"
 #include "editor_settings.h"
-#include "jpeg_quality_dialog.h"
+#include "JpegQualityDialog.h"
 
 #include <picture_writer.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <picture_format.h>
+#include <PictureFormat.h>
 
 #include <QImage>
 #include <QString>

@@ -1,9 +1,9 @@
-#include "editor_ui_manager.h"
-#include "document_area.h"
-#include "film_strip.h"
-#include "picture_folder.h"
+#include "EditorUiManager.h"
+#include "DocumentArea.h"
+#include "FilmStrip.h"
+#include "PictureFolder.h"
 
-#include <vesk_context.h>
+#include <VeskContext.h>
 
 #include <QMainWindow>
 #include <QStatusBar>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <ivesk_ui_manager.h>
+#include <IVeskUIManager.h>
 
 class DocumentArea;
 class FilmStrip;

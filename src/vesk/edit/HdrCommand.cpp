@@ -1,10 +1,10 @@
-#include "hdr_command.h"
+#include "HdrCommand.h"
 #include "picture_document.h"
 
 #include <VeskToolHDR.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_filter_container.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskFilterContainer.h>
 
 #include <QApplication>
 #include <QEvent>

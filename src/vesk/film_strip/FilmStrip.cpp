@@ -1,6 +1,6 @@
-#include "film_strip.h"
-#include "film_strip_delegate.h"
-#include "film_strip_model.h"
+#include "FilmStrip.h"
+#include "FilmStripDelegate.h"
+#include "FilmStripModel.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "film_strip_delegate.h"
+#include "FilmStripDelegate.h"
 
 #include <QApplication>
 #include <QIcon>

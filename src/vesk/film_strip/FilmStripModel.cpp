@@ -1,4 +1,4 @@
-#include "film_strip_model.h"
+#include "FilmStripModel.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "picture_folder.h"
-#include "thumbnail_loader.h"
+#include "PictureFolder.h"
+#include "ThumbnailLoader.h"
 
 #include <QAbstractListModel>
 #include <QCache>

@@ -1,4 +1,4 @@
-#include "picture_folder.h"
+#include "PictureFolder.h"
 #include "picture_kinds.h"
 
 #include <QCollator>

@@ -1,7 +1,7 @@
-#include "thumbnail_loader.h"
+#include "ThumbnailLoader.h"
 
-#include <vesk_raw.h>
-#include <vesk_raw_type.h>
+#include <VeskRaw.h>
+#include <VeskRawType.h>
 
 #include <QImageReader>
 

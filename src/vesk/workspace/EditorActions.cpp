@@ -1,6 +1,6 @@
-#include "editor_actions.h"
+#include "EditorActions.h"
 
-#include <vesk_action_manager.h>
+#include <VeskActionManager.h>
 
 #include <QIcon>
 #include <QRegularExpression>

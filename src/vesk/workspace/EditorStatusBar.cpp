@@ -1,6 +1,6 @@
-#include "editor_status_bar.h"
+#include "EditorStatusBar.h"
 
-#include <vesk_canvas.h>
+#include <VeskCanvas.h>
 
 #include <QLabel>
 #include <QLocale>

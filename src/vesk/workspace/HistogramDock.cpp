@@ -1,12 +1,12 @@
-#include "histogram_dock.h"
-#include "histogram_view.h"
+#include "HistogramDock.h"
+#include "HistogramView.h"
 
 #include <layer_composition.h>
 #include <picture_histogram.h>
-#include <vesk_context.h>
-#include <vesk_global_settings.h>
-#include <vesk_layer_manager.h>
-#include <vesk_ui_controller.h>
+#include <VeskContext.h>
+#include <VeskGlobalSettings.h>
+#include <VeskLayerManager.h>
+#include <VeskUIController.h>
 
 #include <QAction>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vesk_canvas.h>
+#include <VeskCanvas.h>
 
 #include <QDockWidget>
 #include <QPointer>

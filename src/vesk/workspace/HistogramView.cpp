@@ -1,4 +1,4 @@
-#include "histogram_view.h"
+#include "HistogramView.h"
 
 #include <QPainter>
 #include <QPainterPath>

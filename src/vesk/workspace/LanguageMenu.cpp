@@ -1,6 +1,6 @@
-#include "language_menu.h"
+#include "LanguageMenu.h"
 
-#include <vesk_global_settings.h>
+#include <VeskGlobalSettings.h>
 
 #include <QActionGroup>
 

@@ -1,8 +1,8 @@
-#include "layer_dock.h"
+#include "LayerDock.h"
 
-#include <vesk_context.h>
-#include <vesk_layer_base.h>
-#include <vesk_layer_manager.h>
+#include <VeskContext.h>
+#include <VeskLayerBase.h>
+#include <VeskLayerManager.h>
 
 #include <QListWidget>
 #include <QSignalBlocker>

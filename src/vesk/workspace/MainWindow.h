@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor_actions.h"
+#include "EditorActions.h"
 
 #include <QMainWindow>
 

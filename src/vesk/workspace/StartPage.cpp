@@ -1,4 +1,4 @@
-#include "start_page.h"
+#include "StartPage.h"
 
 #include <QAction>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "editor_settings.h"
 
-#include <vesk_global_settings.h>
+#include <VeskGlobalSettings.h>
 
 #include <QDir>
 #include <QStandardPaths>

@@ -1,6 +1,6 @@
 #include "VeskDeviceInfo.h"
 
-#include "vesk_global_settings.h"
+#include "VeskGlobalSettings.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,7 +3,7 @@
 #include "VeskDeviceInfo.h"
 #include "exposure_merge.h"
 #include "merge_weights.h"
-#include "vesk_endecode_tool.h"
+#include "VeskEnDecodeTool.h"
 
 #include <QRandomGenerator>
 #include <QtTest>

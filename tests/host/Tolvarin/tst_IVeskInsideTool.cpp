@@ -1,4 +1,4 @@
-#include <ivesk_inside_tool.h>
+#include <IVeskInsideTool.h>
 
 #include <QtTest>
 
@@ -94,4 +94,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestIVeskInsideTool)
-#include "tst_ivesk_inside_tool.moc"
+#include "tst_IVeskInsideTool.moc"

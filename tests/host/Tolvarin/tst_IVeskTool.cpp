@@ -1,4 +1,4 @@
-#include <ivesk_tool.h>
+#include <IVeskTool.h>
 
 #include <QtTest>
 
@@ -119,4 +119,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestIVeskTool)
-#include "tst_ivesk_tool.moc"
+#include "tst_IVeskTool.moc"

@@ -1,4 +1,4 @@
-#include <ivesk_ui_manager.h>
+#include <IVeskUIManager.h>
 
 #include <QtTest>
 
@@ -63,4 +63,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestIVeskUIManager)
-#include "tst_ivesk_ui_manager.moc"
+#include "tst_IVeskUIManager.moc"

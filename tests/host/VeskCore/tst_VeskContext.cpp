@@ -1,8 +1,8 @@
-#include <ivesk_tool.h>
-#include <vesk_context.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_selection.h>
+#include <IVeskTool.h>
+#include <VeskContext.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskSelection.h>
 
 #include <QtTest>
 
@@ -168,4 +168,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskContext)
-#include "tst_vesk_context.moc"
+#include "tst_VeskContext.moc"

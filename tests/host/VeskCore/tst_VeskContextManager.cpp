@@ -1,10 +1,10 @@
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
-#include <vesk_picture_reader.h>
-#include <vesk_selection.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
+#include <VeskPictureReader.h>
+#include <VeskSelection.h>
 
 #include <QtTest>
 
@@ -196,4 +196,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskContextManager)
-#include "tst_vesk_context_manager.moc"
+#include "tst_VeskContextManager.moc"

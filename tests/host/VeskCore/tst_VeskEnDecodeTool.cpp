@@ -1,4 +1,4 @@
-#include <vesk_endecode_tool.h>
+#include <VeskEnDecodeTool.h>
 
 #include <QtTest>
 
@@ -140,4 +140,4 @@ private:
 };
 
 QTEST_GUILESS_MAIN(TestVeskEnDecodeTool)
-#include "tst_vesk_endecode_tool.moc"
+#include "tst_VeskEnDecodeTool.moc"

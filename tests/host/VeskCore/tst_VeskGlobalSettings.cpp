@@ -1,4 +1,4 @@
-#include <vesk_global_settings.h>
+#include <VeskGlobalSettings.h>
 
 #include <QtTest>
 
@@ -106,4 +106,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskGlobalSettings)
-#include "tst_vesk_global_settings.moc"
+#include "tst_VeskGlobalSettings.moc"

@@ -1,5 +1,5 @@
-#include <vesk_layer.h>
-#include <vesk_picture_host.h>
+#include <VeskLayer.h>
+#include <VeskPictureHost.h>
 
 #include <QtTest>
 
@@ -52,4 +52,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskLayer)
-#include "tst_vesk_layer.moc"
+#include "tst_VeskLayer.moc"

@@ -1,4 +1,4 @@
-#include <vesk_layer_base.h>
+#include <VeskLayerBase.h>
 
 #include <QtTest>
 
@@ -66,4 +66,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskLayerBase)
-#include "tst_vesk_layer_base.moc"
+#include "tst_VeskLayerBase.moc"

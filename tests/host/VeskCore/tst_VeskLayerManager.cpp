@@ -1,6 +1,6 @@
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
 
 #include <QtTest>
 
@@ -201,4 +201,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskLayerManager)
-#include "tst_vesk_layer_manager.moc"
+#include "tst_VeskLayerManager.moc"

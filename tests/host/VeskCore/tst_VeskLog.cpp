@@ -1,6 +1,6 @@
-#include <vesk_log.h>
+#include <VeskLog.h>
 
-#include "small_disk.h"
+#include "SmallDisk.h"
 
 #include <QtTest>
 
@@ -172,4 +172,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskLog)
-#include "tst_vesk_log.moc"
+#include "tst_VeskLog.moc"

@@ -1,4 +1,4 @@
-#include <vesk_picture_host.h>
+#include <VeskPictureHost.h>
 
 #include <QtTest>
 
@@ -38,4 +38,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskPictureHost)
-#include "tst_vesk_picture_host.moc"
+#include "tst_VeskPictureHost.moc"

@@ -1,6 +1,6 @@
-#include <vesk_global_settings.h>
-#include <vesk_picture_host.h>
-#include <vesk_picture_reader.h>
+#include <VeskGlobalSettings.h>
+#include <VeskPictureHost.h>
+#include <VeskPictureReader.h>
 
 #include <QImageWriter>
 #include <QtTest>
@@ -182,4 +182,4 @@ private:
 };
 
 QTEST_GUILESS_MAIN(TestVeskPictureReader)
-#include "tst_vesk_picture_reader.moc"
+#include "tst_VeskPictureReader.moc"

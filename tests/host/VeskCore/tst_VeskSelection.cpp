@@ -1,4 +1,4 @@
-#include <vesk_selection.h>
+#include <VeskSelection.h>
 
 #include <QtTest>
 
@@ -57,4 +57,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVeskSelection)
-#include "tst_vesk_selection.moc"
+#include "tst_VeskSelection.moc"

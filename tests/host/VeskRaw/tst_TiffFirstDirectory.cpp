@@ -1,6 +1,6 @@
 #include "dng_writer.h"
 
-#include <tiff_first_directory.h>
+#include <TiffFirstDirectory.h>
 
 #include <QBuffer>
 #include <QtTest>
@@ -77,4 +77,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestTiffFirstDirectory)
-#include "tst_tiff_first_directory.moc"
+#include "tst_TiffFirstDirectory.moc"

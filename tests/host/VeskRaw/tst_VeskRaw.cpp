@@ -1,6 +1,6 @@
 #include "dng_writer.h"
 
-#include <vesk_raw.h>
+#include <VeskRaw.h>
 
 #include <QColor>
 #include <QtTest>
@@ -347,4 +347,4 @@ private:
 };
 
 QTEST_GUILESS_MAIN(TestVeskRaw)
-#include "tst_vesk_raw.moc"
+#include "tst_VeskRaw.moc"

@@ -1,6 +1,6 @@
 #include "dng_writer.h"
 
-#include <vesk_raw_type.h>
+#include <VeskRawType.h>
 
 #include <QBuffer>
 #include <QImage>
@@ -174,4 +174,4 @@ private:
 };
 
 QTEST_GUILESS_MAIN(TestVeskRawType)
-#include "tst_vesk_raw_type.moc"
+#include "tst_VeskRawType.moc"

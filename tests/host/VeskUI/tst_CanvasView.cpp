@@ -1,4 +1,4 @@
-#include <canvas_view.h>
+#include <CanvasView.h>
 
 #include <QtTest>
 
@@ -175,4 +175,4 @@ void CanvasViewTest::emptyDocumentOrViewport_hasNoPixels()
 }
 
 QTEST_GUILESS_MAIN(CanvasViewTest)
-#include "tst_canvas_view.moc"
+#include "tst_CanvasView.moc"

@@ -1,4 +1,4 @@
-#include <picture_pyramid.h>
+#include <PicturePyramid.h>
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -192,4 +192,4 @@ void PicturePyramidTest::tileOutside_isNoWork()
 }
 
 QTEST_GUILESS_MAIN(PicturePyramidTest)
-#include "tst_picture_pyramid.moc"
+#include "tst_PicturePyramid.moc"

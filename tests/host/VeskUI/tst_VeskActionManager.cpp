@@ -1,4 +1,4 @@
-#include <vesk_action_manager.h>
+#include <VeskActionManager.h>
 
 #include <QAction>
 #include <QtTest>
@@ -153,4 +153,4 @@ void ActionManagerTest::trigger_runsTheSlotOfTheEditor()
 }
 
 QTEST_MAIN(ActionManagerTest)
-#include "tst_vesk_action_manager.moc"
+#include "tst_VeskActionManager.moc"

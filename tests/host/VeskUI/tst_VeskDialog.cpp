@@ -1,4 +1,4 @@
-#include <vesk_dialog.h>
+#include <VeskDialog.h>
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -304,4 +304,4 @@ void DialogTest::noActiveWindow_staysAboveTheMainWindow()
 }
 
 QTEST_MAIN(DialogTest)
-#include "tst_vesk_dialog.moc"
+#include "tst_VeskDialog.moc"

@@ -1,4 +1,4 @@
-#include <vesk_filter_container.h>
+#include <VeskFilterContainer.h>
 
 #include <QCheckBox>
 #include <QPushButton>
@@ -89,4 +89,4 @@ void FilterContainerTest::panelFlags_areDroppedInsideTheFrame()
 }
 
 QTEST_MAIN(FilterContainerTest)
-#include "tst_vesk_filter_container.moc"
+#include "tst_VeskFilterContainer.moc"

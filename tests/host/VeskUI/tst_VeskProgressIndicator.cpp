@@ -1,4 +1,4 @@
-#include <vesk_progress_indicator.h>
+#include <VeskProgressIndicator.h>
 
 #include <QCloseEvent>
 #include <QtTest>
@@ -248,4 +248,4 @@ void ProgressIndicatorTest::destroyed_withAClosePending_isHarmless()
 }
 
 QTEST_MAIN(ProgressIndicatorTest)
-#include "tst_vesk_progress_indicator.moc"
+#include "tst_VeskProgressIndicator.moc"

@@ -1,4 +1,4 @@
-#include <vesk_title_widget.h>
+#include <VeskTitleWidget.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -176,4 +176,4 @@ void TitleWidgetTest::paint_followsThePalette()
 }
 
 QTEST_MAIN(TitleWidgetTest)
-#include "tst_vesk_title_widget.moc"
+#include "tst_VeskTitleWidget.moc"

@@ -1,4 +1,4 @@
-#include <vesk_ui_controller.h>
+#include <VeskUIController.h>
 
 #include <QtTest>
 
@@ -51,4 +51,4 @@ void UIControllerTest::notifyUI_withoutListener_hasNoEffect()
 }
 
 QTEST_MAIN(UIControllerTest)
-#include "tst_vesk_ui_controller.moc"
+#include "tst_VeskUIController.moc"

@@ -1,9 +1,9 @@
 #include <layer_composition.h>
 
-#include <vesk_context.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
+#include <VeskContext.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
 
 #include <QtTest>
 

@@ -1,13 +1,13 @@
-#include "document_area.h"
-#include "document_tabs.h"
+#include "DocumentArea.h"
+#include "DocumentTabs.h"
 #include "picture_document.h"
-#include "test_pictures.h"
+#include "TestPictures.h"
 
 #include <merged_document.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_layer_manager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskLayerManager.h>
 
 #include <QSignalSpy>
 #include <QTabBar>
@@ -195,4 +195,4 @@ void DocumentAreaTest::closing_releasesDocumentAndCanvas()
 }
 
 QTEST_MAIN(DocumentAreaTest)
-#include "tst_document_area.moc"
+#include "tst_DocumentArea.moc"

@@ -1,5 +1,5 @@
-#include "document_loader.h"
-#include "test_pictures.h"
+#include "DocumentLoader.h"
+#include "TestPictures.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -119,4 +119,4 @@ void DocumentLoaderTest::destroyed_whileReading_isSafe()
 }
 
 QTEST_GUILESS_MAIN(DocumentLoaderTest)
-#include "tst_document_loader.moc"
+#include "tst_DocumentLoader.moc"

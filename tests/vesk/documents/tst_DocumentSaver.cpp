@@ -1,17 +1,17 @@
-#include "document_saver.h"
+#include "DocumentSaver.h"
 #include "editor_application.h"
 #include "editor_settings.h"
-#include "file_dialog_answerer.h"
-#include "loaded_picture.h"
-#include "message_box_answerer.h"
+#include "FileDialogAnswerer.h"
+#include "LoadedPicture.h"
+#include "MessageBoxAnswerer.h"
 #include "picture_document.h"
-#include "small_disk.h"
-#include "test_pictures.h"
+#include "SmallDisk.h"
+#include "TestPictures.h"
 
 #include <exif_metadata.h>
-#include <vesk_context.h>
-#include <vesk_layer_base.h>
-#include <vesk_layer_manager.h>
+#include <VeskContext.h>
+#include <VeskLayerBase.h>
+#include <VeskLayerManager.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -385,4 +385,4 @@ void DocumentSaverTest::settle_saveThatFails_keepsTheDocument()
 }
 
 QTEST_MAIN(DocumentSaverTest)
-#include "tst_document_saver.moc"
+#include "tst_DocumentSaver.moc"

@@ -1,6 +1,6 @@
-#include "film_strip.h"
-#include "film_strip_model.h"
-#include "test_pictures.h"
+#include "FilmStrip.h"
+#include "FilmStripModel.h"
+#include "TestPictures.h"
 
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -186,4 +186,4 @@ void FilmStripTest::data_staleThumbnail_isDropped()
 }
 
 QTEST_MAIN(FilmStripTest)
-#include "tst_film_strip.moc"
+#include "tst_FilmStrip.moc"

@@ -1,5 +1,5 @@
-#include "picture_folder.h"
-#include "test_pictures.h"
+#include "PictureFolder.h"
+#include "TestPictures.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -75,4 +75,4 @@ void PictureFolderTest::setPath_twice_answersForTheLastOnly()
 }
 
 QTEST_GUILESS_MAIN(PictureFolderTest)
-#include "tst_picture_folder.moc"
+#include "tst_PictureFolder.moc"

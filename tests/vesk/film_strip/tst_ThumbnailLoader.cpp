@@ -1,5 +1,5 @@
-#include "test_pictures.h"
-#include "thumbnail_loader.h"
+#include "TestPictures.h"
+#include "ThumbnailLoader.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -100,4 +100,4 @@ void ThumbnailLoaderTest::dropWaiting_dropsWhatHasNotStarted()
 }
 
 QTEST_GUILESS_MAIN(ThumbnailLoaderTest)
-#include "tst_thumbnail_loader.moc"
+#include "tst_ThumbnailLoader.moc"

@@ -1,20 +1,20 @@
-#include "document_area.h"
+#include "DocumentArea.h"
 #include "editor_settings.h"
-#include "editor_ui_manager.h"
-#include "file_dialog_answerer.h"
-#include "film_strip.h"
-#include "main_window.h"
-#include "message_box_answerer.h"
-#include "picture_folder.h"
-#include "test_pictures.h"
+#include "EditorUiManager.h"
+#include "FileDialogAnswerer.h"
+#include "FilmStrip.h"
+#include "MainWindow.h"
+#include "MessageBoxAnswerer.h"
+#include "PictureFolder.h"
+#include "TestPictures.h"
 
 #include <exif_metadata.h>
-#include <vesk_action_manager.h>
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_context_manager.h>
-#include <vesk_filter_container.h>
-#include <vesk_global_settings.h>
+#include <VeskActionManager.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskContextManager.h>
+#include <VeskFilterContainer.h>
+#include <VeskGlobalSettings.h>
 
 #include <QApplication>
 #include <QDockWidget>
@@ -454,4 +454,4 @@ void MainWindowTest::close_remembersTheDocks()
 }
 
 QTEST_MAIN(MainWindowTest)
-#include "tst_main_window.moc"
+#include "tst_MainWindow.moc"

@@ -1,18 +1,18 @@
 // What stands around the document: histogram, layers and the status bar.
 
-#include "editor_status_bar.h"
-#include "histogram_dock.h"
-#include "histogram_view.h"
-#include "layer_dock.h"
+#include "EditorStatusBar.h"
+#include "HistogramDock.h"
+#include "HistogramView.h"
+#include "LayerDock.h"
 #include "picture_document.h"
 
-#include <vesk_canvas.h>
-#include <vesk_context.h>
-#include <vesk_global_settings.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
-#include <vesk_ui_controller.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskGlobalSettings.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
+#include <VeskUIController.h>
 
 #include <QAction>
 #include <QLabel>

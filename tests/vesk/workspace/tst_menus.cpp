@@ -1,10 +1,10 @@
 // The menus that remember something: recent files and the language.
 
 #include "editor_settings.h"
-#include "language_menu.h"
-#include "recent_files_menu.h"
+#include "LanguageMenu.h"
+#include "RecentFilesMenu.h"
 
-#include <vesk_global_settings.h>
+#include <VeskGlobalSettings.h>
 
 #include <QDir>
 #include <QSignalSpy>

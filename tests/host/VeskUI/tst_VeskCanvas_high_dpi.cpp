@@ -1,9 +1,9 @@
-#include <vesk_canvas.h>
+#include <VeskCanvas.h>
 
-#include <vesk_context.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
+#include <VeskContext.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
 
 #include <QtTest>
 
@@ -64,4 +64,4 @@ void CanvasHighDpiTest::pointer_mapsToTheDocument()
 }
 
 QTEST_MAIN(CanvasHighDpiTest)
-#include "tst_vesk_canvas_high_dpi.moc"
+#include "tst_VeskCanvas_high_dpi.moc"
