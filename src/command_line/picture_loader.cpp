@@ -2,8 +2,8 @@
 
 #include "parallel_rows.h"
 
-#include "vesk_raw.h"
-#include "vesk_raw_type.h"
+#include "VeskRaw.h"
+#include "VeskRawType.h"
 
 #include <QFileInfo>
 
@@ -84,7 +84,7 @@ std::vector<DecodedPicture> loadPictures(const QStringList &paths, qint64 pixelL
 {
     VeskRaw::setPixelLimit(pixelLimit);
     Work work(paths, pixelLimit);
-    const int threadCount = std::min(parallel::processorCount(), paths.size());
+    const int threadCount = std::min(parallel::processorCount(), int(paths.size()));
     std::vector<std::thread> threads;
     try {
         threads.reserve(size_t(threadCount));

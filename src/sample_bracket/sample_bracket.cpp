@@ -35,7 +35,7 @@ QVector<QPoint> offsetsOf(const BracketSettings &settings)
         return static_cast<int>(std::floor(uniform(key) * static_cast<float>(2 * reach + 1))) -
                reach;
     };
-    for (int i = offsets.size(); i < settings.stops.size(); ++i)
+    for (int i = int(offsets.size()); i < settings.stops.size(); ++i)
         offsets.append(i == 0 ? QPoint() : QPoint(tremble(2 * i), tremble(2 * i + 1)));
     return offsets;
 }

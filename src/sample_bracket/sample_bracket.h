@@ -1,6 +1,6 @@
 #pragma once
 
-#include "exposure_data.h"
+#include "ExposureData.h"
 
 #include <QImage>
 #include <QPoint>
@@ -10,11 +10,14 @@
 
 namespace sample {
 
+/// Evenly spaced stops around 0: two apart for up to five shots, closer for more.
+QVector<double> evenStops(int shots);
+
 struct BracketSettings
 {
     QSize size{1800, 1200};
     /// One shot for each, in stops; darkest first, as files are ordered by name.
-    QVector<double> stops{-4.0, -2.0, 0.0, 2.0, 4.0};
+    QVector<double> stops = evenStops(5);
     /// Where the scene stands in each shot, in pixels right and down of where it stands in the
     /// first. When there are fewer than shots, the hand trembles as the seed says, by no more than
     /// median threshold bitmaps can find at this size.
@@ -29,9 +32,6 @@ struct Shot
     QPoint offset;  ///< see BracketSettings::offsets; moving the picture by its negative aligns it
     ExposureData exposure;
 };
-
-/// Evenly spaced stops around 0: two apart for up to five shots, closer for more.
-QVector<double> evenStops(int shots);
 
 /// Photographs a sunlit landscape through the window of a dim room, hand-held. The same settings
 /// give the same pixels. Any thread, reentrant.

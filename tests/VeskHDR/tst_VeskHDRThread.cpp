@@ -659,7 +659,7 @@ static int runAsChild(const QByteArray &task)
         std::puts("survived");
     else
         std::printf("failed %d, closed %d, left %d\n", worker.isFailed(), dialog.closeEvents(),
-                    worker.remainingPictures().size());
+                    int(worker.remainingPictures().size()));
     qDeleteAll(worker.remainingPictures());
     return 0;
 }

@@ -21,7 +21,7 @@ constexpr auto kPairCrash = "--align-one-picture";
 
 Picture bitmapOf(const QList<QByteArray> &rows)
 {
-    Picture bitmap(setbitmap({rows.first().size(), rows.size()}));
+    Picture bitmap(setbitmap(QSize(int(rows.first().size()), int(rows.size()))));
     for (int y = 0; y < rows.size(); ++y) {
         for (int x = 0; x < rows[y].size(); ++x)
             bitmap->scanLine(y)[x] = rows[y][x] == '1';
@@ -40,7 +40,7 @@ QByteArray rowText(const QImage &bitmap, int y)
 /// A grey image of these levels in one row.
 Picture greyRow(const QVector<int> &levels)
 {
-    Picture grey(setbitmap({levels.size(), 1}));
+    Picture grey(setbitmap(QSize(int(levels.size()), 1)));
     for (int x = 0; x < levels.size(); ++x)
         grey->scanLine(0)[x] = uchar(levels[x]);
     return grey;

@@ -1,4 +1,4 @@
-#include "program_run.h"
+#include "ProgramRun.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -12,6 +12,7 @@ constexpr int kLongestRun = 120000; // milliseconds; sanitizer builds on busy ma
 Program::Program()
 {
     setProgram(qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr"));
+    setChildProcessModifier([this] { setUpChild(); });
 }
 
 ProgramRun Program::run(const QStringList &arguments)
@@ -27,7 +28,7 @@ ProgramRun Program::run(const QStringList &arguments)
             readAllStandardError()};
 }
 
-void Program::setupChildProcess()
+void Program::setUpChild() const
 {
     if (largestFileBytes >= 0) {
         const rlimit limit{rlim_t(largestFileBytes), rlim_t(largestFileBytes)};

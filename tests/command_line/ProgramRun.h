@@ -26,8 +26,8 @@ public:
     /// Starts it and waits for its end.
     ProgramRun run(const QStringList &arguments);
 
-protected:
-    void setupChildProcess() override;
+private:
+    void setUpChild() const;
 };
 
 /// Runs veskhdr in this folder.

@@ -1,4 +1,4 @@
-#include "input_file.h"
+#include "InputFile.h"
 
 #include "fuzz_require.h"
 

@@ -2,7 +2,7 @@
 
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "merge_options.h"
+#include "MergeOptions.h"
 
 #include <QCoreApplication>
 

@@ -2,9 +2,9 @@
 
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "input_file.h"
+#include "InputFile.h"
 #include "opencl_merge.h"
-#include "vesk_endecode_tool.h"
+#include "VeskEnDecodeTool.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -4,7 +4,7 @@
 #include "exposure_merge_plain.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "input_reader.h"
+#include "InputReader.h"
 #include "mtb_alignment.h"
 #include "mtb_alignment_plain.h"
 #include "mtb_shifts.h"

@@ -3,7 +3,7 @@
 #include "exif_metadata.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "input_file.h"
+#include "InputFile.h"
 #include "library_messages.h"
 #include "picture_decoder.h"
 
@@ -20,7 +20,7 @@ void requireReadable(const QImage &picture)
     const QImage words = picture.convertToFormat(QImage::Format_ARGB32);
     FUZZ_REQUIRE(words.size() == picture.size());
     for (int y = 0; y < words.height(); ++y)
-        qChecksum(reinterpret_cast<const char *>(words.constScanLine(y)), uint(4 * words.width()));
+        qChecksum(QByteArrayView(words.constScanLine(y), 4 * words.width()));
     if (picture.format() == QImage::Format_Indexed8) {
         for (int y = 0; y < picture.height(); ++y)
             for (int x = 0; x < picture.width(); ++x)

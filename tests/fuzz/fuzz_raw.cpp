@@ -2,9 +2,9 @@
 
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "input_file.h"
-#include "vesk_raw.h"
-#include "vesk_raw_type.h"
+#include "InputFile.h"
+#include "VeskRaw.h"
+#include "VeskRawType.h"
 
 #include <QCoreApplication>
 
@@ -20,8 +20,7 @@ void requirePictureOrReason(const VeskRaw::Conversion &conversion)
     FUZZ_REQUIRE(conversion.picture.format() == QImage::Format_RGB32);
     const QImage &picture = conversion.picture;
     for (int y = 0; y < picture.height(); ++y)
-        qChecksum(reinterpret_cast<const char *>(picture.constScanLine(y)),
-                  uint(4 * picture.width()));
+        qChecksum(QByteArrayView(picture.constScanLine(y), 4 * picture.width()));
 }
 
 } // namespace

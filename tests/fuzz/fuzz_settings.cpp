@@ -5,7 +5,7 @@
 #include "fuzz_require.h"
 #include "fuzz_target.h"
 #include "tool_translator.h"
-#include "vesk_global_settings.h"
+#include "VeskGlobalSettings.h"
 
 #include <QCoreApplication>
 #include <QDir>

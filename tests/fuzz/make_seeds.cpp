@@ -2,7 +2,7 @@
 // Everything is made here; the same version of the libraries gives the same files.
 
 #include "dng_writer.h"
-#include "vesk_endecode_tool.h"
+#include "VeskEnDecodeTool.h"
 
 #include <QBuffer>
 #include <QColorSpace>

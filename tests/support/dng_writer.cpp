@@ -183,7 +183,7 @@ QByteArray dngFile(const DngRecipe &recipe)
     tiff.shorts(274, {recipe.orientation});
     tiff.shorts(277, {1});            // samples per pixel
     tiff.longs(278, {recipe.height}); // rows per strip
-    tiff.longs(279, {pixels.size()});
+    tiff.longs(279, {int(pixels.size())});
     tiff.shorts(284, {1});                        // planar configuration
     tiff.shorts(33421, {2, 2});                   // mosaic of two by two:
     tiff.bytes(33422, QByteArray("\0\1\1\2", 4)); // red green / green blue
@@ -235,7 +235,7 @@ QByteArray plainTiff(int width, int height, int channels, int bits, std::uint8_t
     tiff.text(272, model);
     tiff.shorts(277, {channels});
     tiff.longs(278, {height});
-    tiff.longs(279, {pixels.size()});
+    tiff.longs(279, {int(pixels.size())});
     tiff.shorts(284, {1});
     return tiff.build(pixels);
 }

@@ -1,19 +1,19 @@
 // The editor in each of its languages.
 
 #include "clipped_texts.h"
-#include "document_area.h"
-#include "document_saver.h"
+#include "DocumentArea.h"
+#include "DocumentSaver.h"
 #include "editor_application.h"
-#include "jpeg_quality_dialog.h"
-#include "language_menu.h"
-#include "main_window.h"
-#include "message_box_answerer.h"
-#include "start_page.h"
-#include "test_pictures.h"
+#include "JpegQualityDialog.h"
+#include "LanguageMenu.h"
+#include "MainWindow.h"
+#include "MessageBoxAnswerer.h"
+#include "StartPage.h"
+#include "TestPictures.h"
 
-#include <vesk_action_manager.h>
-#include <vesk_context.h>
-#include <vesk_global_settings.h>
+#include <VeskActionManager.h>
+#include <VeskContext.h>
+#include <VeskGlobalSettings.h>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -229,7 +229,7 @@ void EditorLanguageTest::qualityDialog_clipsNoText()
 void EditorLanguageTest::questionBeforeLosingWork_isTranslatedToTheButtons()
 {
     QFETCH(QString, language);
-    const QString catalogues = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    const QString catalogues = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     QTranslator toolkit;
     if (!language.isEmpty() && !toolkit.load(QStringLiteral("qtbase_") + language, catalogues))
         QSKIP("the toolkit's own catalogues are not installed");

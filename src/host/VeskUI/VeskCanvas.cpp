@@ -1,9 +1,9 @@
-#include "vesk_canvas.h"
+#include "VeskCanvas.h"
 #include "canvas_painting.h"
 #include "picture_histogram.h"
 
-#include <vesk_context.h>
-#include <vesk_selection.h>
+#include <VeskContext.h>
+#include <VeskSelection.h>
 
 #include <QElapsedTimer>
 #include <QLineF>
@@ -12,7 +12,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QTimerEvent>
-#include <QTouchDevice>
+#include <QInputDevice>
 #include <QTouchEvent>
 #include <QVariantAnimation>
 #include <QWheelEvent>
@@ -57,13 +57,12 @@ struct Grip
     qreal spread = 0; // mean distance from the centre
 };
 
-Grip gripOf(const QList<QTouchEvent::TouchPoint> &points,
-            QPointF (QTouchEvent::TouchPoint::*position)() const)
+Grip gripOf(const QList<QEventPoint> &points, QPointF (QEventPoint::*position)() const)
 {
     Grip grip;
-    for (const QTouchEvent::TouchPoint &point : points)
+    for (const QEventPoint &point : points)
         grip.center += (point.*position)() / points.size();
-    for (const QTouchEvent::TouchPoint &point : points)
+    for (const QEventPoint &point : points)
         grip.spread += QLineF(grip.center, (point.*position)()).length() / points.size();
     return grip;
 }
@@ -293,7 +292,7 @@ bool VeskCanvas::event(QEvent *event)
     if (event->type() == QEvent::TouchBegin || event->type() == QEvent::TouchUpdate) {
         const auto *touch = static_cast<QTouchEvent *>(event);
         // Trackpads come as wheel and native gestures.
-        if (touch->device()->type() == QTouchDevice::TouchScreen) {
+        if (touch->device()->type() == QInputDevice::DeviceType::TouchScreen) {
             followFingers(*touch);
             event->accept();
             return true;
@@ -302,7 +301,7 @@ bool VeskCanvas::event(QEvent *event)
     if (event->type() == QEvent::NativeGesture) {
         const auto *gesture = static_cast<QNativeGestureEvent *>(event);
         if (gesture->gestureType() == Qt::ZoomNativeGesture) {
-            setZoomAt(zoom() * (1 + gesture->value()), gesture->localPos());
+            setZoomAt(zoom() * (1 + gesture->value()), gesture->position());
             return true;
         }
     }
@@ -312,8 +311,8 @@ bool VeskCanvas::event(QEvent *event)
 // Read from the touch points themselves: the toolkit's pinch gesture counts steps twice.
 void VeskCanvas::followFingers(const QTouchEvent &event)
 {
-    const Grip before = gripOf(event.touchPoints(), &QTouchEvent::TouchPoint::lastPos);
-    const Grip now = gripOf(event.touchPoints(), &QTouchEvent::TouchPoint::pos);
+    const Grip before = gripOf(event.points(), &QEventPoint::lastPosition);
+    const Grip now = gripOf(event.points(), &QEventPoint::position);
     const bool isPinch = before.spread > 0 && now.spread > 0;
     if (!isPinch && isFitted())
         return; // nowhere to go
@@ -341,20 +340,20 @@ void VeskCanvas::mousePressEvent(QMouseEvent *event)
         return;
     }
     isDragging = true;
-    dragPosition = event->localPos();
+    dragPosition = event->position();
     updateCursor();
 }
 
 void VeskCanvas::mouseMoveEvent(QMouseEvent *event)
 {
     if (isDragging) {
-        const QPointF distance = event->localPos() - dragPosition;
-        dragPosition = event->localPos();
+        const QPointF distance = event->position() - dragPosition;
+        dragPosition = event->position();
         // A fitted view has nowhere to go: it stays fitted when the hand trembles.
         if (!isFitted())
             panBy(distance);
     }
-    reportPointer(event->localPos());
+    reportPointer(event->position());
 }
 
 void VeskCanvas::mouseReleaseEvent(QMouseEvent *event)
@@ -369,7 +368,7 @@ void VeskCanvas::mouseDoubleClickEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     if (isFitted())
-        setZoomAt(1, event->localPos());
+        setZoomAt(1, event->position());
     else
         zoomToFit();
 }

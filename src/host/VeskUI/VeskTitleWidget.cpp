@@ -1,4 +1,4 @@
-#include "vesk_title_widget.h"
+#include "VeskTitleWidget.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -195,7 +195,7 @@ void VeskTitleWidget::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    pressPosition = event->globalPos();
+    pressPosition = event->globalPosition().toPoint();
     windowStart = window()->pos();
     isPressed = true;
 }
@@ -205,7 +205,7 @@ void VeskTitleWidget::mouseMoveEvent(QMouseEvent *event)
     if (!isPressed || !(event->buttons() & Qt::LeftButton) || window()->isMaximized())
         return;
     if (!isDragging &&
-        (event->globalPos() - pressPosition).manhattanLength() < QApplication::startDragDistance())
+        (event->globalPosition().toPoint() - pressPosition).manhattanLength() < QApplication::startDragDistance())
         return;
     if (!isDragging) {
         // The window system knows about screen edges and, on some, alone may move windows.
@@ -216,7 +216,7 @@ void VeskTitleWidget::mouseMoveEvent(QMouseEvent *event)
         }
         isDragging = true;
     }
-    window()->move(windowStart + event->globalPos() - pressPosition);
+    window()->move(windowStart + event->globalPosition().toPoint() - pressPosition);
 }
 
 void VeskTitleWidget::mouseReleaseEvent(QMouseEvent *)

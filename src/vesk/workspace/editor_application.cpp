@@ -1,6 +1,6 @@
 #include "editor_application.h"
 
-#include <vesk_global_settings.h>
+#include <VeskGlobalSettings.h>
 
 #include <QIcon>
 #include <QLibraryInfo>
@@ -29,8 +29,6 @@ void nameEditor()
     QCoreApplication::setApplicationVersion(QStringLiteral(VESK_VERSION));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
     QGuiApplication::setDesktopFileName(QStringLiteral("vesk"));
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
 void setUpEditor(QApplication &application)
@@ -43,6 +41,6 @@ void setUpEditor(QApplication &application)
         return;
     QLocale::setDefault(QLocale(language));
     install(application, QStringLiteral("qtbase_") + language,
-            QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+            QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     install(application, QStringLiteral("vesk_") + language, QStringLiteral(":/vesk/i18n"));
 }

@@ -1,8 +1,8 @@
-#include <vesk_settings_file.h>
+#include <VeskSettingsFile.h>
 
-#include "unprivileged_user.h"
+#include "UnprivilegedUser.h"
 
-#include <vesk_global_settings.h>
+#include <VeskGlobalSettings.h>
 
 #include <QColor>
 #include <QProcess>
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QFETCH(QVariant, value);
         QVERIFY(VeskSettingsFile::setValue(kKey, value));
         const QVariant back = VeskSettingsFile::value(kKey);
-        QVERIFY(back.canConvert(int(value.type())));
+        QVERIFY(back.canConvert(value.metaType()));
         QCOMPARE(back.toStringList(), value.toStringList());
         QCOMPARE(back.toPoint(), value.toPoint());
         QCOMPARE(back.toSize(), value.toSize());
@@ -243,4 +243,4 @@ int main(int argc, char **argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "tst_vesk_settings_file.moc"
+#include "tst_VeskSettingsFile.moc"

@@ -1,15 +1,15 @@
-#include <vesk_canvas.h>
+#include <VeskCanvas.h>
 
-#include <vesk_context.h>
-#include <vesk_layer.h>
-#include <vesk_layer_manager.h>
-#include <vesk_picture_host.h>
-#include <vesk_selection.h>
+#include <VeskContext.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
+#include <VeskSelection.h>
 
 #include <QApplication>
 #include <QPainter>
 #include <QProxyStyle>
-#include <QTouchDevice>
+#include <QPointingDevice>
 #include <QWheelEvent>
 #include <QtTest>
 
@@ -81,9 +81,8 @@ void moveMouse(QWidget &widget, const QPoint &position, Qt::MouseButtons buttons
 
 void pinch(VeskCanvas &canvas, const QPoint &position, qreal change)
 {
-    static QTouchDevice trackpad;
-    QNativeGestureEvent gesture(Qt::ZoomNativeGesture, &trackpad, position, position,
-                                canvas.mapToGlobal(position), change, 0, 0);
+    QNativeGestureEvent gesture(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                                position, position, canvas.mapToGlobal(position), change, {});
     QApplication::sendEvent(&canvas, &gesture);
 }
 
@@ -110,7 +109,7 @@ class CanvasTest : public QObject
     Q_OBJECT
 
 private:
-    QTouchDevice *touchScreen = QTest::createTouchDevice();
+    QPointingDevice *touchScreen = QTest::createTouchDevice();
 
 private slots:
     void paint_actualSize_showsThePixelsAsTheyAre();
@@ -736,4 +735,4 @@ void CanvasTest::updateHistogram_countsTheDocumentAndTells()
 }
 
 QTEST_MAIN(CanvasTest)
-#include "tst_vesk_canvas.moc"
+#include "tst_VeskCanvas.moc"
