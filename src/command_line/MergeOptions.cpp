@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -11,10 +12,30 @@ namespace {
 constexpr qint64 kMegapixel = 1000 * 1000;
 constexpr qint64 kLargestPixelLimit = 1000 * 1000 * kMegapixel;
 
-/// The way of the "Merge to HDR" tool: ascending by UTF-16 code units, the same path once.
-QStringList inMergeOrder(QStringList pictures, bool keepOrder)
+/// One name for every way to write a path; the path itself when there is no such file.
+QString identity(const QString &path)
 {
-    pictures.removeDuplicates();
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    return canonical.isEmpty() ? QDir::cleanPath(path) : canonical;
+}
+
+QStringList eachFileOnce(const QStringList &paths)
+{
+    QSet<QString> seen;
+    QStringList once;
+    for (const QString &path : paths) {
+        const QString file = identity(path);
+        if (!seen.contains(file))
+            once += path;
+        seen += file;
+    }
+    return once;
+}
+
+/// The way of the "Merge to HDR" tool: ascending by UTF-16 code units, the same file once.
+QStringList inMergeOrder(const QStringList &paths, bool keepOrder)
+{
+    QStringList pictures = eachFileOnce(paths);
     if (!keepOrder)
         std::sort(pictures.begin(), pictures.end());
     return pictures;
@@ -80,6 +101,7 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     options.pictures = inMergeOrder(parser.positionalArguments(), options.keepOrder);
     options.output = parser.value(output);
     options.format = formatOfSuffix(options.output).value_or(PictureFormat::Png);
+    options.isQualityUnused = parser.isSet(quality) && options.format != PictureFormat::Jpeg;
     options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
     if (parser.isSet(megapixels))
         options.pixelLimit = qint64(parser.value(megapixels).toInt()) * kMegapixel;

@@ -9,10 +9,11 @@
 /// What the words after "veskhdr merge" ask for.
 struct MergeOptions
 {
-    QStringList pictures; ///< in merge order, each path once
+    QStringList pictures; ///< in merge order, each file once
     QString output;
     PictureFormat format = PictureFormat::Png;
     int quality = kDefaultQuality;
+    bool isQualityUnused = false; ///< given, but the format has none
     qint64 pixelLimit = kDefaultPixelLimit; ///< of each picture to merge
     bool align = true;
     bool keepOrder = false;

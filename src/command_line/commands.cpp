@@ -32,10 +32,42 @@ QString programHelp()
         help += QStringLiteral("  %1 %2\n")
                     .arg(QLatin1String(command.name), -11)
                     .arg(QLatin1String(command.summary));
-    return help + QStringLiteral("\nOptions:\n"
-                                 "  --help      Show this text; after a command, show its own\n"
-                                 "  --version   Show the version\n\n"
+    return help + QStringLiteral("  help [COMMAND]  Show this text, or that of a command\n"
+                                 "\nOptions:\n"
+                                 "  -h, --help     Show this text; after a command, show its own\n"
+                                 "  -v, --version  Show the version\n\n"
                                  "Exit codes are listed in the help of each command.");
+}
+
+ExitCode printVersion()
+{
+    console::print(QStringLiteral("veskhdr " VESK_VERSION));
+    return ExitCode::Ok;
+}
+
+const Command *commandNamed(const QString &name)
+{
+    const auto *command =
+        std::find_if(kCommands.begin(), kCommands.end(), [&name](const Command &candidate) {
+            return name == QLatin1String(candidate.name);
+        });
+    return command == kCommands.end() ? nullptr : command;
+}
+
+ExitCode refuseCommand(const QString &name)
+{
+    console::complain(name, QStringLiteral("no such command, see 'veskhdr --help'"));
+    return ExitCode::Usage;
+}
+
+/// Help for the command that the words name, or for the program.
+ExitCode printHelp(const QStringList &words)
+{
+    const Command *command = words.isEmpty() ? nullptr : commandNamed(words.first());
+    if (!command && !words.isEmpty())
+        return refuseCommand(words.first());
+    console::print(command ? command->help() : programHelp());
+    return ExitCode::Ok;
 }
 
 /// What follows "--" are file names.
@@ -47,12 +79,16 @@ bool asksForHelp(const QStringList &words)
     });
 }
 
-ExitCode run(const Command &command, const QStringList &words)
+ExitCode run(const QStringList &words)
 {
-    if (!asksForHelp(words))
-        return command.run(words);
-    console::print(command.help());
-    return ExitCode::Ok;
+    const QString &first = words.first();
+    if (const Command *command = commandNamed(first))
+        return asksForHelp(words) ? printHelp({first}) : command->run(words.mid(1));
+    if (first == QLatin1String("--version") || first == QLatin1String("-v"))
+        return printVersion();
+    if (first == QLatin1String("help"))
+        return printHelp(words.mid(1, 1));
+    return asksForHelp(words) ? printHelp({}) : refuseCommand(first);
 }
 
 } // namespace
@@ -63,18 +99,10 @@ ExitCode runProgram(const QStringList &words)
         console::complain({}, QStringLiteral("no command given, see 'veskhdr --help'"));
         return ExitCode::Usage;
     }
-    for (const Command &command : kCommands) {
-        if (words.first() == QLatin1String(command.name))
-            return run(command, words.mid(1));
-    }
-    if (words.first() == QLatin1String("--version")) {
-        console::print(QStringLiteral("veskhdr " VESK_VERSION));
-        return ExitCode::Ok;
-    }
-    if (asksForHelp(words)) {
-        console::print(programHelp());
-        return ExitCode::Ok;
-    }
-    console::complain(words.first(), QStringLiteral("no such command, see 'veskhdr --help'"));
-    return ExitCode::Usage;
+    const ExitCode code = run(words);
+    const QString failure = console::outputFailure();
+    if (failure.isEmpty())
+        return code;
+    console::complain({}, QStringLiteral("standard output cannot be written: ") + failure);
+    return code == ExitCode::Ok ? ExitCode::WriteFailed : code;
 }

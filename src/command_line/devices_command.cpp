@@ -1,8 +1,8 @@
 #include "devices_command.h"
 
+#include "DeviceCheck.h"
 #include "VeskDeviceInfo.h"
 #include "console.h"
-#include "DeviceCheck.h"
 #include "device_report.h"
 
 #include <QCommandLineParser>
@@ -181,5 +181,6 @@ Exit codes:
    0  listed, even if there is no device; each device checked merges rightly
   64  wrong options or arguments
   69  there is no such device, or it cannot merge
-  70  a device gives other bytes than the processor)");
+  70  a device gives other bytes than the processor
+  74  standard output could not be written to its end)");
 }

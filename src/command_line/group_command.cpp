@@ -180,5 +180,6 @@ Exit codes:
    0  all folders are searched, even if there is no bracket
   64  wrong options or arguments
   66  a folder is missing, is not a folder, or must not be read; the others are
-      searched)");
+      searched
+  74  standard output could not be written to its end)");
 }

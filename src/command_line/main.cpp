@@ -1,4 +1,5 @@
 #include "commands.h"
+#include "console.h"
 #include "interrupt_cleanup.h"
 #include "library_messages.h"
 
@@ -6,6 +7,7 @@
 
 int main(int argc, char **argv)
 {
+    console::keepClosedStreamsClosed();
     silenceImageLibraries();
     interrupt::install();
     const QCoreApplication application(argc, argv);

@@ -1,17 +1,17 @@
 #include "merge_command.h"
 
+#include "MergeOptions.h"
+#include "MergeReport.h"
+#include "ProgressBar.h"
 #include "console.h"
 #include "device_use.h"
 #include "exif_metadata.h"
 #include "exposure_merge.h"
 #include "interrupt_cleanup.h"
 #include "library_messages.h"
-#include "MergeOptions.h"
-#include "MergeReport.h"
 #include "mtb_alignment.h"
 #include "mtb_shifts.h"
 #include "picture_loader.h"
-#include "ProgressBar.h"
 
 #include <QColorSpace>
 #include <QElapsedTimer>
@@ -320,6 +320,9 @@ ExitCode runMerge(const QStringList &words)
         console::complain(parsed.file, parsed.problem);
         return ExitCode::Usage;
     }
+    if (parsed.options.isQualityUnused)
+        console::complain(parsed.options.output,
+                          QStringLiteral("warning: --quality has no effect, only JPEG has one"));
     try {
         return Merge(parsed.options).run();
     } catch (const std::bad_alloc &) {
@@ -363,6 +366,7 @@ Exit codes:
   69  the OpenCL device is not there, or cannot merge these pictures
   71  not enough memory
   73  OUT exists already, or cannot be made
-  74  OUT could not be written to its end, e.g. the disk is full
-Unless the exit code is 0, nothing is written and what stood in OUT's place stays.)");
+  74  OUT or standard output could not be written to its end, e.g. the disk is full
+Unless the exit code is 0, nothing is written and what stood in OUT's place stays; only
+when standard output failed, as the message says, OUT is there.)");
 }

@@ -1,7 +1,7 @@
 #include "PhotoFolder.h"
 
-#include "dng_writer.h"
 #include "ExposureData.h"
+#include "dng_writer.h"
 
 #include <QBuffer>
 #include <QDir>

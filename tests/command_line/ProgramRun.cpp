@@ -1,5 +1,6 @@
 #include "ProgramRun.h"
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -42,6 +43,10 @@ void Program::setUpChild() const
         ::dup2(errorTerminal, STDERR_FILENO);
     if (outputTerminal >= 0)
         ::dup2(outputTerminal, STDOUT_FILENO);
+    if (isOutputFull)
+        ::dup2(::open("/dev/full", O_WRONLY), STDOUT_FILENO);
+    if (isOutputClosed)
+        ::close(STDOUT_FILENO);
 }
 
 ProgramRun runProgramIn(const QString &folder, const QStringList &arguments)

@@ -22,6 +22,8 @@ public:
     qint64 addressSpaceBytes = -1; ///< what the program may map; -1: any number
     int errorTerminal = -1;        ///< terminal to use as standard error; borrowed
     int outputTerminal = -1;       ///< terminal to use as standard output; borrowed
+    bool isOutputClosed = false;   ///< standard output is no open file
+    bool isOutputFull = false;     ///< nothing more can be written to standard output
 
     /// Starts it and waits for its end.
     ProgramRun run(const QStringList &arguments);

@@ -38,6 +38,39 @@ private slots:
         QCOMPARE(version.output, QByteArray("veskhdr " VESK_VERSION "\n"));
     }
 
+    void helpAndVersion_haveShortForms()
+    {
+        const QByteArray help = runProgramIn({}, {"--help"}).output;
+        QCOMPARE(runProgramIn({}, {"-h"}).output, help);
+        QCOMPARE(runProgramIn({}, {"help"}).output, help);
+        QCOMPARE(runProgramIn({}, {"help", "merge"}).output,
+                 runProgramIn({}, {"merge", "--help"}).output);
+        QCOMPARE(runProgramIn({}, {"help", "melt"}).exitCode, 64);
+        QCOMPARE(runProgramIn({}, {"-v"}).output, runProgramIn({}, {"--version"}).output);
+    }
+
+    void standardOutput_full_isAnError_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("help") << QStringList{"--help"};
+        QTest::newRow("version") << QStringList{"--version"};
+        QTest::newRow("devices") << QStringList{"devices", "--json"};
+    }
+
+    void standardOutput_full_isAnError()
+    {
+        QFETCH(const QStringList, arguments);
+        for (const bool isClosed : {false, true}) {
+            Program program;
+            program.isOutputFull = !isClosed;
+            program.isOutputClosed = isClosed;
+            const ProgramRun run = program.run(arguments);
+            QCOMPARE(run.exitCode, 74);
+            QVERIFY2(run.errors.startsWith("veskhdr: standard output cannot be written: "),
+                     run.errors);
+        }
+    }
+
     void noCommand_isAnError()
     {
         const ProgramRun run = runProgramIn({}, {});

@@ -53,6 +53,8 @@ private slots:
     void folderBelow_isSearchedWhenAskedFor();
     void paths_areAbsoluteAndKeepTheirLetters();
     void gapAndMinimum_areHonoured();
+    void standardOutput_full_isAnError();
+    void manyShotsOfOneSecond_areNoCopies();
     void emptyFolder_givesNothing();
     void missingFolder_isNamedAndOthersAreSearched();
     void wrongOptions_areRefused_data();
@@ -221,6 +223,30 @@ void TestGroup::editedCopies_areNamedAndLeftOut()
     QCOMPARE(namesOf(bracketsOf(run)[0]), QStringList({"IMG_0.jpg", "IMG_1.jpg", "IMG_2.jpg"}));
     QCOMPARE(linesOf(run.errors).size(), 3);
     QVERIFY(run.errors.contains("IMG_0_merged.jpg: left out, it is a copy of "));
+}
+
+void TestGroup::standardOutput_full_isAnError()
+{
+    const PhotoFolder photos;
+    for (int i = 0; i < 3; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i), 2 * i - 2, i);
+    Program program;
+    program.isOutputFull = true;
+    const ProgramRun run = program.run({"group", photos.path()});
+    QCOMPARE(run.exitCode, 74);
+    QVERIFY(run.errors.contains("standard output cannot be written: "));
+}
+
+void TestGroup::manyShotsOfOneSecond_areNoCopies()
+{
+    const PhotoFolder photos;
+    for (int i = 1; i <= 12; ++i)
+        photos.writeShot(QString("IMG_%1.jpg").arg(i), 0, 0);
+    photos.writeShot("IMG_1b.jpg", 0, 0);
+    const ProgramRun run = groupIn(photos);
+    QCOMPARE(linesOf(run.errors).size(), 1);
+    QVERIFY(run.errors.contains("IMG_1b.jpg: left out, it is a copy of " +
+                                photos.path("IMG_1.jpg").toUtf8()));
 }
 
 void TestGroup::mergedPicture_underAnyName_isNamedAndLeftOut()

@@ -1,9 +1,9 @@
+#include "ProgramRun.h"
+#include "UnprivilegedUser.h"
 #include "exposure_merge.h"
 #include "mtb_alignment.h"
 #include "mtb_shifts.h"
 #include "picture_decoder.h"
-#include "ProgramRun.h"
-#include "UnprivilegedUser.h"
 
 #include <QDir>
 #include <QFile>
@@ -611,6 +611,50 @@ private slots:
         verifyRefused({"merge", "a.png", "b.png", "-o", "out.xyz"}, Usage, "out.xyz: ", "unknown");
         verifyRefused({"merge", "a.png", "b.png", "-o", "out"}, Usage, "out: ", "unknown");
         verifyRefused({"merge", "a.png", "b.png", "-o", "-"}, Usage, "-: ", "unknown");
+    }
+
+    void merge_oneFileUnderTwoNames_countsOnce()
+    {
+        QVERIFY(QFile::link(path("a.png"), path("link.png")));
+        const ProgramRun same = run({"merge", "a.png", "./a.png", "link.png", "-o", "o.png"});
+        QCOMPARE(same.exitCode, 64);
+        QVERIFY(same.errors.contains("only one picture given"));
+        QCOMPARE(run({"merge", "b.png", "./b.png", "a.png", "-o", "twice.png"}).exitCode, 0);
+        QCOMPARE(run({"merge", "a.png", "b.png", "-o", "once.png"}).exitCode, 0);
+        QCOMPARE(bytesOf("twice.png"), bytesOf("once.png"));
+    }
+
+    void merge_qualityOfAFormatWithout_isWarnedOf()
+    {
+        const ProgramRun png = run({"merge", "a.png", "b.png", "-o", "o.png", "--quality", "90"});
+        QCOMPARE(png.exitCode, 0);
+        QVERIFY(png.errors.contains("o.png: warning: --quality has no effect"));
+        QCOMPARE(run({"merge", "a.png", "b.png", "-o", "o.jpg", "--quality", "90"}).errors,
+                 QByteArray());
+    }
+
+    void merge_standardOutputFull_isAnErrorButThePictureIsThere()
+    {
+        for (const char *report : {"--json", "--verbose"}) {
+            Program program;
+            program.setWorkingDirectory(path({}));
+            program.isOutputFull = true;
+            const ProgramRun full =
+                program.run({"merge", "a.png", "b.png", "--force", "-o", "o.png", report});
+            QCOMPARE(full.exitCode, 74);
+            QVERIFY(full.errors.contains("standard output cannot be written: "));
+            QVERIFY(!pixelsOf(path("o.png")).isNull());
+        }
+    }
+
+    void merge_standardOutputClosed_leavesThePictureWhole()
+    {
+        Program program;
+        program.setWorkingDirectory(path({}));
+        program.isOutputClosed = true;
+        QCOMPARE(program.run({"merge", "a.png", "b.png", "-o", "o.png", "--json"}).exitCode, 74);
+        QCOMPARE(run({"merge", "a.png", "b.png", "-o", "good.png"}).exitCode, 0);
+        QCOMPARE(bytesOf("o.png"), bytesOf("good.png"));
     }
 
     void refuse_onePictureOnly()
