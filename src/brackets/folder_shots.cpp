@@ -5,10 +5,12 @@
 #include <VeskRawType.h>
 
 #include <QDir>
+#include <QHash>
 #include <QMap>
 #include <QMimeDatabase>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -54,35 +56,72 @@ std::vector<PictureFile> withoutTwins(std::vector<PictureFile> pictures, bool pr
     return pictures;
 }
 
-/// IMG_7-edited.jpg goes on where IMG_7.jpg ends, IMG_70.jpg does not.
-bool goesOn(const QString &longer, const QString &name)
-{
-    return longer.startsWith(name, Qt::CaseInsensitive) &&
-           (longer.size() == name.size() || !longer[name.size()].isDigit());
-}
-
-/// No camera takes two pictures in one millisecond. Where it tells the second only, the names must
-/// tell, too: there are several brackets in a second.
-bool isCopyOf(const Shot &original, const Shot &shot)
-{
-    const bool isSameExposure = shot.takenAt == original.takenAt && shot.model == original.model &&
-                                shot.exposureBias == original.exposureBias &&
-                                shot.exposureStops() == original.exposureStops();
-    const bool tellsMilliseconds = shot.takenAt.time().msec() != 0;
-    return isSameExposure &&
-           (tellsMilliseconds || goesOn(stemOf(shot.path), stemOf(original.path)));
-}
-
 /// By time; of copies the original first, which is older than what was made of it.
-bool isBefore(const Shot &one, const Shot &other)
+void sortByTime(std::vector<Shot> &shots)
 {
-    if (one.takenAt != other.takenAt)
-        return one.takenAt < other.takenAt;
-    const QDateTime oneWritten = QFileInfo(one.path).lastModified();
-    const QDateTime otherWritten = QFileInfo(other.path).lastModified();
-    return oneWritten != otherWritten ? oneWritten < otherWritten
-                                      : isBeforeNaturally(stemOf(one.path), stemOf(other.path));
+    struct Key
+    {
+        QDateTime written;
+        QString stem;
+    };
+    QHash<QString, Key> keys;
+    for (const Shot &shot : shots)
+        keys.insert(shot.path, {QFileInfo(shot.path).lastModified(), stemOf(shot.path)});
+    std::sort(shots.begin(), shots.end(), [&keys](const Shot &one, const Shot &other) {
+        if (one.takenAt != other.takenAt)
+            return one.takenAt < other.takenAt;
+        const Key oneKey = keys.value(one.path);
+        const Key otherKey = keys.value(other.path);
+        return oneKey.written != otherKey.written ? oneKey.written < otherKey.written
+                                                  : isBeforeNaturally(oneKey.stem, otherKey.stem);
+    });
 }
+
+/// The originals so far, found by what their copies share with them.
+class Originals
+{
+public:
+    void add(const Shot &shot) { pathsOf[exposureOf(shot)].insert(nameOf(shot), shot.path); }
+
+    /// Path of the shot that this one is a copy of; empty when it is none. No camera takes two
+    /// pictures in one millisecond. Where it tells the second only, the names must tell, too: there
+    /// are several brackets in a second.
+    QString originalOf(const Shot &shot) const
+    {
+        const QHash<QString, QString> paths = pathsOf.value(exposureOf(shot));
+        const bool tellsMilliseconds = shot.takenAt.time().msec() != 0;
+        if (tellsMilliseconds || paths.isEmpty())
+            return paths.isEmpty() ? QString() : *paths.cbegin();
+        const QString name = nameOf(shot);
+        for (int length = int(name.size()); length > 0; --length) {
+            const auto path = paths.constFind(name.left(length));
+            if (path != paths.cend() && goesOn(name, length))
+                return *path;
+        }
+        return {};
+    }
+
+private:
+    static QString nameOf(const Shot &shot) { return stemOf(shot.path).toLower(); }
+
+    /// IMG_7-edited goes on where IMG_7 ends, IMG_70 does not.
+    static bool goesOn(const QString &name, int length)
+    {
+        return name.size() == length || !name[length].isDigit();
+    }
+
+    static QString exposureOf(const Shot &shot)
+    {
+        const auto text = [](std::optional<double> stops) {
+            return stops ? QString::number(*stops, 'g', 17) : QString();
+        };
+        return QStringList{QString::number(shot.takenAt.toMSecsSinceEpoch()),
+                           text(shot.exposureBias), text(shot.exposureStops()), shot.model}
+            .join(QLatin1Char('|'));
+    }
+
+    QHash<QString, QHash<QString, QString>> pathsOf; // by exposure, then by name
+};
 
 } // namespace
 
@@ -97,17 +136,17 @@ std::vector<Shot> readFolder(const QString &folder, const FolderRules &rules,
         else
             leftOut(picture.path, reading.problem);
     }
-    std::sort(shots.begin(), shots.end(), isBefore);
-    std::vector<Shot> originals;
-    for (const Shot &shot : shots) {
-        const auto original =
-            std::find_if(originals.rbegin(), originals.rend(), [&shot](const Shot &earlier) {
-                return earlier.takenAt != shot.takenAt || isCopyOf(earlier, shot);
-            });
-        if (original != originals.rend() && original->takenAt == shot.takenAt)
-            leftOut(shot.path, QStringLiteral("it is a copy of ") + original->path);
+    sortByTime(shots);
+    Originals originals;
+    const auto isCopy = [&](const Shot &shot) {
+        const QString original = originals.originalOf(shot);
+        if (original.isEmpty())
+            originals.add(shot);
         else
-            originals.push_back(shot);
-    }
-    return originals;
+            leftOut(shot.path, QStringLiteral("it is a copy of ") + original);
+        return !original.isEmpty();
+    };
+    std::vector<Shot> kept;
+    std::remove_copy_if(shots.cbegin(), shots.cend(), std::back_inserter(kept), isCopy);
+    return kept;
 }
