@@ -47,7 +47,7 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME vesk-hdr)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION graphics)
-# The toolkit finds these at run time: nothing links them.
+# Qt finds these at run time: nothing links them.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "qt6-image-formats-plugins, libqt6svg6")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS qt6-translations-l10n)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SUGGESTS "jq, parallel")

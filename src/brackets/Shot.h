@@ -33,5 +33,5 @@ struct ShotReading
 };
 
 /// Reads a picture's header: EXIF data of JPEG, PNG and TIFF files, and camera raw files through
-/// the raw library. The pixels are not decoded. Any thread, reentrant.
+/// LibRaw. The pixels are not decoded. Any thread, reentrant.
 ShotReading readShot(const QString &path);

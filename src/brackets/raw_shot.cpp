@@ -16,7 +16,7 @@ constexpr int kExposureBiasValue = 0x9204;
 constexpr int kSubSecTimeOriginal = 0x9291;
 constexpr unsigned kLittleEndian = 0x4949;
 
-/// What the raw library knows of, but does not keep.
+/// What LibRaw knows of, but does not keep.
 struct Unkept
 {
     QByteArray takenAt;

@@ -108,7 +108,7 @@ QByteArray paddedNumber(int number, int digits)
 }
 
 /// "2024:06:15 10:42:07". Put together by hand: the first QDateTime::toString of a process sets up
-/// the toolkit's calendars, which several threads at once do not survive.
+/// Qt's calendars, which several threads at once do not survive.
 QByteArray exifTime(const QDateTime &moment)
 {
     const QDate date = moment.date();

@@ -740,7 +740,7 @@ private slots:
             if (exitCode == Ok || exitCode == kLibrariesDoNotLoad)
                 continue;
             ++refusals;
-            // The toolkit does not say why it gave no picture of a PNG or TIFF file.
+            // Qt does not say why it gave no picture of a PNG or TIFF file.
             const bool isInWords =
                 (exitCode == NoMemory && starved.errors.contains("not enough")) ||
                 (exitCode == BadData && starved.errors.contains("damaged"));
