@@ -3,7 +3,7 @@
 #include "VeskHDRThread.h"
 #include "VeskToolHDRWidget.h"
 #include "merged_document.h"
-#include "picture_decoder.h"
+#include "picture_reader.h"
 #include "tool_translator.h"
 
 #include <IVeskUIManager.h>
@@ -15,7 +15,6 @@
 #include <VeskGlobalSettings.h>
 #include <VeskProgressIndicator.h>
 #include <VeskRaw.h>
-#include <VeskRawType.h>
 
 #include <QAction>
 #include <QEvent>
@@ -149,8 +148,7 @@ bool VeskToolHDR::addFile(const QString &path)
     }
     if (path.isEmpty())
         return true;
-    std::unique_ptr<QImage> picture =
-        VeskRawType::isRaw(path) ? convertRaw(path) : decodeOrdinary(path);
+    std::unique_ptr<QImage> picture = readPicture(path);
     if (!picture || !hasCommonSize(*picture))
         return false;
     store(path, std::move(picture));
@@ -159,7 +157,7 @@ bool VeskToolHDR::addFile(const QString &path)
 }
 
 /// Null when the user cancelled or the conversion failed; then the canvas timer stays stopped.
-std::unique_ptr<QImage> VeskToolHDR::convertRaw(const QString &path)
+QImage VeskToolHDR::convertRaw(const QString &path)
 {
     // The conversion may run windows of its own, and the document may go away under them.
     const QPointer<VeskCanvas> canvas = context->getCanvas();
@@ -168,25 +166,34 @@ std::unique_ptr<QImage> VeskToolHDR::convertRaw(const QString &path)
     VeskRaw *converter = VeskRaw::getInstance();
     VeskRaw::setPixelLimit(VeskGlobalSettings::pixelLimit());
     converter->activate(path, panel, false);
-    std::unique_ptr<QImage> picture(converter->grabConvertedPicture());
+    const std::unique_ptr<QImage> picture(converter->grabConvertedPicture());
     if (!picture || picture->isNull())
-        return nullptr;
+        return {};
     if (canvas) {
         canvas->resetCanvas();
         canvas->startCanvasTimer(0);
     }
-    return picture;
+    return *picture;
 }
 
-/// Null after telling the user that the file is no picture, or too large a one.
-std::unique_ptr<QImage> VeskToolHDR::decodeOrdinary(const QString &path)
+/// Null after telling the user that the file is no picture, or too large a one. Of a raw file that
+/// gives none nothing is said.
+std::unique_ptr<QImage> VeskToolHDR::readPicture(const QString &path)
 {
-    const DecodedPicture decoded = decodePicture(path, VeskGlobalSettings::pixelLimit());
-    if (!decoded.image.isNull())
-        return std::make_unique<QImage>(decoded.image);
-    const bool isValid =
-        decoded.error == DecodeError::TooLarge || decoded.error == DecodeError::NoMemory;
-    alert(isValid ? path + QStringLiteral(": ") + decoded.reason
+    ReadOptions options;
+    options.pixelLimit = VeskGlobalSettings::pixelLimit();
+    bool isRaw = false;
+    const auto convert = [&](const QString &raw, const ReadOptions &) {
+        isRaw = true;
+        return DecodedPicture{convertRaw(raw), DecodeError::None, {}};
+    };
+    const DecodedPicture read = picture::read(path, options, convert);
+    if (!read.image.isNull())
+        return std::make_unique<QImage>(read.image);
+    if (isRaw)
+        return nullptr;
+    const bool isValid = read.error == DecodeError::TooLarge || read.error == DecodeError::NoMemory;
+    alert(isValid ? path + QStringLiteral(": ") + read.reason
                   : tr("%1 is not a valid image!").arg(path));
     return nullptr;
 }

@@ -78,8 +78,8 @@ public:
 
 private:
     bool settleUnsavedWork();
-    std::unique_ptr<QImage> convertRaw(const QString &path);
-    std::unique_ptr<QImage> decodeOrdinary(const QString &path);
+    QImage convertRaw(const QString &path);
+    std::unique_ptr<QImage> readPicture(const QString &path);
     bool hasCommonSize(const QImage &picture);
     void store(const QString &path, std::unique_ptr<QImage> picture);
     void forget(const QList<QImage *> &pictures);

@@ -42,8 +42,10 @@ ExitCode exitCodeOf(DecodeError error)
         return ExitCode::NoMemory;
     case DecodeError::Empty:
     case DecodeError::NotAPicture:
+    case DecodeError::Unsupported:
     case DecodeError::Damaged:
     case DecodeError::TooLarge:
+    case DecodeError::Cancelled:
         break;
     }
     return ExitCode::BadData;

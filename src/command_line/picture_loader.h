@@ -1,6 +1,6 @@
 #pragma once
 
-#include "picture_decoder.h"
+#include "picture_reader.h"
 
 #include <QStringList>
 
@@ -9,7 +9,7 @@
 
 /// Decodes the files, camera raw files too, side by side on as many threads as there are processor
 /// cores. Returns the pictures or what is wrong with them, in the order of the files; one with more
-/// pixels than pixelLimit is not decoded. onDecoded is
-/// told on the calling thread how many are done.
+/// pixels than pixelLimit is not decoded. onDecoded is told how many are done, on any thread, but
+/// one call at a time.
 std::vector<DecodedPicture> loadPictures(const QStringList &paths, qint64 pixelLimit,
                                          const std::function<void(int)> &onDecoded);

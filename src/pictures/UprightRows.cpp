@@ -38,6 +38,10 @@ void UprightRows::rowWritten(int y)
     const int firstRow = y - y % kStripRows;
     if (pixelBytes() == 1)
         placeStrip<uchar>(firstRow, y + 1 - firstRow);
+    else if (pixelBytes() == 2)
+        placeStrip<quint16>(firstRow, y + 1 - firstRow);
+    else if (pixelBytes() == 8)
+        placeStrip<quint64>(firstRow, y + 1 - firstRow);
     else
         placeStrip<QRgb>(firstRow, y + 1 - firstRow);
 }

@@ -1,22 +1,38 @@
 #include "exif_orientation.h"
 
-#include <array>
-#include <cstring>
 #include <memory>
 
 #include <libexif/exif-data.h>
 
 namespace {
 
-constexpr std::array<unsigned char, 6> kSignature = {'E', 'x', 'i', 'f', 0, 0};
-constexpr unsigned kSmallestHeader = 8;
+constexpr char kSignature[] = "Exif\0"; // and the literal's own zero byte
 
 struct UnrefData
 {
     void operator()(ExifData *data) const { exif_data_unref(data); }
 };
 
-QImageIOHandler::Transformations transformationOf(int orientation)
+} // namespace
+
+QImageIOHandler::Transformations exif::orientation(const QByteArray &block)
+{
+    if (block.isEmpty())
+        return QImageIOHandler::TransformationNone;
+    const QByteArray bytes = QByteArray(kSignature, sizeof kSignature) + block;
+    const std::unique_ptr<ExifData, UnrefData> data(exif_data_new());
+    if (!data)
+        return QImageIOHandler::TransformationNone;
+    exif_data_unset_option(data.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
+    exif_data_load_data(data.get(), reinterpret_cast<const unsigned char *>(bytes.constData()),
+                        static_cast<unsigned>(bytes.size()));
+    const ExifEntry *entry = exif_content_get_entry(data->ifd[EXIF_IFD_0], EXIF_TAG_ORIENTATION);
+    if (!entry || entry->format != EXIF_FORMAT_SHORT || entry->size < 2)
+        return QImageIOHandler::TransformationNone;
+    return transformation(exif_get_short(entry->data, exif_data_get_byte_order(data.get())));
+}
+
+QImageIOHandler::Transformations exif::transformation(int orientation)
 {
     switch (orientation) {
     case 2:
@@ -36,25 +52,4 @@ QImageIOHandler::Transformations transformationOf(int orientation)
     default:
         return QImageIOHandler::TransformationNone;
     }
-}
-
-} // namespace
-
-bool exif::isExif(const unsigned char *bytes, unsigned length)
-{
-    return length >= kSignature.size() + kSmallestHeader &&
-           std::memcmp(bytes, kSignature.data(), kSignature.size()) == 0;
-}
-
-QImageIOHandler::Transformations exif::orientation(const unsigned char *bytes, unsigned length)
-{
-    const std::unique_ptr<ExifData, UnrefData> data(exif_data_new());
-    if (!data)
-        return QImageIOHandler::TransformationNone;
-    exif_data_unset_option(data.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
-    exif_data_load_data(data.get(), bytes, length);
-    const ExifEntry *entry = exif_content_get_entry(data->ifd[EXIF_IFD_0], EXIF_TAG_ORIENTATION);
-    if (!entry || entry->format != EXIF_FORMAT_SHORT || entry->size < 2)
-        return QImageIOHandler::TransformationNone;
-    return transformationOf(exif_get_short(entry->data, exif_data_get_byte_order(data.get())));
 }

@@ -1,15 +1,17 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImageIOHandler>
 
 /// The orientation that a camera writes into its pictures. Any thread, reentrant.
 namespace exif {
 
-/// True when the bytes are an EXIF block: "Exif", two zero bytes and at least a header.
-bool isExif(const unsigned char *bytes, unsigned length);
+/// What to do with the stored pixels to see the picture upright; nothing when the EXIF block (as
+/// blockIn() gives it) does not say, is damaged or empty.
+QImageIOHandler::Transformations orientation(const QByteArray &block);
 
-/// What to do with the stored pixels to see the picture upright; nothing when the block does not
-/// say, or is damaged.
-QImageIOHandler::Transformations orientation(const unsigned char *bytes, unsigned length);
+/// The same for the number, from 1 to 8, that stands in EXIF blocks and TIFF files; nothing for
+/// other numbers.
+QImageIOHandler::Transformations transformation(int orientation);
 
 } // namespace exif

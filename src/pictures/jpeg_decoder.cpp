@@ -1,18 +1,24 @@
 #include "jpeg_decoder.h"
 
-#include "exif_orientation.h"
 #include "UprightRows.h"
+#include "exif_block.h"
+#include "exif_orientation.h"
 
 #include <QColorSpace>
 
+#include <algorithm>
 #include <csetjmp>
+#include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <memory>
 #include <vector>
 
 #include <jpeglib.h>
 
 #include <jerror.h>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #ifndef JCS_ALPHA_EXTENSIONS
 #error "libjpeg-turbo is needed: pictures are decoded straight to 32-bit words"
@@ -20,7 +26,6 @@
 
 namespace {
 
-constexpr int kExifMarker = JPEG_APP0 + 1;
 constexpr int kIccMarker = JPEG_APP0 + 2;
 constexpr unsigned kLongestMarker = 0xFFFF;
 /// A progressive file has about ten scans; thousands only serve to keep the decoder busy.
@@ -34,6 +39,8 @@ struct Hooks
     std::jmp_buf failed;
     bool outOfMemory = false;
     bool damaged = false;
+    bool hasEnded = false;          ///< the file has, before its end marker
+    unsigned componentsOfScans = 0; ///< a bit for each component that a scan has brought
 };
 
 Hooks &hooksOf(j_common_ptr codec)
@@ -50,11 +57,11 @@ Hooks &hooksOf(j_common_ptr codec)
 }
 
 /// Warnings that mean lost pixels. The others (odd version numbers, stray bytes between segments)
-/// are common in files whose pixels are all right.
+/// are common in files whose pixels are all right; where the file ends, Decompressor::hasLostScans
+/// tells.
 bool meansLostPixels(int warning)
 {
     switch (warning) {
-    case JWRN_JPEG_EOF:
     case JWRN_HIT_MARKER:
     case JWRN_HUFF_BAD_CODE:
     case JWRN_ARITH_BAD_CODE:
@@ -69,14 +76,20 @@ bool meansLostPixels(int warning)
 void onMessage(j_common_ptr codec, int level)
 {
     constexpr int kWarning = -1;
-    if (level == kWarning && meansLostPixels(codec->err->msg_code))
-        hooksOf(codec).damaged = true;
+    if (level != kWarning)
+        return;
+    Hooks &hooks = hooksOf(codec);
+    hooks.hasEnded = hooks.hasEnded || codec->err->msg_code == JWRN_JPEG_EOF;
+    hooks.damaged = hooks.damaged || meansLostPixels(codec->err->msg_code);
 }
 
 void onProgress(j_common_ptr codec)
 {
-    if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > kMostScans)
+    const auto *decompressor = reinterpret_cast<j_decompress_ptr>(codec);
+    if (decompressor->input_scan_number > kMostScans)
         onError(codec);
+    for (int i = 0; i < decompressor->comps_in_scan; ++i)
+        hooksOf(codec).componentsOfScans |= 1U << decompressor->cur_comp_info[i]->component_index;
 }
 
 /// A decompressor with its hooks. The library's calls jump to Hooks::failed on error, so they are
@@ -107,8 +120,16 @@ public:
     {
         return {static_cast<int>(codec.image_width), static_cast<int>(codec.image_height)};
     }
+    /// Smaller by a power of two when that leaves at least twice the side (0: not smaller).
+    void decideScale(int side);
+    /// Of the rows, once started.
+    QSize outputSize() const
+    {
+        return {static_cast<int>(codec.output_width), static_cast<int>(codec.output_height)};
+    }
     QImage::Format format() const;
     bool hasInks() const { return codec.num_components == 4; }
+    bool hasLostScans() const;
 
     jpeg_decompress_struct codec = {};
     Hooks hooks = {};
@@ -123,7 +144,6 @@ bool Decompressor::readHeader(std::FILE *file)
     jpeg_create_decompress(&codec);
     codec.progress = &hooks.progress;
     jpeg_stdio_src(&codec, file);
-    jpeg_save_markers(&codec, kExifMarker, kLongestMarker);
     jpeg_save_markers(&codec, kIccMarker, kLongestMarker);
     jpeg_read_header(&codec, TRUE);
     jpeg_read_icc_profile(&codec, &profile, &profileBytes);
@@ -141,6 +161,14 @@ QImage::Format Decompressor::format() const
     default:
         return QImage::Format_Invalid;
     }
+}
+
+void Decompressor::decideScale(int side)
+{
+    const unsigned longest = std::max(codec.image_width, codec.image_height);
+    while (side > 0 && codec.scale_denom < 8 &&
+           longest / (2 * codec.scale_denom) >= 2 * unsigned(side))
+        codec.scale_denom *= 2;
 }
 
 bool Decompressor::start()
@@ -165,6 +193,23 @@ void inksToWords(const JSAMPLE *inks, QRgb *words, int width)
     }
 }
 
+/// Whether a file that has ended before its end marker may lack pixels of which there was no other
+/// warning: whole scans, or anything of an arithmetically coded one, whose decoder reads zeros
+/// there in silence. Asked while the decompressor still knows, that is before it finishes.
+bool Decompressor::hasLostScans() const
+{
+    const unsigned allComponents = (1U << codec.num_components) - 1;
+    if (codec.arith_code || hooks.componentsOfScans != allComponents)
+        return true;
+    const auto isExact = [](int lackingBits) { return lackingBits == 0; };
+    for (int i = 0; codec.progressive_mode && i < codec.num_components; ++i) {
+        const int *lackingBits = codec.coef_bits[i];
+        if (!std::all_of(lackingBits, lackingBits + DCTSIZE2, isExact))
+            return true;
+    }
+    return false;
+}
+
 bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow)
 {
     if (setjmp(hooks.failed))
@@ -175,11 +220,12 @@ bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow)
         JSAMPROW target = hasInks() ? inkRow.data() : row;
         jpeg_read_scanlines(&codec, &target, 1);
         if (hasInks())
-            inksToWords(inkRow.data(), reinterpret_cast<QRgb *>(row), size().width());
+            inksToWords(inkRow.data(), reinterpret_cast<QRgb *>(row), outputSize().width());
         rows.rowWritten(y);
     }
+    const bool haveScansBeenLost = hasLostScans();
     jpeg_finish_decompress(&codec);
-    return !hooks.damaged;
+    return !hooks.damaged && !(hooks.hasEnded && haveScansBeenLost);
 }
 
 void applyDensity(const jpeg_decompress_struct &codec, QImage &picture)
@@ -203,44 +249,53 @@ void applyColourProfile(const Decompressor &decompressor, QImage &picture)
                        static_cast<int>(decompressor.profileBytes))));
 }
 
-/// The library forgets the file's EXIF block with the last row: ask before.
-QImageIOHandler::Transformations transformation(const jpeg_decompress_struct &codec)
-{
-    for (auto *marker = codec.marker_list; marker; marker = marker->next) {
-        if (marker->marker == kExifMarker && exif::isExif(marker->data, marker->data_length))
-            return exif::orientation(marker->data, marker->data_length);
-    }
-    return QImageIOHandler::TransformationNone;
-}
-
 DecodedPicture failure(const Decompressor &decompressor)
 {
     return decompressor.hooks.outOfMemory
-               ? decodeFailure(DecodeError::NoMemory, decompressor.size())
-               : decodeFailure(DecodeError::Damaged);
+               ? picture::failure(DecodeError::NoMemory, decompressor.size())
+               : picture::failure(DecodeError::Damaged);
 }
 
-} // namespace
-
-DecodedPicture jpeg::decode(std::FILE *file, qint64 pixelLimit)
+DecodedPicture decodeStream(std::FILE *stream, QImageIOHandler::Transformations orientation,
+                            const ReadOptions &options)
 {
     Decompressor decompressor;
-    if (!decompressor.readHeader(file) || decompressor.format() == QImage::Format_Invalid)
+    if (!decompressor.readHeader(stream) || decompressor.format() == QImage::Format_Invalid)
         return failure(decompressor);
-    const auto orientation = transformation(decompressor.codec);
-    const QSize size = decompressor.size();
-    if (qint64(size.width()) * size.height() > pixelLimit)
-        return decodeFailure(DecodeError::TooLarge, size);
+    const QSize whole = decompressor.size();
+    if (qint64(whole.width()) * whole.height() > options.pixelLimit)
+        return picture::failure(DecodeError::TooLarge, whole);
+    decompressor.decideScale(options.side);
+    if (!decompressor.start())
+        return failure(decompressor);
 
+    const QSize size = decompressor.outputSize();
     UprightRows rows(size, decompressor.format(), orientation);
     if (rows.isNull())
-        return decodeFailure(DecodeError::NoMemory, size);
+        return picture::failure(DecodeError::NoMemory, size);
     std::vector<JSAMPLE> inkRow(decompressor.hasInks() ? size_t(size.width()) * 4 : 0);
-    if (!decompressor.start() || !decompressor.readRows(rows, inkRow))
+    if (!decompressor.readRows(rows, inkRow))
         return failure(decompressor);
 
     QImage &picture = rows.image();
     applyDensity(decompressor.codec, picture);
     applyColourProfile(decompressor, picture);
     return {picture, DecodeError::None, {}};
+}
+
+} // namespace
+
+DecodedPicture jpeg::decode(QFile &file, const ReadOptions &options)
+{
+    const auto orientation = exif::orientation(exif::blockIn(file));
+    const int descriptor = ::fcntl(file.handle(), F_DUPFD_CLOEXEC, 0);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> stream(
+        descriptor < 0 ? nullptr : ::fdopen(descriptor, "rb"), &std::fclose);
+    if (!stream) {
+        ::close(descriptor);
+        return picture::failure(DecodeError::Unreadable);
+    }
+    std::rewind(stream.get()); // both share their place in the file
+    DecodedPicture decoded = decodeStream(stream.get(), orientation, options);
+    return std::ferror(stream.get()) ? picture::failure(DecodeError::Unreadable) : decoded;
 }

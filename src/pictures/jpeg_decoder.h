@@ -1,15 +1,17 @@
 #pragma once
 
-#include "picture_decoder.h"
+#include "DecodedPicture.h"
+#include "ReadOptions.h"
 
-#include <cstdio>
+#include <QFile>
 
 namespace jpeg {
 
-/// Decodes the JPEG file that is open at its start, upright. Pixels and formats are those of the
-/// toolkit's own JPEG reader, which however only warns about a picture that ends early and leaves
-/// the missing part grey: here that is DecodeError::Damaged.
-/// file is borrowed, its position afterwards is undefined. Any thread, reentrant.
-DecodedPicture decode(std::FILE *file, qint64 pixelLimit);
+/// As picture::decode(), for a JPEG file that is open for reading; the position afterwards is
+/// undefined. Pixels and formats are those of Qt's own JPEG reader, which however only warns about
+/// a picture that ends early and leaves the missing part grey: here that is DecodeError::Damaged.
+/// A file that lacks its end marker alone is whole.
+/// Any thread, several at once.
+DecodedPicture decode(QFile &file, const ReadOptions &options);
 
 } // namespace jpeg

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <mutex>
 #include <new>
 #include <thread>
 #include <vector>
@@ -80,11 +81,19 @@ void parallel::rows(QSize size, const std::function<void(int, int)> &work)
     runParts(parts, [&](int part) { work(boundary(part), boundary(part + 1)); });
 }
 
-void parallel::each(int count, const std::function<void(int)> &work)
+void parallel::each(int count, const std::function<void(int)> &work,
+                    const std::function<void(int)> &onDone)
 {
     std::atomic<int> next{0};
+    std::mutex mutex;
+    int done = 0;
     runParts(std::clamp(count, 1, threadCount()), [&](int) {
-        for (int i = next++; i < count; i = next++)
+        for (int i = next++; i < count; i = next++) {
             work(i);
+            if (!onDone)
+                continue;
+            const std::lock_guard lock(mutex);
+            onDone(++done);
+        }
     });
 }

@@ -14,7 +14,9 @@ namespace parallel {
 void rows(QSize size, const std::function<void(int begin, int end)> &work);
 
 /// Calls work(i) for each i in 0..count-1 in the same way, one i after the other on each thread.
-void each(int count, const std::function<void(int)> &work);
+/// After each, tells onDone how many are done: on that thread, but never two at a time.
+void each(int count, const std::function<void(int)> &work,
+          const std::function<void(int)> &onDone = nullptr);
 
 /// Cores that this process may use: fewer than the machine has where a batch system grants a part.
 int processorCount();

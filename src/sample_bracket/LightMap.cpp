@@ -1,6 +1,6 @@
 #include "LightMap.h"
 
-#include "in_parallel.h"
+#include "parallel_rows.h"
 
 namespace sample {
 
@@ -37,12 +37,12 @@ const LightMap::Texel &LightMap::at(int x, int y) const
     return texels_[static_cast<size_t>(y) * static_cast<size_t>(width_) + static_cast<size_t>(x)];
 }
 
-void LightMap::smooth(int threads)
+void LightMap::smooth()
 {
     // Each round reaches further with the same number of texels.
     std::vector<Vector3> result(texels_.size());
     for (const int step : {1, 2, 4}) {
-        inParallel(height_, threads, [&](int y) {
+        parallel::each(height_, [&](int y) {
             for (int x = 0; x < width_; ++x)
                 result[static_cast<size_t>(y) * static_cast<size_t>(width_) +
                        static_cast<size_t>(x)] = smoothed(x, y, step);

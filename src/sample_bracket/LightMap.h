@@ -27,7 +27,7 @@ public:
     const Texel &at(int x, int y) const;
 
     /// Averages neighbours that lie on the same surface.
-    void smooth(int threads);
+    void smooth();
 
     /// Irradiance at a position on the map (in texels, their centers at .5), from texels on the
     /// same surface only. False when there are none.

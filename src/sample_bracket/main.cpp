@@ -1,6 +1,6 @@
 // Makes a bracket of photographs to try the merge on; see --help.
 
-#include "in_parallel.h"
+#include "parallel_rows.h"
 #include "sample_bracket.h"
 
 #include <QCommandLineParser>
@@ -30,6 +30,7 @@ struct Options
     sample::BracketSettings bracket;
     QString folder;
     QString format;
+    int threads = 0; ///< 0: one per core; does not change any pixel
     bool asJson = false;
 };
 
@@ -121,8 +122,8 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
     options.bracket.seed = parser.value(seed).toUInt(&isNumber);
     if (!isNumber)
         return refuse(QStringLiteral("--seed: not a number: ") + parser.value(seed));
-    options.bracket.threads = parser.value(threads).toInt(&isNumber);
-    if (!isNumber || options.bracket.threads < 0)
+    options.threads = parser.value(threads).toInt(&isNumber);
+    if (!isNumber || options.threads < 0)
         return refuse(QStringLiteral("--threads: not a number: ") + parser.value(threads));
     options.format = parser.value(format);
     if (options.format != QLatin1String("jpg") && options.format != QLatin1String("png"))
@@ -155,7 +156,7 @@ bool writeAll(const Options &options, const QVector<sample::Shot> &shots)
         return false;
     }
     std::vector<QByteArray> files(static_cast<size_t>(shots.size()));
-    sample::inParallel(shots.size(), options.bracket.threads, [&](int i) {
+    parallel::each(int(shots.size()), [&](int i) {
         files[static_cast<size_t>(i)] = sample::encoded(shots[i], options.format.toLatin1());
     });
     for (int i = 0; i < shots.size(); ++i) {
@@ -214,6 +215,7 @@ int main(int argc, char *argv[])
     const std::optional<Options> options = parseOptions(app);
     if (!options)
         return kUsageError;
+    parallel::setThreadLimit(options->threads);
     QElapsedTimer timer;
     timer.start();
     const QVector<sample::Shot> shots = sample::photographBracket(options->bracket);

@@ -1,11 +1,11 @@
 #include "room_renderer.h"
 
-#include "in_parallel.h"
-#include "landscape.h"
 #include "LightMap.h"
-#include "noise.h"
 #include "Room.h"
 #include "RoomLight.h"
+#include "landscape.h"
+#include "noise.h"
+#include "parallel_rows.h"
 
 namespace sample {
 
@@ -31,9 +31,8 @@ bool areAlike(Vector3 a, Vector3 b)
 class Renderer
 {
 public:
-    Renderer(int width, int height, int margin, int threads)
-        : threads_(threads)
-        , width_(width + 2 * margin)
+    Renderer(int width, int height, int margin)
+        : width_(width + 2 * margin)
         , height_(height + 2 * margin)
         , pixelSize_(std::min(2.0F * kViewHalfWidth / static_cast<float>(width),
                               2.0F * kViewHalfHeight / static_cast<float>(height)))
@@ -44,11 +43,11 @@ public:
 
     RadianceImage render()
     {
-        inParallel(lightMap_.height(), threads_, [this](int y) { gatherLightRow(y); });
-        lightMap_.smooth(threads_);
+        parallel::each(lightMap_.height(), [this](int y) { gatherLightRow(y); });
+        lightMap_.smooth();
         RadianceImage image{width_, height_, {}};
         image.pixels.resize(static_cast<size_t>(width_) * static_cast<size_t>(height_));
-        inParallel(height_, threads_, [&](int y) {
+        parallel::each(height_, [&](int y) {
             Vector3 *row =
                 image.pixels.data() + static_cast<size_t>(y) * static_cast<size_t>(width_);
             for (int x = 0; x < width_; ++x)
@@ -117,7 +116,6 @@ private:
         return hashed((static_cast<std::uint64_t>(y) << 32U) + static_cast<std::uint64_t>(x));
     }
 
-    int threads_;
     int width_;
     int height_;
     float pixelSize_;
@@ -128,9 +126,9 @@ private:
 
 } // namespace
 
-RadianceImage renderRoom(int width, int height, int margin, int threads)
+RadianceImage renderRoom(int width, int height, int margin)
 {
-    return Renderer(width, height, margin, threads).render();
+    return Renderer(width, height, margin).render();
 }
 
 } // namespace sample

@@ -18,9 +18,9 @@ struct RadianceImage
     }
 };
 
-/// Renders the room on so many threads (0: one per core); their number does not change the result.
+/// Renders the room on several threads; their number does not change the result.
 /// margin: pixels that are added on every side of a picture of width x height, for cameras that
 /// point a little elsewhere.
-RadianceImage renderRoom(int width, int height, int margin, int threads);
+RadianceImage renderRoom(int width, int height, int margin);
 
 } // namespace sample

@@ -1,7 +1,7 @@
 #include "sample_bracket.h"
 
-#include "in_parallel.h"
 #include "noise.h"
+#include "parallel_rows.h"
 #include "sample_camera.h"
 
 #include <QBuffer>
@@ -81,10 +81,10 @@ QVector<Shot> photographBracket(const BracketSettings &settings)
     const QVector<ExposureData> exposures = exposuresOf(settings.stops);
     const int margin = marginFor(offsets);
     const RadianceImage radiance =
-        renderRoom(settings.size.width(), settings.size.height(), margin, settings.threads);
+        renderRoom(settings.size.width(), settings.size.height(), margin);
     QVector<Shot> shots(settings.stops.size());
     Shot *shot = shots.data();
-    inParallel(shots.size(), settings.threads, [&](int i) {
+    parallel::each(int(shots.size()), [&](int i) {
         const QPoint origin = QPoint(margin, margin) - offsets[i];
         const auto noiseSeed =
             static_cast<std::uint32_t>(hashed(settings.seed) + static_cast<std::uint64_t>(i));

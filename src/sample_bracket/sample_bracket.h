@@ -23,7 +23,6 @@ struct BracketSettings
     /// median threshold bitmaps can find at this size.
     QVector<QPoint> offsets;
     quint32 seed = 1; ///< of sensor noise and trembling
-    int threads = 0;  ///< 0: one per core; does not change any pixel
 };
 
 struct Shot

@@ -73,7 +73,7 @@ QImage mergedByEngine(const QStringList &paths, bool aligned)
 {
     QList<QImage *> pictures;
     for (const QString &path : paths)
-        pictures.append(new QImage(decodePicture(path).image));
+        pictures.append(new QImage(picture::decode(path).image));
     if (aligned)
         mtb_alignment(false, pictures);
     const std::unique_ptr<QImage> merged(mergeExposures(pictures));

@@ -1,9 +1,9 @@
 // A file that claims to be a picture: all decoders of the process, and the metadata reader.
 
+#include "InputFile.h"
 #include "exif_metadata.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "InputFile.h"
 #include "library_messages.h"
 #include "picture_decoder.h"
 
@@ -41,7 +41,7 @@ int LLVMFuzzerInitialize(int *argc, char ***argv)
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const InputFile file(data, size);
-    const DecodedPicture decoded = decodePicture(file.path(), kPixelLimit);
+    const DecodedPicture decoded = picture::decode(file.path(), {kPixelLimit});
     FUZZ_REQUIRE(decoded.image.isNull() == (decoded.error != DecodeError::None));
     FUZZ_REQUIRE(decoded.image.isNull() != decoded.reason.isEmpty());
     if (!decoded.image.isNull())

@@ -1,6 +1,6 @@
+#include "ProgramRun.h"
 #include "exif_metadata.h"
 #include "picture_writer.h"
-#include "ProgramRun.h"
 
 #include <QColorSpace>
 #include <QImageReader>

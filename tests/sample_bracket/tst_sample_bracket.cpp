@@ -1,4 +1,5 @@
 #include "mtb_shifts.h"
+#include "parallel_rows.h"
 #include "sample_bracket.h"
 #include "sample_camera.h"
 
@@ -81,6 +82,8 @@ class TestSampleBracket : public QObject
     Q_OBJECT
 
 private slots:
+    void cleanup() { parallel::setThreadLimit(0); }
+
     void photographBracket_sameSettings_givesTheSamePixels();
     void photographBracket_otherNumberOfThreads_givesTheSamePixels();
     void photographBracket_otherSeed_givesOtherPixels();
@@ -108,11 +111,11 @@ void TestSampleBracket::photographBracket_sameSettings_givesTheSamePixels()
 
 void TestSampleBracket::photographBracket_otherNumberOfThreads_givesTheSamePixels()
 {
-    BracketSettings settings = smallSettings();
-    settings.threads = 1;
+    const BracketSettings settings = smallSettings();
+    parallel::setThreadLimit(1);
     const QVector<Shot> shots = photographBracket(settings);
     for (const int threads : {2, 7}) {
-        settings.threads = threads;
+        parallel::setThreadLimit(threads);
         QVERIFY(havePictures(shots, photographBracket(settings)));
     }
 }
@@ -193,7 +196,7 @@ void TestSampleBracket::photographBracket_burst_neverOverlaps()
 
 void TestSampleBracket::photographBracket_scene_exceedsWhatOneShotHolds()
 {
-    const RadianceImage radiance = renderRoom(150, 100, 0, 0);
+    const RadianceImage radiance = renderRoom(150, 100, 0);
     std::vector<float> levels;
     for (const Vector3 &pixel : radiance.pixels)
         levels.push_back(pixel.y);

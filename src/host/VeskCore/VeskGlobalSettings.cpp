@@ -2,6 +2,8 @@
 
 #include "VeskSettingsFile.h"
 
+#include <VeskRaw.h>
+
 #include <QPointer>
 #include <QStandardPaths>
 
@@ -63,10 +65,9 @@ void VeskGlobalSettings::setLanguage(const QString &localeName)
 
 qint64 VeskGlobalSettings::pixelLimit()
 {
-    constexpr int kDefaultMegapixels = 512;
     constexpr qint64 kMegapixel = 1000 * 1000;
     const int megapixels = VeskSettingsFile::value(QStringLiteral("maxMegapixels")).toInt();
-    return kMegapixel * (megapixels > 0 ? megapixels : kDefaultMegapixels);
+    return megapixels > 0 ? kMegapixel * megapixels : VeskRaw::kDefaultPixelLimit;
 }
 
 QVariant VeskGlobalSettings::value(const QString &key, const QVariant &defaultValue) const

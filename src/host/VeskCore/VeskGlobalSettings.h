@@ -31,8 +31,8 @@ public:
     /// Read by the tools and the editor at their next start.
     void setLanguage(const QString &localeName);
 
-    /// Pixels that a picture may have to be opened: the key "maxMegapixels" times a million, 512
-    /// million by default. Any thread.
+    /// Pixels that a picture may have to be opened: the key "maxMegapixels" times a million, by
+    /// default VeskRaw::kDefaultPixelLimit. Any thread.
     static qint64 pixelLimit();
 
     /// Any other key, in the notation of QSettings, with a value that VeskSettingsFile takes.

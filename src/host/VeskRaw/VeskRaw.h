@@ -22,6 +22,8 @@ public:
         QString error;
     };
 
+    /// Pixels that a picture may have unless somebody says otherwise: of all kinds, not only raw
+    /// files, and in all rooms of the program.
     static constexpr qint64 kDefaultPixelLimit = 512LL * 1000 * 1000;
 
     /// The one converter, created on first call and kept for the life of the process.

@@ -1,37 +1,11 @@
 #include "ThumbnailLoader.h"
 
-#include <VeskRaw.h>
-#include <VeskRawType.h>
-
-#include <QImageReader>
+#include <picture_reader.h>
 
 namespace {
 
 constexpr int kThreads = 2;
 constexpr qint64 kLargestPicture = 256LL * 1000 * 1000; // pixels
-
-QImage fitted(const QImage &picture, int side)
-{
-    if (picture.width() <= side && picture.height() <= side)
-        return picture;
-    return picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-}
-
-QImage readSmall(const QString &path, int side)
-{
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (!size.isValid() || qint64(size.width()) * size.height() > kLargestPicture)
-        return {};
-    // Twice the size, where the format can read that faster, so that the rest is smooth.
-    if (reader.supportsOption(QImageIOHandler::ScaledSize) &&
-        qMax(size.width(), size.height()) > 2 * side)
-        reader.setScaledSize(
-            size.scaled(2 * side, 2 * side, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
-    return fitted(reader.read(), side);
-}
 
 } // namespace
 
@@ -39,9 +13,11 @@ QImage makeThumbnail(const QString &path, int side, const std::atomic<bool> &can
 {
     if (cancelled)
         return {};
-    if (VeskRawType::isRaw(path))
-        return fitted(VeskRaw::convert(path, true, &cancelled).picture, side);
-    return readSmall(path, side);
+    ReadOptions options;
+    options.pixelLimit = kLargestPicture;
+    options.side = side;
+    options.cancelled = &cancelled;
+    return picture::read(path, options).image;
 }
 
 ThumbnailLoader::ThumbnailLoader(int thumbnailSide, QObject *parent)

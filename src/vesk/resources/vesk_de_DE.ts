@@ -403,6 +403,19 @@
         <source>not enough memory</source>
         <translation>zu wenig Arbeitsspeicher</translation>
     </message>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>%1, a kind of picture that this build does not read</source>
+        <extracomment>%1 is the name of a file format, such as HEIC</extracomment>
+        <translation>%1, eine Art von Bild, die diese Version nicht liest</translation>
+    </message>
+    <message>
+        <source>the camera raw file cannot be converted: %1</source>
+        <translation>die Rohdatei der Kamera lässt sich nicht umwandeln: %1</translation>
+    </message>
 </context>
 <context>
     <name>PictureEncoder</name>

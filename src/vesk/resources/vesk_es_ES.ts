@@ -403,6 +403,19 @@
         <source>not enough memory</source>
         <translation>no hay memoria suficiente</translation>
     </message>
+    <message>
+        <source>cancelled</source>
+        <translation>cancelado</translation>
+    </message>
+    <message>
+        <source>%1, a kind of picture that this build does not read</source>
+        <extracomment>%1 is the name of a file format, such as HEIC</extracomment>
+        <translation>%1, un tipo de imagen que esta versión no lee</translation>
+    </message>
+    <message>
+        <source>the camera raw file cannot be converted: %1</source>
+        <translation>no se puede convertir el archivo RAW de la cámara: %1</translation>
+    </message>
 </context>
 <context>
     <name>PictureEncoder</name>

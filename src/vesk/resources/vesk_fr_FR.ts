@@ -403,6 +403,19 @@
         <source>not enough memory</source>
         <translation>mémoire insuffisante</translation>
     </message>
+    <message>
+        <source>cancelled</source>
+        <translation>annulé</translation>
+    </message>
+    <message>
+        <source>%1, a kind of picture that this build does not read</source>
+        <extracomment>%1 is the name of a file format, such as HEIC</extracomment>
+        <translation>%1, un type d’image que cette version ne lit pas</translation>
+    </message>
+    <message>
+        <source>the camera raw file cannot be converted: %1</source>
+        <translation>impossible de convertir le fichier RAW de l’appareil photo : %1</translation>
+    </message>
 </context>
 <context>
     <name>PictureEncoder</name>

@@ -402,6 +402,19 @@
         <source>not enough memory</source>
         <translation>メモリーが足りません</translation>
     </message>
+    <message>
+        <source>cancelled</source>
+        <translation>キャンセルされました</translation>
+    </message>
+    <message>
+        <source>%1, a kind of picture that this build does not read</source>
+        <extracomment>%1 is the name of a file format, such as HEIC</extracomment>
+        <translation>%1: このバージョンでは読み取れない種類の画像です</translation>
+    </message>
+    <message>
+        <source>the camera raw file cannot be converted: %1</source>
+        <translation>カメラの RAW ファイルを変換できません: %1</translation>
+    </message>
 </context>
 <context>
     <name>PictureEncoder</name>

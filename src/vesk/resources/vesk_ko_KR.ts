@@ -402,6 +402,19 @@
         <source>not enough memory</source>
         <translation>메모리가 부족합니다</translation>
     </message>
+    <message>
+        <source>cancelled</source>
+        <translation>취소되었습니다</translation>
+    </message>
+    <message>
+        <source>%1, a kind of picture that this build does not read</source>
+        <extracomment>%1 is the name of a file format, such as HEIC</extracomment>
+        <translation>%1: 이 버전에서 읽지 못하는 종류의 사진입니다</translation>
+    </message>
+    <message>
+        <source>the camera raw file cannot be converted: %1</source>
+        <translation>카메라 RAW 파일을 변환할 수 없습니다: %1</translation>
+    </message>
 </context>
 <context>
     <name>PictureEncoder</name>

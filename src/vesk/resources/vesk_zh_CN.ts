@@ -402,6 +402,19 @@
         <source>not enough memory</source>
         <translation>内存不足</translation>
     </message>
+    <message>
+        <source>cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>%1, a kind of picture that this build does not read</source>
+        <extracomment>%1 is the name of a file format, such as HEIC</extracomment>
+        <translation>%1：此版本无法读取的图片类型</translation>
+    </message>
+    <message>
+        <source>the camera raw file cannot be converted: %1</source>
+        <translation>无法转换相机 RAW 文件：%1</translation>
+    </message>
 </context>
 <context>
     <name>PictureEncoder</name>

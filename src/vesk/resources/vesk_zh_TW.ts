@@ -402,6 +402,19 @@
         <source>not enough memory</source>
         <translation>記憶體不足</translation>
     </message>
+    <message>
+        <source>cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>%1, a kind of picture that this build does not read</source>
+        <extracomment>%1 is the name of a file format, such as HEIC</extracomment>
+        <translation>%1：此版本無法讀取的圖片類型</translation>
+    </message>
+    <message>
+        <source>the camera raw file cannot be converted: %1</source>
+        <translation>無法轉換相機 RAW 檔案：%1</translation>
+    </message>
 </context>
 <context>
     <name>PictureEncoder</name>

@@ -1,6 +1,8 @@
 #include "DocumentLoader.h"
 #include "TestPictures.h"
 
+#include <VeskGlobalSettings.h>
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -12,6 +14,7 @@ private Q_SLOTS:
     void load_severalFiles_answersInOrderWithPixels();
     void load_damagedAndMissing_areListedOnceAtTheEndAndBlockNothing();
     void load_wrongSuffix_isReadByContent();
+    void load_morePixelsThanTheSettingsAllow_isRefused();
     void load_doesNotWorkInTheCall();
     void load_whileBusy_joinsTheBatch();
     void destroyed_whileReading_isSafe();
@@ -83,6 +86,21 @@ void DocumentLoaderTest::load_wrongSuffix_isReadByContent()
     loader.load({path});
     QVERIFY(finished.wait());
     QCOMPARE(size, QSize(20, 10));
+}
+
+void DocumentLoaderTest::load_morePixelsThanTheSettingsAllow_isRefused()
+{
+    const QString limitKey = QStringLiteral("maxMegapixels");
+    const QString path = pictures.add(QStringLiteral("wide.png"), {1001, 1000});
+    const auto problemOf = [](const QString &file) {
+        static const std::atomic<bool> neverCancelled{false};
+        return loadPicture(file, neverCancelled).problem;
+    };
+    VeskGlobalSettings::getInstance()->setValue(limitKey, 1);
+    const QString refused = problemOf(path);
+    VeskGlobalSettings::getInstance()->setValue(limitKey, QVariant());
+    QCOMPARE(refused, QStringLiteral("the picture is too large (1001 x 1000 pixels)"));
+    QCOMPARE(problemOf(path), QString());
 }
 
 void DocumentLoaderTest::load_doesNotWorkInTheCall()

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <VeskRaw.h>
+
+#include <atomic>
+
+/// Pixels that a picture may have unless the caller says otherwise.
+constexpr qint64 kDefaultPixelLimit = VeskRaw::kDefaultPixelLimit;
+
+/// How a picture is to be read.
+struct ReadOptions
+{
+    enum class Depth {
+        Eight,    ///< 8 bits per channel at most
+        AsStored, ///< 16 bits per channel where the file has more than 8
+    };
+
+    /// More pixels than that (width times height) are refused, as the file's header tells them,
+    /// before memory is taken for them.
+    qint64 pixelLimit = kDefaultPixelLimit;
+    /// Unless 0, a copy is wanted that fits into a square of this side, and is never enlarged. Made
+    /// from less than all of the file where its format allows that.
+    int side = 0;
+    /// Levels of a channel. Of PNG and TIFF files; all others come with 8 bits.
+    Depth depth = Depth::Eight;
+    /// Ends a raw conversion soon after it has become true. Borrowed, may be null.
+    const std::atomic<bool> *cancelled = nullptr;
+};

@@ -1,0 +1,217 @@
+#include "tiff_decoder.h"
+
+#include "picture_completeness.h"
+#include "TiffRows.h"
+#include "UprightRows.h"
+#include "exif_orientation.h"
+#include "tiff_file.h"
+
+#include <QColorSpace>
+#include <QRgba64>
+
+#include <climits>
+
+namespace {
+
+/// What the numbers of a pixel mean.
+struct Layout
+{
+    QSize size;
+    std::uint16_t bits = 8;
+    std::uint16_t channels = 1; ///< of each pixel in the file
+    std::uint16_t photometric = PHOTOMETRIC_MINISBLACK;
+    bool hasAlpha = false; ///< the channel behind the colours
+    bool isMultiplied = false;
+    bool isFloating = false;
+
+    int colours() const { return photometric == PHOTOMETRIC_RGB ? 3 : 1; }
+};
+
+/// As Qt's reader has it, a further channel is alpha when the file says so or says nothing.
+void readAlpha(TIFF *tiff, Layout &layout)
+{
+    std::uint16_t count = 0;
+    std::uint16_t *kinds = nullptr;
+    const bool isTold = TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &count, &kinds) && count > 0;
+    layout.hasAlpha = layout.channels > layout.colours() && (isTold || layout.colours() == 3);
+    layout.isMultiplied = layout.hasAlpha && isTold && kinds[0] == EXTRASAMPLE_ASSOCALPHA;
+}
+
+Layout layoutOf(TIFF *tiff)
+{
+    Layout layout;
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+    std::uint16_t kind = SAMPLEFORMAT_UINT;
+    TIFFGetField(tiff, TIFFTAG_IMAGEWIDTH, &width);
+    TIFFGetField(tiff, TIFFTAG_IMAGELENGTH, &height);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_BITSPERSAMPLE, &layout.bits);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &layout.channels);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLEFORMAT, &kind);
+    if (!TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &layout.photometric))
+        layout.photometric = PHOTOMETRIC_MASK; // not ours
+    const bool isSensible = width <= INT_MAX && height <= INT_MAX;
+    layout.size = isSensible ? QSize(int(width), int(height)) : QSize();
+    layout.isFloating = kind == SAMPLEFORMAT_IEEEFP;
+    readAlpha(tiff, layout);
+    return layout;
+}
+
+/// Whether Qt's reader would lose something of it.
+bool isOurs(const Layout &layout)
+{
+    constexpr int kMostChannels = 16;
+    const bool isColour = layout.photometric == PHOTOMETRIC_RGB;
+    if ((!isColour && layout.photometric != PHOTOMETRIC_MINISBLACK) || layout.size.isEmpty() ||
+        layout.channels < layout.colours() || layout.channels > kMostChannels)
+        return false;
+    return layout.bits == 16 || (layout.bits == 8 && layout.hasAlpha);
+}
+
+QImage::Format formatOf(const Layout &layout, ReadOptions::Depth depth)
+{
+    const bool isDeep = layout.bits == 16 && depth == ReadOptions::Depth::AsStored;
+    if (layout.hasAlpha)
+        return isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32;
+    if (layout.colours() == 1)
+        return isDeep ? QImage::Format_Grayscale16 : QImage::Format_Grayscale8;
+    return isDeep ? QImage::Format_RGBX64 : QImage::Format_RGB32;
+}
+
+quint16 wide(quint8 level)
+{
+    return quint16(level * 257);
+}
+
+quint16 wide(quint16 level)
+{
+    return level;
+}
+
+template <typename Number>
+QRgba64 pixelOf(const Number *numbers, const Layout &layout)
+{
+    const int colours = layout.colours();
+    const quint16 alpha = layout.hasAlpha ? wide(numbers[colours]) : 0xFFFF;
+    const QRgba64 pixel = QRgba64::fromRgba64(wide(numbers[0]), wide(numbers[colours / 2]),
+                                              wide(numbers[colours - 1]), alpha);
+    return layout.isMultiplied ? pixel.unpremultiplied() : pixel;
+}
+
+/// A row of the file as a row of the picture, whose pixels toPixel makes.
+template <typename Number, typename Pixel, typename ToPixel>
+void convertRow(const uchar *source, uchar *target, const Layout &layout, ToPixel toPixel)
+{
+    const auto *numbers = reinterpret_cast<const Number *>(source);
+    auto *pixels = reinterpret_cast<Pixel *>(target);
+    for (int x = 0; x < layout.size.width(); ++x, numbers += layout.channels)
+        pixels[x] = toPixel(pixelOf(numbers, layout));
+}
+
+template <typename Number>
+void convertRow(const uchar *source, uchar *target, const Layout &layout, QImage::Format format)
+{
+    switch (format) {
+    case QImage::Format_Grayscale8:
+        return convertRow<Number, quint8>(source, target, layout,
+                                          [](QRgba64 pixel) { return pixel.red8(); });
+    case QImage::Format_Grayscale16:
+        return convertRow<Number, quint16>(source, target, layout,
+                                           [](QRgba64 pixel) { return pixel.red(); });
+    case QImage::Format_RGBX64:
+    case QImage::Format_RGBA64:
+        return convertRow<Number, QRgba64>(source, target, layout,
+                                           [](QRgba64 pixel) { return pixel; });
+    default:
+        return convertRow<Number, QRgb>(source, target, layout,
+                                        [](QRgba64 pixel) { return pixel.toArgb32(); });
+    }
+}
+
+bool readRows(TIFF *tiff, const Layout &layout, UprightRows &rows, QImage::Format format)
+{
+    TiffRows source(tiff);
+    for (int y = 0; y < layout.size.height(); ++y) {
+        const uchar *row = source.row(static_cast<std::uint32_t>(y));
+        if (!row)
+            return false;
+        if (layout.bits == 8)
+            convertRow<quint8>(row, rows.row(y), layout, format);
+        else
+            convertRow<quint16>(row, rows.row(y), layout, format);
+        rows.rowWritten(y);
+    }
+    return true;
+}
+
+void applyResolution(TIFF *tiff, QImage &picture)
+{
+    float x = 0;
+    float y = 0;
+    std::uint16_t unit = RESUNIT_INCH;
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_RESOLUTIONUNIT, &unit);
+    const double perMetre = unit == RESUNIT_INCH         ? 100.0 / 2.54
+                            : unit == RESUNIT_CENTIMETER ? 100.0
+                                                         : 0.0;
+    constexpr double kMost = 1e8; // more means damage
+    const bool isTold = TIFFGetField(tiff, TIFFTAG_XRESOLUTION, &x) == 1 &&
+                        TIFFGetField(tiff, TIFFTAG_YRESOLUTION, &y) == 1;
+    if (!isTold || perMetre == 0.0 || !(x > 0 && y > 0 && x < kMost && y < kMost))
+        return;
+    picture.setDotsPerMeterX(qRound(double(x) * perMetre));
+    picture.setDotsPerMeterY(qRound(double(y) * perMetre));
+}
+
+void applyColourProfile(TIFF *tiff, QImage &picture)
+{
+    std::uint32_t length = 0;
+    const void *profile = nullptr;
+    if (TIFFGetField(tiff, TIFFTAG_ICCPROFILE, &length, &profile) == 1 && profile)
+        picture.setColorSpace(QColorSpace::fromIccProfile(
+            QByteArray(static_cast<const char *>(profile), int(length))));
+}
+
+DecodedPicture read(TIFF *tiff, const Layout &layout, const ReadOptions &options)
+{
+    if (qint64(layout.size.width()) * layout.size.height() > options.pixelLimit)
+        return picture::failure(DecodeError::TooLarge, layout.size);
+    std::uint16_t orientation = ORIENTATION_TOPLEFT;
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_ORIENTATION, &orientation);
+    const QImage::Format format = formatOf(layout, options.depth);
+    UprightRows rows(layout.size, format, exif::transformation(orientation));
+    if (rows.isNull())
+        return picture::failure(DecodeError::NoMemory, layout.size);
+    if (!readRows(tiff, layout, rows, format))
+        return picture::failure(DecodeError::Damaged);
+    applyResolution(tiff, rows.image());
+    applyColourProfile(tiff, rows.image());
+    return {rows.image(), DecodeError::None, {}};
+}
+
+bool isTiff(QFile &file)
+{
+    const QByteArray start = file.peek(4);
+    return start == QByteArray("II*\0", 4) || start == QByteArray("MM\0*", 4);
+}
+
+} // namespace
+
+std::optional<DecodedPicture> tiff_decoder::decode(QFile &file, const ReadOptions &options)
+{
+    if (!isTiff(file))
+        return std::nullopt;
+    const tiff_file::File tiff = tiff_file::open(file, "rm"); // not mapped: the file may shrink meanwhile
+    if (!tiff) {
+        file.seek(0);
+        return std::nullopt; // Qt says what is wrong
+    }
+    const Layout layout = layoutOf(tiff.get());
+    if (layout.isFloating)
+        return picture::unsupported(QStringLiteral("TIFF (floating-point numbers)"));
+    if (!isOurs(layout)) {
+        file.seek(0);
+        return std::nullopt;
+    }
+    return isComplete(file, "tiff") ? read(tiff.get(), layout, options)
+                                    : picture::failure(DecodeError::Damaged);
+}

@@ -1,0 +1,13 @@
+#include "LoadedPicture.h"
+
+#include <VeskGlobalSettings.h>
+#include <picture_reader.h>
+
+LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelled)
+{
+    ReadOptions options;
+    options.pixelLimit = VeskGlobalSettings::pixelLimit();
+    options.cancelled = &cancelled;
+    const DecodedPicture read = picture::read(path, options);
+    return {path, read.image, read.reason};
+}
