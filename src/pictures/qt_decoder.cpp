@@ -144,11 +144,13 @@ void turnUpright(QImage &picture, Transformations orientation)
         picture = picture.transformed(QTransform().rotate(90));
 }
 
-/// Of a file that Qt takes for no picture.
-DecodedPicture failureOfKind(QFile &file)
+/// Qt takes some kinds that it does not read for no picture, and some for another kind, damaged.
+DecodedPicture withKindTold(DecodedPicture decoded, QFile &file)
 {
-    const QString kind = unsupportedKind(file);
-    return kind.isEmpty() ? picture::failure(DecodeError::NotAPicture) : picture::unsupported(kind);
+    const bool isTold =
+        decoded.error != DecodeError::NotAPicture && decoded.error != DecodeError::Damaged;
+    const QString kind = isTold ? QString() : unsupportedKind(file);
+    return kind.isEmpty() ? decoded : picture::unsupported(kind);
 }
 
 /// The size is within the caller's limit.
@@ -171,9 +173,7 @@ DecodedPicture read(QImageReader &reader, QSize size, Transformations orientatio
     return decoded.image.isNull() ? picture::failure(DecodeError::NoMemory, size) : decoded;
 }
 
-} // namespace
-
-DecodedPicture qt_decoder::decode(QFile &file, const ReadOptions &options)
+DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
 {
     if (!areDecodersLoaded())
         return picture::failure(DecodeError::NoMemory);
@@ -183,7 +183,7 @@ DecodedPicture qt_decoder::decode(QFile &file, const ReadOptions &options)
     reader.setAutoTransform(true);
     const QByteArray format = reader.format();
     if (format.isEmpty() || !canDraw(format))
-        return failureOfKind(file);
+        return picture::failure(DecodeError::NotAPicture);
     if (!isComplete(file, format))
         return picture::failure(DecodeError::Damaged);
     const QSize size = sizeInMemory(file, reader);
@@ -192,4 +192,11 @@ DecodedPicture qt_decoder::decode(QFile &file, const ReadOptions &options)
     if (pixelsOf(size) > options.pixelLimit)
         return picture::failure(DecodeError::TooLarge, size);
     return read(reader, size, orientation, options);
+}
+
+} // namespace
+
+DecodedPicture qt_decoder::decode(QFile &file, const ReadOptions &options)
+{
+    return withKindTold(decodeKnown(file, options), file);
 }

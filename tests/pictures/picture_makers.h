@@ -50,6 +50,7 @@ public:
     QString save(const QString &name, const QByteArray &bytes) const
     {
         QFile file(path(name));
+        file.remove(); // some file systems write out at once what replaces a file's content
         const bool isSaved =
             file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
         return isSaved ? file.fileName() : QString();
