@@ -28,6 +28,14 @@ void requireReadable(const QImage &picture)
     }
 }
 
+void requireSound(const DecodedPicture &decoded)
+{
+    FUZZ_REQUIRE(decoded.image.isNull() == (decoded.error != DecodeError::None));
+    FUZZ_REQUIRE(decoded.image.isNull() != decoded.reason.isEmpty());
+    if (!decoded.image.isNull())
+        requireReadable(decoded.image);
+}
+
 } // namespace
 
 int LLVMFuzzerInitialize(int *argc, char ***argv)
@@ -41,11 +49,12 @@ int LLVMFuzzerInitialize(int *argc, char ***argv)
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const InputFile file(data, size);
-    const DecodedPicture decoded = picture::decode(file.path(), {kPixelLimit});
-    FUZZ_REQUIRE(decoded.image.isNull() == (decoded.error != DecodeError::None));
-    FUZZ_REQUIRE(decoded.image.isNull() != decoded.reason.isEmpty());
-    if (!decoded.image.isNull())
-        requireReadable(decoded.image);
+    ReadOptions options;
+    options.pixelLimit = kPixelLimit;
+    requireSound(picture::decode(file.path(), options));
+    options.depth = ReadOptions::Depth::AsStored;
+    options.side = 16;
+    requireSound(picture::decode(file.path(), options));
     const QByteArray block = exif::read(file.path());
     const QByteArray kept = exif::forMergedPicture(block, QSize(3, 2));
     FUZZ_REQUIRE(!block.isEmpty() || kept.isEmpty());
