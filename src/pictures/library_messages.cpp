@@ -14,7 +14,7 @@ int copyOf(int descriptor)
     return ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
 }
 
-/// Warnings of the toolkit are about the files; what ends the process is about the program.
+/// Warnings of Qt are about the files; what ends the process is about the program.
 void showOnlyFatal(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
     if (type == QtFatalMsg)

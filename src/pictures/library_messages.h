@@ -9,8 +9,8 @@ void silenceImageLibraries();
 /// Standard error for the program's own words, also while LibraryMute is there.
 std::FILE *ownErrorStream();
 
-/// Drops what anything else writes to standard error while it lives: the PNG and the raw library
-/// print there without asking. One at a time, for the whole process.
+/// Drops what anything else writes to standard error while it lives: libpng and LibRaw print
+/// there without asking. One at a time, for the whole process.
 class LibraryMute
 {
 public:

@@ -165,7 +165,7 @@ bool isTiffComplete(Reader &reader)
 
 } // namespace
 
-bool isComplete(QFile &file, const QByteArray &format)
+bool picture::isComplete(QFile &file, const QByteArray &format)
 {
     Reader reader(file);
     if (format == "bmp" || format == "dib")

@@ -149,7 +149,7 @@ DecodedPicture withKindTold(DecodedPicture decoded, QFile &file)
 {
     const bool isTold =
         decoded.error != DecodeError::NotAPicture && decoded.error != DecodeError::Damaged;
-    const QString kind = isTold ? QString() : unsupportedKind(file);
+    const QString kind = isTold ? QString() : picture::unsupportedKind(file);
     return kind.isEmpty() ? decoded : picture::unsupported(kind);
 }
 
@@ -184,7 +184,7 @@ DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
     const QByteArray format = reader.format();
     if (format.isEmpty() || !canDraw(format))
         return picture::failure(DecodeError::NotAPicture);
-    if (!isComplete(file, format))
+    if (!picture::isComplete(file, format))
         return picture::failure(DecodeError::Damaged);
     const QSize size = sizeInMemory(file, reader);
     if (size.isEmpty())

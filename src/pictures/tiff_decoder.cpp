@@ -1,9 +1,9 @@
 #include "tiff_decoder.h"
 
-#include "picture_completeness.h"
 #include "TiffRows.h"
 #include "UprightRows.h"
 #include "exif_orientation.h"
+#include "picture_completeness.h"
 #include "tiff_file.h"
 
 #include <QColorSpace>
@@ -27,12 +27,14 @@ struct Layout
     int colours() const { return photometric == PHOTOMETRIC_RGB ? 3 : 1; }
 };
 
-/// As Qt's reader has it, a further channel is alpha when the file says so or says nothing.
+/// As Qt's reader has it, a channel behind the colours is alpha unless the file says nothing of it,
+/// and behind red, green and blue even then.
 void readAlpha(TIFF *tiff, Layout &layout)
 {
     std::uint16_t count = 0;
     std::uint16_t *kinds = nullptr;
-    const bool isTold = TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &count, &kinds) && count > 0;
+    const bool isTold = TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &count, &kinds) == 1 &&
+                        count > 0 && kinds[0] != EXTRASAMPLE_UNSPECIFIED;
     layout.hasAlpha = layout.channels > layout.colours() && (isTold || layout.colours() == 3);
     layout.isMultiplied = layout.hasAlpha && isTold && kinds[0] == EXTRASAMPLE_ASSOCALPHA;
 }
@@ -191,7 +193,11 @@ DecodedPicture read(TIFF *tiff, const Layout &layout, const ReadOptions &options
 bool isTiff(QFile &file)
 {
     const QByteArray start = file.peek(4);
-    return start == QByteArray("II*\0", 4) || start == QByteArray("MM\0*", 4);
+    for (const char kind : {'\x2A', '\x2B'}) { // with numbers of 32 or 64 bits
+        if (start == QByteArray("II") + kind + '\0' || start == QByteArray("MM") + '\0' + kind)
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -200,7 +206,8 @@ std::optional<DecodedPicture> tiff_decoder::decode(QFile &file, const ReadOption
 {
     if (!isTiff(file))
         return std::nullopt;
-    const tiff_file::File tiff = tiff_file::open(file, "rm"); // not mapped: the file may shrink meanwhile
+    const tiff_file::File tiff =
+        tiff_file::open(file, "rm"); // not mapped: the file may shrink meanwhile
     if (!tiff) {
         file.seek(0);
         return std::nullopt; // Qt says what is wrong
@@ -212,6 +219,6 @@ std::optional<DecodedPicture> tiff_decoder::decode(QFile &file, const ReadOption
         file.seek(0);
         return std::nullopt;
     }
-    return isComplete(file, "tiff") ? read(tiff.get(), layout, options)
-                                    : picture::failure(DecodeError::Damaged);
+    return picture::isComplete(file, "tiff") ? read(tiff.get(), layout, options)
+                                             : picture::failure(DecodeError::Damaged);
 }

@@ -81,7 +81,7 @@ QString kindOf(QIODevice &file)
 
 } // namespace
 
-QString unsupportedKind(QIODevice &file)
+QString picture::unsupportedKind(QIODevice &file)
 {
     file.seek(0);
     const QString kind = kindOf(file);

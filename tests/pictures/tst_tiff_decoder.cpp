@@ -31,6 +31,7 @@ struct Recipe
     int compression = COMPRESSION_NONE;
     int orientation = ORIENTATION_TOPLEFT;
     bool isBigEndian = false;
+    bool isBig = false; ///< numbers of 64 bits in the directory
     int sampleFormat = SAMPLEFORMAT_UINT;
 
     int colours() const { return photometric == PHOTOMETRIC_RGB ? 3 : 1; }
@@ -130,7 +131,9 @@ QByteArray tiffFile(const Recipe &recipe)
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadWrite);
     {
-        const tiff_file::File file = tiff_file::open(buffer, recipe.isBigEndian ? "wb" : "wl");
+        const tiff_file::File file = tiff_file::open(buffer, recipe.isBig         ? "w8"
+                                                             : recipe.isBigEndian ? "wb"
+                                                                                  : "wl");
         setTags(file.get(), recipe);
         writePieces(file.get(), recipe);
     }
@@ -328,6 +331,29 @@ private slots:
         const QString tiff = folder.save(QStringLiteral("a.tif"), encoded(picture, "tiff"));
         QCOMPARE(picture::decode(png).image, picture);
         QCOMPARE(picture::decode(tiff).image, picture);
+    }
+
+    void decode_greyWithAChannelOfUnknownUse_isOpaque()
+    {
+        Recipe recipe;
+        recipe.photometric = PHOTOMETRIC_MINISBLACK;
+        recipe.channels = 2;
+        recipe.alpha = EXTRASAMPLE_UNSPECIFIED;
+        for (const int bits : {8, 16}) {
+            recipe.bits = bits;
+            const DecodedPicture picture = decoded(recipe);
+            QCOMPARE(picture.reason, QString());
+            QVERIFY(!picture.image.hasAlphaChannel());
+            QCOMPARE(qRed(picture.image.pixel(7, 5)), int(pixelOf(recipe, 7, 5).red8()));
+        }
+    }
+
+    void decode_bigTiff_isRead()
+    {
+        Recipe recipe;
+        recipe.bits = 16;
+        recipe.isBig = true;
+        QCOMPARE(decoded(recipe, deep()).image, expectedPicture(recipe, QImage::Format_RGBA64));
     }
 
     void decode_profileAndResolution_areKept()
