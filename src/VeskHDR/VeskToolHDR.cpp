@@ -12,7 +12,6 @@
 #include <VeskContext.h>
 #include <VeskContextManager.h>
 #include <VeskFilterContainer.h>
-#include <VeskGlobalSettings.h>
 #include <VeskProgressIndicator.h>
 #include <VeskRaw.h>
 
@@ -164,7 +163,6 @@ QImage VeskToolHDR::convertRaw(const QString &path)
     if (canvas)
         canvas->stopCanvasTimer();
     VeskRaw *converter = VeskRaw::getInstance();
-    VeskRaw::setPixelLimit(VeskGlobalSettings::pixelLimit());
     converter->activate(path, panel, false);
     const std::unique_ptr<QImage> picture(converter->grabConvertedPicture());
     if (!picture || picture->isNull())
@@ -180,14 +178,12 @@ QImage VeskToolHDR::convertRaw(const QString &path)
 /// gives none nothing is said.
 std::unique_ptr<QImage> VeskToolHDR::readPicture(const QString &path)
 {
-    ReadOptions options;
-    options.pixelLimit = VeskGlobalSettings::pixelLimit();
     bool isRaw = false;
     const auto convert = [&](const QString &raw, const ReadOptions &) {
         isRaw = true;
         return DecodedPicture{convertRaw(raw), DecodeError::None, {}};
     };
-    const DecodedPicture read = picture::read(path, options, convert);
+    const DecodedPicture read = picture::read(path, {}, convert);
     if (!read.image.isNull())
         return std::make_unique<QImage>(read.image);
     if (isRaw)
