@@ -1,6 +1,6 @@
 #include "tool_translator.h"
 
-#include "VeskSettingsFile.h"
+#include "tool_settings.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -16,7 +16,7 @@ bool loadCatalogue(QTranslator &translator, const QString &language)
            translator.load(QStringLiteral(":/veskhdr_%1.qm").arg(language));
 }
 
-/// The toolkit reads a catalogue in place, in the library's memory. The translator outlives the
+/// Qt reads a catalogue in place, in the library's memory. The translator outlives the
 /// library, so it gets bytes of its own.
 bool keepCatalogue(QTranslator &translator)
 {
@@ -33,7 +33,7 @@ bool keepCatalogue(QTranslator &translator)
 
 void installToolTranslator()
 {
-    const QString language = VeskSettingsFile::value(QStringLiteral("language")).toString();
+    const QString language = tool_settings::language();
     auto translator = std::make_unique<QTranslator>();
     if (loadCatalogue(*translator, language) && keepCatalogue(*translator))
         QCoreApplication::installTranslator(translator.release());

@@ -1,6 +1,6 @@
 #include "VeskDeviceInfo.h"
 
-#include "VeskSettingsFile.h"
+#include "tool_settings.h"
 
 #include <algorithm>
 #include <array>
@@ -11,11 +11,6 @@ constexpr cl_uint kMaxDevices = 8;
 constexpr size_t kTextSize = 4096;
 
 using Text = std::array<char, kTextSize>;
-
-QString deviceKey()
-{
-    return QStringLiteral("OpenCLDevice");
-}
 
 /// A driver that fills the whole buffer leaves no terminating zero.
 QString toString(const Text &text)
@@ -120,7 +115,7 @@ void VeskDeviceInfo::getOpenCLInfo()
 /// A corrected or defaulted name stays in memory until the user chooses a device.
 void VeskDeviceInfo::readCurrentDeviceName()
 {
-    currentDeviceName = VeskSettingsFile::value(deviceKey(), QString()).toString();
+    currentDeviceName = tool_settings::openCLDevice();
     if (!currentDevice())
         currentDeviceName = devices.isEmpty() ? QString() : devices.first().name;
 }
@@ -156,7 +151,7 @@ QList<VeskDeviceInfo::OpenCLDevice> VeskDeviceInfo::getOpenCLDeviceList() const
 void VeskDeviceInfo::setCurrentOpenCLDeviceName(const QString &name)
 {
     currentDeviceName = name;
-    VeskSettingsFile::setValue(deviceKey(), name);
+    tool_settings::setOpenCLDevice(name);
 }
 
 QString VeskDeviceInfo::getCurrentOpenCLDeviceName()

@@ -6,14 +6,15 @@
 #include <QVariant>
 
 /// The INI file that the editor and its tools share, as a place that anything may have happened to.
-/// Whatever it holds, reading gives a value or the default, and the process goes on.
+/// Whatever it holds, reading gives a value or the default, and the process goes on. No tool calls
+/// this.
 ///
 /// Values are those that INI files hold as text: truth values, numbers, texts, lists of texts,
-/// bytes, points, sizes and rectangles. Serialised objects are not: reading a damaged one can take
-/// all memory or end the process. A file that holds one, or is larger than kLargestBytes, counts as
-/// damaged; it is renamed to "config.ini.damaged" and a new one begins. What is no regular file (a
-/// directory, a pipe) stays where it is, reads as empty and takes no values.
-/// Any thread.
+/// bytes, points, sizes and rectangles. The objects that QSettings serialises (colours, fonts,
+/// dates) are read as the default and never written; those of other keys stay as they are. The file
+/// is never renamed, and every other byte of it survives a write. What is larger than
+/// kLargestBytes, or no regular file (a directory, a pipe), reads as empty and takes no values. Any
+/// thread.
 class VESKCORE_EXPORT VeskSettingsFile
 {
 public:

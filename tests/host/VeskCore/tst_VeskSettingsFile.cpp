@@ -5,6 +5,7 @@
 #include <VeskGlobalSettings.h>
 
 #include <QColor>
+#include <QFont>
 #include <QProcess>
 #include <QSettings>
 #include <QtTest>
@@ -98,42 +99,94 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(asidePath()));
     }
 
-    void damagedObject_readsAsDefaultAndIsPutAside_data()
+    void serialisedObject_readsAsDefaultAndStays_data()
     {
-        QTest::addColumn<QByteArray>("contents");
+        QTest::addColumn<QByteArray>("line");
         QTest::newRow("list of four billion")
-            << QByteArray("[General]\nlanguage=@Variant(\\0\\0\\0\\xb\\xff\\xff\\xff\\xf0)\n");
-        QTest::newRow("no such type")
-            << QByteArray("[General]\nlanguage=@Variant(\\0\\0\\x7f\\x7f\\0\\0)\n");
-        QTest::newRow("in another key")
-            << QByteArray("[General]\nx=@Variant(\\0\\0\\0\\x41\\0)\nlanguage=de_DE\n");
-        QTest::newRow("behind an escape sequence")
-            << QByteArray("[General]\nlanguage=\\x40Variant(\\0\\0\\0\\x9\\xff\\xff\\xff\\xf0)\n");
-        QByteArray nested = "[General]\nlanguage=@Variant(";
+            << QByteArray("x=@Variant(\\0\\0\\0\\xb\\xff\\xff\\xff\\xf0)");
+        QTest::newRow("no such type") << QByteArray("x=@Variant(\\0\\0\\x7f\\x7f\\0\\0)");
+        const QByteArray object = "ariant(\\0\\0\\0\\x9\\xff\\xff\\xff\\xf0)";
+        QTest::newRow("first letter in hexadecimal") << "x=\\x40V" + object;
+        QTest::newRow("first letter in octal") << "x=\\100V" + object;
+        QTest::newRow("a letter in hexadecimal") << QByteArray("x=@V\\x61riant(") + object.mid(7);
+        QTest::newRow("bracket in hexadecimal")
+            << "x=@Variant\\x28\\0\\0\\0\\x9\\xff\\xff\\xff\\xf0)";
+        QTest::newRow("on two lines") << "x=@\\\nV" + object;
+        QTest::newRow("in a list") << "x=a, @V" + object;
+        QTest::newRow("date") << QByteArray("x=@DateTime(\\0\\0\\0\\x10\\0)");
+        QByteArray nested = "x=@Variant(";
         for (int depth = 0; depth < 100000; ++depth)
             nested += "\\0\\0\\0\\x9\\0\\0\\0\\0\\x1";
-        QTest::newRow("lists in lists in lists") << nested + ")\n";
-        QTest::newRow("larger than the limit")
-            << "[General]\nlanguage=" + QByteArray(int(VeskSettingsFile::kLargestBytes), 'x');
+        QTest::newRow("lists in lists in lists") << nested + ")";
     }
 
-    void damagedObject_readsAsDefaultAndIsPutAside()
+    void serialisedObject_readsAsDefaultAndStays()
     {
-        QFETCH(QByteArray, contents);
+        QFETCH(QByteArray, line);
+        writeConfig("[General]\nlanguage=de_DE\n" + line + "\nz=1\n");
+        QCOMPARE(VeskSettingsFile::value(QStringLiteral("x"), 5).toInt(), 5);
+        QCOMPARE(VeskSettingsFile::value(kKey).toString(), QStringLiteral("de_DE"));
+        QVERIFY(VeskSettingsFile::setValue(kKey, QStringLiteral("fr_FR")));
+        QVERIFY(contentsOf(path()) == "[General]\nlanguage=fr_FR\n" + line + "\nz=1\n");
+        QVERIFY(!QFile::exists(asidePath()));
+    }
+
+    void soundFileOfQSettings_keepsItsObjects()
+    {
+        const QVariantHash values{{"colour", QColor(Qt::red)},
+                                  {"date", QDateTime(QDate(2026, 11, 21), QTime(1, 2))},
+                                  {"group/font", QFont("Sans", 12)},
+                                  {"recent", QStringList{"a,@Variant(1).png", "@b"}}};
+        {
+            QSettings settings(path(), QSettings::IniFormat);
+            for (auto value = values.begin(); value != values.end(); ++value)
+                settings.setValue(value.key(), value.value());
+        }
+        const QByteArray before = contentsOf(path());
+        QCOMPARE(VeskSettingsFile::value(QStringLiteral("colour"), 5).toInt(), 5);
+        QCOMPARE(VeskSettingsFile::value(QStringLiteral("recent")), values["recent"]);
+        QCOMPARE(contentsOf(path()), before);
+        QVERIFY(VeskSettingsFile::setValue(kKey, QStringLiteral("fr_FR")));
+        const QSettings after(path(), QSettings::IniFormat);
+        for (auto value = values.begin(); value != values.end(); ++value)
+            QCOMPARE(after.value(value.key()), value.value());
+        QVERIFY(!QFile::exists(asidePath()));
+    }
+
+    void fileBeyondTheLimit_readsAsDefaultAndStays()
+    {
+        const QByteArray contents =
+            "[General]\nlanguage=" + QByteArray(int(VeskSettingsFile::kLargestBytes), 'x');
         writeConfig(contents);
         QCOMPARE(VeskSettingsFile::value(kKey, 5).toInt(), 5);
-        QVERIFY(!QFile::exists(path()));
-        QVERIFY(contentsOf(asidePath()) == contents);
-        QVERIFY(VeskSettingsFile::setValue(kKey, QStringLiteral("fr_FR")));
-        QCOMPARE(VeskSettingsFile::value(kKey).toString(), QStringLiteral("fr_FR"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^cannot write")));
+        QVERIFY(!VeskSettingsFile::setValue(kKey, QStringLiteral("fr_FR")));
+        QVERIFY(contentsOf(path()) == contents);
     }
 
-    void damagedObject_writeFirst_startsAnew()
+    void object_isNotWritten()
     {
-        writeConfig("[General]\nx=@Variant(\\0\\0\\0\\xb\\xff\\xff\\xff\\xf0)\n");
-        QVERIFY(VeskSettingsFile::setValue(kKey, QStringLiteral("fr_FR")));
-        QCOMPARE(VeskSettingsFile::value(kKey).toString(), QStringLiteral("fr_FR"));
-        QVERIFY(QFile::exists(asidePath()));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^cannot write")));
+        QVERIFY(!VeskSettingsFile::setValue(kKey, QVariantHash{{"a", 1}}));
+        QVERIFY(!QFile::exists(path()));
+    }
+
+    void invalidValue_removesTheKey()
+    {
+        writeConfig("[General]\nlanguage=de_DE\nx=1\n");
+        QVERIFY(VeskSettingsFile::setValue(kKey, QVariant()));
+        QCOMPARE(contentsOf(path()), QByteArray("[General]\nx=1\n"));
+    }
+
+    /// Qt 5 knows the letters beyond ASCII by their numbers, and reads the bytes of UTF-8 wrongly.
+    void textBeyondAscii_isReadFromAndWrittenForEveryRelease()
+    {
+        writeConfig("[General]\nlanguage=\\xe4\\x65e5\nx=\xc3\xa4\ny=\xe4\n");
+        QCOMPARE(VeskSettingsFile::value(kKey).toString(), QString::fromUtf8("\u00e4\u65e5"));
+        QCOMPARE(VeskSettingsFile::value("x").toString(), QString::fromUtf8("\u00e4"));
+        QCOMPARE(VeskSettingsFile::value("y").toString(), QString::fromUtf8("\u00e4"));
+        QVERIFY(VeskSettingsFile::setValue(kKey, QString::fromUtf8("\u65e5a")));
+        QCOMPARE(contentsOf(path()).split('\n').at(1), QByteArray("language=\\x65e5\\x61"));
     }
 
     void directoryInItsPlace_readsAsDefaultTakesNothingAndStays()
