@@ -1,13 +1,22 @@
 #include "VeskRaw.h"
 
+#include "ConverterProcess.h"
+#include "converter_answer.h"
+#include "raw_conversion.h"
+
 #include <libraw/libraw.h>
 
+#include <QColorSpace>
 #include <QCoreApplication>
 #include <QFile>
 
+#include <new>
+
+#include <unistd.h>
+
 namespace {
 
-/// What the raw library says of files, for the catalogues.
+/// What LibRaw says of files, for the catalogues.
 [[maybe_unused]] constexpr const char *kReasonsOfLibrary[] = {
     QT_TRANSLATE_NOOP("VeskRaw", "Unspecified error"),
     QT_TRANSLATE_NOOP("VeskRaw", "Unsupported file format or not RAW file"),
@@ -18,96 +27,183 @@ namespace {
     QT_TRANSLATE_NOOP("VeskRaw", "Image too big for processing"),
 };
 
+constexpr qint64 kSmallestMemory = 1024LL * 1024 * 1024;
+/// Pixels that are not square make a picture longer than the sensor's.
+constexpr qint64 kLargestStretch = 4;
+
+qint64 memoryOfMachine()
+{
+    const qint64 bytes = qint64(::sysconf(_SC_PHYS_PAGES)) * ::sysconf(_SC_PAGESIZE);
+    return qMax(bytes, kSmallestMemory);
+}
+
 std::atomic<qint64> pixelLimitOfAll{VeskRaw::kDefaultPixelLimit};
+std::atomic<qint64> memoryLimitOfAll{0}; // 0: the machine's
+std::atomic<int> timeLimitOfAll{VeskRaw::kDefaultTimeLimitSeconds};
+Q_CONSTINIT QString *converterProgram = nullptr;
 
-VeskRaw::Conversion failure(const char *reason)
+const char *reasonFor(VeskRaw::Failure failure)
 {
-    return {QImage(), QCoreApplication::translate("VeskRaw", reason)};
+    switch (failure) {
+    case VeskRaw::Failure::None:
+        return "";
+    case VeskRaw::Failure::NotRaw:
+        return "Unsupported file format or not RAW file";
+    case VeskRaw::Failure::Unreadable:
+        return "Input/output error";
+    case VeskRaw::Failure::Damaged:
+        return QT_TRANSLATE_NOOP("VeskRaw", "The file is damaged");
+    case VeskRaw::Failure::TooLarge:
+        return QT_TRANSLATE_NOOP("VeskRaw", "The picture has more pixels than allowed");
+    case VeskRaw::Failure::NoMemory:
+        return QT_TRANSLATE_NOOP("VeskRaw", "Not enough memory");
+    case VeskRaw::Failure::Library:
+        return QT_TRANSLATE_NOOP("VeskRaw", "The raw library failed");
+    case VeskRaw::Failure::CannotStart:
+        return QT_TRANSLATE_NOOP("VeskRaw", "The raw converter cannot be started");
+    case VeskRaw::Failure::Ended:
+        return QT_TRANSLATE_NOOP("VeskRaw", "The raw converter ended before it was done");
+    case VeskRaw::Failure::TimedOut:
+        return QT_TRANSLATE_NOOP("VeskRaw", "The conversion took too long");
+    case VeskRaw::Failure::Cancelled:
+        return "Cancelled by user callback";
+    }
+    return "";
 }
 
-int stopWhenCancelled(void *cancelled, LibRaw_progress, int, int)
+VeskRaw::Conversion failed(VeskRaw::Failure failure, const char *reason = nullptr)
 {
-    return *static_cast<const std::atomic<bool> *>(cancelled) ? 1 : 0;
+    return {QImage(), QCoreApplication::translate("VeskRaw", reason ? reason : reasonFor(failure)),
+            failure};
 }
 
-/// Sets *isDamaged when raw meets damage in the file. The raw library itself would write to
-/// standard error and go on with whatever it has read.
-void reportDamageTo(LibRaw &raw, bool *isDamaged)
+VeskRaw::Conversion failedAs(ConverterProcess::Reading reading)
 {
-    // The type of the file position differs between releases.
-    const auto noteDamage = [](void *flag, const char *, auto) {
-        *static_cast<bool *>(flag) = true;
-    };
-    raw.set_dataerror_handler(noteDamage, isDamaged);
+    switch (reading) {
+    case ConverterProcess::Reading::Cancelled:
+        return failed(VeskRaw::Failure::Cancelled);
+    case ConverterProcess::Reading::TimedOut:
+        return failed(VeskRaw::Failure::TimedOut);
+    default:
+        return failed(VeskRaw::Failure::Ended);
+    }
 }
 
-void chooseOutput(libraw_output_params_t &output, bool quick)
+/// The program's numbers are those of raw::Failure, which begin like those of VeskRaw.
+static_assert(int(raw::Failure::Library) == int(VeskRaw::Failure::Library) &&
+              int(raw::Failure::Count) == int(VeskRaw::Failure::CannotStart));
+static_assert(int(raw::ColourSpace::ProPhotoRgb) == int(VeskRaw::ColourSpace::ProPhotoRgb));
+
+QByteArrayList argumentsFor(const QString &path, const VeskRaw::Options &options)
 {
-    output.use_camera_wb = 1;
-    // Automatic brightness would level out the exposures of a bracket.
-    output.no_auto_bright = 1;
-    // White is taken from the brightest pixel only where the camera saturates a little below its
-    // nominal white, which would tint highlights. The default also brightens dim pictures by that.
-    output.adjust_maximum_thr = 0.9F;
-    output.output_color = 1; // sRGB
-    output.gamm[0] = 1.0 / 2.4;
-    output.gamm[1] = 12.92;
-    output.output_bps = 8;
-    output.half_size = quick ? 1 : 0;
+    return {QFile::encodeName(path),
+            QByteArray::number(VeskRaw::pixelLimit()),
+            QByteArray::number(int(options.quick)),
+            QByteArray::number(options.bitsPerChannel == 16 ? 16 : 8),
+            QByteArray::number(int(options.colourSpace)),
+            QByteArray::number(VeskRaw::memoryLimit())};
 }
 
-bool withinLimit(const libraw_image_sizes_t &sizes)
+bool isSensible(const ConverterAnswer &answer)
 {
-    const qint64 limit = pixelLimitOfAll;
-    const qint64 sensor = qint64(sizes.raw_width) * sizes.raw_height;
-    const qint64 shown = qint64(sizes.width) * sizes.height;
-    return qMax(sensor, shown) <= limit;
+    const qint64 limit = kLargestStretch * VeskRaw::pixelLimit();
+    return answer.magic == ConverterAnswer::kMagic &&
+           answer.failure < std::uint32_t(raw::Failure::Count) &&
+           (answer.failure != 0 || (answer.width > 0 && answer.height > 0 &&
+                                    qint64(answer.width) * answer.height <= limit));
 }
 
-/// Null when the raw library has an output that is neither grey nor colour, or memory is short.
-QImage takePicture(LibRaw &raw)
+void tag(QImage &picture, VeskRaw::ColourSpace space)
 {
-    int width = 0;
-    int height = 0;
-    int colors = 0;
-    int bitsPerSample = 0;
-    raw.get_mem_image_format(&width, &height, &colors, &bitsPerSample);
-    if (bitsPerSample != 8 || (colors != 1 && colors != 3))
-        return {};
-    QImage picture(width, height, colors == 3 ? QImage::Format_RGB888 : QImage::Format_Grayscale8);
-    if (picture.isNull() ||
-        raw.copy_mem_image(picture.bits(), picture.bytesPerLine(), 0) != LIBRAW_SUCCESS)
-        return {};
-    return picture.convertToFormat(QImage::Format_RGB32);
+    if (space == VeskRaw::ColourSpace::AdobeRgb)
+        picture.setColorSpace(QColorSpace::AdobeRgb);
+    if (space == VeskRaw::ColourSpace::ProPhotoRgb)
+        picture.setColorSpace(QColorSpace::ProPhotoRgb);
 }
 
-VeskRaw::Conversion convertWith(LibRaw &raw, const QString &path, bool quick,
-                                const std::atomic<bool> *cancelled)
+/// One conversion by the program.
+class Run
 {
-    bool isDamaged = false;
-    reportDamageTo(raw, &isDamaged);
-    chooseOutput(raw.imgdata.params, quick);
-    if (cancelled)
-        raw.set_progress_handler(&stopWhenCancelled, const_cast<std::atomic<bool> *>(cancelled));
+public:
+    Run(const VeskRaw::Options &wanted, const std::atomic<bool> *cancelledFlag)
+        : options(wanted)
+        , cancelled(cancelledFlag)
+        , deadline(1000 * qint64(VeskRaw::timeLimit()))
+    {
+    }
 
-    int result = raw.open_file(QFile::encodeName(path).constData());
-    if (result != LIBRAW_SUCCESS)
-        return failure(LibRaw::strerror(result));
-    if (!withinLimit(raw.imgdata.sizes))
-        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The picture has more pixels than allowed"));
-    result = raw.unpack();
-    if (result != LIBRAW_SUCCESS)
-        return failure(LibRaw::strerror(result));
-    if (isDamaged)
-        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The file is damaged"));
-    result = raw.dcraw_process();
-    if (result != LIBRAW_SUCCESS)
-        return failure(LibRaw::strerror(result));
-    const QImage picture = takePicture(raw);
-    if (picture.isNull())
-        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The converted picture cannot be taken over"));
-    return {picture, QString()};
-}
+    VeskRaw::Conversion convert(const QString &path)
+    {
+        const QString program =
+            converterProgram ? *converterProgram : ConverterProcess::programPath();
+        if (cancelled && *cancelled)
+            return failed(VeskRaw::Failure::Cancelled);
+        if (!process.start(program, argumentsFor(path, options)))
+            return failed(VeskRaw::Failure::CannotStart);
+        ConverterAnswer answer;
+        const auto reading = read(reinterpret_cast<char *>(&answer), sizeof answer);
+        if (reading == ConverterProcess::Reading::Ended)
+            return failedWithoutAnswer();
+        if (reading != ConverterProcess::Reading::Complete)
+            return failedAs(reading);
+        if (!isSensible(answer))
+            return failed(VeskRaw::Failure::Ended);
+        return answer.failure != 0 ? failedAs(answer) : readPicture(answer);
+    }
+
+private:
+    ConverterProcess::Reading read(char *to, qint64 count)
+    {
+        return process.read(to, count, cancelled, deadline);
+    }
+
+    VeskRaw::Conversion failedWithoutAnswer()
+    {
+        process.waitForSuccess();
+        return failed(process.hasNotBeenLoaded() ? VeskRaw::Failure::CannotStart
+                                                 : VeskRaw::Failure::Ended);
+    }
+
+    static VeskRaw::Conversion failedAs(const ConverterAnswer &answer)
+    {
+        return failed(VeskRaw::Failure(answer.failure),
+                      answer.libraryError ? LibRaw::strerror(answer.libraryError) : nullptr);
+    }
+    static VeskRaw::Conversion failedAs(ConverterProcess::Reading reading)
+    {
+        return ::failedAs(reading);
+    }
+
+    VeskRaw::Conversion readPicture(const ConverterAnswer &answer)
+    {
+        const bool isDeep = options.bitsPerChannel == 16;
+        QImage picture(answer.width, answer.height,
+                       isDeep ? QImage::Format_RGBX64 : QImage::Format_RGB32);
+        if (picture.isNull())
+            return failed(VeskRaw::Failure::NoMemory);
+        const qint64 rowBytes = qint64(answer.width) * (isDeep ? 8 : 4);
+        for (int y = 0; y < answer.height; ++y) {
+            const auto reading = read(reinterpret_cast<char *>(picture.scanLine(y)), rowBytes);
+            if (reading != ConverterProcess::Reading::Complete)
+                return failedAs(reading);
+        }
+        char more = 0;
+        const auto end = read(&more, 1);
+        if (end == ConverterProcess::Reading::Complete) // rubbish behind the picture
+            return failed(VeskRaw::Failure::Ended);
+        if (end != ConverterProcess::Reading::Ended)
+            return failedAs(end);
+        if (!process.waitForSuccess())
+            return failed(VeskRaw::Failure::Ended);
+        tag(picture, options.colourSpace);
+        return {picture, QString(), VeskRaw::Failure::None};
+    }
+
+    ConverterProcess process;
+    VeskRaw::Options options;
+    const std::atomic<bool> *cancelled;
+    QDeadlineTimer deadline;
+};
 
 } // namespace
 
@@ -119,19 +215,17 @@ VeskRaw *VeskRaw::getInstance()
 
 void VeskRaw::activate(const QString &path, QWidget *, bool quick)
 {
-    picture = QImage();
+    last = Conversion();
     cancelled = false;
-    Conversion conversion = convert(path, quick, &cancelled);
-    picture = std::move(conversion.picture);
-    error = std::move(conversion.error);
+    last = convert(path, quick, &cancelled);
 }
 
 QImage *VeskRaw::grabConvertedPicture()
 {
-    if (picture.isNull())
+    if (last.picture.isNull())
         return nullptr;
-    auto *const grabbed = new QImage(std::move(picture));
-    picture = QImage();
+    auto *const grabbed = new QImage(std::move(last.picture));
+    last.picture = QImage();
     return grabbed;
 }
 
@@ -150,16 +244,48 @@ qint64 VeskRaw::pixelLimit()
     return pixelLimitOfAll;
 }
 
+void VeskRaw::setMemoryLimit(qint64 bytes)
+{
+    memoryLimitOfAll = bytes;
+}
+
+qint64 VeskRaw::memoryLimit()
+{
+    const qint64 bytes = memoryLimitOfAll;
+    return bytes > 0 ? bytes : memoryOfMachine();
+}
+
+void VeskRaw::setTimeLimit(int seconds)
+{
+    timeLimitOfAll = seconds;
+}
+
+int VeskRaw::timeLimit()
+{
+    return timeLimitOfAll;
+}
+
+void VeskRaw::setConverterProgram(const QString &path)
+{
+    static QString program;
+    program = path;
+    converterProgram = path.isEmpty() ? nullptr : &program;
+}
+
 VeskRaw::Conversion VeskRaw::convert(const QString &path, bool quick,
                                      const std::atomic<bool> *cancelled)
 {
+    Options options;
+    options.quick = quick;
+    return convert(path, options, cancelled);
+}
+
+VeskRaw::Conversion VeskRaw::convert(const QString &path, const Options &options,
+                                     const std::atomic<bool> *cancelled)
+{
     try {
-        // Too large for a thread's stack.
-        const auto raw = std::make_unique<LibRaw>();
-        return convertWith(*raw, path, quick, cancelled);
+        return Run(options, cancelled).convert(path);
     } catch (const std::bad_alloc &) {
-        return failure(QT_TRANSLATE_NOOP("VeskRaw", "Not enough memory"));
-    } catch (...) {
-        return failure(QT_TRANSLATE_NOOP("VeskRaw", "The raw library failed"));
+        return failed(Failure::NoMemory);
     }
 }

@@ -25,7 +25,7 @@ constexpr Signature at(int offset, const char (&text)[N])
     return {offset, QLatin1String(text, N - 1)};
 }
 
-/// How ordinary pictures begin. None of them is a raw file, although the raw library would take
+/// How ordinary pictures begin. None of them is a raw file, although LibRaw would take
 /// some of them for the raw files of cameras that hide raw data behind such a picture.
 constexpr std::array kPictureSignatures{
     at(0, "\xFF\xD8\xFF"), // JPEG
@@ -54,7 +54,7 @@ bool startsWithOne(const QByteArray &head, const std::array<Signature, N> &signa
     });
 }
 
-/// Size of the sensor's picture, nothing when the raw library does not take the file for raw.
+/// Size of the sensor's picture, nothing when LibRaw does not take the file for raw.
 std::optional<QSize> rawSize(const QString &path)
 {
     try {
@@ -67,7 +67,7 @@ std::optional<QSize> rawSize(const QString &path)
     }
 }
 
-/// Whether what the raw library takes for a sensor's data is the first picture of a TIFF file that
+/// Whether what LibRaw takes for a sensor's data is the first picture of a TIFF file that
 /// any viewer shows. It goes by the camera's name, which programs leave in the pictures they write.
 /// The backs of some studio cameras do store their data like that, but never in 8 bits.
 bool isOrdinaryTiff(QFile &file, const QSize &sensorSize, bool hasRawSuffix)

@@ -549,6 +549,18 @@
         <source>The raw library failed</source>
         <translation>die RAW-Bibliothek ist gescheitert</translation>
     </message>
+    <message>
+        <source>The raw converter cannot be started</source>
+        <translation>der RAW-Konverter lässt sich nicht starten</translation>
+    </message>
+    <message>
+        <source>The raw converter ended before it was done</source>
+        <translation>der RAW-Konverter endete, bevor er fertig war</translation>
+    </message>
+    <message>
+        <source>The conversion took too long</source>
+        <translation>die Umwandlung dauerte zu lange</translation>
+    </message>
 </context>
 <context>
     <name>VeskTitleWidget</name>

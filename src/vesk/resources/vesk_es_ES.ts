@@ -549,6 +549,18 @@
         <source>The raw library failed</source>
         <translation>la biblioteca RAW ha fallado</translation>
     </message>
+    <message>
+        <source>The raw converter cannot be started</source>
+        <translation>no se puede iniciar el conversor RAW</translation>
+    </message>
+    <message>
+        <source>The raw converter ended before it was done</source>
+        <translation>el conversor RAW terminó antes de acabar</translation>
+    </message>
+    <message>
+        <source>The conversion took too long</source>
+        <translation>la conversión tardó demasiado</translation>
+    </message>
 </context>
 <context>
     <name>VeskTitleWidget</name>

@@ -549,6 +549,18 @@
         <source>The raw library failed</source>
         <translation>la bibliothèque RAW a échoué</translation>
     </message>
+    <message>
+        <source>The raw converter cannot be started</source>
+        <translation>le convertisseur RAW ne peut pas être démarré</translation>
+    </message>
+    <message>
+        <source>The raw converter ended before it was done</source>
+        <translation>le convertisseur RAW s’est arrêté avant la fin</translation>
+    </message>
+    <message>
+        <source>The conversion took too long</source>
+        <translation>la conversion a duré trop longtemps</translation>
+    </message>
 </context>
 <context>
     <name>VeskTitleWidget</name>

@@ -548,6 +548,18 @@
         <source>The raw library failed</source>
         <translation>RAW ライブラリーでエラーが発生しました</translation>
     </message>
+    <message>
+        <source>The raw converter cannot be started</source>
+        <translation>RAW コンバーターを起動できません</translation>
+    </message>
+    <message>
+        <source>The raw converter ended before it was done</source>
+        <translation>RAW コンバーターが途中で終了しました</translation>
+    </message>
+    <message>
+        <source>The conversion took too long</source>
+        <translation>変換に時間がかかりすぎました</translation>
+    </message>
 </context>
 <context>
     <name>VeskTitleWidget</name>

@@ -548,6 +548,18 @@
         <source>The raw library failed</source>
         <translation>RAW 라이브러리에서 오류가 발생했습니다</translation>
     </message>
+    <message>
+        <source>The raw converter cannot be started</source>
+        <translation>RAW 변환기를 시작할 수 없습니다</translation>
+    </message>
+    <message>
+        <source>The raw converter ended before it was done</source>
+        <translation>RAW 변환기가 작업을 마치기 전에 종료되었습니다</translation>
+    </message>
+    <message>
+        <source>The conversion took too long</source>
+        <translation>변환 시간이 너무 오래 걸렸습니다</translation>
+    </message>
 </context>
 <context>
     <name>VeskTitleWidget</name>

@@ -548,6 +548,18 @@
         <source>The raw library failed</source>
         <translation>RAW 库出错</translation>
     </message>
+    <message>
+        <source>The raw converter cannot be started</source>
+        <translation>无法启动 RAW 转换器</translation>
+    </message>
+    <message>
+        <source>The raw converter ended before it was done</source>
+        <translation>RAW 转换器在完成之前已终止</translation>
+    </message>
+    <message>
+        <source>The conversion took too long</source>
+        <translation>转换耗时过长</translation>
+    </message>
 </context>
 <context>
     <name>VeskTitleWidget</name>

@@ -548,6 +548,18 @@
         <source>The raw library failed</source>
         <translation>RAW 程式庫發生錯誤</translation>
     </message>
+    <message>
+        <source>The raw converter cannot be started</source>
+        <translation>無法啟動 RAW 轉換器</translation>
+    </message>
+    <message>
+        <source>The raw converter ended before it was done</source>
+        <translation>RAW 轉換器在完成之前已終止</translation>
+    </message>
+    <message>
+        <source>The conversion took too long</source>
+        <translation>轉換耗時過長</translation>
+    </message>
 </context>
 <context>
     <name>VeskTitleWidget</name>

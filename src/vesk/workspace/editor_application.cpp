@@ -1,6 +1,7 @@
 #include "editor_application.h"
 
 #include <VeskGlobalSettings.h>
+#include <VeskRaw.h>
 
 #include <QIcon>
 #include <QLibraryInfo>
@@ -35,6 +36,7 @@ void setUpEditor(QApplication &application)
 {
     // A file size limit is an ordinary error when saving, no reason to end with unsaved work.
     std::signal(SIGXFSZ, SIG_IGN);
+    VeskRaw::setPixelLimit(VeskGlobalSettings::pixelLimit());
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/vesk/vesk.svg")));
     const QString language = VeskGlobalSettings::getInstance()->language();
     if (language.isEmpty())

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Length of the files of a camera whose raw format has no header: the raw library knows them by
+/// Length of the files of a camera whose raw format has no header: LibRaw knows them by
 /// their length alone.
 constexpr int kLengthOfARawFile = 5067304;
 
@@ -68,7 +68,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, format);
         QFETCH(QString, name);
         if (!QImageWriter::supportedImageFormats().contains(format))
-            QSKIP("The toolkit does not write this format here");
+            QSKIP("Qt does not write this format here");
         const QString path = folder.filePath(name);
         QVERIFY(gradient().save(path, format.constData()));
         QVERIFY(!VeskRawType::isRaw(path));
@@ -118,7 +118,7 @@ private Q_SLOTS:
     {
         const QByteArray contents(kLengthOfARawFile, '\x40');
         if (!VeskRawType::isRaw(written(QStringLiteral("a.raw"), contents)))
-            QSKIP("This release of the raw library does not know the camera");
+            QSKIP("This release of LibRaw does not know the camera");
         QVERIFY(!VeskRawType::isRaw(written(QStringLiteral("a.bin"), contents)));
     }
 
