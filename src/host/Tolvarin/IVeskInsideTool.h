@@ -5,6 +5,8 @@
 class IVeskUIManager;
 
 /// Base of the tools that live inside the editor's process and may use its windows. GUI thread.
+///
+/// A tool calls the constructor and the destructor, as its base.
 class TOLVARIN_EXPORT IVeskInsideTool : public IVeskTool
 {
     Q_OBJECT

@@ -13,6 +13,9 @@ class VeskContext;
 /// What the editor knows of a tool: who it is, and the operations through which the editor drives
 /// it. GUI thread only. No operation may throw.
 ///
+/// A tool calls nothing of this but what it inherits: it assigns the protected texts, the context
+/// and the active flag, and overrides what it wants to.
+///
 /// The order of the virtual operations is part of the binary interface: never reorder them, add
 /// new ones at the end.
 class TOLVARIN_EXPORT IVeskTool : public QObject

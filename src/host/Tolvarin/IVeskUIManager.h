@@ -10,6 +10,8 @@ class QWidget;
 /// What the editor's user interface offers to a tool. The editor implements it, owns it and keeps
 /// it alive longer than its tools. GUI thread only. No operation may throw.
 ///
+/// A tool calls selectedFiles, currentDir and discardChanges, all of them virtual.
+///
 /// The order of the virtual operations is part of the binary interface.
 class TOLVARIN_EXPORT IVeskUIManager
 {

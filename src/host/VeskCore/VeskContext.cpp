@@ -45,6 +45,11 @@ void VeskContext::setCurrentTool(IVeskTool *tool)
     Q_EMIT currentToolChanged(tool);
 }
 
+VeskCanvas *VeskContext::getCanvas() const
+{
+    return canvas;
+}
+
 void VeskContext::setCanvas(VeskCanvas *newCanvas)
 {
     if (canvas == newCanvas)
@@ -61,6 +66,11 @@ void VeskContext::forgetCanvas(const VeskCanvas *canvas)
     for (VeskContext *context : contexts)
         if (context->canvas == canvas)
             context->setCanvas(nullptr);
+}
+
+VeskLayerManager *VeskContext::getLayerManager() const
+{
+    return layerManager;
 }
 
 VeskSelection *VeskContext::getSelection() const
@@ -91,6 +101,11 @@ void VeskContext::setFileName(const QString &name)
 void VeskContext::setFilePath(const QString &path)
 {
     filePath = path;
+}
+
+bool VeskContext::isSaveAble() const
+{
+    return saveAble;
 }
 
 void VeskContext::setSaveAble(bool newSaveAble)

@@ -17,6 +17,9 @@ class VeskSelection;
 /// Owns its layer manager and its selection. Borrows the canvas, which belongs to the editor's
 /// window, and the tool, which belongs to the editor; both pointers turn null when their object
 /// goes away.
+///
+/// A tool calls the constructor, getCurrentTool, setCurrentTool, getCanvas, setCanvas,
+/// getLayerManager, setSelection, setFileName, isSaveAble and setSaveAble.
 class VESKCORE_EXPORT VeskContext : public QObject
 {
     Q_OBJECT
@@ -30,13 +33,13 @@ public:
     /// Attaches tool (borrowed), or detaches with null. Calls no operation of either tool.
     void setCurrentTool(IVeskTool *tool);
 
-    VeskCanvas *getCanvas() const { return canvas; }
+    VeskCanvas *getCanvas() const;
     void setCanvas(VeskCanvas *canvas);
     /// Takes canvas off every document that still points at it. The canvas's destructor calls it.
     static void forgetCanvas(const VeskCanvas *canvas);
 
     /// Never null; lives as long as the context.
-    VeskLayerManager *getLayerManager() const { return layerManager; }
+    VeskLayerManager *getLayerManager() const;
 
     /// Null until one is set.
     VeskSelection *getSelection() const;
@@ -52,7 +55,7 @@ public:
     void setFilePath(const QString &path);
 
     /// Whether the document has unsaved changes.
-    bool isSaveAble() const { return saveAble; }
+    bool isSaveAble() const;
     void setSaveAble(bool saveAble);
 
 Q_SIGNALS:

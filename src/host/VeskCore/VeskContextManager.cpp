@@ -28,6 +28,16 @@ void VeskContextManager::removeContext(VeskContext *context)
     Q_EMIT contextRemoved(context);
 }
 
+int VeskContextManager::indexOfContext(VeskContext *context) const
+{
+    return static_cast<int>(contexts.indexOf(context));
+}
+
+VeskContext *VeskContextManager::getCurrentContext() const
+{
+    return current;
+}
+
 void VeskContextManager::setCurrentContext(int index)
 {
     if (index >= -1 && index < contexts.size())

@@ -9,6 +9,9 @@ class VeskContext;
 
 /// The open documents, in the order of opening, and which of them is current. Owns its contexts.
 /// GUI thread.
+///
+/// A tool calls getInstance, getCurrentContext, addContext, indexOfContext, setCurrentContext and
+/// removeContext.
 class VESKCORE_EXPORT VeskContextManager : public QObject
 {
     Q_OBJECT
@@ -29,10 +32,10 @@ public:
     /// Borrowed; null for an index outside of the list.
     VeskContext *contextAt(int index) const { return contexts.value(index); }
     /// -1 when context is not here.
-    int indexOfContext(VeskContext *context) const { return contexts.indexOf(context); }
+    int indexOfContext(VeskContext *context) const;
 
     /// Null while no document is current.
-    VeskContext *getCurrentContext() const { return current; }
+    VeskContext *getCurrentContext() const;
     /// Makes that document current; -1 for none. Any other index outside of the list is ignored.
     void setCurrentContext(int index);
 

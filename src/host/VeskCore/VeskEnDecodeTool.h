@@ -14,6 +14,8 @@
 /// and key always give the same bytes.
 ///
 /// Any thread, reentrant, never throws.
+///
+/// A tool calls VeskGetMM and DES_Decrypt.
 class VESKCORE_EXPORT VeskEnDecodeTool
 {
 public:

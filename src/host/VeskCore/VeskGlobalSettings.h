@@ -9,6 +9,8 @@
 /// The editor's settings, kept in the INI file that the tools share. Every read sees what was last
 /// written by anybody in the process; every write is on its way to the file at once. A missing or
 /// damaged file reads as defaults; see VeskSettingsFile. GUI thread, except configFilePath.
+///
+/// A tool calls getInstance and isHistogramVisible; it reads its own keys from the file itself.
 class VESKCORE_EXPORT VeskGlobalSettings : public QObject
 {
     Q_OBJECT

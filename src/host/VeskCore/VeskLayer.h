@@ -7,6 +7,8 @@
 class VeskPictureHost;
 
 /// A layer that shows the picture of a picture host. GUI thread.
+///
+/// A tool calls the constructor and setVeskPictureHost.
 class VESKCORE_EXPORT VeskLayer : public VeskLayerBase
 {
     Q_OBJECT

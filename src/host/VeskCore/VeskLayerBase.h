@@ -8,6 +8,8 @@
 
 /// One layer of a document, of whatever kind: a named picture with an opacity. Owned by the layer
 /// manager it is added to. GUI thread.
+///
+/// A tool calls setAlpha.
 class VESKCORE_EXPORT VeskLayerBase : public QObject
 {
     Q_OBJECT

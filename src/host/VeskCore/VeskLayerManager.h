@@ -10,6 +10,8 @@ class VeskLayerBase;
 
 /// The layers of one document, bottom to top, and which of them is current. Owns its layers.
 /// GUI thread.
+///
+/// A tool calls addLayer.
 class VESKCORE_EXPORT VeskLayerManager : public QObject
 {
     Q_OBJECT

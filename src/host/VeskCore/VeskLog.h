@@ -12,6 +12,8 @@
 ///
 /// The file rotates: "vesk.log" is renamed to "vesk.log.1" (and that to "vesk.log.2") before it
 /// would grow beyond kMaximumFileSize; only a single entry longer than that makes a longer file.
+///
+/// A tool calls Instance and Log.
 class VESKCORE_EXPORT VeskLog
 {
 public:

@@ -4,3 +4,13 @@ VeskPictureHost::VeskPictureHost(const QImage &image)
     : picture(image)
 {
 }
+
+int VeskPictureHost::getWidth() const
+{
+    return picture.width();
+}
+
+int VeskPictureHost::getHeight() const
+{
+    return picture.height();
+}

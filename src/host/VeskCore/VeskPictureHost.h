@@ -5,6 +5,8 @@
 #include <QImage>
 
 /// Holds the pixels of one layer. GUI thread, or one thread at a time.
+///
+/// A tool calls getWidth and getHeight.
 class VESKCORE_EXPORT VeskPictureHost
 {
 public:
@@ -13,8 +15,8 @@ public:
     explicit VeskPictureHost(const QImage &image = {});
 
     /// Size in pixels, 0 for a null picture.
-    int getWidth() const { return picture.width(); }
-    int getHeight() const { return picture.height(); }
+    int getWidth() const;
+    int getHeight() const;
 
     /// The picture in the format in which it came; null when there is none.
     const QImage &getImage() const { return picture; }

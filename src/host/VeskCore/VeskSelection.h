@@ -7,6 +7,8 @@
 
 /// What the user has selected of a document: a rectangle of pixels, or nothing. Owned by
 /// the context it is set on. GUI thread.
+///
+/// A tool calls the constructor.
 class VESKCORE_EXPORT VeskSelection : public QObject
 {
     Q_OBJECT

@@ -12,6 +12,8 @@ class QAction;
 
 /// Registry of the editor's actions, by number and by name. Menus and tool bars show the actions
 /// themselves; tools enable and trigger them through here. GUI thread only.
+///
+/// A tool calls getInstance, getActionByName and setEnabled.
 class VESKUI_EXPORT VeskActionManager : public QObject
 {
     Q_OBJECT

@@ -6,13 +6,13 @@
 #include <VeskSelection.h>
 
 #include <QElapsedTimer>
+#include <QInputDevice>
 #include <QLineF>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QTimerEvent>
-#include <QInputDevice>
 #include <QTouchEvent>
 #include <QVariantAnimation>
 #include <QWheelEvent>
@@ -308,7 +308,7 @@ bool VeskCanvas::event(QEvent *event)
     return QWidget::event(event);
 }
 
-// Read from the touch points themselves: the toolkit's pinch gesture counts steps twice.
+// Read from the touch points themselves: Qt's pinch gesture counts steps twice.
 void VeskCanvas::followFingers(const QTouchEvent &event)
 {
     const Grip before = gripOf(event.points(), &QEventPoint::lastPosition);

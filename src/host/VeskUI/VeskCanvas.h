@@ -34,6 +34,9 @@ struct SourceLayer;
 /// The cost of a repaint is bounded by the visible area, whatever the size of the picture: what is
 /// shown smaller is painted from reduced copies, which are made in short pieces of work between
 /// repaints. Until a copy is there the pixels are picked without smoothing.
+///
+/// A tool calls stopCanvasTimer, startCanvasTimer, reSizeCanvas, setSelection, moveToCenter and
+/// updateHistogram, and the virtual resetCanvas and attachContext.
 class VESKUI_EXPORT VeskCanvas : public QWidget
 {
     Q_OBJECT

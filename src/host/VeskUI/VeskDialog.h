@@ -14,6 +14,8 @@ class QSizeGrip;
 /// the Escape key reject the dialog. The content is a plain child of the frame, whatever window
 /// flags it had: the frame is its parent widget, and it can be hidden and shown on its own. GUI
 /// thread only.
+///
+/// A tool calls show(bool), and the constructor and the destructor as the base of a dialog.
 class VESKUI_EXPORT VeskDialog : public QDialog
 {
     Q_OBJECT

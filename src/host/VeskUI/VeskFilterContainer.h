@@ -6,6 +6,8 @@
 /// open. Hiding the panel's parent widget hides the frame; the tool shows both again with
 /// panel->setVisible(true) and show(true). Closing it only hides it, so a tool can keep one frame
 /// for its whole life. GUI thread only.
+///
+/// A tool calls the constructor.
 class VESKUI_EXPORT VeskFilterContainer : public VeskDialog
 {
     Q_OBJECT

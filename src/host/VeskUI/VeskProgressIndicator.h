@@ -15,6 +15,8 @@ class QEventLoop;
 /// that arrives before exec() is not lost: exec() then returns at once. The user cannot end the
 /// wait: Escape, and a close asked for by the window system, do nothing. Everything else is for
 /// the GUI thread only.
+///
+/// A tool calls the constructor, startAnimation, exec and the destructor.
 class VESKUI_EXPORT VeskProgressIndicator : public QDialog
 {
     Q_OBJECT

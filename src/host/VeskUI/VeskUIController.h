@@ -10,6 +10,8 @@
 /// Carries named notifications from tools and documents to the editor's user interface, so that
 /// neither needs to know the other. Delivery is direct: notifyUI returns when the connected slots
 /// have. GUI thread only.
+///
+/// A tool calls getInstance and notifyUI.
 class VESKUI_EXPORT VeskUIController : public QObject
 {
     Q_OBJECT

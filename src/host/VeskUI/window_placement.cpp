@@ -17,7 +17,7 @@ QWidget *mainWindow()
     return nullptr;
 }
 
-// Two windows that are above each other would send the toolkit round in a circle.
+// Two windows that are above each other would send Qt round in a circle.
 bool isAbove(const QWindow *upper, const QWindow *lower)
 {
     while (upper && upper != lower)

@@ -272,7 +272,7 @@ void DialogTest::staysOnTop_isAUtilityWindow()
     QCOMPARE(utility.windowHandle()->transientParent(), editor.windowHandle());
 }
 
-// Each is shown while the other is active; windows that are above each other hang the toolkit.
+// Each is shown while the other is active; windows that are above each other hang Qt.
 void DialogTest::twoFrames_shownOverEachOther_makeNoCircle()
 {
     VeskDialog first(panel(), kCloseOnly, false, nullptr, true);
