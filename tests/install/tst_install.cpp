@@ -1,3 +1,5 @@
+#include "dng_writer.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QProcess>
@@ -58,6 +60,7 @@ private slots:
     void programs_inAMovedTree_run_data();
     void programs_inAMovedTree_run();
     void libraries_inAMovedTree_areFoundBesideThePrograms();
+    void rawConverter_inAMovedTree_isFoundFromTheLibrary();
     void cmakePackage_namesNoFolderOfTheBuild();
     void runtimeComponent_hasNothingForDevelopers();
     void embeddingGuide_showsTheExample_data();
@@ -115,6 +118,26 @@ void TestInstall::libraries_inAMovedTree_areFoundBesideThePrograms()
         ++found;
     }
     QVERIFY(found > 0);
+}
+
+void TestInstall::rawConverter_inAMovedTree_isFoundFromTheLibrary()
+{
+    QStringList words{QStringLiteral("merge")};
+    for (const char *name : {"a.dng", "b.dng"}) {
+        QVERIFY(writeDng(path(name), {}));
+        words += path(name);
+    }
+    words += {QStringLiteral("-o"), path("raw.png")};
+    const Run merge = run(path("moved/bin/veskhdr"), words);
+    QVERIFY2(merge.exitCode == 0, merge.output);
+
+    const QString converter = path("moved/libexec/vesk-hdr/vesk-raw-converter");
+    QVERIFY(QFile::rename(converter, converter + "-away"));
+    words.last() = path("none.png");
+    const Run refused = run(path("moved/bin/veskhdr"), words);
+    QVERIFY(QFile::rename(converter + "-away", converter));
+    QVERIFY(refused.exitCode > 0);
+    QVERIFY2(refused.output.contains("cannot be started"), refused.output);
 }
 
 void TestInstall::cmakePackage_namesNoFolderOfTheBuild()
