@@ -40,7 +40,7 @@ qint64 memoryOfMachine()
 std::atomic<qint64> pixelLimitOfAll{VeskRaw::kDefaultPixelLimit};
 std::atomic<qint64> memoryLimitOfAll{0}; // 0: the machine's
 std::atomic<int> timeLimitOfAll{VeskRaw::kDefaultTimeLimitSeconds};
-Q_CONSTINIT QString *converterProgram = nullptr;
+QString *converterProgram = nullptr;
 
 const char *reasonFor(VeskRaw::Failure failure)
 {
@@ -92,7 +92,7 @@ VeskRaw::Conversion failedAs(ConverterProcess::Reading reading)
 /// The program's numbers are those of raw::Failure, which begin like those of VeskRaw.
 static_assert(int(raw::Failure::Library) == int(VeskRaw::Failure::Library) &&
               int(raw::Failure::Count) == int(VeskRaw::Failure::CannotStart));
-static_assert(int(raw::ColourSpace::ProPhotoRgb) == int(VeskRaw::ColourSpace::ProPhotoRgb));
+static_assert(int(raw::ColourSpace::DisplayP3) == int(VeskRaw::ColourSpace::DisplayP3));
 
 QByteArrayList argumentsFor(const QString &path, const VeskRaw::Options &options)
 {
@@ -119,6 +119,8 @@ void tag(QImage &picture, VeskRaw::ColourSpace space)
         picture.setColorSpace(QColorSpace::AdobeRgb);
     if (space == VeskRaw::ColourSpace::ProPhotoRgb)
         picture.setColorSpace(QColorSpace::ProPhotoRgb);
+    if (space == VeskRaw::ColourSpace::DisplayP3)
+        picture.setColorSpace(QColorSpace::DisplayP3);
 }
 
 /// One conversion by the program.

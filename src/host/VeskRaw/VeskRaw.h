@@ -34,7 +34,7 @@ public:
         Cancelled
     };
 
-    enum class ColourSpace { Srgb, AdobeRgb, ProPhotoRgb };
+    enum class ColourSpace { Srgb, AdobeRgb, ProPhotoRgb, DisplayP3 };
 
     struct Options
     {

@@ -1,5 +1,7 @@
 #include "raw_conversion.h"
 
+#include "display_p3.h"
+
 #include <libraw/libraw.h>
 
 #include <algorithm>
@@ -63,12 +65,24 @@ void chooseColours(libraw_output_params_t &output, raw::ColourSpace space)
         int space; ///< in LibRaw's numbering
         double gamma, slope;
     };
-    static constexpr Encoding kEncodings[] = {
-        {1, 1.0 / 2.4, 12.92}, {2, 256.0 / 563, 0}, {4, 1.0 / 1.8, 16}};
+    static constexpr Encoding kEncodings[] = {{1, 1.0 / 2.4, 12.92},
+                                              {2, 256.0 / 563, 0},
+                                              {4, 1.0 / 1.8, 16},
+                                              {4, 1, 1} /* linear, for display_p3 */};
     const Encoding &encoding = kEncodings[static_cast<std::uint32_t>(space)];
     output.output_color = encoding.space;
     output.gamm[0] = encoding.gamma;
     output.gamm[1] = encoding.slope;
+}
+
+bool isForDisplayP3(const raw::Options &options)
+{
+    return options.colourSpace == raw::ColourSpace::DisplayP3;
+}
+
+int libraryBits(const raw::Options &options)
+{
+    return isForDisplayP3(options) ? 16 : options.bitsPerChannel;
 }
 
 void chooseOutput(libraw_output_params_t &output, const raw::Options &options)
@@ -80,7 +94,7 @@ void chooseOutput(libraw_output_params_t &output, const raw::Options &options)
     // nominal white, which would tint highlights. The default also brightens dim pictures by that.
     output.adjust_maximum_thr = 0.9F;
     chooseColours(output, options.colourSpace);
-    output.output_bps = options.bitsPerChannel;
+    output.output_bps = libraryBits(options);
     output.half_size = options.quick ? 1 : 0;
 }
 
@@ -106,6 +120,20 @@ raw::Conversion takePicture(LibRaw &library, int bitsWanted)
     return result == LIBRAW_SUCCESS ? std::move(taken) : failedWith(result);
 }
 
+void turnToDisplayP3(raw::Conversion &picture, int bitsWanted)
+{
+    auto *const samples = reinterpret_cast<std::uint16_t *>(picture.samples.data());
+    const std::int64_t pixels = std::int64_t(picture.width) * picture.height;
+    display_p3::encode(samples, pixels, picture.channels);
+    if (bitsWanted == 16)
+        return;
+    const std::size_t count = picture.samples.size() / 2;
+    for (std::size_t i = 0; i < count; ++i) // the upper byte, as LibRaw does
+        picture.samples[i] = static_cast<unsigned char>(samples[i] >> 8);
+    picture.samples.resize(count);
+    picture.bitsPerChannel = 8;
+}
+
 raw::Conversion convertWith(LibRaw &library, const char *path, const raw::Options &options)
 {
     bool isDamaged = false;
@@ -122,8 +150,12 @@ raw::Conversion convertWith(LibRaw &library, const char *path, const raw::Option
     if (isDamaged)
         return failed(raw::Failure::Damaged);
     result = library.dcraw_process();
-    return result == LIBRAW_SUCCESS ? takePicture(library, options.bitsPerChannel)
-                                    : failedWith(result);
+    if (result != LIBRAW_SUCCESS)
+        return failedWith(result);
+    raw::Conversion taken = takePicture(library, libraryBits(options));
+    if (isForDisplayP3(options) && taken.failure == raw::Failure::None)
+        turnToDisplayP3(taken, options.bitsPerChannel);
+    return taken;
 }
 
 /// One pixel of count samples becomes red, green, blue.

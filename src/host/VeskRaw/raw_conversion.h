@@ -20,7 +20,7 @@ enum class Failure : std::uint32_t {
     Count     ///< how many there are
 };
 
-enum class ColourSpace : std::uint32_t { Srgb, AdobeRgb, ProPhotoRgb, Count };
+enum class ColourSpace : std::uint32_t { Srgb, AdobeRgb, ProPhotoRgb, DisplayP3, Count };
 
 struct Options
 {

@@ -97,6 +97,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("space");
         QTest::newRow("Adobe RGB") << int(VeskRaw::ColourSpace::AdobeRgb);
         QTest::newRow("ProPhoto RGB") << int(VeskRaw::ColourSpace::ProPhotoRgb);
+        QTest::newRow("Display P3") << int(VeskRaw::ColourSpace::DisplayP3);
     }
     void colourSpace_isThatOfTheTag()
     {
