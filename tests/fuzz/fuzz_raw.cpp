@@ -5,7 +5,7 @@
 #include "VeskRawType.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "raw_conversion.h"
+#include "libraw_conversion.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -2,7 +2,7 @@
 
 #include "ConverterProcess.h"
 #include "converter_answer.h"
-#include "raw_conversion.h"
+#include "libraw_conversion.h"
 
 #include <libraw/libraw.h>
 

@@ -2,7 +2,7 @@
 // caller goes on.
 
 #include "converter_answer.h"
-#include "raw_conversion.h"
+#include "libraw_conversion.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,4 +1,4 @@
-#include "raw_conversion.h"
+#include "libraw_conversion.h"
 
 #include "dng_writer.h"
 
@@ -33,7 +33,7 @@ DngRecipe slopes(int width, int height)
 } // namespace
 
 /// The conversion within the process, and that the program of its own gives the same pixels.
-class TestRawConversion : public QObject
+class TestLibRawConversion : public QObject
 {
     Q_OBJECT
 
@@ -160,5 +160,5 @@ private:
     QTemporaryDir folder;
 };
 
-QTEST_GUILESS_MAIN(TestRawConversion)
-#include "tst_raw_conversion.moc"
+QTEST_GUILESS_MAIN(TestLibRawConversion)
+#include "tst_libraw_conversion.moc"

@@ -1,4 +1,4 @@
-#include "raw_conversion.h"
+#include "libraw_conversion.h"
 
 #include "display_p3.h"
 
