@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QTranslator>
+#include <QVariant>
 
 #include <memory>
 

@@ -26,16 +26,31 @@ raw::Conversion failedWith(int libraryError)
     case LIBRAW_FILE_UNSUPPORTED:
         return failed(raw::Failure::NotRaw, libraryError);
     case LIBRAW_UNSUFFICIENT_MEMORY:
+    case LIBRAW_MEMPOOL_OVERFLOW:
         return failed(raw::Failure::NoMemory, libraryError);
     case LIBRAW_DATA_ERROR:
     case LIBRAW_IO_ERROR: // also where the file ends too soon
     case LIBRAW_BAD_CROP:
-    case LIBRAW_MEMPOOL_OVERFLOW:
         return failed(raw::Failure::Damaged, libraryError);
     case LIBRAW_TOO_BIG:
         return failed(raw::Failure::TooLarge, libraryError);
     default:
         return failed(raw::Failure::Library, libraryError);
+    }
+}
+
+raw::Failure failureOf(LibRaw_exceptions exception)
+{
+    switch (exception) {
+    case LIBRAW_EXCEPTION_ALLOC:
+    case LIBRAW_EXCEPTION_MEMPOOL:
+        return raw::Failure::NoMemory;
+    case LIBRAW_EXCEPTION_TOOBIG:
+        return raw::Failure::TooLarge;
+    case LIBRAW_EXCEPTION_NONE:
+        return raw::Failure::Library;
+    default:
+        return raw::Failure::Damaged;
     }
 }
 
@@ -111,8 +126,9 @@ raw::Conversion takePicture(LibRaw &library, int bitsWanted)
     raw::Conversion taken;
     library.get_mem_image_format(&taken.width, &taken.height, &taken.channels,
                                  &taken.bitsPerChannel);
-    if (taken.bitsPerChannel != bitsWanted || (taken.channels != 1 && taken.channels != 3) ||
-        taken.width <= 0 || taken.height <= 0)
+    if (taken.width <= 0 || taken.height <= 0) // LibRaw has got no memory and forgets to say so
+        return failed(raw::Failure::NoMemory);
+    if (taken.bitsPerChannel != bitsWanted || (taken.channels != 1 && taken.channels != 3))
         return failed(raw::Failure::Library);
     const int rowBytes = taken.width * taken.channels * taken.bitsPerChannel / 8;
     taken.samples.resize(std::size_t(rowBytes) * std::size_t(taken.height));
@@ -205,10 +221,21 @@ raw::Conversion raw::convert(const char *path, const Options &options)
         // Too large for a thread's stack.
         const auto library = std::make_unique<LibRaw>();
         return convertWith(*library, path, options);
-    } catch (const std::bad_alloc &) {
-        return failed(Failure::NoMemory);
     } catch (...) {
-        return failed(Failure::Library);
+        return failed(failureInFlight());
+    }
+}
+
+raw::Failure raw::failureInFlight()
+{
+    try {
+        throw;
+    } catch (const std::bad_alloc &) {
+        return Failure::NoMemory;
+    } catch (LibRaw_exceptions exception) { // those of its threads pass by its own handlers
+        return failureOf(exception);
+    } catch (...) {
+        return Failure::Library;
     }
 }
 

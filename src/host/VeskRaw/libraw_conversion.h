@@ -46,6 +46,9 @@ struct Conversion
 /// threads may end the process where memory is short. Any thread, several at once.
 Conversion convert(const char *path, const Options &options);
 
+/// What the exception in flight stands for, in a handler of exceptions or of their lack.
+Failure failureInFlight();
+
 /// One row of the picture as QImage keeps it: Format_RGB32 (4 bytes a pixel) for 8 bits a channel,
 /// Format_RGBX64 (8 bytes) for 16.
 void writeRow(const Conversion &picture, int y, unsigned char *row);

@@ -12,6 +12,7 @@
 #include <exception>
 #include <new>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 #if defined(__linux__)
@@ -50,14 +51,7 @@ void answerFailure(raw::Failure failure)
 /// Exceptions of LibRaw's threads end here.
 [[noreturn]] void onUncaughtException()
 {
-    raw::Failure failure = raw::Failure::Library;
-    try {
-        std::rethrow_exception(std::current_exception());
-    } catch (const std::bad_alloc &) {
-        failure = raw::Failure::NoMemory;
-    } catch (...) { // NOLINT(bugprone-empty-catch): the failure is set already
-    }
-    answerFailure(failure);
+    answerFailure(raw::failureInFlight());
     _exit(EXIT_SUCCESS);
 }
 
@@ -67,19 +61,30 @@ void onExit()
     answerFailure(raw::Failure::NoMemory);
 }
 
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kIsSanitized = true;
+#else
+constexpr bool kIsSanitized = false;
+#endif
+
+/// A sanitizer maps far more than any limit, and its reports are for people.
 void limitMemory(rlim_t bytes)
 {
     const rlimit noCore = {0, 0};
     ::setrlimit(RLIMIT_CORE, &noCore);
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // these map far more than that
     rlimit limit = {};
-    if (bytes == 0 || ::getrlimit(RLIMIT_AS, &limit) != 0)
+    if (kIsSanitized || bytes == 0 || ::getrlimit(RLIMIT_AS, &limit) != 0)
         return;
     limit.rlim_cur = std::min(limit.rlim_cur, bytes);
     ::setrlimit(RLIMIT_AS, &limit);
-#else
-    (void)bytes;
-#endif
+}
+
+/// What the runtime of LibRaw's threads says before it gives up is answered in its place.
+void silence()
+{
+    const int nowhere = kIsSanitized ? -1 : ::open("/dev/null", O_WRONLY);
+    if (nowhere >= 0)
+        ::dup2(nowhere, STDERR_FILENO);
 }
 
 void endWithCaller()
@@ -127,6 +132,7 @@ int main(int argc, char **argv)
     options.bitsPerChannel = int(number(BitsArgument));
     options.colourSpace = static_cast<raw::ColourSpace>(number(ColourSpaceArgument));
 
+    silence();
     endWithCaller();
     std::set_terminate(&onUncaughtException);
     std::atexit(&onExit);
