@@ -17,6 +17,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcSettings, "vesk.host")
 
+static_assert(VeskSettingsFile::kLargestBytes == ini::kLargestBytes);
+
 bool isMarked(const QString &text, QLatin1String mark)
 {
     return text.startsWith(mark) && text.endsWith(u')');
