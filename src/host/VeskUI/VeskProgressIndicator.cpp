@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QShowEvent>
 #include <QTimerEvent>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -78,12 +79,18 @@ void VeskProgressIndicator::reject()
 {
 }
 
+// The worker posts its event to the indicator itself. All others close the window below it, which
+// would pass the event on, and not tell whether the window system or the program has asked.
+bool VeskProgressIndicator::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != windowHandle() || event->type() != QEvent::Close)
+        return QDialog::eventFilter(watched, event);
+    event->ignore();
+    return true;
+}
+
 void VeskProgressIndicator::closeEvent(QCloseEvent *event)
 {
-    if (event->spontaneous()) { // the window system asks, not the worker
-        event->ignore();
-        return;
-    }
     isCloseReceived = true;
     event->accept();
     hide();
@@ -94,7 +101,8 @@ void VeskProgressIndicator::closeEvent(QCloseEvent *event)
 void VeskProgressIndicator::showEvent(QShowEvent *event)
 {
     if (!event->spontaneous() && !parentWidget())
-        adjustPosition(stayAboveActiveWindow(*this));
+        adjustPosition(window_placement::stayAboveActive(*this));
+    windowHandle()->installEventFilter(this); // a second time on the same window changes nothing
     QDialog::showEvent(event);
     updateFrameTimer();
 }

@@ -12,9 +12,10 @@ class QEventLoop;
 ///
 /// The worker ends the wait by posting a QCloseEvent to the indicator
 /// (QCoreApplication::postEvent, from any thread, at any time after construction). A close event
-/// that arrives before exec() is not lost: exec() then returns at once. The user cannot end the
-/// wait: Escape, and a close asked for by the window system, do nothing. Everything else is for
-/// the GUI thread only.
+/// that arrives before exec() is not lost: exec() then returns at once. Nobody else ends the wait:
+/// Escape does nothing, nor does a close that goes by way of the window, be it the window system
+/// that asks (Alt+F4), the program that closes all its windows, or QWidget::close(). Everything
+/// else is for the GUI thread only.
 ///
 /// A tool calls the constructor, startAnimation, exec and the destructor.
 class VESKUI_EXPORT VeskProgressIndicator : public QDialog
@@ -34,12 +35,16 @@ public:
     bool isAnimating() const { return frameTimer.isActive(); }
 
     /// Shows the indicator and runs an event loop until one close event has arrived, counted from
-    /// construction or from the end of the last exec(). Also returns when the program quits.
+    /// construction or from the end of the last exec(). Also returns at QCoreApplication::exit();
+    /// a quit() meanwhile is refused, as by any window that does not close.
     /// Returns QDialog::Accepted.
     int exec() override;
 
     /// Does nothing: the wait cannot be cancelled.
     void reject() override;
+
+    /// Keeps closes from the indicator's own window.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -21,7 +21,7 @@ public:
             hasFired = true;
             QApplication::exit();
             if (QWidget *modal = QApplication::activeModalWidget())
-                modal->close();
+                QCoreApplication::postEvent(modal, new QCloseEvent);
         });
         timer.start(kLimitMs);
     }
@@ -34,6 +34,15 @@ private:
 void postClose(VeskProgressIndicator &indicator)
 {
     QCoreApplication::postEvent(&indicator, new QCloseEvent, 2147483647);
+}
+
+/// The close of the window's title bar, of Alt+F4, and of the task bar: it comes to the window as
+/// an event from outside of the program. True when the window agreed.
+bool closeByWindowSystem(VeskProgressIndicator &indicator)
+{
+    QCloseEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    return qApp->notify(indicator.windowHandle(), &event) && event.isAccepted();
 }
 
 } // namespace
@@ -50,6 +59,7 @@ private slots:
     void exec_userCannotEndTheWait_data();
     void exec_userCannotEndTheWait();
     void exec_hiddenByTheProgram_keepsWaiting();
+    void exec_programAskedToQuit_keepsWaiting();
     void exec_isModalAndSized();
     void exec_endingWhileNoOtherWindowIsOpen_doesNotQuitTheProgram();
     void animation_runsOnlyWhileVisible();
@@ -132,12 +142,22 @@ void ProgressIndicatorTest::exec_userCannotEndTheWait_data()
         [](VeskProgressIndicator &indicator) { QTest::keyClick(&indicator, Qt::Key_Escape); });
     QTest::newRow("return") << UserAct(
         [](VeskProgressIndicator &indicator) { QTest::keyClick(&indicator, Qt::Key_Return); });
-    QTest::newRow("window manager, also for Alt+F4")
-        << UserAct([](VeskProgressIndicator &indicator) {
-               indicator.windowHandle()->close(); // takes the way of the window system
-           });
+    QTest::newRow("window manager, also for Alt+F4") << UserAct(
+        [](VeskProgressIndicator &indicator) { QVERIFY(!closeByWindowSystem(indicator)); });
+    QTest::newRow("window") << UserAct(
+        [](VeskProgressIndicator &indicator) { QVERIFY(!indicator.windowHandle()->close()); });
+    QTest::newRow("widget") << UserAct(
+        [](VeskProgressIndicator &indicator) { QVERIFY(!indicator.close()); });
+    QTest::newRow("all windows") << UserAct(
+        [](VeskProgressIndicator &) { QApplication::closeAllWindows(); });
     QTest::newRow("reject") << UserAct(
         [](VeskProgressIndicator &indicator) { indicator.reject(); });
+    QTest::newRow("window manager, in a window made anew")
+        << UserAct([](VeskProgressIndicator &indicator) {
+               indicator.setWindowFlag(Qt::WindowStaysOnTopHint);
+               indicator.show();
+               QVERIFY(!closeByWindowSystem(indicator));
+           });
 }
 
 void ProgressIndicatorTest::exec_userCannotEndTheWait()
@@ -179,6 +199,31 @@ void ProgressIndicatorTest::exec_hiddenByTheProgram_keepsWaiting()
     QVERIFY(!guard.hasFired);
 }
 
+void ProgressIndicatorTest::exec_programAskedToQuit_keepsWaiting()
+{
+    HangGuard guard;
+    VeskProgressIndicator indicator(QSize(60, 60));
+    bool isWorkerDone = false;
+    bool wasWaiting = false;
+    // The application can be asked to quit only while it runs itself.
+    QTimer::singleShot(0, &indicator, [&] {
+        QTimer::singleShot(0, &indicator, [&] {
+            QCoreApplication::quit();
+            QTimer::singleShot(0, &indicator, [&] {
+                wasWaiting = indicator.isVisible();
+                isWorkerDone = true;
+                postClose(indicator);
+            });
+        });
+        indicator.exec();
+        QVERIFY(isWorkerDone);
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    });
+    QApplication::exec();
+    QVERIFY(wasWaiting);
+    QVERIFY(!guard.hasFired);
+}
+
 void ProgressIndicatorTest::exec_isModalAndSized()
 {
     HangGuard guard;
@@ -200,7 +245,7 @@ void ProgressIndicatorTest::exec_endingWhileNoOtherWindowIsOpen_doesNotQuitThePr
     VeskProgressIndicator indicator(QSize(60, 60));
     // The application looks for its last window only while it runs itself.
     QTimer::singleShot(0, &indicator, [&] {
-        QTimer::singleShot(0, &indicator, &QWidget::close);
+        QTimer::singleShot(0, &indicator, [&] { postClose(indicator); });
         indicator.exec();
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
     });
