@@ -10,9 +10,12 @@
 #include <QPainterPath>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace {
 
-constexpr int kBarHeight = 32;
+constexpr int kUsualHeight = 32;
+constexpr int kRoomAroundText = 8; // above and below together
 constexpr int kButtonWidth = 36;
 constexpr double kGlyphRadius = 4.5; // half the size of a button's sign
 
@@ -33,7 +36,8 @@ public:
         : QAbstractButton(parent)
         , shape(buttonShape)
     {
-        setFixedSize(kButtonWidth, kBarHeight);
+        setFixedWidth(kButtonWidth);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
         setFocusPolicy(Qt::NoFocus); // the keyboard belongs to the content; Escape closes
         setAttribute(Qt::WA_Hover);
     }
@@ -99,7 +103,7 @@ VeskTitleWidget::VeskTitleWidget(TitleButtonFlag buttons, QWidget *parent)
     , shownButtons(buttons)
     , label(new QLabel(this))
 {
-    setFixedHeight(kBarHeight);
+    fitHeight();
     setMinimumWidth(160);
     label->setTextFormat(Qt::PlainText);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -164,15 +168,22 @@ void VeskTitleWidget::elideTitle()
     label->setToolTip(shown == fullTitle ? QString() : fullTitle);
 }
 
+void VeskTitleWidget::fitHeight()
+{
+    setFixedHeight(std::max(kUsualHeight, fontMetrics().height() + kRoomAroundText));
+}
+
 void VeskTitleWidget::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         retranslate();
-    else if (event->type() == QEvent::FontChange)
+    } else if (event->type() == QEvent::FontChange) {
+        fitHeight();
         elideTitle();
-    else if (event->type() == QEvent::ActivationChange)
+    } else if (event->type() == QEvent::ActivationChange) {
         label->setEnabled(isActiveWindow()); // a frame in the background steps back
+    }
 }
 
 void VeskTitleWidget::resizeEvent(QResizeEvent *event)
@@ -204,8 +215,8 @@ void VeskTitleWidget::mouseMoveEvent(QMouseEvent *event)
 {
     if (!isPressed || !(event->buttons() & Qt::LeftButton) || window()->isMaximized())
         return;
-    if (!isDragging &&
-        (event->globalPosition().toPoint() - pressPosition).manhattanLength() < QApplication::startDragDistance())
+    if (!isDragging && (event->globalPosition().toPoint() - pressPosition).manhattanLength() <
+                           QApplication::startDragDistance())
         return;
     if (!isDragging) {
         // The window system knows about screen edges and, on some, alone may move windows.

@@ -56,6 +56,7 @@ private:
     QAbstractButton *addButton(int shape, const QString &name);
     void retranslate();
     void elideTitle();
+    void fitHeight();
 
     const TitleButtonFlag shownButtons;
     QString fullTitle;
