@@ -109,7 +109,7 @@ void VeskDialog::show(bool isActivated)
 void VeskDialog::showEvent(QShowEvent *event)
 {
     if (!event->spontaneous() && !parentWidget()) {
-        QWidget *active = stayAboveActiveWindow(*this);
+        QWidget *active = window_placement::stayAboveActive(*this);
         if (!testAttribute(Qt::WA_Moved))
             adjustPosition(active);
     }

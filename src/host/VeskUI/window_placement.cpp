@@ -27,7 +27,7 @@ bool isAbove(const QWindow *upper, const QWindow *lower)
 
 } // namespace
 
-QWidget *stayAboveActiveWindow(QWidget &window)
+QWidget *window_placement::stayAboveActive(QWidget &window)
 {
     QWidget *active = QApplication::activeWindow();
     if (!active || active == &window)
