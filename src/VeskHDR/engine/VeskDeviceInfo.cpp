@@ -112,11 +112,13 @@ void VeskDeviceInfo::getOpenCLInfo()
     }
 }
 
-/// A corrected or defaulted name stays in memory until the user chooses a device.
+/// A corrected or defaulted name stays in memory until the user chooses a device. An empty name is
+/// no choice, even where a device has no name.
 void VeskDeviceInfo::readCurrentDeviceName()
 {
     currentDeviceName = tool_settings::openCLDevice();
-    if (!currentDevice())
+    const bool isChosen = !currentDeviceName.isEmpty() && currentDevice();
+    if (!isChosen)
         currentDeviceName = devices.isEmpty() ? QString() : devices.first().name;
 }
 

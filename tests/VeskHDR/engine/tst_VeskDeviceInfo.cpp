@@ -176,6 +176,8 @@ private slots:
         QTest::newRow("blank at the end") << QByteArray("cl_a cl_b ") << both;
         QTest::newRow("blanks only") << QByteArray("   ") << QStringList();
         QTest::newRow("longer than the buffer") << QByteArray(5000, 'x') << QStringList();
+        QTest::newRow("as long as the buffer, without a zero")
+            << QByteArray(4096, 'x') << QStringList{QString(4096, QLatin1Char('x'))};
     }
 
     void extensions_haveNoEmptyEntries()
@@ -285,6 +287,25 @@ private slots:
         Registry registry;
         verifyCurrent(registry, 0);
         QVERIFY(savedSettings().isEmpty());
+    }
+
+    void deviceWithoutAName_isNotCurrentBeforeItIsChosen_data()
+    {
+        QTest::addColumn<QByteArray>("saved");
+        QTest::newRow("no key") << QByteArray();
+        QTest::newRow("empty name") << QByteArray("");
+    }
+
+    void deviceWithoutAName_isNotCurrentBeforeItIsChosen()
+    {
+        QFETCH(QByteArray, saved);
+        if (!saved.isNull())
+            save(kKey, QString());
+        script("A||C");
+        Registry registry;
+        QCOMPARE(names(registry),
+                 (QStringList{QStringLiteral("A"), QString(), QStringLiteral("C")}));
+        verifyCurrent(registry, 0);
     }
 
     void savedEmptyName_firstDeviceIsCurrent()

@@ -3,7 +3,8 @@
 //
 //   VESK_SCRIPT_PLATFORM        name of the platform; without it there is none
 //   VESK_SCRIPT_DEVICES         names of its devices, separated by "|"; empty: it has no device
-//   VESK_SCRIPT_EXTENSIONS      the extensions text of every device
+//   VESK_SCRIPT_EXTENSIONS      the extensions text of every device; one as long as the room for it
+//                               comes without its terminating zero
 //   VESK_SCRIPT_IMAGE_SUPPORT   the cl_bool that every device answers, 1 if not set
 //   VESK_SCRIPT_FAIL            "ids": fetching the handles fails; "queries": every query fails
 //   VESK_SCRIPT_RECORD          file to which every call is appended, a line each: the call, its
@@ -136,6 +137,12 @@ cl_int answerNumber(cl_device_id device, cl_device_info info, size_t roomSize, v
     return layer::answer(&word, sizeof(word), roomSize, room, sizeRet);
 }
 
+cl_int answerExtensions(const std::string &text, size_t roomSize, void *room, size_t *sizeRet)
+{
+    const size_t size = text.size() == roomSize ? roomSize : text.size() + 1;
+    return layer::answer(text.c_str(), size, roomSize, room, sizeRet);
+}
+
 cl_int CL_API_CALL getDeviceInfo(cl_device_id device, cl_device_info info, size_t roomSize,
                                  void *room, size_t *sizeRet)
 {
@@ -153,7 +160,7 @@ cl_int CL_API_CALL getDeviceInfo(cl_device_id device, cl_device_info info, size_
         return layer::answer(scriptedFact(deviceIndex(device), info).c_str(), roomSize, room,
                              sizeRet);
     case CL_DEVICE_EXTENSIONS:
-        return layer::answer(scripted("VESK_SCRIPT_EXTENSIONS").c_str(), roomSize, room, sizeRet);
+        return answerExtensions(scripted("VESK_SCRIPT_EXTENSIONS"), roomSize, room, sizeRet);
     case CL_DEVICE_IMAGE_SUPPORT: {
         const std::string value = scripted("VESK_SCRIPT_IMAGE_SUPPORT");
         const auto support = static_cast<cl_bool>(value.empty() ? 1 : std::stoul(value));
