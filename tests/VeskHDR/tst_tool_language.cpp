@@ -9,6 +9,7 @@
 #include <VeskLayerBase.h>
 #include <VeskLayerManager.h>
 
+#include <QFile>
 #include <QTranslator>
 #include <QtTest>
 
@@ -22,6 +23,7 @@ private slots:
     void initTestCase();
     void panel_isTranslatedFromTheStart();
     void boxes_areTranslated();
+    void reasonOfATooLargePicture_isTranslatedByTheToolItself();
     void mergedDocument_hasATranslatedLayerAndAnUntranslatedName();
 
 private:
@@ -69,6 +71,26 @@ void TestToolLanguage::boxes_areTranslated()
              german("VeskToolHDR", "%1 is not a valid image!").arg(QStringLiteral("missing.png")));
     QCOMPARE(boxes.shown()[2].text,
              german("VeskToolHDR", "HDR merge failed! Pictures shall be in same size."));
+}
+
+/// No catalogue but the tool's is installed here, as in an editor that is not ours.
+void TestToolLanguage::reasonOfATooLargePicture_isTranslatedByTheToolItself()
+{
+    ToolSession session;
+    const QString path = session.path(QStringLiteral("huge.gif"));
+    QFile huge(path);
+    QVERIFY(huge.open(QIODevice::WriteOnly));
+    huge.write("GIF89a" + QByteArray::fromHex("ffffffff800000000000ffffff" // 65535 x 65535
+                                              "2c00000000010001000002024401003b"));
+    huge.close();
+    MessageBoxAnswerer boxes;
+    QVERIFY(!session.tool->addFile(path));
+    QCOMPARE(boxes.shown().size(), 1);
+    QCOMPARE(boxes.shown().constFirst().text,
+             path + QStringLiteral(": ") +
+                 german("PictureDecoder", "the picture is too large (%1 x %2 pixels)")
+                     .arg(65535)
+                     .arg(65535));
 }
 
 void TestToolLanguage::mergedDocument_hasATranslatedLayerAndAnUntranslatedName()

@@ -10,6 +10,10 @@ namespace {
 using Message = TranslationCatalogue::Message;
 
 const QList<QPair<QString, QStringList>> kTexts = {
+    // Reasons that the tool shows as the picture reader words them.
+    {"PictureDecoder",
+     {"the picture is too large (%1 x %2 pixels)", "not enough memory for %1 x %2 pixels",
+      "not enough memory"}},
     {"VeskOpenCLDeviceSelection",
      {"VeskOpenCLDeviceSelection",
       "OpenCL Platform",
@@ -93,7 +97,7 @@ class TestTranslations : public QObject
     Q_OBJECT
 
 private slots:
-    void textTable_has52Messages();
+    void textTable_hasThe52MessagesOfTheToolAndThreeReasons();
     void catalogue_isForItsLanguage_data() { addLocales(); }
     void catalogue_isForItsLanguage();
     void catalogue_hasExactlyTheMessages_data() { addLocales(); }
@@ -106,6 +110,8 @@ private slots:
     void fileFilter_keepsTheOneParenthesisThatTheChooserReads();
     void sameSourceText_isTranslatedTheSameEverywhere_data() { addLocales(); }
     void sameSourceText_isTranslatedTheSameEverywhere();
+    void saveQuestion_namesItsThreeAnswersDifferently_data() { addLocales(); }
+    void saveQuestion_namesItsThreeAnswersDifferently();
     void compiledCatalogue_givesEveryTranslation_data() { addLocales(); }
     void compiledCatalogue_givesEveryTranslation();
 
@@ -121,13 +127,13 @@ void TestTranslations::addLocales()
     }
 }
 
-void TestTranslations::textTable_has52Messages()
+void TestTranslations::textTable_hasThe52MessagesOfTheToolAndThreeReasons()
 {
     QList<int> counts;
     for (const auto &context : kTexts) {
         counts += QSet<QString>(context.second.begin(), context.second.end()).size();
     }
-    QCOMPARE(counts, QList<int>({27, 11, 3, 11}));
+    QCOMPARE(counts, QList<int>({3, 27, 11, 3, 11}));
 }
 
 void TestTranslations::catalogue_isForItsLanguage()
@@ -196,6 +202,18 @@ void TestTranslations::sameSourceText_isTranslatedTheSameEverywhere()
     for (auto it = translations.cbegin(); it != translations.cend(); ++it) {
         QVERIFY2(it.value().size() == 1, qPrintable(it.key()));
     }
+}
+
+void TestTranslations::saveQuestion_namesItsThreeAnswersDifferently()
+{
+    QFETCH(QString, locale);
+    QSet<QString> answers;
+    for (const Message &message : readCatalogue(locale).messages) {
+        if (message.context == QLatin1String("VeskToolHDR") &&
+            QStringList({"Save", "Cancel", "Discard"}).contains(message.source))
+            answers += message.translation();
+    }
+    QCOMPARE(answers.size(), 3);
 }
 
 void TestTranslations::compiledCatalogue_givesEveryTranslation()

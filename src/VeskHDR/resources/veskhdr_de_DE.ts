@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en_US">
 <context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>das Bild ist zu groß (%1 × %2 Pixel)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>zu wenig Arbeitsspeicher für %1 × %2 Pixel</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
+</context>
+<context>
     <name>VeskOpenCLDeviceSelection</name>
     <message>
         <source>VeskOpenCLDeviceSelection</source>
@@ -148,7 +163,7 @@
     </message>
     <message>
         <source>HDR merge failed! Pictures shall be in same size.</source>
-        <translation>HDR-Zusammenfügung fehlgeschlagen! Alle Bilder müssen gleich groß sein.</translation>
+        <translation>Zusammenfügen zu HDR fehlgeschlagen! Alle Bilder müssen gleich groß sein.</translation>
     </message>
     <message>
         <source>used: %1 ms</source>
@@ -189,7 +204,7 @@
         <source>Choose two or more pictures from a set of exposures to
 merge and create a High Dynamic Range image.</source>
         <translation>Wählen Sie zwei oder mehr Bilder einer Belichtungsreihe,
-um sie zu einem HDR-Bild (High Dynamic Range) zusammenzufügen.</translation>
+um daraus ein HDR-Bild (High Dynamic Range) zu erstellen.</translation>
     </message>
     <message>
         <source>Browse...</source>
@@ -213,7 +228,7 @@ um sie zu einem HDR-Bild (High Dynamic Range) zusammenzufügen.</translation>
     </message>
     <message>
         <source>Use OpenCL with</source>
-        <translation>OpenCL mit</translation>
+        <translation>OpenCL verwenden mit</translation>
     </message>
     <message>
         <source>Changed device</source>
@@ -221,7 +236,7 @@ um sie zu einem HDR-Bild (High Dynamic Range) zusammenzufügen.</translation>
     </message>
     <message>
         <source>Attempt to automatically align source images</source>
-        <translation>Quellbilder möglichst automatisch ausrichten</translation>
+        <translation>Versuchen, die Quellbilder automatisch auszurichten</translation>
     </message>
 </context>
 </TS>

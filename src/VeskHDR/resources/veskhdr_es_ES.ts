@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es_ES" sourcelanguage="en_US">
 <context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>la imagen es demasiado grande (%1 × %2 píxeles)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>no hay memoria suficiente para %1 × %2 píxeles</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>no hay memoria suficiente</translation>
+    </message>
+</context>
+<context>
     <name>VeskOpenCLDeviceSelection</name>
     <message>
         <source>VeskOpenCLDeviceSelection</source>
@@ -179,7 +194,7 @@
     <name>VeskToolHDRWidgetClass</name>
     <message>
         <source>Merge to HDR</source>
-        <translation>Combinar para HDR</translation>
+        <translation>Combinar en HDR</translation>
     </message>
     <message>
         <source>Source Pictures</source>
@@ -213,7 +228,7 @@ para combinarlas en una imagen de alto rango dinámico (HDR).</translation>
     </message>
     <message>
         <source>Use OpenCL with</source>
-        <translation>OpenCL con</translation>
+        <translation>Usar OpenCL con</translation>
     </message>
     <message>
         <source>Changed device</source>
@@ -221,7 +236,7 @@ para combinarlas en una imagen de alto rango dinámico (HDR).</translation>
     </message>
     <message>
         <source>Attempt to automatically align source images</source>
-        <translation>Intentar alinear automáticamente las imágenes</translation>
+        <translation>Intentar alinear automáticamente las imágenes de origen</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr_FR" sourcelanguage="en_US">
 <context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>l’image est trop grande (%1 × %2 pixels)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>mémoire insuffisante pour %1 × %2 pixels</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>mémoire insuffisante</translation>
+    </message>
+</context>
+<context>
     <name>VeskOpenCLDeviceSelection</name>
     <message>
         <source>VeskOpenCLDeviceSelection</source>
@@ -213,7 +228,7 @@ merge and create a High Dynamic Range image.</source>
     </message>
     <message>
         <source>Use OpenCL with</source>
-        <translation>OpenCL avec</translation>
+        <translation>Utiliser OpenCL avec</translation>
     </message>
     <message>
         <source>Changed device</source>
@@ -221,7 +236,7 @@ merge and create a High Dynamic Range image.</source>
     </message>
     <message>
         <source>Attempt to automatically align source images</source>
-        <translation>Tenter d’aligner automatiquement les images</translation>
+        <translation>Tenter d’aligner automatiquement les images source</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP" sourcelanguage="en_US">
 <context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>画像が大きすぎます (%1 × %2 ピクセル)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>%1 × %2 ピクセルにはメモリーが足りません</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>メモリーが足りません</translation>
+    </message>
+</context>
+<context>
     <name>VeskOpenCLDeviceSelection</name>
     <message>
         <source>VeskOpenCLDeviceSelection</source>
@@ -148,7 +163,7 @@
     </message>
     <message>
         <source>HDR merge failed! Pictures shall be in same size.</source>
-        <translation>HDR の統合に失敗しました。画像はすべて同じサイズである必要があります。</translation>
+        <translation>HDR への統合に失敗しました。画像はすべて同じサイズである必要があります。</translation>
     </message>
     <message>
         <source>used: %1 ms</source>
@@ -221,7 +236,7 @@ merge and create a High Dynamic Range image.</source>
     </message>
     <message>
         <source>Attempt to automatically align source images</source>
-        <translation>ソース画像を自動的に整列する</translation>
+        <translation>ソース画像の自動位置合わせを試みる</translation>
     </message>
 </context>
 </TS>

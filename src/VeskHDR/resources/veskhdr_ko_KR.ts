@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR" sourcelanguage="en_US">
 <context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>이미지가 너무 큽니다 (%1 × %2픽셀)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>%1 × %2픽셀을 처리할 메모리가 부족합니다</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>메모리가 부족합니다</translation>
+    </message>
+</context>
+<context>
     <name>VeskOpenCLDeviceSelection</name>
     <message>
         <source>VeskOpenCLDeviceSelection</source>
@@ -136,7 +151,7 @@
     </message>
     <message>
         <source>You can only add up to 5 pictures.</source>
-        <translation>이미지는 최대 5개까지 추가할 수 있습니다.</translation>
+        <translation>이미지는 최대 5장까지 추가할 수 있습니다.</translation>
     </message>
     <message>
         <source>%1 is not a valid image!</source>
@@ -188,7 +203,7 @@
     <message>
         <source>Choose two or more pictures from a set of exposures to
 merge and create a High Dynamic Range image.</source>
-        <translation>노출이 서로 다른 이미지를 두 개 이상 선택하면
+        <translation>노출이 서로 다른 이미지를 두 장 이상 선택하면
 하나의 HDR(High Dynamic Range) 이미지로 병합합니다.</translation>
     </message>
     <message>

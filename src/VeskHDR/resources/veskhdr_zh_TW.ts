@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_TW" sourcelanguage="en_US">
 <context>
+    <name>PictureDecoder</name>
+    <message>
+        <source>the picture is too large (%1 x %2 pixels)</source>
+        <translation>影像太大 (%1 × %2 像素)</translation>
+    </message>
+    <message>
+        <source>not enough memory for %1 x %2 pixels</source>
+        <translation>記憶體不足，無法容納 %1 × %2 像素</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>記憶體不足</translation>
+    </message>
+</context>
+<context>
     <name>VeskOpenCLDeviceSelection</name>
     <message>
         <source>VeskOpenCLDeviceSelection</source>
@@ -21,7 +36,7 @@
     </message>
     <message>
         <source>Value</source>
-        <translation>數值</translation>
+        <translation>值</translation>
     </message>
     <message>
         <source>Ok</source>

@@ -127,7 +127,7 @@
     </message>
     <message>
         <source>&amp;Merge to HDR…</source>
-        <translation>&amp;Combinar para HDR…</translation>
+        <translation>&amp;Combinar en HDR…</translation>
     </message>
     <message>
         <source>Merge pictures of one scene taken at different exposures</source>
