@@ -56,7 +56,7 @@ void triggerSave()
 VeskToolHDR::VeskToolHDR(QObject *parent)
     : IVeskInsideTool(parent)
 {
-    installToolTranslator();
+    tool_translator::install();
     toolIdentifier = QStringLiteral("773B3550-5841-4150-9986-60CA3C64F22F");
     toolName = QStringLiteral("HDR");
     toolKind = QStringLiteral("inside");
@@ -90,11 +90,13 @@ void VeskToolHDR::active(VeskContext *newContext, IVeskUIManager *manager)
     uiManager = manager;
     if (context && context->isSaveAble() && !settleUnsavedWork())
         return;
-    panel->setVisible(true);
-    frame->show(true);
+    if (panel)
+        panel->setVisible(true);
+    if (frame)
+        frame->show(true);
     if (uiManager)
         addFiles(uiManager->selectedFiles());
-    panel->updateState();
+    refreshPanel();
 }
 
 /// False when the user wants to stay with the document.
@@ -151,7 +153,7 @@ bool VeskToolHDR::addFile(const QString &path)
     if (!picture || !hasCommonSize(*picture))
         return false;
     store(path, std::move(picture));
-    panel->updateState();
+    refreshPanel();
     return true;
 }
 
@@ -229,7 +231,7 @@ void VeskToolHDR::removeFile(const QString &path)
     delete sources.take(path);
     if (sources.isEmpty())
         referenceSize = QSize();
-    panel->updateState();
+    refreshPanel();
 }
 
 void VeskToolHDR::clear()
@@ -277,7 +279,7 @@ void VeskToolHDR::apply()
     worker.wait();
 
     forget(worker.remainingPictures());
-    panel->updateState();
+    refreshPanel();
     if (worker.isFailed()) {
         alert(tr("HDR merge failed! Pictures shall be in same size."));
         return;
@@ -285,8 +287,16 @@ void VeskToolHDR::apply()
     QMessageBox::about(nullptr, QStringLiteral("loaded"), tr("used: %1 ms").arg(worker.getTime()));
     QImage *merged = nullptr;
     worker.getData(merged);
-    replaceDocument(context, std::unique_ptr<QImage>(merged), tr("layer") + QStringLiteral(" 0"));
+    merged_document::replace(context, std::unique_ptr<QImage>(merged),
+                             tr("layer") + QStringLiteral(" 0"));
     clear();
+}
+
+/// The frame may have gone with the editor's other windows, and the panel with it.
+void VeskToolHDR::refreshPanel()
+{
+    if (panel)
+        panel->updateState();
 }
 
 void VeskToolHDR::alert(const QString &text)

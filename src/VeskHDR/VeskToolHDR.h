@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QMap>
+#include <QPointer>
 #include <QSize>
 #include <QString>
 
@@ -83,12 +84,13 @@ private:
     bool hasCommonSize(const QImage &picture);
     void store(const QString &path, std::unique_ptr<QImage> picture);
     void forget(const QList<QImage *> &pictures);
+    void refreshPanel();
     static void alert(const QString &text);
 
     QSize referenceSize;
     QMap<QString, QImage *> sources;
-    VeskToolHDRWidget *panel = nullptr;
-    VeskFilterContainer *frame = nullptr;
+    QPointer<VeskToolHDRWidget> panel;
+    QPointer<VeskFilterContainer> frame;
     QObject *parentObject = nullptr;
     IVeskUIManager *uiManager = nullptr;
     bool useOpenCL = true;

@@ -37,6 +37,21 @@ void addPicture(QListWidget *list, const QString &path, const QImage &picture)
     item->setData(kPathRole, path);
 }
 
+void addPictures(QListWidget *list, const QMap<QString, QImage *> &pictures)
+{
+    for (auto picture = pictures.begin(); picture != pictures.end(); ++picture)
+        addPicture(list, picture.key(), *picture.value());
+}
+
+QString formatPatterns()
+{
+    QString patterns;
+    const QList<QByteArray> formats = QImageReader::supportedImageFormats();
+    for (const QByteArray &format : formats)
+        patterns += QStringLiteral(" *.") + QString::fromLatin1(format);
+    return patterns;
+}
+
 } // namespace
 
 VeskToolHDRWidget::VeskToolHDRWidget(QWidget *parent)
@@ -59,11 +74,9 @@ void VeskToolHDRWidget::setTool(VeskToolHDR *toolToServe)
 void VeskToolHDRWidget::updateState()
 {
     ui.fileList->clear();
-    const QMap<QString, QImage *> &pictures = tool->sourcePictures();
-    for (auto picture = pictures.begin(); picture != pictures.end(); ++picture) {
-        addPicture(ui.fileList, picture.key(), *picture.value());
-    }
-    ui.okBtn->setEnabled(tool->fileList().size() >= 2);
+    if (tool)
+        addPictures(ui.fileList, tool->sourcePictures());
+    ui.okBtn->setEnabled(tool && tool->fileList().size() >= 2);
 }
 
 void VeskToolHDRWidget::showEvent(QShowEvent *event)
@@ -75,40 +88,40 @@ void VeskToolHDRWidget::showEvent(QShowEvent *event)
     ui.cudaCheck->setChecked(isCapable && ui.cudaCheck->isChecked());
     ui.deviceButton->setText(registry->getCurrentOpenCLDeviceName());
     // Changing the box by program does not reach its slot.
-    tool->setCuda(isCapable && ui.cudaCheck->isChecked());
+    if (tool)
+        tool->setCuda(isCapable && ui.cudaCheck->isChecked());
     QWidget::showEvent(event);
 }
 
 void VeskToolHDRWidget::on_cancelBtn_clicked()
 {
-    tool->clear();
+    if (tool)
+        tool->clear();
     hideWithFrame();
 }
 
 void VeskToolHDRWidget::on_okBtn_clicked()
 {
+    const QPointer<VeskToolHDR> served = tool;
     hideWithFrame();
-    tool->apply();
+    if (served)
+        served->apply();
 }
 
 void VeskToolHDRWidget::on_browseBtn_clicked()
 {
-    QString filter = tr("Image files(");
-    const QList<QByteArray> formats = QImageReader::supportedImageFormats();
-    for (const QByteArray &format : formats) {
-        filter += QStringLiteral(" *.") + QString::fromLatin1(format);
-    }
-    filter += QLatin1Char(')');
-
+    if (!tool)
+        return;
+    const QString filter = tr("Image files(") + formatPatterns() + QLatin1Char(')');
     // A chooser that is asked for no directory starts in the one that was visited last; setting
     // the directory of another chooser is what makes it so.
     QFileDialog visitor(nullptr, QString(), QString(), QString());
     visitor.setDirectory(tool->getDir());
+    const QPointer<VeskToolHDR> served = tool;
     const QStringList paths =
         QFileDialog::getOpenFileNames(nullptr, tr("Open a image for HDR"), QString(), filter);
-    if (!paths.isEmpty()) {
-        tool->addFiles(paths);
-    }
+    if (served && !paths.isEmpty())
+        served->addFiles(paths);
 }
 
 void VeskToolHDRWidget::on_removeBtn_clicked()
@@ -116,32 +129,36 @@ void VeskToolHDRWidget::on_removeBtn_clicked()
     const QListWidgetItem *item = ui.fileList->currentItem();
     // An entry can be current without being selected: the first one is once the list has the
     // keyboard. What the user does not see selected stays.
-    if (!item || !item->isSelected()) {
-        return;
-    }
-    tool->removeFile(item->data(kPathRole).toString());
+    if (tool && item && item->isSelected())
+        tool->removeFile(item->data(kPathRole).toString());
 }
 
 void VeskToolHDRWidget::on_alignCheck_clicked()
 {
-    tool->setAlignment(ui.alignCheck->isChecked());
+    if (tool)
+        tool->setAlignment(ui.alignCheck->isChecked());
 }
 
 void VeskToolHDRWidget::on_cudaCheck_clicked()
 {
-    tool->setCuda(VeskDeviceInfo::getInstance()->isOpenCLCapable() && ui.cudaCheck->isChecked());
+    const bool isCapable = VeskDeviceInfo::getInstance()->isOpenCLCapable();
+    if (tool)
+        tool->setCuda(isCapable && ui.cudaCheck->isChecked());
 }
 
 void VeskToolHDRWidget::on_deviceButton_clicked()
 {
+    const QPointer<VeskToolHDRWidget> self(this);
     VeskOpenCLDeviceSelection::setDevice();
-    ui.deviceButton->setText(VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceName());
+    if (self)
+        ui.deviceButton->setText(VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceName());
 }
 
 void VeskToolHDRWidget::hideWithFrame()
 {
-    if (parentWidget()) {
+    const QPointer<VeskToolHDRWidget> self(this);
+    if (parentWidget())
         parentWidget()->setVisible(false);
-    }
-    hide();
+    if (self)
+        hide();
 }

@@ -4,6 +4,7 @@
 
 #include "ui_VeskToolHDRWidget.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class VeskToolHDR;
@@ -18,7 +19,8 @@ class VESKHDR_EXPORT VeskToolHDRWidget : public QWidget
 public:
     explicit VeskToolHDRWidget(QWidget *parent = nullptr);
 
-    /// The tool to serve, borrowed. Must be set before the panel is shown or used.
+    /// The tool to serve, borrowed. Without one, or once it is gone, the panel shows nothing and
+    /// its controls do nothing.
     void setTool(VeskToolHDR *toolToServe);
 
     /// Rebuilds the thumbnails; OK is enabled from two pictures on.
@@ -42,5 +44,5 @@ private:
     void hideWithFrame();
 
     Ui_VeskToolHDRWidgetClass ui;
-    VeskToolHDR *tool = nullptr;
+    QPointer<VeskToolHDR> tool;
 };

@@ -22,11 +22,18 @@ namespace {
 
 constexpr int kSelectionTimerMilliseconds = 50;
 
-void detachTool(VeskContext &document)
+// The editor reacts to every step, and may take away what it is told of. So each step looks anew
+// at what is still there, and leaves out the rest.
+using Document = QPointer<VeskContext>;
+using Canvas = QPointer<VeskCanvas>;
+
+void detachTool(const Document &document)
 {
-    if (IVeskTool *tool = document.getCurrentTool())
+    IVeskTool *tool = document ? document->getCurrentTool() : nullptr;
+    if (tool)
         tool->disActive();
-    document.setCurrentTool(nullptr);
+    if (document)
+        document->setCurrentTool(nullptr);
 }
 
 void openDocument(VeskContext *document)
@@ -42,20 +49,58 @@ void closeDocument(VeskContext *document)
     VeskLog::Instance()->Log("removeContext tool \n");
 }
 
-VeskCanvas *clearedCanvasOf(const VeskContext *document)
+Canvas clearedCanvasOf(const Document &document)
 {
-    VeskCanvas *canvas = document ? document->getCanvas() : nullptr;
+    Canvas canvas = document ? document->getCanvas() : nullptr;
     if (canvas)
         canvas->resetCanvas();
     return canvas;
 }
 
-void addPictureLayer(VeskContext &document, VeskPictureHost *picture, const QString &name)
+void addPictureLayer(const Document &document, std::unique_ptr<VeskPictureHost> picture,
+                     const QString &name)
 {
+    if (!document)
+        return;
     auto *layer = new VeskLayer(name);
-    layer->setVeskPictureHost(picture);
+    layer->setVeskPictureHost(picture.release());
     layer->setAlpha(1.0F);
-    document.getLayerManager()->addLayer(layer, true);
+    document->getLayerManager()->addLayer(layer, true);
+}
+
+void moveCanvas(const Canvas &canvas, const Document &document, QSize size)
+{
+    if (canvas)
+        canvas->reSizeCanvas(size.width(), size.height(), true);
+    if (canvas && document)
+        document->setCanvas(canvas);
+}
+
+void addSelection(const Canvas &canvas, const Document &document, QSize size)
+{
+    auto selection = std::make_unique<VeskSelection>(nullptr, size.width(), size.height());
+    if (canvas && document)
+        canvas->setSelection(selection.get());
+    if (document)
+        document->setSelection(selection.release());
+}
+
+void showOnCanvas(const Canvas &canvas, const Document &document)
+{
+    if (canvas)
+        canvas->moveToCenter(true);
+    if (canvas && document)
+        canvas->attachContext(document);
+    if (canvas)
+        canvas->startCanvasTimer(kSelectionTimerMilliseconds);
+    if (canvas)
+        canvas->update();
+}
+
+void refreshHistogram(const Canvas &canvas)
+{
+    if (canvas && VeskGlobalSettings::getInstance(nullptr)->isHistogramVisible())
+        canvas->updateHistogram();
 }
 
 void enableDocumentActions()
@@ -66,45 +111,39 @@ void enableDocumentActions()
         actions->setEnabled(action, true);
 }
 
+void markUnsaved(const Document &document)
+{
+    if (document)
+        document->setFileName(QStringLiteral("Untitled Document"));
+    if (document)
+        document->setSaveAble(true);
+}
+
 } // namespace
 
-void replaceDocument(VeskContext *old, std::unique_ptr<QImage> picture, const QString &layerName)
+void merged_document::replace(VeskContext *old, std::unique_ptr<QImage> picture,
+                              const QString &layerName)
 {
-    // The editor reacts to every step; whatever of the old document it takes away is left out.
-    QPointer<VeskContext> oldDocument = old;
+    const Document oldDocument = old;
     VeskLog::Instance()->Log("HDR \n");
-    if (oldDocument)
-        detachTool(*oldDocument);
+    detachTool(oldDocument);
 
     VeskPictureReader reader(nullptr);
-    auto *document = new VeskContext(nullptr);
+    const Document document = new VeskContext(nullptr);
     openDocument(document);
     closeDocument(oldDocument);
 
-    VeskCanvas *canvas = clearedCanvasOf(oldDocument);
-    VeskPictureHost *host = reader.ReadImageToHost(*picture);
+    const Canvas canvas = clearedCanvasOf(oldDocument);
+    std::unique_ptr<VeskPictureHost> host(reader.ReadImageToHost(*picture));
     const QSize size(host->getWidth(), host->getHeight());
-    addPictureLayer(*document, host, layerName);
-    if (canvas) {
-        canvas->reSizeCanvas(size.width(), size.height(), true);
-        document->setCanvas(canvas);
-    }
-    auto *selection = new VeskSelection(nullptr, size.width(), size.height());
-    if (canvas)
-        canvas->setSelection(selection);
-    document->setSelection(selection);
+    addPictureLayer(document, std::move(host), layerName);
+    moveCanvas(canvas, document, size);
+    addSelection(canvas, document, size);
     VeskUIController::getInstance(nullptr)->notifyUI(QStringLiteral("initHistogramWidget"), {});
-    if (canvas) {
-        canvas->moveToCenter(true);
-        canvas->attachContext(document);
-        canvas->startCanvasTimer(kSelectionTimerMilliseconds);
-        canvas->update();
-    }
+    showOnCanvas(canvas, document);
     if (oldDocument)
         oldDocument->deleteLater();
-    if (canvas && VeskGlobalSettings::getInstance(nullptr)->isHistogramVisible())
-        canvas->updateHistogram();
+    refreshHistogram(canvas);
     enableDocumentActions();
-    document->setFileName(QStringLiteral("Untitled Document"));
-    document->setSaveAble(true);
+    markUnsaved(document);
 }

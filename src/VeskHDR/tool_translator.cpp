@@ -17,8 +17,8 @@ bool loadCatalogue(QTranslator &translator, const QString &language)
            translator.load(QStringLiteral(":/veskhdr_%1.qm").arg(language));
 }
 
-/// Qt reads a catalogue in place, in the library's memory. The translator outlives the
-/// library, so it gets bytes of its own.
+/// Qt reads a catalogue in place, in the library's memory. The translator outlives the library, so
+/// it gets bytes of its own.
 bool keepCatalogue(QTranslator &translator)
 {
     QFile file(translator.filePath());
@@ -32,7 +32,7 @@ bool keepCatalogue(QTranslator &translator)
 
 } // namespace
 
-void installToolTranslator()
+void tool_translator::install()
 {
     const QString language = tool_settings::language();
     auto translator = std::make_unique<QTranslator>();

@@ -82,6 +82,8 @@ void VeskToolHDR::removeFile(const QString &path)
 void VeskToolHDR::clear()
 {
     record(QStringLiteral("clear()"));
+    if (ToolRecord::instance().whileClearing)
+        ToolRecord::instance().whileClearing();
     qDeleteAll(sources);
     sources.clear();
 }

@@ -17,8 +17,9 @@ struct ToolRecord
     QString directory;
     /// The picture that addFile(path) puts into the set; an 8 x 8 one for other paths.
     QMap<QString, QImage> files;
-    /// Called by apply(), if any.
+    /// Called by apply() and clear(), if any.
     std::function<void()> whileApplying;
+    std::function<void()> whileClearing;
 
     static ToolRecord &instance();
 };

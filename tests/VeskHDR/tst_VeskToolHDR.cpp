@@ -1,11 +1,11 @@
 #include "VeskToolHDR.h"
 
-#include "VeskToolHDRWidget.h"
-#include "dng_writer.h"
 #include "MessageBoxAnswerer.h"
 #include "RecordingHost.h"
-#include "resident_memory.h"
 #include "ToolSession.h"
+#include "VeskToolHDRWidget.h"
+#include "dng_writer.h"
+#include "resident_memory.h"
 
 #include <VeskActionManager.h>
 #include <VeskCanvas.h>
@@ -13,10 +13,12 @@
 #include <VeskContextManager.h>
 #include <VeskFilterContainer.h>
 #include <VeskRaw.h>
+#include <VeskTitleWidget.h>
 
 #include <QAction>
 #include <QFile>
 #include <QListWidget>
+#include <QSizeGrip>
 #include <QtTest>
 
 namespace {
@@ -71,6 +73,7 @@ private slots:
     void metaObject_isAnInsideToolWithoutMembersOfItsOwn();
     void construction_fillsTheIdentity();
     void construction_makesAHiddenFrameAroundThePanel();
+    void construction_frameIsAResizableUtilityWindowWithACloseButtonOnly();
     void construction_holdsNothingAndTakesAnySize();
     void event_anyEvent_returnsTrue();
     void getWidget_isNull();
@@ -78,10 +81,13 @@ private slots:
     void disActiveInitRelease_changeNothing();
     void getDir_returnsTheEditorsDirectoryAndNothingBeforeActivation();
 
+    void active_storesTheContext();
     void active_savedDocument_asksNothingAndTakesOverTheSelectedFiles();
     void active_withoutContextOrUIManager_showsThePanel();
     void active_discard_tellsTheEditorThenGoesOn();
     void active_cancel_leavesTheFrameHiddenAndTheSetUnchangedAndAsksForNoFiles();
+    void active_cancelWithPicturesHeld_keepsThem();
+    void active_afterTheFrameIsGone_addsTheFiles();
     void active_save_enablesAndTriggersTheSaveActionOnce_data();
     void active_save_enablesAndTriggersTheSaveActionOnce();
     void active_saveWithoutSuchAnAction_goesOn();
@@ -99,6 +105,7 @@ private slots:
     void addFile_notAPicture_showsBoxWithThePathAsPassed_data();
     void addFile_notAPicture_showsBoxWithThePathAsPassed();
     void addFile_firstFileInvalid_leavesAnySizeAcceptable();
+    void addFile_otherSize_showsSizeBoxAndAfterRemovalIsAccepted_data();
     void addFile_otherSize_showsSizeBoxAndAfterRemovalIsAccepted();
     void addFile_samePathTwice_keepsOneEntryWithTheNewPicture();
     void addFile_withoutSuffix_isRecognisedByContent();
@@ -115,7 +122,7 @@ private slots:
     void addFiles_toFullSet_showsTheLimitBoxOnce();
     void addFiles_oneInvalid_goesOnWithTheNext();
 
-    void removeFile_held_deletesItAndRefreshesThePanel();
+    void removeFile_held_releasesItAndRefreshesThePanel();
     void removeFile_notHeld_onlyRefreshesThePanel();
     void clear_thenNewSize_succeedsAndDoesNotRefreshThePanel();
     void clear_picturesStayValidUntilTheSetIsNextFilled();
@@ -161,6 +168,15 @@ void TestVeskToolHDR::construction_makesAHiddenFrameAroundThePanel()
     QCOMPARE(session.panel()->parentWidget(), session.frame());
     QVERIFY(!session.frame()->parentWidget());
     QVERIFY(!session.button("okBtn")->isEnabled());
+}
+
+void TestVeskToolHDR::construction_frameIsAResizableUtilityWindowWithACloseButtonOnly()
+{
+    const ToolSession session;
+    QCOMPARE(session.frame()->titleBar()->buttons(), VeskTitleWidget::CloseButtonOnly);
+    QVERIFY(session.frame()->findChild<QSizeGrip *>());
+    QVERIFY(session.frame()->maximumWidth() > session.frame()->minimumWidth());
+    QCOMPARE(session.frame()->windowType(), Qt::Tool);
 }
 
 void TestVeskToolHDR::construction_holdsNothingAndTakesAnySize()
@@ -217,6 +233,14 @@ void TestVeskToolHDR::getDir_returnsTheEditorsDirectoryAndNothingBeforeActivatio
     QCOMPARE(session.tool->getDir(), QStringLiteral("/pictures/2024"));
 }
 
+void TestVeskToolHDR::active_storesTheContext()
+{
+    ToolSession session;
+    OpenTool tool(nullptr);
+    tool.active(session.document, &session.uiManager);
+    QCOMPARE(tool.context.data(), session.document.data());
+}
+
 void TestVeskToolHDR::active_savedDocument_asksNothingAndTakesOverTheSelectedFiles()
 {
     ToolSession session;
@@ -269,6 +293,32 @@ void TestVeskToolHDR::active_cancel_leavesTheFrameHiddenAndTheSetUnchangedAndAsk
     QVERIFY(asked.isEmpty());
     QVERIFY(!session.frame()->isVisible());
     QVERIFY(session.tool->fileList().isEmpty());
+}
+
+void TestVeskToolHDR::active_cancelWithPicturesHeld_keepsThem()
+{
+    ToolSession session;
+    const QStringList paths = session.writePictures(2);
+    session.tool->addFiles(paths);
+    makeUnsaved(session);
+    MessageBoxAnswerer boxes;
+    boxes.answerNextWith(QMessageBox::Cancel);
+    session.tool->active(session.document, &session.uiManager);
+    QCOMPARE(session.tool->fileList(), paths);
+    QVERIFY(!session.tool->addFile(session.writePicture(QStringLiteral("z.bmp"), kOtherSize)));
+    QCOMPARE(session.tool->fileList(), paths);
+}
+
+/// As when the editor takes down its windows before its tools.
+void TestVeskToolHDR::active_afterTheFrameIsGone_addsTheFiles()
+{
+    ToolSession session;
+    session.uiManager.selected = session.writePictures(2);
+    delete session.frame();
+    session.tool->active(session.document, &session.uiManager);
+    QCOMPARE(session.tool->fileList(), session.uiManager.selected);
+    session.tool->removeFile(session.uiManager.selected[0]);
+    QCOMPARE(session.tool->fileList(), session.uiManager.selected.mid(1));
 }
 
 void TestVeskToolHDR::active_save_enablesAndTriggersTheSaveActionOnce_data()
@@ -477,11 +527,22 @@ void TestVeskToolHDR::addFile_firstFileInvalid_leavesAnySizeAcceptable()
     QCOMPARE(boxes.shown().size(), 1);
 }
 
+void TestVeskToolHDR::addFile_otherSize_showsSizeBoxAndAfterRemovalIsAccepted_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("higher") << kSize + QSize(0, 1);
+    QTest::newRow("lower") << kSize - QSize(0, 1);
+    QTest::newRow("wider") << kSize + QSize(1, 0);
+    QTest::newRow("narrower") << kSize - QSize(1, 0);
+    QTest::newRow("turned") << kSize.transposed();
+}
+
 void TestVeskToolHDR::addFile_otherSize_showsSizeBoxAndAfterRemovalIsAccepted()
 {
+    QFETCH(QSize, size);
     ToolSession session;
     const QString first = session.writePicture(QStringLiteral("a.bmp"), kSize);
-    const QString other = session.writePicture(QStringLiteral("b.bmp"), kOtherSize);
+    const QString other = session.writePicture(QStringLiteral("b.bmp"), size);
     MessageBoxAnswerer boxes;
     QVERIFY(session.tool->addFile(first));
     QVERIFY(!session.tool->addFile(other));
@@ -676,12 +737,15 @@ void TestVeskToolHDR::addFiles_oneInvalid_goesOnWithTheNext()
     QCOMPARE(session.tool->fileList(), paths);
 }
 
-void TestVeskToolHDR::removeFile_held_deletesItAndRefreshesThePanel()
+void TestVeskToolHDR::removeFile_held_releasesItAndRefreshesThePanel()
 {
     ToolSession session;
     const QStringList paths = session.writePictures(2);
     session.tool->addFiles(paths);
+    const QImage shared = *session.tool->imageList().constFirst();
+    QVERIFY(!shared.isDetached());
     session.tool->removeFile(paths[0]);
+    QVERIFY2(shared.isDetached(), "the tool still holds the pixels");
     QCOMPARE(session.tool->fileList(), paths.mid(1));
     QCOMPARE(session.panel()->findChild<QListWidget *>()->count(), 1);
     QVERIFY(!session.button("okBtn")->isEnabled());

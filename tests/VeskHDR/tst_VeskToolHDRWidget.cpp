@@ -1,12 +1,12 @@
 #include "VeskToolHDRWidget.h"
 
 #include "VeskDeviceInfo.h"
+#include "VeskFilterContainer.h"
 #include "VeskOpenCLDeviceSelection.h"
 #include "VeskToolHDR.h"
 #include "clipped_texts.h"
 #include "process_per_test.h"
 #include "recording_tool.h"
-#include "VeskFilterContainer.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <QTranslator>
 #include <QtTest>
+
+#include <memory>
 
 namespace {
 
@@ -107,6 +109,7 @@ private slots:
     void okButton_isEnabledFromTwoPicturesOn();
     void thumbnail_fitsInto160x120_neverEnlarged_data();
     void thumbnail_fitsInto160x120_neverEnlarged();
+    void thumbnail_takesPixelsOfThePictureAndMixesNone();
     void onePixelWidePicture_hasNoThumbnailButItsPath();
     void pictures_areListedInPathOrder();
     void longPath_isCutAtItsBeginning();
@@ -120,6 +123,7 @@ private slots:
     void show_withoutDevice_unchecksAndTellsTheToolToUseTheProcessor();
     void show_again_keepsTheUncheckedBox();
     void cudaCheck_clicked_tellsTheTool();
+    void cudaCheck_clickedWithoutDevice_tellsTheToolToUseTheProcessor();
     void cudaCheck_changedByProgram_tellsNothing();
     void alignCheck_clicked_tellsTheTool();
     void deviceButton_afterTheDialog_showsTheCurrentName();
@@ -132,7 +136,15 @@ private slots:
     void ok_hidesFrameAndPanelThenMerges();
     void ok_withoutFrame_hidesThePanel();
     void cancel_emptiesTheSetHidesAndLeavesTheOldEntries();
+    void toolIsGone_controlsDoNothing_data();
+    void toolIsGone_controlsDoNothing();
+    void toolGoesWhileTheFrameIsHidden_okDoesNothingMore();
+    void toolGoesWhileTheChooserIsOpen_addsNothing();
+    void panelGoesWhileTheDeviceDialogIsOpen_doesNothingMore();
     void panelInItsFrame_inEveryLanguage_clipsNoText();
+    void panelInItsFrame_atLargeFonts_growsAndClipsNoText_data();
+    void panelInItsFrame_atLargeFonts_growsAndClipsNoText();
+    void description_inEveryLanguage_takesTwoLines();
 };
 
 void TestVeskToolHDRWidget::initTestCase()
@@ -218,6 +230,21 @@ void TestVeskToolHDRWidget::thumbnail_fitsInto160x120_neverEnlarged()
     image.fill(1);
     panel.add("/a.png", image);
     QCOMPARE(iconSize(*panel.list().item(0)), thumbnail);
+}
+
+void TestVeskToolHDRWidget::thumbnail_takesPixelsOfThePictureAndMixesNone()
+{
+    QImage stripes(321, 243, QImage::Format_RGB32);
+    for (int y = 0; y < stripes.height(); ++y) {
+        for (int x = 0; x < stripes.width(); ++x)
+            stripes.setPixel(x, y, qRgb(x % 2 * 255, y % 3 * 127, 0));
+    }
+    Panel panel;
+    panel.add("/a.png", stripes);
+    const QIcon icon = panel.list().item(0)->data(Qt::DecorationRole).value<QIcon>();
+    const QImage shown = icon.pixmap(QSize(1000, 1000)).toImage();
+    const QImage expected = stripes.scaled(158, 120, Qt::KeepAspectRatio, Qt::FastTransformation);
+    QCOMPARE(shown.convertToFormat(QImage::Format_RGB32), expected);
 }
 
 void TestVeskToolHDRWidget::onePixelWidePicture_hasNoThumbnailButItsPath()
@@ -363,6 +390,18 @@ void TestVeskToolHDRWidget::cudaCheck_clicked_tellsTheTool()
     QCOMPARE(panel.calls(), QStringList({"setCuda(false)", "setCuda(true)"}));
 }
 
+void TestVeskToolHDRWidget::cudaCheck_clickedWithoutDevice_tellsTheToolToUseTheProcessor()
+{
+    playDevices("");
+    Panel panel;
+    panel.show();
+    auto &check = panel.control<QCheckBox>("cudaCheck");
+    check.setEnabled(true);
+    panel.click("cudaCheck");
+    QVERIFY(check.isChecked());
+    QCOMPARE(panel.calls(), QStringList{"setCuda(false)"});
+}
+
 void TestVeskToolHDRWidget::cudaCheck_changedByProgram_tellsNothing()
 {
     Panel panel;
@@ -504,15 +543,117 @@ void TestVeskToolHDRWidget::cancel_emptiesTheSetHidesAndLeavesTheOldEntries()
     panel->setVisible(true);
     frame.show(true);
 
+    bool wasShownWhileClearing = false;
+    ToolRecord::instance().whileClearing = [&] {
+        wasShownWhileClearing = frame.isVisible() && panel->isVisible();
+    };
     ToolRecord::instance().calls.clear();
     QTest::mouseClick(panel->findChild<QPushButton *>("cancelBtn"), Qt::LeftButton);
     QCOMPARE(ToolRecord::instance().calls, QStringList{"clear()"});
+    QVERIFY(wasShownWhileClearing);
     QVERIFY(frame.isHidden());
     QVERIFY(panel->isHidden());
     QCOMPARE(tool.fileList().size(), 0);
     QCOMPARE(panel->findChild<QListWidget *>("fileList")->count(), 1);
     panel->updateState();
     QCOMPARE(panel->findChild<QListWidget *>("fileList")->count(), 0);
+}
+
+void TestVeskToolHDRWidget::toolIsGone_controlsDoNothing_data()
+{
+    QTest::addColumn<QString>("control");
+    for (const char *control :
+         {"cancelBtn", "okBtn", "browseBtn", "removeBtn", "alignCheck", "cudaCheck"})
+        QTest::newRow(control) << control;
+}
+
+void TestVeskToolHDRWidget::toolIsGone_controlsDoNothing()
+{
+    QFETCH(QString, control);
+    auto tool = std::make_unique<VeskToolHDR>();
+    tool->addFile("/a.png");
+    tool->addFile("/b.png");
+    VeskToolHDRWidget widget;
+    widget.setTool(tool.get());
+    widget.show();
+    widget.findChild<QListWidget *>("fileList")->setCurrentRow(0);
+    tool.reset();
+    ToolRecord::instance().calls.clear();
+    // Nothing may open: a chooser would keep the click waiting.
+    QTimer::singleShot(0, &widget, [] {
+        if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+    widget.findChild<QAbstractButton *>(control)->click();
+    widget.hide();
+    widget.show();
+    widget.updateState();
+    QCOMPARE(ToolRecord::instance().calls, QStringList());
+    QCOMPARE(widget.findChild<QListWidget *>("fileList")->count(), 0);
+    QVERIFY(!widget.findChild<QPushButton *>("okBtn")->isEnabled());
+}
+
+/// An editor may react to the frame that hides by taking down everything.
+void TestVeskToolHDRWidget::toolGoesWhileTheFrameIsHidden_okDoesNothingMore()
+{
+    class TakeDown : public QObject
+    {
+    public:
+        std::unique_ptr<VeskToolHDR> tool = std::make_unique<VeskToolHDR>();
+        QPointer<VeskToolHDRWidget> panel;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            if (event->type() == QEvent::Hide) {
+                tool.reset();
+                panel->deleteLater();
+            }
+            return false;
+        }
+    } editor;
+    editor.tool->addFile("/a.png");
+    editor.tool->addFile("/b.png");
+    QWidget frame;
+    editor.panel = new VeskToolHDRWidget(&frame);
+    editor.panel->setTool(editor.tool.get());
+    frame.show();
+    frame.installEventFilter(&editor);
+    ToolRecord::instance().calls.clear();
+    editor.panel->findChild<QPushButton *>("okBtn")->click();
+    QCOMPARE(ToolRecord::instance().calls, QStringList());
+    QVERIFY(!editor.tool);
+}
+
+void TestVeskToolHDRWidget::toolGoesWhileTheChooserIsOpen_addsNothing()
+{
+    const QTemporaryDir directory;
+    QVERIFY(QImage(8, 8, QImage::Format_RGB32).save(directory.filePath("a.png")));
+    ToolRecord::instance().directory = directory.path();
+    auto tool = std::make_unique<VeskToolHDR>();
+    VeskToolHDRWidget widget;
+    widget.setTool(tool.get());
+    widget.show();
+    ToolRecord::instance().calls.clear();
+    QTimer::singleShot(0, qApp, [&tool] {
+        tool.reset();
+        choose(*qobject_cast<QFileDialog *>(QApplication::activeModalWidget()), {"a.png"});
+    });
+    widget.findChild<QPushButton *>("browseBtn")->click();
+    QVERIFY(!tool);
+    QCOMPARE(ToolRecord::instance().calls, QStringList());
+}
+
+void TestVeskToolHDRWidget::panelGoesWhileTheDeviceDialogIsOpen_doesNothingMore()
+{
+    VeskToolHDR tool;
+    QPointer<VeskToolHDRWidget> widget = new VeskToolHDRWidget;
+    widget->setTool(&tool);
+    widget->show();
+    QTimer::singleShot(0, qApp, [&widget] {
+        delete widget;
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    });
+    widget->findChild<QPushButton *>("deviceButton")->click();
+    QVERIFY(!widget);
 }
 
 void TestVeskToolHDRWidget::panelInItsFrame_inEveryLanguage_clipsNoText()
@@ -535,6 +676,53 @@ void TestVeskToolHDRWidget::panelInItsFrame_inEveryLanguage_clipsNoText()
         QCoreApplication::sendPostedEvents();
         const QStringList clipped = clippedTexts(*panel);
         QVERIFY2(clipped.isEmpty(), qPrintable(language + (": " + clipped.join('\n'))));
+    }
+}
+
+void TestVeskToolHDRWidget::panelInItsFrame_atLargeFonts_growsAndClipsNoText_data()
+{
+    QTest::addColumn<bool>("isChangedLater");
+    QTest::newRow("set beforehand") << false;
+    QTest::newRow("set while it is shown") << true;
+}
+
+void TestVeskToolHDRWidget::panelInItsFrame_atLargeFonts_growsAndClipsNoText()
+{
+    QFETCH(bool, isChangedLater);
+    QFont large = QApplication::font();
+    large.setPointSize(28);
+    if (!isChangedLater)
+        QApplication::setFont(large);
+    VeskToolHDR tool;
+    auto *panel = new VeskToolHDRWidget; // the frame deletes it
+    panel->setTool(&tool);
+    VeskFilterContainer frame(panel, VeskTitleWidget::TitleButtonFlag(0), false, nullptr, true);
+    panel->setVisible(true);
+    frame.show(true);
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    if (isChangedLater)
+        QApplication::setFont(large);
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    QVERIFY(frame.width() > 529);
+    QVERIFY(frame.titleBar()->height() >= frame.titleBar()->fontMetrics().height());
+    const QStringList clipped = clippedTexts(frame);
+    QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join('\n')));
+}
+
+/// At the size in which the panel opens: a third line would be a single word.
+void TestVeskToolHDRWidget::description_inEveryLanguage_takesTwoLines()
+{
+    for (const char *language :
+         {"en", "zh_TW", "fr_FR", "ko_KR", "ja_JP", "es_ES", "zh_CN", "de_DE"}) {
+        QTranslator translator;
+        if (translator.load(QStringLiteral(":/veskhdr_%1.qm").arg(language)))
+            QCoreApplication::installTranslator(&translator);
+        Panel panel;
+        panel.show();
+        const auto &label = panel.control<QLabel>("label");
+        const int lines = label.heightForWidth(label.width()) / label.fontMetrics().lineSpacing();
+        QVERIFY2(lines == 2, language);
     }
 }
 

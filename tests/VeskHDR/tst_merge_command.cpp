@@ -1,13 +1,13 @@
 #include "VeskToolHDR.h"
 
+#include "MessageBoxAnswerer.h"
+#include "RecordingHost.h"
+#include "ToolSession.h"
 #include "VeskDeviceInfo.h"
 #include "VeskToolHDRWidget.h"
 #include "exposure_merge.h"
-#include "MessageBoxAnswerer.h"
 #include "mtb_alignment.h"
-#include "RecordingHost.h"
 #include "resident_memory.h"
-#include "ToolSession.h"
 
 #include <VeskActionManager.h>
 #include <VeskCanvas.h>
@@ -69,6 +69,16 @@ QImage mergedByHand(const QStringList &paths, bool align)
     return *merged;
 }
 
+VeskContext *documentBeside(const VeskContext *other)
+{
+    const VeskContextManager *documents = VeskContextManager::getInstance();
+    for (int i = 0; i < documents->count(); ++i) {
+        if (documents->contextAt(i) != other)
+            return documents->contextAt(i);
+    }
+    return nullptr;
+}
+
 QImage mergedPicture()
 {
     const VeskContext *document = currentDocument();
@@ -124,6 +134,7 @@ private slots:
 
     void apply_failure_showsOneBoxAndLeavesTheDocuments();
     void apply_failure_callsTheEditorInOrder();
+    void apply_pictureAddedWhileTheDocumentIsReplaced_isDropped();
     void apply_emptySet_fails();
     void apply_afterAnyMerge_theSetIsEmptyAndTakesAnySize_data();
     void apply_afterAnyMerge_theSetIsEmptyAndTakesAnySize();
@@ -134,6 +145,9 @@ private slots:
     void apply_documentClosedDuringTheMerge_opensTheResult();
     void apply_documentClosedDuringTheTimeBox_opensTheResult();
     void apply_editorDeletesTheCanvasOfARemovedDocument_opensTheResult();
+    void apply_editorDeletesTheCanvasWhenNotified_opensTheResult();
+    void apply_editorDeletesSomethingAtAnyStep_survives_data();
+    void apply_editorDeletesSomethingAtAnyStep_survives();
     void apply_closedByOthersDuringTheMerge_waitsForTheWorker_data();
     void apply_closedByOthersDuringTheMerge_waitsForTheWorker();
 
@@ -373,6 +387,21 @@ void TestMergeCommand::apply_failure_callsTheEditorInOrder()
     QCOMPARE(host.calls(), expected);
 }
 
+void TestMergeCommand::apply_pictureAddedWhileTheDocumentIsReplaced_isDropped()
+{
+    ToolSession session;
+    fill(session, session.writePictures(2, kSize));
+    const QString late = session.writePicture(QStringLiteral("late.bmp"), {5, 4});
+    bool wasAdded = false;
+    connect(VeskUIController::getInstance(), &VeskUIController::notified, session.canvas.get(),
+            [&] { wasAdded = session.tool->addFile(late); });
+    MessageBoxAnswerer boxes;
+    session.tool->apply();
+    QVERIFY(wasAdded);
+    QVERIFY(session.tool->fileList().isEmpty());
+    QVERIFY(session.tool->addFile(session.writePicture(QStringLiteral("z.bmp"), {6, 7})));
+}
+
 void TestMergeCommand::apply_emptySet_fails()
 {
     ToolSession session;
@@ -510,6 +539,66 @@ void TestMergeCommand::apply_editorDeletesTheCanvasOfARemovedDocument_opensTheRe
     QVERIFY(!session.canvas);
     QVERIFY(!currentDocument()->getCanvas());
     QCOMPARE(mergedPicture(), mergedByHand(paths, true));
+}
+
+void TestMergeCommand::apply_editorDeletesTheCanvasWhenNotified_opensTheResult()
+{
+    ToolSession session;
+    const QStringList paths = session.writePictures(2, kSize);
+    fill(session, paths);
+    connect(VeskUIController::getInstance(), &VeskUIController::notified, session.canvas.get(),
+            [&session] { session.canvas.reset(); });
+    MessageBoxAnswerer boxes;
+    session.tool->apply();
+    QVERIFY(!session.canvas);
+    QVERIFY(!currentDocument()->getCanvas());
+    QCOMPARE(currentDocument()->getFileName(), QStringLiteral("Untitled Document"));
+    QCOMPARE(mergedPicture(), mergedByHand(paths, true));
+}
+
+void TestMergeCommand::apply_editorDeletesSomethingAtAnyStep_survives_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("victim");
+    for (const char *call :
+         {"setCurrentTool old", "addContext", "setCurrentContext", "removeContext", "resetCanvas",
+          "ReadImageToHost", "reSizeCanvas", "setCanvas new", "canvas setSelection",
+          "context setSelection", "notifyUI", "moveToCenter", "attachContext", "startCanvasTimer",
+          "update canvas", "deleteLater", "isHistogramVisible", "setEnabled", "setFileName"}) {
+        for (const char *victim : {"canvas", "old document", "new document"})
+            QTest::addRow("%s, %s", call, victim) << call << victim;
+    }
+}
+
+/// Right after the call has returned: by then the command must look again.
+void TestMergeCommand::apply_editorDeletesSomethingAtAnyStep_survives()
+{
+    if (!RecordingHost::isAvailable())
+        QSKIP("calls into the editor's libraries cannot be recorded on this system");
+    QFETCH(QString, call);
+    QFETCH(QString, victim);
+    ToolSession session;
+    fill(session, session.writePictures(2, {20, 10}), false);
+    RecordingHost host;
+    host.name(session.document, QStringLiteral("old"));
+    host.name(session.canvas.get(), QStringLiteral("canvas"));
+    bool isReached = false;
+    host.afterCall = [&](const QString &made) {
+        if (isReached || !made.startsWith(call))
+            return;
+        isReached = true;
+        if (victim == QLatin1String("canvas"))
+            session.canvas.reset();
+        else if (victim == QLatin1String("old document"))
+            delete session.document;
+        else
+            delete documentBeside(session.document);
+    };
+    MessageBoxAnswerer boxes;
+    session.tool->apply();
+    QVERIFY(isReached);
+    QVERIFY(session.tool->fileList().isEmpty());
+    QCOMPARE(boxes.shown().size(), 1);
 }
 
 using CloseAttempt = void (*)(QWidget &);

@@ -86,7 +86,7 @@ private slots:
         QVERIFY(!resource.lastModified().isValid());
     }
 
-    void catalogues_haveTheToolkitsMagic()
+    void catalogues_haveQtsMagic()
     {
         for (const QString &name : kFiles.mid(0, 7)) {
             QFile file(QStringLiteral(":/") + name);
@@ -117,7 +117,7 @@ private slots:
     void installedTranslation_outlivesTheLibrary()
     {
         VeskGlobalSettings::getInstance()->setLanguage(QStringLiteral("de_DE"));
-        const auto install = resolve<void (*)()>("_Z21installToolTranslatorv");
+        const auto install = resolve<void (*)()>("_ZN15tool_translator7installEv");
         QVERIFY(install);
         {
             const NoLeakCheck translatorIsNeverDeleted;

@@ -27,7 +27,7 @@ private slots:
         QFETCH(QString, language);
         Application application;
         VeskGlobalSettings::getInstance()->setLanguage(language);
-        installToolTranslator();
+        tool_translator::install();
         QCOMPARE(application.languageChanges, 1);
         QTranslator expected;
         QVERIFY(expected.load(QStringLiteral(":/veskhdr_%1.qm").arg(language)));
@@ -39,7 +39,7 @@ private slots:
     {
         Application application;
         VeskGlobalSettings::getInstance()->setLanguage(QStringLiteral("de_DE"));
-        installToolTranslator();
+        tool_translator::install();
         QCOMPARE(translatedSave(), QStringLiteral("Speichern"));
     }
 
@@ -101,7 +101,7 @@ private slots:
         const OtherBundle bundle;
         QVERIFY(bundle.isRegistered);
         VeskGlobalSettings::getInstance()->setLanguage(QStringLiteral("ja_JP"));
-        installToolTranslator();
+        tool_translator::install();
         QCOMPARE(application.languageChanges, 1);
         QCOMPARE(translatedSave(), QStringLiteral("someone else's translation"));
     }
@@ -111,7 +111,7 @@ private slots:
         Application application;
         const OtherBundle bundle;
         VeskGlobalSettings::getInstance()->setLanguage(QStringLiteral("es_ES"));
-        installToolTranslator();
+        tool_translator::install();
         QCOMPARE(application.languageChanges, 1);
         QCOMPARE(translatedSave(), QStringLiteral("Guardar"));
     }
@@ -160,7 +160,7 @@ private:
 
     static void verifyNothingIsInstalled(const Application &application)
     {
-        installToolTranslator();
+        tool_translator::install();
         QCOMPARE(application.languageChanges, 0);
         QCOMPARE(translatedSave(), QStringLiteral("Save"));
     }

@@ -29,7 +29,7 @@ void installLanguageOnce(const QString &language)
     if (seen.contains(language) || seen.size() > 10000)
         return;
     seen.insert(language);
-    installToolTranslator();
+    tool_translator::install();
 }
 
 QByteArray contentsOf(const QString &path)

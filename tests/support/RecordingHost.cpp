@@ -27,6 +27,7 @@
 #include <cstdarg>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <optional>
 #endif
 
 namespace {
@@ -95,14 +96,18 @@ Function hidden(const char *symbol)
 class Recorded
 {
 public:
-    explicit Recorded(const QString &call)
+    explicit Recorded(const QString &callLine)
         : host(RecordingHost::current())
+        , call(callLine)
     {
         if (host && host->depth++ == 0)
             host->note(call);
     }
     ~Recorded()
     {
+        // Still inside, so that calls of the reaction are not remembered.
+        if (host && host->depth == 1 && host->afterCall)
+            host->afterCall(call);
         if (host)
             --host->depth;
     }
@@ -111,6 +116,7 @@ public:
 
 private:
     RecordingHost *host;
+    const QString call;
 };
 
 QString called(const void *object)
@@ -189,9 +195,9 @@ void VeskContext::setSaveAble(bool newSaveAble)
 void QObject::deleteLater()
 {
     auto *context = qobject_cast<VeskContext *>(this);
-    if (context) {
-        const Recorded call(QStringLiteral("deleteLater ") + called(context));
-    }
+    std::optional<Recorded> call;
+    if (context)
+        call.emplace(QStringLiteral("deleteLater ") + called(context));
     static const auto original = hidden<void (*)(QObject *)>("_ZN7QObject11deleteLaterEv");
     original(this);
 }
@@ -199,9 +205,9 @@ void QObject::deleteLater()
 void QWidget::update()
 {
     auto *canvas = qobject_cast<VeskCanvas *>(this);
-    if (canvas) {
-        const Recorded call(QStringLiteral("update ") + called(canvas));
-    }
+    std::optional<Recorded> call;
+    if (canvas)
+        call.emplace(QStringLiteral("update ") + called(canvas));
     static const auto original = hidden<void (*)(QWidget *)>("_ZN7QWidget6updateEv");
     original(this);
 }

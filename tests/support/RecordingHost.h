@@ -35,6 +35,9 @@ public:
     /// picture, which the caller owns, or null.
     std::function<QImage *(const QString &path)> rawConversion;
 
+    /// Called when a call has returned, with its line: the editor's reaction to it.
+    std::function<void(const QString &call)> afterCall;
+
     // For the recorded functions only.
     static RecordingHost *current();
     QString nameOf(const void *object) const;

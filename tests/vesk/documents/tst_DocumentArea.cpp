@@ -1,13 +1,13 @@
 #include "DocumentArea.h"
 #include "DocumentTabs.h"
-#include "picture_document.h"
 #include "TestPictures.h"
+#include "picture_document.h"
 
-#include <merged_document.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskContextManager.h>
 #include <VeskLayerManager.h>
+#include <merged_document.h>
 
 #include <QSignalSpy>
 #include <QTabBar>
@@ -42,8 +42,8 @@ private:
     /// What the tool does at the end of a merge.
     static void mergeOver(VeskContext *document, QSize size = {20, 10})
     {
-        replaceDocument(document, std::make_unique<QImage>(TestPictures::texture(size, 9)),
-                        QStringLiteral("layer 0"));
+        merged_document::replace(document, std::make_unique<QImage>(TestPictures::texture(size, 9)),
+                                 QStringLiteral("layer 0"));
     }
     QStringList tabTexts() const
     {
