@@ -4,6 +4,9 @@
 #include "VeskDialog.h"
 
 #include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <array>
@@ -93,14 +96,54 @@ std::array<Fact, 13> factsOf(const Device &device)
     }};
 }
 
-/// Captions must not be cut, they begin alike. Compact rows show all facts at once, in a font of
-/// usual size.
+/// Shows a list of names, which has no blanks, in as many lines as it takes.
+class ListDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant &value, const QLocale &locale) const override
+    {
+        constexpr QChar kMayBreakHere(0x200B);
+        return QStyledItemDelegate::displayText(value, locale)
+            .replace(QLatin1Char(','), QLatin1Char(',') + QString(kMayBreakHere));
+    }
+};
+
+/// A list once more, for a name in it that is longer than its line; empty for other values.
+QString toolTipOf(const QString &value)
+{
+    const QString list = QString(value).replace(QLatin1Char(','), QStringLiteral(", "));
+    return list == value ? QString()
+                         : QStringLiteral("<p>%1</p>").arg(list.toHtmlEscaped()); // breaks lines
+}
+
+/// Captions must not be cut, they begin alike; values take as many lines as they need.
 void fitTable(QTableWidget &table)
 {
     const int usualWidth = table.columnWidth(0);
     table.resizeColumnToContents(0);
     table.setColumnWidth(0, std::max(usualWidth, table.columnWidth(0)));
-    table.verticalHeader()->setDefaultSectionSize(table.verticalHeader()->minimumSectionSize());
+    table.setItemDelegateForColumn(1, new ListDelegate(&table));
+    table.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel); // a row may be a page long
+    QObject::connect(table.horizontalHeader(), &QHeaderView::sectionResized, &table,
+                     &QTableView::resizeRowsToContents);
+    table.resizeRowsToContents();
+}
+
+/// What the table's size lacks to show captions, usual values and a list of a few lines at once.
+QSize missingRoom(const QTableWidget &table)
+{
+    constexpr int kLettersOfValue = 28;
+    constexpr int kLines = 16;
+    const int valueWidth = kLettersOfValue * table.fontMetrics().averageCharWidth();
+    const int barWidth = table.verticalScrollBar()->sizeHint().width();
+    const int headHeight = table.horizontalHeader()->sizeHint().height();
+    const int lineHeight = table.verticalHeader()->minimumSectionSize();
+    const QSize cells(table.columnWidth(0) + valueWidth + barWidth,
+                      headHeight + kLines * lineHeight);
+    const QSize frame = QSize(2, 2) * table.frameWidth();
+    return (cells + frame - table.size()).expandedTo(QSize(0, 0));
 }
 
 } // namespace
@@ -130,9 +173,19 @@ VeskOpenCLDeviceSelection::VeskOpenCLDeviceSelection(QWidget *parent)
     fitTable(*ui.deviceInfoTable);
 
     // Connected last, so that the table has been filled exactly once.
-    connect(ui.deviceCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    connect(ui.deviceCombo, &QComboBox::currentIndexChanged, this,
             [this] { updateDeviceTable(ui.deviceCombo->currentText()); });
     connect(ui.okButton, &QPushButton::clicked, this, &VeskOpenCLDeviceSelection::ok);
+    growWithTheFont();
+}
+
+/// The form's size is made for fonts of usual size.
+void VeskOpenCLDeviceSelection::growWithTheFont()
+{
+    layout()->activate();
+    ui.verticalLayout->activate();
+    const QSize limit = screen()->availableSize() * 0.9;
+    resize((size() + missingRoom(*ui.deviceInfoTable)).boundedTo(limit).expandedTo(size()));
 }
 
 void VeskOpenCLDeviceSelection::setDevice()
@@ -165,8 +218,11 @@ void VeskOpenCLDeviceSelection::updateDeviceTable(QString name)
     table->setRowCount(int(facts.size()));
     for (int row = 0; row < table->rowCount(); ++row) {
         table->setItem(row, 0, new QTableWidgetItem(facts[row].caption));
-        table->setItem(row, 1, new QTableWidgetItem(facts[row].value));
+        auto *value = new QTableWidgetItem(facts[row].value);
+        value->setToolTip(toolTipOf(facts[row].value));
+        table->setItem(row, 1, value);
     }
+    table->resizeRowsToContents();
 }
 
 void VeskOpenCLDeviceSelection::ok()

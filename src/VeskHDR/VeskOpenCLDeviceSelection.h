@@ -30,5 +30,7 @@ private slots:
     void ok();
 
 private:
+    void growWithTheFont();
+
     Ui_VeskOpenCLDeviceSelection ui;
 };

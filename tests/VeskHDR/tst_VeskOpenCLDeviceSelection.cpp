@@ -1,15 +1,37 @@
 #include "VeskOpenCLDeviceSelection.h"
 
 #include "VeskDeviceInfo.h"
+#include "VeskDialog.h"
 #include "clipped_texts.h"
 #include "process_per_test.h"
-#include "VeskDialog.h"
 
+#include <QScreen>
+#include <QScrollBar>
 #include <QSettings>
+#include <QSizeGrip>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QTranslator>
 #include <QtTest>
+
+#if defined(__ELF__)
+#include <dlfcn.h>
+
+namespace {
+
+int clearCount = 0;
+
+} // namespace
+
+/// Counts the fills of the table, each of which begins with clearing it. It stands before Qt's own,
+/// and on this binary interface a member function is called like a free one.
+void QTableWidget::clear()
+{
+    ++clearCount;
+    static void *const hidden = dlsym(RTLD_NEXT, "_ZN12QTableWidget5clearEv");
+    reinterpret_cast<void (*)(QTableWidget *)>(hidden)(this);
+}
+#endif
 
 namespace {
 
@@ -96,14 +118,20 @@ private slots:
     void twoDevicesOfOneName_preselectsTheLater_showsTheFirst();
     void currentNameOfNoDevice_selectsTheFirst();
     void currentDevice_isPreselected();
+    void initialSelection_fillsTheTableOnce();
+    void unknownName_keepsTheRowsAndEmptiesTheirCells_data();
+    void unknownName_keepsTheRowsAndEmptiesTheirCells();
     void changedSelection_refillsAllRows_sameSelectionDoesNot();
     void noExtensions_givesAnEmptyCell();
     void oneExtension_hasNoComma();
     void severalExtensions_areJoinedWithCommas();
+    void manyExtensions_canBeReadInFull();
     void imageSupport_absent_isSaid();
     void noPlatform_showsEmptyListAndTwoHeaders_okStoresAnEmptyName();
     void ok_storesTheChoiceAndCloses();
     void closingTheFrame_storesNothing();
+    void frame_isAResizableDialogWithACloseButtonOnly();
+    void largeFont_growsTheFrame();
     void everyLanguage_translatesAndClipsNothing();
 };
 
@@ -249,12 +277,16 @@ void TestVeskOpenCLDeviceSelection::captions_areNotCutInCompactRows()
 
 void TestVeskOpenCLDeviceSelection::memorySizes_areRoundedToWholeUnits()
 {
-    playDevices("One|Two", "0:0x1023=32768|0:0x101F=1073741824|0:0x101E=1536|1:0x1023=1000");
+    playDevices("One|Two", "0:0x1023=32768|0:0x101F=1073741824|0:0x101E=2048"
+                           "|1:0x1023=1000|1:0x101F=1888000000|1:0x101E=1537");
     VeskOpenCLDeviceSelection selection(nullptr);
     QCOMPARE(valuesOf(selection).at(6), QStringLiteral("32 KB"));
     QCOMPARE(valuesOf(selection).at(7), QStringLiteral("1024 MB"));
+    QCOMPARE(valuesOf(selection).at(8), QStringLiteral("2 KB"));
     comboOf(selection).setCurrentIndex(1);
     QCOMPARE(valuesOf(selection).at(6), QStringLiteral("1 KB"));
+    QCOMPARE(valuesOf(selection).at(7), QStringLiteral("1801 MB"));
+    QCOMPARE(valuesOf(selection).at(8), QStringLiteral("2 KB"));
 }
 
 void TestVeskOpenCLDeviceSelection::type_ofOneBit_isNamed_data()
@@ -328,6 +360,40 @@ void TestVeskOpenCLDeviceSelection::currentDevice_isPreselected()
     QCOMPARE(valuesOf(selection).at(0), QStringLiteral("Two"));
 }
 
+void TestVeskOpenCLDeviceSelection::initialSelection_fillsTheTableOnce()
+{
+#if defined(__ELF__)
+    playDevices("One|Two|Three");
+    VeskDeviceInfo::getInstance()->setCurrentOpenCLDeviceName("Three");
+    const VeskOpenCLDeviceSelection selection(nullptr);
+    QCOMPARE(clearCount, 1);
+#else
+    QSKIP("calls into Qt cannot be counted on this system");
+#endif
+}
+
+void TestVeskOpenCLDeviceSelection::unknownName_keepsTheRowsAndEmptiesTheirCells_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("unknown") << "Gone";
+    QTest::newRow("in another case") << "one";
+    QTest::newRow("empty") << "";
+}
+
+void TestVeskOpenCLDeviceSelection::unknownName_keepsTheRowsAndEmptiesTheirCells()
+{
+    QFETCH(QString, name);
+    playDevices("One|Two");
+    VeskOpenCLDeviceSelection selection(nullptr);
+    QVERIFY(QMetaObject::invokeMethod(&selection, "updateDeviceTable", Q_ARG(QString, name)));
+    const QTableWidget &table = tableOf(selection);
+    QCOMPARE(table.rowCount(), 13);
+    for (int row = 0; row < 13; ++row)
+        QVERIFY(!table.item(row, 0) && !table.item(row, 1));
+    QCOMPARE(table.horizontalHeaderItem(0)->text(), QStringLiteral("Name"));
+    QCOMPARE(table.horizontalHeaderItem(1)->text(), QStringLiteral("Value"));
+}
+
 void TestVeskOpenCLDeviceSelection::changedSelection_refillsAllRows_sameSelectionDoesNot()
 {
     playDevices("One|Two", "0:0x1002=1|1:0x1002=2");
@@ -364,6 +430,41 @@ void TestVeskOpenCLDeviceSelection::severalExtensions_areJoinedWithCommas()
     qputenv("VESK_SCRIPT_EXTENSIONS", "cl_a  cl_b cl_c ");
     playDevices("One");
     QCOMPARE(valuesOf(VeskOpenCLDeviceSelection(nullptr)).at(12), QStringLiteral("cl_a,cl_b,cl_c"));
+}
+
+/// All of the cell's lines can be scrolled into view, and its tool tip has them once more.
+void TestVeskOpenCLDeviceSelection::manyExtensions_canBeReadInFull()
+{
+    QByteArray text;
+    for (int i = 0; i < 60; ++i)
+        text += "cl_khr_extension_" + QByteArray::number(i) + ' ';
+    qputenv("VESK_SCRIPT_EXTENSIONS", text);
+    playDevices("One");
+    VeskOpenCLDeviceSelection selection(nullptr);
+    selection.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&selection));
+    QTableWidget &table = tableOf(selection);
+    const auto neededHeight = [&table] {
+        const int textWidth = table.fontMetrics().horizontalAdvance(table.item(12, 1)->text());
+        return textWidth / table.columnWidth(1) * table.fontMetrics().height();
+    };
+    QVERIFY(table.rowHeight(12) >= neededHeight());
+    QVERIFY(table.rowHeight(12) > table.viewport()->height());
+    QCOMPARE(table.verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
+    QCOMPARE(table.horizontalScrollBar()->maximum(), 0);
+    table.verticalScrollBar()->setValue(table.verticalScrollBar()->maximum());
+    QVERIFY(table.visualItemRect(table.item(12, 1)).bottom() <= table.viewport()->height());
+
+    const int before = table.rowHeight(12);
+    selection.resize(1200, 600);
+    QCoreApplication::processEvents();
+    QVERIFY(table.rowHeight(12) < before);
+    QVERIFY(table.rowHeight(12) >= neededHeight());
+
+    const QString tip = table.item(12, 1)->toolTip();
+    QVERIFY(tip.contains(QStringLiteral("cl_khr_extension_58, cl_khr_extension_59")));
+    QVERIFY(Qt::mightBeRichText(tip)); // only that breaks lines
+    QCOMPARE(table.item(0, 1)->toolTip(), QString());
 }
 
 void TestVeskOpenCLDeviceSelection::imageSupport_absent_isSaid()
@@ -422,6 +523,37 @@ void TestVeskOpenCLDeviceSelection::closingTheFrame_storesNothing()
     QCOMPARE(VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceName(), QStringLiteral("One"));
     QCOMPARE(storedName(), QString());
     QVERIFY(content.isNull());
+}
+
+void TestVeskOpenCLDeviceSelection::frame_isAResizableDialogWithACloseButtonOnly()
+{
+    playDevices("One");
+    runDialog([&](VeskDialog &frame, VeskOpenCLDeviceSelection &) {
+        QCOMPARE(frame.titleBar()->buttons(), VeskTitleWidget::CloseButtonOnly);
+        QVERIFY(frame.findChild<QSizeGrip *>());
+        QVERIFY(frame.maximumWidth() > frame.minimumWidth());
+        QCOMPARE(frame.windowType(), Qt::Dialog);
+        QVERIFY(!frame.parentWidget());
+        frame.reject();
+    });
+}
+
+void TestVeskOpenCLDeviceSelection::largeFont_growsTheFrame()
+{
+    playDevices("Graphics One");
+    QFont large = QApplication::font();
+    large.setPixelSize(26);
+    QApplication::setFont(large);
+    runDialog([&](VeskDialog &frame, VeskOpenCLDeviceSelection &selection) {
+        const QSize limit = frame.screen()->availableSize();
+        const QTableWidget &table = tableOf(selection);
+        const int valueWidth = table.viewport()->width() - table.columnWidth(0);
+        QVERIFY(frame.width() > 502 && frame.width() <= limit.width());
+        QVERIFY(valueWidth >= table.fontMetrics().horizontalAdvance("Graphics One"));
+        const QStringList clipped = clippedTexts(frame);
+        QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join('\n')));
+        frame.reject();
+    });
 }
 
 void TestVeskOpenCLDeviceSelection::everyLanguage_translatesAndClipsNothing()
