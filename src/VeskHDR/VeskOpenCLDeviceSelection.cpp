@@ -217,7 +217,9 @@ void VeskOpenCLDeviceSelection::updateDeviceTable(QString name)
     const std::array<Fact, 13> facts = factsOf(*device);
     table->setRowCount(int(facts.size()));
     for (int row = 0; row < table->rowCount(); ++row) {
-        table->setItem(row, 0, new QTableWidgetItem(facts[row].caption));
+        auto *caption = new QTableWidgetItem(facts[row].caption);
+        caption->setTextAlignment(Qt::AlignLeft | Qt::AlignTop); // beside a value's first line
+        table->setItem(row, 0, caption);
         auto *value = new QTableWidgetItem(facts[row].value);
         value->setToolTip(toolTipOf(facts[row].value));
         table->setItem(row, 1, value);

@@ -99,7 +99,8 @@ void showOnCanvas(const Canvas &canvas, const Document &document)
 
 void refreshHistogram(const Canvas &canvas)
 {
-    if (canvas && VeskGlobalSettings::getInstance(nullptr)->isHistogramVisible())
+    const bool isVisible = VeskGlobalSettings::getInstance(nullptr)->isHistogramVisible();
+    if (canvas && isVisible)
         canvas->updateHistogram();
 }
 
