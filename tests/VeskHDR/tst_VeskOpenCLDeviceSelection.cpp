@@ -77,18 +77,20 @@ QStringList valuesOf(const QWidget &selection)
     return values;
 }
 
-/// Runs the modal dialog; drive(selection) is called once it is open.
+/// Runs the modal dialog; drive(frame, selection) is called once it is open, and may leave it open.
 template <class Drive>
 void runDialog(Drive drive)
 {
     bool wasDriven = false;
     QTimer::singleShot(0, qApp, [&] {
-        auto *frame = qobject_cast<VeskDialog *>(QApplication::activeModalWidget());
+        const QPointer frame = qobject_cast<VeskDialog *>(QApplication::activeModalWidget());
         if (!frame) {
             return;
         }
         wasDriven = true;
         drive(*frame, *frame->findChild<VeskOpenCLDeviceSelection *>());
+        if (frame)
+            frame->reject();
     });
     VeskOpenCLDeviceSelection::setDevice();
     QVERIFY(wasDriven);
@@ -534,7 +536,6 @@ void TestVeskOpenCLDeviceSelection::frame_isAResizableDialogWithACloseButtonOnly
         QVERIFY(frame.maximumWidth() > frame.minimumWidth());
         QCOMPARE(frame.windowType(), Qt::Dialog);
         QVERIFY(!frame.parentWidget());
-        frame.reject();
     });
 }
 
@@ -552,7 +553,6 @@ void TestVeskOpenCLDeviceSelection::largeFont_growsTheFrame()
         QVERIFY(valueWidth >= table.fontMetrics().horizontalAdvance("Graphics One"));
         const QStringList clipped = clippedTexts(frame);
         QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join('\n')));
-        frame.reject();
     });
 }
 
