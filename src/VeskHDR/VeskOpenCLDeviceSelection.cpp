@@ -61,6 +61,9 @@ QString cacheTypeText(cl_device_mem_cache_type type)
     }
 }
 
+/// Of caption and value, when the value takes several lines.
+constexpr Qt::Alignment kBesideItsFirstLine = Qt::AlignLeft | Qt::AlignTop;
+
 struct Fact
 {
     QString caption;
@@ -218,9 +221,10 @@ void VeskOpenCLDeviceSelection::updateDeviceTable(QString name)
     table->setRowCount(int(facts.size()));
     for (int row = 0; row < table->rowCount(); ++row) {
         auto *caption = new QTableWidgetItem(facts[row].caption);
-        caption->setTextAlignment(Qt::AlignLeft | Qt::AlignTop); // beside a value's first line
+        caption->setTextAlignment(kBesideItsFirstLine);
         table->setItem(row, 0, caption);
         auto *value = new QTableWidgetItem(facts[row].value);
+        value->setTextAlignment(kBesideItsFirstLine);
         value->setToolTip(toolTipOf(facts[row].value));
         table->setItem(row, 1, value);
     }
