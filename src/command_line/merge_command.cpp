@@ -273,8 +273,7 @@ ExitCode Merge::encode()
 {
     bar.show(kMerged, QStringLiteral("Writing"));
     WriteOptions writeOptions;
-    writeOptions.exif =
-        exif::forMergedPicture(exif::read(options.pictures.first()), merged->size());
+    writeOptions.exif = exif::read(options.pictures.first());
     writeOptions.quality = options.quality;
     writeOptions.mayReplace = options.mayReplace;
     writeOptions.progress = [this](double written) {
@@ -284,6 +283,8 @@ ExitCode Merge::encode()
     const WriteResult result = writePicture(*merged, options.output, options.format, writeOptions);
     if (result.error != OutputFile::Error::None)
         return refuse(exitCodeOf(result.error), options.output, result.reason);
+    for (const QString &loss : result.leftOut)
+        refuse(ExitCode::Ok, options.output, QStringLiteral("warning: ") + loss);
     return ExitCode::Ok;
 }
 

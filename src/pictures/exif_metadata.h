@@ -1,33 +1,36 @@
 #pragma once
 
-#include <QByteArray>
-#include <QSize>
-#include <QString>
+#include "ExifTags.h"
 
-#include <memory>
+#include <QDateTime>
+#include <QImage>
+#include <QStringList>
 
-#include <libexif/exif-data.h>
-
-/// The EXIF block that a camera put into a picture file: JPEG, PNG, TIFF and those camera raw
-/// files that are TIFF files inside. Blocks are passed without their "Exif" signature, as PNG files
-/// hold them. Any thread, reentrant.
+/// The EXIF data that a camera put into a picture file: JPEG, PNG, TIFF and those camera raw files
+/// that are TIFF files inside. Any thread, reentrant.
 namespace exif {
 
-struct UnrefData
+/// What the file says; of raw files with the colour space that their pixels are converted to. Empty
+/// when it says nothing.
+ExifTags read(const QString &path);
+
+/// What a file format takes, in bytes without the "Exif" in front.
+constexpr qsizetype kLargestJpegBlock = 65533 - 6;
+constexpr qsizetype kAnySize = -1;
+
+struct Adapted
 {
-    void operator()(ExifData *data) const { exif_data_unref(data); }
+    ExifTags tags;
+    QStringList leftOut; ///< what could not be kept, in English, for reports
 };
-using Data = std::unique_ptr<ExifData, UnrefData>;
 
-/// The block's entries as the camera wrote them; null when the block is empty or memory is lacking.
-Data parse(const QByteArray &block);
+/// The data for a picture that was made from the camera's and is stored upright: orientation 1,
+/// its pixel dimensions and colour space, nothing about places in the old picture. The maker note
+/// stays whole where it was, or is left out. largestBlock: of the file that it is for.
+Adapted forUprightPicture(const ExifTags &camera, const QImage &picture, qsizetype largestBlock);
 
-/// The file's block, or empty when it has none.
-QByteArray read(const QString &path);
-
-/// The block for an upright picture of this size that was made from it: orientation 1, these pixel
-/// dimensions, no thumbnail and nothing that describes how the old file stored its pixels. Empty
-/// when the block is empty or damaged.
-QByteArray forMergedPicture(const QByteArray &block, QSize size);
+/// The moment in EXIF's words ("2024:06:15 10:42:07", and digits behind the decimal point), as UTC;
+/// not valid when there is none.
+QDateTime momentOf(const QString &time, const QString &subSeconds);
 
 } // namespace exif

@@ -1,4 +1,6 @@
-#include "encoders.h"
+#include "jpeg_encoder.h"
+
+#include "exif_metadata.h"
 
 #include <array>
 #include <csetjmp>
@@ -13,7 +15,6 @@ namespace {
 constexpr int kExifMarker = JPEG_APP0 + 1;
 constexpr int kFullColourFromQuality = 90;
 constexpr size_t kBufferBytes = 1 << 16;
-constexpr int kLargestMarker = 65533;
 constexpr int kLargestSide = JPEG_MAX_DIMENSION;
 
 /// The library's error and output hooks. Its calls jump to failed on error, so the functions that
@@ -46,7 +47,8 @@ void rewind(j_compress_ptr codec)
 void send(j_compress_ptr codec, size_t length)
 {
     auto *destination = reinterpret_cast<Destination *>(codec->dest);
-    if (!writeAll(*destination->device, destination->buffer.data(), static_cast<qint64>(length)))
+    if (!encoding::writeAll(*destination->device, destination->buffer.data(),
+                            static_cast<qint64>(length)))
         ERREXIT(codec, JERR_FILE_WRITE);
     rewind(codec);
 }
@@ -79,12 +81,12 @@ public:
     Compressor(const Compressor &) = delete;
     Compressor &operator=(const Compressor &) = delete;
 
-    bool write(const QImage &picture, const PictureMetadata &metadata, int quality,
-               const EncodeProgress &progress);
+    bool write(const QImage &picture, const QByteArray &exif, const QByteArray &colourProfile,
+               int quality, const EncodeProgress &progress);
 
 private:
     void configure(const QImage &picture, int quality);
-    void writeMetadata(const PictureMetadata &metadata);
+    void writeMetadata(const QByteArray &exif, const QByteArray &colourProfile);
 
     jpeg_compress_struct codec = {};
     Hooks hooks = {};
@@ -100,35 +102,35 @@ void Compressor::configure(const QImage &picture, int quality)
     jpeg_set_defaults(&codec);
     jpeg_set_quality(&codec, quality, TRUE);
     codec.optimize_coding = TRUE;
-    constexpr double kInchesPerMetre = 1 / 0.0254;
-    codec.density_unit = 1;
-    codec.X_density = static_cast<UINT16>(qRound(picture.dotsPerMeterX() / kInchesPerMetre));
-    codec.Y_density = static_cast<UINT16>(qRound(picture.dotsPerMeterY() / kInchesPerMetre));
+    const encoding::Resolution resolution = encoding::resolutionOf(picture);
+    constexpr UINT8 kPerInch = 1;
+    codec.density_unit = kPerInch;
+    codec.X_density = static_cast<UINT16>(qRound(resolution.x));
+    codec.Y_density = static_cast<UINT16>(qRound(resolution.y));
     if (quality >= kFullColourFromQuality) {
         codec.comp_info[0].h_samp_factor = 1;
         codec.comp_info[0].v_samp_factor = 1;
     }
 }
 
-void Compressor::writeMetadata(const PictureMetadata &metadata)
+void Compressor::writeMetadata(const QByteArray &exif, const QByteArray &colourProfile)
 {
-    if (!metadata.exif.isEmpty()) {
+    if (!exif.isEmpty()) {
         static constexpr char kSignature[] = "Exif\0"; // and the literal's own zero byte
-        const int length = static_cast<int>(sizeof kSignature) + metadata.exif.size();
-        jpeg_write_m_header(&codec, kExifMarker, static_cast<unsigned>(length));
+        const auto length = static_cast<unsigned>(sizeof kSignature + size_t(exif.size()));
+        jpeg_write_m_header(&codec, kExifMarker, length);
         for (const char byte : kSignature)
             jpeg_write_m_byte(&codec, static_cast<unsigned char>(byte));
-        for (int i = 0; i < metadata.exif.size(); ++i)
-            jpeg_write_m_byte(&codec, static_cast<unsigned char>(metadata.exif.at(i)));
+        for (const char byte : exif)
+            jpeg_write_m_byte(&codec, static_cast<unsigned char>(byte));
     }
-    if (!metadata.colourProfile.isEmpty())
-        jpeg_write_icc_profile(&codec,
-                               reinterpret_cast<const JOCTET *>(metadata.colourProfile.constData()),
-                               static_cast<unsigned>(metadata.colourProfile.size()));
+    if (!colourProfile.isEmpty())
+        jpeg_write_icc_profile(&codec, reinterpret_cast<const JOCTET *>(colourProfile.constData()),
+                               static_cast<unsigned>(colourProfile.size()));
 }
 
-bool Compressor::write(const QImage &picture, const PictureMetadata &metadata, int quality,
-                       const EncodeProgress &progress)
+bool Compressor::write(const QImage &picture, const QByteArray &exif,
+                       const QByteArray &colourProfile, int quality, const EncodeProgress &progress)
 {
     if (setjmp(hooks.failed))
         return false;
@@ -136,7 +138,7 @@ bool Compressor::write(const QImage &picture, const PictureMetadata &metadata, i
     codec.dest = &destination.manager;
     configure(picture, quality);
     jpeg_start_compress(&codec, TRUE);
-    writeMetadata(metadata);
+    writeMetadata(exif, colourProfile);
     while (codec.next_scanline < codec.image_height) {
         auto *row = const_cast<JSAMPROW>(picture.constScanLine(int(codec.next_scanline)));
         jpeg_write_scanlines(&codec, &row, 1);
@@ -149,17 +151,17 @@ bool Compressor::write(const QImage &picture, const PictureMetadata &metadata, i
 
 } // namespace
 
-QString encodeJpeg(const QImage &picture, const PictureMetadata &metadata, int quality,
-                   QIODevice &device, const EncodeProgress &progress)
+QString jpeg_file::encode(const QImage &picture, const PictureMetadata &metadata, int quality,
+                     QIODevice &device, const EncodeProgress &progress)
 {
     if (picture.width() > kLargestSide || picture.height() > kLargestSide)
         return PictureEncoder::tr("JPEG files hold at most %1 pixels in a row or column")
             .arg(kLargestSide);
-    PictureMetadata fitting = metadata;
-    if (fitting.exif.size() > kLargestMarker - 6)
-        fitting.exif.clear();
+    const QByteArray block = metadata.exif.block();
+    if (block.size() > exif::kLargestJpegBlock)
+        return PictureEncoder::tr("the JPEG file could not be written");
     Compressor compressor(device);
-    if (!compressor.write(picture, fitting, quality, progress))
+    if (!compressor.write(picture, block, metadata.colourProfile, quality, progress))
         return PictureEncoder::tr("the JPEG file could not be written");
     return {};
 }

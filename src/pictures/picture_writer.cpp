@@ -1,22 +1,43 @@
 #include "picture_writer.h"
 
-#include "encoders.h"
+#include "colour_profile.h"
+#include "exif_metadata.h"
+#include "jpeg_encoder.h"
+#include "png_encoder.h"
+#include "tiff_encoder.h"
 
 #include <QColorSpace>
 #include <QPainter>
+#include <QRgba64>
 
 #include <algorithm>
 
 namespace {
 
-bool isOpaque(const QImage &words)
+bool isDeep(const QImage &picture)
+{
+    return encoding::bitsPerSample(picture) == 16;
+}
+
+template <typename Word, typename AlphaOf>
+bool isOpaqueIn(const QImage &words, Word opaque, const AlphaOf &alphaOf)
 {
     for (int y = 0; y < words.height(); ++y) {
-        const auto *row = reinterpret_cast<const QRgb *>(words.constScanLine(y));
-        if (!std::all_of(row, row + words.width(), [](QRgb word) { return qAlpha(word) == 255; }))
+        const auto *row = reinterpret_cast<const Word *>(words.constScanLine(y));
+        if (!std::all_of(row, row + words.width(),
+                         [&](Word word) { return alphaOf(word) == alphaOf(opaque); }))
             return false;
     }
     return true;
+}
+
+/// words: 32 or 64 bits per pixel, with alpha.
+bool isOpaque(const QImage &words)
+{
+    if (isDeep(words))
+        return isOpaqueIn(words, QRgba64::fromRgba64(0, 0, 0, 0xFFFF),
+                          [](QRgba64 word) { return word.alpha(); });
+    return isOpaqueIn(words, qRgba(0, 0, 0, 255), [](QRgb word) { return qAlpha(word); });
 }
 
 QImage onWhite(const QImage &picture)
@@ -31,37 +52,78 @@ QImage onWhite(const QImage &picture)
     return flat.convertToFormat(QImage::Format_RGB32);
 }
 
+/// Whether the picture has more than 8 bits in a sample.
+bool hasDeepSamples(const QImage &picture)
+{
+    const QPixelFormat pixels = picture.pixelFormat();
+    return std::max({pixels.redSize(), pixels.greenSize(), pixels.blueSize(), pixels.blackSize()}) >
+           8;
+}
+
+bool isWrittenDeep(const QImage &picture, PictureFormat format, int bitsPerSample)
+{
+    const bool isAskedFor = bitsPerSample == 0 ? hasDeepSamples(picture) : bitsPerSample == 16;
+    return isAskedFor && format != PictureFormat::Jpeg;
+}
+
+QImage::Format wordsWithoutAlpha(bool deep)
+{
+    return deep ? QImage::Format_RGBX64 : QImage::Format_RGB32;
+}
+
 /// Colours that are multiplied with alpha stay so, as dividing them loses bits.
-QImage::Format wordsWithAlpha(const QImage &picture, PictureFormat format)
+QImage::Format wordsWithAlpha(const QImage &picture, PictureFormat format, bool deep)
 {
     const bool isPremultiplied =
         picture.pixelFormat().premultiplied() == QPixelFormat::Premultiplied;
-    return isPremultiplied && format == PictureFormat::Tiff ? QImage::Format_ARGB32_Premultiplied
-                                                            : QImage::Format_ARGB32;
+    if (isPremultiplied && format == PictureFormat::Tiff)
+        return deep ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied;
+    return deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32;
 }
 
 /// The picture as the format's encoder takes it; null when memory is lacking.
-QImage encodable(const QImage &picture, PictureFormat format)
+QImage encodable(const QImage &picture, PictureFormat format, int bitsPerSample)
 {
+    const bool deep = isWrittenDeep(picture, format, bitsPerSample);
     if (!picture.hasAlphaChannel())
-        return picture.convertToFormat(QImage::Format_RGB32);
-    const QImage words = picture.convertToFormat(wordsWithAlpha(picture, format));
+        return picture.convertToFormat(wordsWithoutAlpha(deep));
+    const QImage words = picture.convertToFormat(wordsWithAlpha(picture, format, deep));
     if (isOpaque(words))
-        return words.convertToFormat(QImage::Format_RGB32);
+        return words.convertToFormat(wordsWithoutAlpha(deep));
     return format == PictureFormat::Jpeg ? onWhite(words) : words;
 }
 
-QString encode(const QImage &picture, PictureFormat format, const WriteOptions &options,
-               QIODevice &device)
+struct Metadata
 {
-    const PictureMetadata metadata{options.exif, picture.colorSpace().iccProfile()};
+    PictureMetadata kept;
+    QStringList leftOut;
+};
+
+Metadata metadataOf(const QImage &picture, PictureFormat format, const WriteOptions &options)
+{
+    const qsizetype largestBlock =
+        format == PictureFormat::Jpeg ? exif::kLargestJpegBlock : exif::kAnySize;
+    const exif::Adapted adapted = exif::forUprightPicture(options.exif, picture, largestBlock);
+    Metadata metadata{{adapted.tags, picture.colorSpace().iccProfile()}, adapted.leftOut};
+    QByteArray &profile = metadata.kept.colourProfile;
+    if (!profile.isEmpty() && !colour_profile::fitsRgbPixels(profile)) {
+        profile.clear();
+        metadata.leftOut += QStringLiteral("the colour profile is left out, as it is damaged or "
+                                           "not one for RGB pixels");
+    }
+    return metadata;
+}
+
+QString encode(const QImage &picture, PictureFormat format, const PictureMetadata &metadata,
+               const WriteOptions &options, QIODevice &device)
+{
     switch (format) {
     case PictureFormat::Png:
-        return encodePng(picture, metadata, device, options.progress);
+        return png_file::encode(picture, metadata, device, options.progress);
     case PictureFormat::Jpeg:
-        return encodeJpeg(picture, metadata, options.quality, device, options.progress);
+        return jpeg_file::encode(picture, metadata, options.quality, device, options.progress);
     case PictureFormat::Tiff:
-        return encodeTiff(picture, metadata, device, options.progress);
+        return tiff_file::encode(picture, metadata, device, options.progress);
     }
     return {};
 }
@@ -70,24 +132,29 @@ QString encode(const QImage &picture, PictureFormat format, const WriteOptions &
 
 bool hasTransparency(const QImage &picture)
 {
-    return picture.hasAlphaChannel() && !isOpaque(picture.convertToFormat(QImage::Format_ARGB32));
+    if (!picture.hasAlphaChannel())
+        return false;
+    return !isOpaque(picture.convertToFormat(hasDeepSamples(picture) ? QImage::Format_RGBA64
+                                                                     : QImage::Format_ARGB32));
 }
 
 WriteResult writePicture(const QImage &picture, const QString &path, PictureFormat format,
                          const WriteOptions &options)
 {
-    const QImage words = encodable(picture, format);
+    const QImage words = encodable(picture, format, options.bitsPerSample);
     if (words.isNull())
-        return {OutputFile::Error::WriteFailed, PictureEncoder::tr("not enough memory")};
+        return {OutputFile::Error::WriteFailed, PictureEncoder::tr("not enough memory"), {}};
     OutputFile output(path, options.mayReplace, options.temporaryName);
     if (!output.open())
-        return {output.error(), output.reason()};
-    const QString problem = encode(words, format, options, output.device());
+        return {output.error(), output.reason(), {}};
+    const Metadata metadata = metadataOf(picture, format, options);
+    const QString problem = encode(words, format, metadata.kept, options, output.device());
     // What stopped the encoder is mostly that the device takes no more.
     if (!problem.isEmpty())
         return {OutputFile::Error::WriteFailed,
-                output.hasDeviceFailed() ? output.device().errorString() : problem};
+                output.hasDeviceFailed() ? output.device().errorString() : problem,
+                {}};
     if (!output.publish())
-        return {output.error(), output.reason()};
-    return {};
+        return {output.error(), output.reason(), {}};
+    return {OutputFile::Error::None, {}, metadata.leftOut};
 }

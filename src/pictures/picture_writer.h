@@ -1,10 +1,12 @@
 #pragma once
 
+#include "ExifTags.h"
 #include "OutputFile.h"
 #include "PictureFormat.h"
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -12,8 +14,9 @@ constexpr int kDefaultQuality = 95;
 
 struct WriteOptions
 {
-    QByteArray exif;               ///< as exif::read and exif::forMergedPicture give it, or empty
+    ExifTags exif;                 ///< as exif::read gives them, or empty
     int quality = kDefaultQuality; ///< 1..100, JPEG only
+    int bitsPerSample = 0;         ///< 8 or 16; 0: as many as the picture has; JPEG always has 8
     bool mayReplace = false;       ///< an existing file of that name
     std::function<void(double)> progress; ///< told how much is written, 0..1; may be empty
     OutputFile::TemporaryNameObserver temporaryName; ///< see OutputFile; may be empty
@@ -22,15 +25,17 @@ struct WriteOptions
 struct WriteResult
 {
     OutputFile::Error error = OutputFile::Error::None;
-    QString reason; ///< empty on success
+    QString reason;      ///< empty on success
+    QStringList leftOut; ///< what the file does not keep of the metadata, in English, for reports
 };
 
 /// Whether a pixel of the picture is not opaque. Any thread.
 bool hasTransparency(const QImage &picture);
 
-/// Writes the picture with its resolution, its colour profile and the EXIF block. The file appears
-/// under its name only when it is complete, otherwise nothing is left. picture: any format, written
-/// with 8 bits per channel. PNG and TIFF files keep the alpha channel of a picture that has a pixel
-/// which is not opaque; JPEG files have none, so there it is laid on white. Any thread, reentrant.
+/// Writes the picture with its resolution, its colour profile if it is one for RGB pixels, and the
+/// EXIF data made true for it. The file appears under its name only when it is complete, otherwise
+/// nothing is left. picture: any format, upright. PNG and TIFF files keep the alpha channel of a
+/// picture that has a pixel which is not opaque, and 16 bits per sample; JPEG files have neither,
+/// so there it is laid on white and rounded to 8 bits. Any thread, reentrant.
 WriteResult writePicture(const QImage &picture, const QString &path, PictureFormat format,
                          const WriteOptions &options);

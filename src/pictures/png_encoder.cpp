@@ -1,4 +1,6 @@
-#include "encoders.h"
+#include "png_encoder.h"
+
+#include <QtEndian>
 
 #include <algorithm>
 #include <csetjmp>
@@ -21,12 +23,20 @@ constexpr size_t kLargestChunk = size_t(1) << 30;
 
 using Bytes = std::vector<png_byte>;
 
+/// As encoding::unpackRow, with the first byte of each sample first.
+void unpackRow(const QImage &picture, int y, png_byte *bytes)
+{
+    encoding::unpackRow(picture, y, bytes);
+    if (Q_BYTE_ORDER == Q_LITTLE_ENDIAN && encoding::bitsPerSample(picture) == 16)
+        qbswap<2>(bytes, static_cast<qsizetype>(encoding::bytesPerRow(picture) / 2), bytes);
+}
+
 /// The rows as PNG files hold them before compression: each begins with its filter's number, each
 /// byte is the difference from the mean of the same channel in the pixels to the left and above.
 template <size_t kPixelBytes>
 Bytes filterRows(const QImage &picture, const EncodeProgress &progress)
 {
-    const size_t rowBytes = static_cast<size_t>(picture.width()) * kPixelBytes;
+    const size_t rowBytes = encoding::bytesPerRow(picture);
     Bytes filtered((rowBytes + 1) * static_cast<size_t>(picture.height()));
     // One black (and transparent) pixel to the left of each row, and a black row above the first.
     Bytes above(kPixelBytes + rowBytes);
@@ -42,6 +52,20 @@ Bytes filterRows(const QImage &picture, const EncodeProgress &progress)
             progress(0.25 * (y + 1) / picture.height());
     }
     return filtered;
+}
+
+Bytes filterRows(const QImage &picture, const EncodeProgress &progress)
+{
+    switch (encoding::samplesPerPixel(picture) * encoding::bitsPerSample(picture) / 8) {
+    case 3:
+        return filterRows<3>(picture, progress);
+    case 4:
+        return filterRows<4>(picture, progress);
+    case 6:
+        return filterRows<6>(picture, progress);
+    default:
+        return filterRows<8>(picture, progress);
+    }
 }
 
 /// A zlib stream, or nothing when memory is lacking.
@@ -70,8 +94,8 @@ struct PngWriter
 
 void onWrite(png_structp png, png_bytep bytes, size_t length)
 {
-    if (!writeAll(*static_cast<QIODevice *>(png_get_io_ptr(png)), bytes,
-                  static_cast<qint64>(length)))
+    if (!encoding::writeAll(*static_cast<QIODevice *>(png_get_io_ptr(png)), bytes,
+                            static_cast<qint64>(length)))
         png_error(png, "write");
 }
 
@@ -97,17 +121,21 @@ bool create(PngWriter &writer)
     return writer.info;
 }
 
-void setMetadata(PngWriter &writer, const QImage &picture, const PictureMetadata &metadata)
+void setMetadata(PngWriter &writer, const QImage &picture, const QByteArray &exif,
+                 const QByteArray &colourProfile)
 {
-    if (!metadata.colourProfile.isEmpty())
+    if (!colourProfile.isEmpty())
         png_set_iCCP(writer.png, writer.info, "ICC profile", PNG_COMPRESSION_TYPE_BASE,
-                     reinterpret_cast<png_const_bytep>(metadata.colourProfile.constData()),
-                     static_cast<png_uint_32>(metadata.colourProfile.size()));
-    if (!metadata.exif.isEmpty())
-        png_set_eXIf_1(writer.png, writer.info, static_cast<png_uint_32>(metadata.exif.size()),
-                       reinterpret_cast<png_bytep>(const_cast<char *>(metadata.exif.constData())));
-    png_set_pHYs(writer.png, writer.info, static_cast<png_uint_32>(picture.dotsPerMeterX()),
-                 static_cast<png_uint_32>(picture.dotsPerMeterY()), PNG_RESOLUTION_METER);
+                     reinterpret_cast<png_const_bytep>(colourProfile.constData()),
+                     static_cast<png_uint_32>(colourProfile.size()));
+    if (!exif.isEmpty())
+        png_set_eXIf_1(writer.png, writer.info, static_cast<png_uint_32>(exif.size()),
+                       reinterpret_cast<png_bytep>(const_cast<char *>(exif.constData())));
+    constexpr double kInchesPerMetre = 1 / 0.0254;
+    const encoding::Resolution resolution = encoding::resolutionOf(picture);
+    png_set_pHYs(
+        writer.png, writer.info, static_cast<png_uint_32>(qRound(resolution.x * kInchesPerMetre)),
+        static_cast<png_uint_32>(qRound(resolution.y * kInchesPerMetre)), PNG_RESOLUTION_METER);
 }
 
 void writePixels(PngWriter &writer, const Bytes &stream)
@@ -118,18 +146,18 @@ void writePixels(PngWriter &writer, const Bytes &stream)
                         std::min(kLargestChunk, stream.size() - at));
 }
 
-bool write(PngWriter &writer, const QImage &picture, const PictureMetadata &metadata,
-           const Bytes &stream)
+bool write(PngWriter &writer, const QImage &picture, const QByteArray &exif,
+           const QByteArray &colourProfile, const Bytes &stream)
 {
     constexpr png_byte kEnd[] = {'I', 'E', 'N', 'D', 0};
     if (setjmp(png_jmpbuf(writer.png)))
         return false;
     png_set_write_fn(writer.png, writer.device, onWrite, onFlush);
     png_set_IHDR(writer.png, writer.info, static_cast<png_uint_32>(picture.width()),
-                 static_cast<png_uint_32>(picture.height()), 8,
+                 static_cast<png_uint_32>(picture.height()), encoding::bitsPerSample(picture),
                  picture.hasAlphaChannel() ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB,
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
-    setMetadata(writer, picture, metadata);
+    setMetadata(writer, picture, exif, colourProfile);
     png_write_info(writer.png, writer.info);
     writePixels(writer, stream);
     // The library's own way to end a file insists on having compressed the rows itself.
@@ -139,14 +167,15 @@ bool write(PngWriter &writer, const QImage &picture, const PictureMetadata &meta
 
 } // namespace
 
-QString encodePng(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
-                  const EncodeProgress &progress)
+QString png_file::encode(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
+                    const EncodeProgress &progress)
 {
-    const Bytes stream = compress(picture.hasAlphaChannel() ? filterRows<4>(picture, progress)
-                                                            : filterRows<3>(picture, progress));
+    const Bytes stream = compress(filterRows(picture, progress));
+    const QByteArray exif = metadata.exif.block();
     PngWriter writer;
     writer.device = &device;
-    if (stream.empty() || !create(writer) || !write(writer, picture, metadata, stream))
+    if (stream.empty() || !create(writer) ||
+        !write(writer, picture, exif, metadata.colourProfile, stream))
         return PictureEncoder::tr("the PNG file could not be written");
     if (progress)
         progress(1.0);

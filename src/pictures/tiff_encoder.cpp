@@ -1,10 +1,14 @@
-#include "encoders.h"
-#include "tiff_exif.h"
+#include "tiff_encoder.h"
+
+#include "ExifBlockWriter.h"
+#include "byte_order.h"
 
 #include <memory>
 #include <vector>
 
 #include <tiffio.h>
+
+#include <QtEndian>
 
 namespace {
 
@@ -15,7 +19,7 @@ tmsize_t onRead(thandle_t handle, void *bytes, tmsize_t length)
 
 tmsize_t onWrite(thandle_t handle, void *bytes, tmsize_t length)
 {
-    return writeAll(*static_cast<QIODevice *>(handle), bytes, length) ? length : -1;
+    return encoding::writeAll(*static_cast<QIODevice *>(handle), bytes, length) ? length : -1;
 }
 
 toff_t onSeek(thandle_t handle, toff_t offset, int origin)
@@ -40,23 +44,106 @@ toff_t onSize(thandle_t handle)
 
 using Tiff = std::unique_ptr<TIFF, decltype(&TIFFClose)>;
 
-Tiff openTiff(QIODevice &device)
+/// In the byte order of the EXIF data, which are copied as they are.
+Tiff openTiff(QIODevice &device, const ExifTags &exif)
 {
-    return {TIFFClientOpen("picture", "w", &device, onRead, onWrite, onSeek, onClose, onSize,
+    const char *mode = exif.isEmpty() ? "w" : exif.hasBigEndianNumbers() ? "wb" : "wl";
+    return {TIFFClientOpen("picture", mode, &device, onRead, onWrite, onSeek, onClose, onSize,
                            nullptr, nullptr),
             &TIFFClose};
 }
 
-void setTags(TIFF *tiff, const QImage &picture, const PictureMetadata &metadata)
+/// The numbers of an entry in this machine's byte order; nothing for types of other sizes.
+QByteArray nativeNumbers(const ExifTags::Entry &entry, bool isBigEndian)
 {
-    constexpr double kCentimetresPerMetre = 100.0;
-    const uint16_t kindOfAlpha = picture.format() == QImage::Format_ARGB32_Premultiplied
-                                     ? EXTRASAMPLE_ASSOCALPHA
-                                     : EXTRASAMPLE_UNASSALPHA;
+    const bool isSwapped = isBigEndian != (Q_BYTE_ORDER == Q_BIG_ENDIAN);
+    QByteArray numbers = entry.value;
+    switch (entry.type) {
+    case ExifTags::Byte:
+    case ExifTags::Text:
+    case ExifTags::Undefined:
+        return numbers;
+    case ExifTags::Short:
+        if (isSwapped)
+            qbswap<2>(entry.value.constData(), entry.count, numbers.data());
+        return numbers;
+    case ExifTags::Long:
+    case ExifTags::SignedLong:
+        if (isSwapped)
+            qbswap<4>(entry.value.constData(), entry.count, numbers.data());
+        return numbers;
+    default:
+        return {};
+    }
+}
+
+/// A tag that libtiff does not know must be told to it first.
+void setUnknownField(TIFF *tiff, const ExifTags::Entry &entry, const QByteArray &numbers)
+{
+    static char name[] = "EXIF";
+    constexpr short kCountIsPassed = TIFF_VARIABLE2;
+    const TIFFFieldInfo info = {entry.tag,
+                                kCountIsPassed,
+                                kCountIsPassed,
+                                static_cast<TIFFDataType>(entry.type),
+                                FIELD_CUSTOM,
+                                1,
+                                1,
+                                name};
+    if (TIFFMergeFieldInfo(tiff, &info, 1) == 0)
+        TIFFSetField(tiff, entry.tag, entry.count, numbers.constData());
+}
+
+/// What the camera noted beside the data of exposure and place: texts, and tags that only some
+/// programs know.
+void setField(TIFF *tiff, const ExifTags::Entry &entry, bool isBigEndian)
+{
+    const QByteArray numbers = nativeNumbers(entry, isBigEndian);
+    const TIFFField *field = TIFFFindField(tiff, entry.tag, TIFF_ANY);
+    if (!field && !numbers.isEmpty())
+        return setUnknownField(tiff, entry, numbers);
+    const bool isText = field && TIFFFieldDataType(field) == TIFF_ASCII &&
+                        !TIFFFieldPassCount(field) && entry.type == ExifTags::Text;
+    if (isText)
+        TIFFSetField(tiff, entry.tag, numbers.constData());
+    else if (entry.tag == TIFFTAG_YCBCRPOSITIONING && entry.type == ExifTags::Short)
+        TIFFSetField(tiff, entry.tag, *reinterpret_cast<const quint16 *>(numbers.constData()));
+}
+
+/// An EXIF block has the layout of a TIFF file, so the data of exposure and place, maker note
+/// included, go to the same place in the file and stay valid.
+bool writeExif(TIFF *tiff, QIODevice &device, const ExifTags &exif)
+{
+    if (exif.isEmpty())
+        return true;
+    ExifTags below = exif;
+    below.clear(ExifTags::Directory::Picture);
+    ExifBlockWriter writer(below);
+    const QByteArray block = writer.write();
+    constexpr qint64 kHeaderBytes = 8;
+    const QByteArray rest = block.mid(kHeaderBytes);
+    if (!device.seek(kHeaderBytes) || !encoding::writeAll(device, rest.constData(), rest.size()))
+        return false;
+    const quint32 exposure = writer.placeOf(ExifTags::Directory::Exposure);
+    const quint32 place = writer.placeOf(ExifTags::Directory::Place);
+    if (exposure != 0)
+        TIFFSetField(tiff, TIFFTAG_EXIFIFD, uint64_t(exposure));
+    if (place != 0)
+        TIFFSetField(tiff, TIFFTAG_GPSIFD, uint64_t(place));
+    for (const ExifTags::Entry &entry : exif.entries(ExifTags::Directory::Picture))
+        setField(tiff, entry, exif.hasBigEndianNumbers());
+    return true;
+}
+
+void setLayout(TIFF *tiff, const QImage &picture)
+{
+    const bool isPremultiplied =
+        picture.pixelFormat().premultiplied() == QPixelFormat::Premultiplied;
+    const uint16_t kindOfAlpha = isPremultiplied ? EXTRASAMPLE_ASSOCALPHA : EXTRASAMPLE_UNASSALPHA;
     TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, static_cast<uint32_t>(picture.width()));
     TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, static_cast<uint32_t>(picture.height()));
-    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
-    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, samplesPerPixel(picture));
+    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, encoding::bitsPerSample(picture));
+    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, encoding::samplesPerPixel(picture));
     if (picture.hasAlphaChannel())
         TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &kindOfAlpha);
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
@@ -65,21 +152,34 @@ void setTags(TIFF *tiff, const QImage &picture, const PictureMetadata &metadata)
     TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
     TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
     TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(tiff, 0));
-    TIFFSetField(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_CENTIMETER);
-    TIFFSetField(tiff, TIFFTAG_XRESOLUTION, picture.dotsPerMeterX() / kCentimetresPerMetre);
-    TIFFSetField(tiff, TIFFTAG_YRESOLUTION, picture.dotsPerMeterY() / kCentimetresPerMetre);
-    tiff_exif::setTexts(tiff, metadata.exif);
+}
+
+void setResolution(TIFF *tiff, const QImage &picture)
+{
+    const encoding::Resolution resolution = encoding::resolutionOf(picture);
+    TIFFSetField(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
+    TIFFSetField(tiff, TIFFTAG_XRESOLUTION, resolution.x);
+    TIFFSetField(tiff, TIFFTAG_YRESOLUTION, resolution.y);
+}
+
+/// The camera's data come first, so that what the picture itself tells overrides them.
+bool setTags(TIFF *tiff, QIODevice &device, const QImage &picture, const PictureMetadata &metadata)
+{
+    if (!writeExif(tiff, device, metadata.exif))
+        return false;
+    setLayout(tiff, picture);
+    setResolution(tiff, picture);
     if (!metadata.colourProfile.isEmpty())
         TIFFSetField(tiff, TIFFTAG_ICCPROFILE, static_cast<uint32_t>(metadata.colourProfile.size()),
                      metadata.colourProfile.constData());
+    return true;
 }
 
 bool writeRows(TIFF *tiff, const QImage &picture, const EncodeProgress &progress)
 {
-    std::vector<uint8_t> row(static_cast<size_t>(picture.width()) *
-                             static_cast<size_t>(samplesPerPixel(picture)));
+    std::vector<uint8_t> row(encoding::bytesPerRow(picture));
     for (int y = 0; y < picture.height(); ++y) {
-        unpackRow(picture, y, row.data());
+        encoding::unpackRow(picture, y, row.data());
         if (TIFFWriteScanline(tiff, row.data(), static_cast<uint32_t>(y), 0) != 1)
             return false;
         if (progress)
@@ -90,15 +190,12 @@ bool writeRows(TIFF *tiff, const QImage &picture, const EncodeProgress &progress
 
 } // namespace
 
-QString encodeTiff(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
-                   const EncodeProgress &progress)
+QString tiff_file::encode(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
+                          const EncodeProgress &progress)
 {
-    const Tiff tiff = openTiff(device);
-    if (tiff) {
-        setTags(tiff.get(), picture, metadata);
-        if (writeRows(tiff.get(), picture, progress) && TIFFWriteDirectory(tiff.get()) &&
-            tiff_exif::appendDirectories(tiff.get(), metadata.exif))
-            return {};
-    }
+    const Tiff file = openTiff(device, metadata.exif);
+    if (file && setTags(file.get(), device, picture, metadata) &&
+        writeRows(file.get(), picture, progress) && TIFFWriteDirectory(file.get()))
+        return {};
     return PictureEncoder::tr("the TIFF file could not be written");
 }

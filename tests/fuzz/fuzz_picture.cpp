@@ -55,8 +55,10 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     options.depth = ReadOptions::Depth::AsStored;
     options.side = 16;
     requireSound(picture::decode(file.path(), options));
-    const QByteArray block = exif::read(file.path());
-    const QByteArray kept = exif::forMergedPicture(block, QSize(3, 2));
-    FUZZ_REQUIRE(!block.isEmpty() || kept.isEmpty());
+    const ExifTags tags = exif::read(file.path());
+    const QImage picture(3, 2, QImage::Format_RGB32);
+    const exif::Adapted kept = exif::forUprightPicture(tags, picture, exif::kLargestJpegBlock);
+    FUZZ_REQUIRE(!tags.isEmpty() || kept.tags.isEmpty());
+    FUZZ_REQUIRE(kept.tags.block().size() <= exif::kLargestJpegBlock);
     return 0;
 }

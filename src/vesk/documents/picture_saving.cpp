@@ -14,12 +14,12 @@ namespace {
 
 constexpr QSize kIndicatorSize(60, 60);
 
-QByteArray metadata(const QStringList &sources, QSize size)
+ExifTags metadata(const QStringList &sources)
 {
     for (const QString &path : sources) {
-        const QByteArray block = exif::forMergedPicture(exif::read(path), size);
-        if (!block.isEmpty())
-            return block;
+        const ExifTags tags = exif::read(path);
+        if (!tags.isEmpty())
+            return tags;
     }
     return {};
 }
@@ -30,7 +30,7 @@ WriteResult savePicture(const QImage &picture, const SaveTarget &target,
                         const QStringList &metadataSources)
 {
     WriteOptions options;
-    options.exif = metadata(metadataSources, picture.size());
+    options.exif = metadata(metadataSources);
     options.quality = target.quality;
     options.mayReplace = target.mayReplace;
     return writePicture(picture, target.path, target.format, options);
