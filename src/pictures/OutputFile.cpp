@@ -1,7 +1,8 @@
 #include "OutputFile.h"
 
+#include "temporary_files.h"
+
 #include <QFileInfo>
-#include <QRandomGenerator>
 
 #include <cerrno>
 #include <cstdio>
@@ -18,13 +19,6 @@ QString behindLinks(const QString &path)
 {
     const QFileInfo info(path);
     return info.isSymLink() && info.exists() ? info.canonicalFilePath() : path;
-}
-
-QString newTemporaryName(const QString &target)
-{
-    return QFileInfo(target).path() +
-           QStringLiteral("/.veskhdr-%1.tmp")
-               .arg(QRandomGenerator::system()->generate64(), 16, 16, QLatin1Char('0'));
 }
 
 /// Renames unless the new name is taken. Returns 0 or the system's error code.
@@ -65,10 +59,15 @@ OutputFile::~OutputFile()
 {
     if (temporaryName.isEmpty())
         return;
-    file.close();
     ::unlink(QFile::encodeName(temporaryName).constData());
+    file.close();
+    tell(Temporary::Gone);
+}
+
+void OutputFile::tell(Temporary state) const
+{
     if (observer)
-        observer({});
+        observer(temporaryName, state);
 }
 
 bool OutputFile::fail(Error error, const QString &reason)
@@ -117,21 +116,34 @@ OutputFile::Error OutputFile::check()
     return failure;
 }
 
+/// Makes the temporary file and returns its descriptor, or -1 with the reason in errno.
+int OutputFile::create()
+{
+    const QString folder = QFileInfo(target).path();
+    temporary_files::sweep(folder);
+    constexpr int kAttempts = 10;
+    int descriptor = -1;
+    for (int i = 0; i < kAttempts && descriptor < 0; ++i) {
+        temporaryName = temporary_files::newName(folder);
+        tell(Temporary::Coming);
+        descriptor = temporary_files::create(temporaryName);
+        const int code = errno;
+        tell(descriptor < 0 ? Temporary::Gone : Temporary::There);
+        errno = code;
+        if (descriptor < 0 && code != EEXIST)
+            break;
+    }
+    return descriptor;
+}
+
 bool OutputFile::open()
 {
     if (check() != Error::None)
         return false;
-    temporaryName = newTemporaryName(target);
-    if (observer)
-        observer(temporaryName);
-    constexpr mode_t kAsTheUserWants = 0666;
-    const int descriptor = ::open(QFile::encodeName(temporaryName).constData(),
-                                  O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kAsTheUserWants);
+    const int descriptor = create();
     if (descriptor < 0) {
         const int code = errno;
         temporaryName.clear();
-        if (observer)
-            observer({});
         return failBySystem(Error::CannotCreate, code);
     }
     struct stat replaced = {};
@@ -147,8 +159,9 @@ bool OutputFile::publish()
         return fail(Error::WriteFailed, file.errorString());
     if (::fsync(file.handle()) != 0)
         return failBySystem(Error::WriteFailed, errno);
+    const bool isNamed = giveName(); // locked until then, or it could be swept
     file.close();
-    return giveName();
+    return isNamed;
 }
 
 bool OutputFile::giveName()
@@ -162,8 +175,7 @@ bool OutputFile::giveName()
         return fail(Error::Exists, tr("the file exists already"));
     if (code != 0)
         return failBySystem(Error::CannotCreate, code);
+    tell(Temporary::Gone);
     temporaryName.clear();
-    if (observer)
-        observer({});
     return true;
 }

@@ -7,8 +7,9 @@
 #include <functional>
 
 /// A file that appears under its name only when it is complete: it is written under a temporary
-/// name in the same folder and renamed at the end. Unless it is published it leaves nothing behind.
-/// One thread at a time.
+/// name in the same folder and renamed at the end. Unless it is published it leaves nothing behind;
+/// what a killed program left in the folder is removed when the next file is opened there. One
+/// thread at a time.
 class OutputFile
 {
     Q_DECLARE_TR_FUNCTIONS(OutputFile)
@@ -16,9 +17,12 @@ class OutputFile
 public:
     enum class Error { None, Exists, CannotCreate, WriteFailed };
 
-    /// Called with the temporary name before the file is created and with an empty name when it is
-    /// gone, for programs that clean up when they are interrupted.
-    using TemporaryNameObserver = std::function<void(const QString &)>;
+    /// What becomes of a temporary file: it is about to be made, it is there, it is gone.
+    enum class Temporary { Coming, There, Gone };
+
+    /// Called with the temporary name at each step, for programs that clean up when they are
+    /// interrupted. A file that could not be made goes from Coming to Gone.
+    using TemporaryNameObserver = std::function<void(const QString &, Temporary)>;
 
     /// mayReplace: an existing regular file of that name is replaced, and its permissions kept;
     /// otherwise it is an error, also when it appears while this one is being written.
@@ -46,6 +50,8 @@ private:
     bool fail(Error error, const QString &reason);
     bool failBySystem(Error error, int code);
     static QString systemReason(int code);
+    int create();
+    void tell(Temporary state) const;
     bool giveName();
 
     const QString target;
