@@ -66,7 +66,7 @@ private:
     QByteArray bytesAt(qint64 place, qint64 length);
     void readDirectory(Directory directory, quint32 place);
     void readEntry(Directory directory, const QByteArray &field, quint32 fieldPlace);
-    void readBelow(quint16 tag, quint32 place);
+    void readBelow(Directory parent, quint16 tag, quint32 place);
 
     QIODevice &device;
     ExifTags tags;
@@ -118,7 +118,7 @@ void ExifTagsReader::readEntry(Directory directory, const QByteArray &field, qui
     entry.type = number<quint16>(field, 2);
     entry.count = number<quint32>(field, 4);
     if (pointsToDirectory(entry.tag))
-        return readBelow(entry.tag, number<quint32>(field, 8));
+        return readBelow(directory, entry.tag, number<quint32>(field, 8));
     const qint64 length = sizeOf(entry.type) * entry.count;
     const bool isUnwanted = directory == Directory::Picture && describesStorage(entry.tag);
     if (length == 0 || isUnwanted || tags.find(directory, entry.tag))
@@ -132,14 +132,16 @@ void ExifTagsReader::readEntry(Directory directory, const QByteArray &field, qui
         tags.directories[size_t(directory)].push_back(entry);
 }
 
-/// A directory that is named a second time, by itself for instance, is not read again.
-void ExifTagsReader::readBelow(quint16 tag, quint32 place)
+/// Each directory has its parent, so one that names itself or another above it is not read again.
+void ExifTagsReader::readBelow(Directory parent, quint16 tag, quint32 place)
 {
-    const Directory directory = tag == ExifTags::ExposureDirectory ? Directory::Exposure
-                                : tag == ExifTags::PlaceDirectory  ? Directory::Place
-                                                                   : Directory::Interoperability;
-    if (tags.entries(directory).empty())
-        readDirectory(directory, place);
+    const Directory below = tag == ExifTags::ExposureDirectory ? Directory::Exposure
+                            : tag == ExifTags::PlaceDirectory  ? Directory::Place
+                                                               : Directory::Interoperability;
+    const Directory expected =
+        below == Directory::Interoperability ? Directory::Exposure : Directory::Picture;
+    if (parent == expected && tags.entries(below).empty())
+        readDirectory(below, place);
 }
 
 ExifTags ExifTags::read(QIODevice &device)

@@ -33,7 +33,7 @@ bool isOneOf(const QByteArray &profile, qsizetype place,
                        [&](const char *allowed) { return signature == allowed; });
 }
 
-/// What the PNG library insists on, too.
+/// libpng insists on these, too.
 bool hasRgbHeader(const QByteArray &profile)
 {
     constexpr char kLastVersionOfAnyLength = 3;

@@ -25,12 +25,12 @@ struct UnrefLoader
     void operator()(ExifLoader *loader) const { exif_loader_unref(loader); }
 };
 
-QByteArray blockInJpeg(const QString &path)
+QByteArray blockInJpeg(const QFile &file)
 {
     const std::unique_ptr<ExifLoader, UnrefLoader> loader(exif_loader_new());
     if (!loader)
         return {};
-    exif_loader_write_file(loader.get(), QFile::encodeName(path).constData());
+    exif_loader_write_file(loader.get(), QFile::encodeName(file.fileName()).constData());
     const unsigned char *bytes = nullptr;
     unsigned length = 0;
     exif_loader_get_buf(loader.get(), &bytes, &length);
@@ -52,6 +52,15 @@ QByteArray blockInPng(QFile &file)
             return file.read(length);
         file.seek(file.pos() + length + kChecksumBytes);
     }
+}
+
+/// The block of a file whose format has a place for it. TIFF files are blocks themselves.
+QByteArray blockIn(QFile &file)
+{
+    const QByteArray start = file.peek(8);
+    return start.startsWith("\xFF\xD8")  ? blockInJpeg(file)
+           : start.startsWith("\x89PNG") ? blockInPng(file)
+                                         : QByteArray();
 }
 
 bool isStandard(const QColorSpace &colours)
@@ -93,7 +102,8 @@ void keepMakerNote(exif::Adapted &adapted)
     const ExifTags::Entry *note = adapted.tags.find(Directory::Exposure, ExifTags::MakerNote);
     if (!note)
         return;
-    const bool fitsAtItsPlace = note->place + note->value.size() <= exif::kLargestJpegBlock;
+    // A block with the note far behind would be mostly empty, and too large for a JPEG file.
+    const bool fitsAtItsPlace = note->place < exif::kLargestJpegBlock;
     if (!maker_note::isWhole(note->value, note->place, adapted.tags.hasBigEndianNumbers()))
         leaveOutMakerNote(adapted, QStringLiteral("the camera's maker note is left out, as parts "
                                                   "of it lie elsewhere in the file"));
@@ -130,12 +140,10 @@ ExifTags exif::read(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    const QByteArray start = file.peek(8);
-    if (start.startsWith("\xFF\xD8"))
-        return ExifTags::parse(blockInJpeg(path));
-    if (start.startsWith("\x89PNG"))
-        return ExifTags::parse(blockInPng(file));
-    // TIFF files, and the raw files that are TIFF files inside, are EXIF blocks themselves.
+    const QByteArray block = blockIn(file);
+    if (!block.isEmpty())
+        return ExifTags::parse(block);
+    // TIFF files, and the raw files that are TIFF files inside.
     ExifTags tags = ExifTags::read(file);
     if (!tags.isEmpty() && VeskRawType::isRaw(path))
         setColours(tags, QColorSpace::SRgb);

@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <unistd.h>
+
 class TestOutputFile : public QObject
 {
     Q_OBJECT
@@ -24,10 +26,20 @@ private:
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
+    static void saveAt(const QString &path)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("left") == 4);
+    }
+
     QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
 private slots:
-    void cleanup() { QFile::remove(target()); }
+    void cleanup()
+    {
+        QDir(folder.path()).removeRecursively();
+        QVERIFY(QDir().mkdir(folder.path()));
+    }
 
     void publish_givesTheFileItsName()
     {
@@ -83,19 +95,78 @@ private slots:
         QVERIFY(output.error() == OutputFile::Error::Exists);
     }
 
-    void observer_hearsOfTheTemporaryNameBeforeAndAfter()
+    void observer_hearsOfEachStep()
     {
+        using Temporary = OutputFile::Temporary;
         QStringList names;
+        QList<Temporary> states;
         {
-            OutputFile output(target(), false, [&](const QString &name) {
-                QVERIFY(name.isEmpty() || !QFile::exists(name));
+            OutputFile output(target(), false, [&](const QString &name, Temporary state) {
+                QCOMPARE(QFile::exists(name), state == Temporary::There);
                 names << name;
+                states << state;
             });
             QVERIFY(output.open());
-            QVERIFY(QFile::exists(names.value(0)));
         }
-        QCOMPARE(names.size(), 2);
-        QCOMPARE(names.last(), QString());
+        QCOMPARE(states, QList({Temporary::Coming, Temporary::There, Temporary::Gone}));
+        QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), 1);
+    }
+
+    void observer_fileCannotBeMade_hearsThatItIsGone()
+    {
+        using Temporary = OutputFile::Temporary;
+        QList<Temporary> states;
+        OutputFile output(QStringLiteral("/proc/out.bin"), false,
+                          [&](const QString &, Temporary state) { states << state; });
+        QVERIFY(!output.open());
+        QCOMPARE(states, QList({Temporary::Coming, Temporary::Gone}));
+    }
+
+    void open_leftoverOfAKilledWriter_isSwept()
+    {
+        const QString leftover = folder.filePath(QStringLiteral(".veskhdr-0123456789abcdef.tmp"));
+        saveAt(leftover);
+        OutputFile output(target(), false);
+        QVERIFY(output.open());
+        QVERIFY(!QFile::exists(leftover));
+    }
+
+    void open_whileAnotherWrites_leavesItsFile()
+    {
+        OutputFile first(target(), true);
+        QVERIFY(first.open());
+        OutputFile second(folder.filePath(QStringLiteral("other.bin")), false);
+        QVERIFY(second.open());
+        QCOMPARE(files().size(), 2);
+        first.device().write("first");
+        QVERIFY(first.publish());
+        QCOMPARE(content(), QByteArray("first"));
+    }
+
+    void open_filesOfOtherNamesAndKinds_stay()
+    {
+        QStringList others;
+        for (const char *name :
+             {".veskhdr-0123456789abcdeg.tmp", ".veskhdr-0123456789abcdef.tmp2",
+              ".veskhdr-0123.tmp", "veskhdr-0123456789abcdef.tmp", ".veskhdr-0123456789ABCDEF.tmp"})
+            others << folder.filePath(QLatin1String(name));
+        for (const QString &other : std::as_const(others))
+            saveAt(other);
+        const QString link = folder.filePath(QStringLiteral(".veskhdr-00000000000000aa.tmp"));
+        QVERIFY(QFile::link(others.first(), link));
+        const QString below = folder.filePath(QStringLiteral(".veskhdr-00000000000000bb.tmp"));
+        QVERIFY(QDir().mkdir(below));
+        const QByteArray twin =
+            QFile::encodeName(folder.filePath(QStringLiteral(".veskhdr-00000000000000cc.tmp")));
+        QCOMPARE(::link(QFile::encodeName(others.first()).constData(), twin.constData()), 0);
+        {
+            OutputFile output(target(), false);
+            QVERIFY(output.open());
+        }
+        for (const QString &other : std::as_const(others))
+            QVERIFY2(QFile::exists(other), qPrintable(other));
+        QVERIFY(QFileInfo(link).isSymLink() && QFileInfo(below).isDir());
+        QVERIFY(QFile::exists(QFile::decodeName(twin)));
     }
 };
 

@@ -3,9 +3,11 @@
 #include <QBuffer>
 #include <QColorSpace>
 #include <QImageReader>
+#include <QRgba64>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <lcms2.h>
 #include <tiffio.h>
 
 #include <cstdlib>
@@ -80,9 +82,43 @@ int kindOfAlpha(TIFF *file)
                                                                                        : -1;
 }
 
+constexpr std::pair<const char *, PictureFormat> kFormats[] = {
+    {"png", PictureFormat::Png}, {"jpeg", PictureFormat::Jpeg}, {"tiff", PictureFormat::Tiff}};
+
+QRgba64 deepAt(const QImage &picture, int x, int y)
+{
+    return reinterpret_cast<const QRgba64 *>(picture.constScanLine(y))[x];
+}
+
+QByteArray saved(cmsHPROFILE profile)
+{
+    cmsUInt32Number length = 0;
+    cmsSaveProfileToMem(profile, nullptr, &length);
+    QByteArray bytes(int(length), '\0');
+    cmsSaveProfileToMem(profile, bytes.data(), &length);
+    cmsCloseProfile(profile);
+    return bytes;
+}
+
+/// Little CMS shows pixels of red, green and blue by it.
+bool isUsable(const QByteArray &profile)
+{
+    const cmsHPROFILE from =
+        cmsOpenProfileFromMem(profile.constData(), cmsUInt32Number(profile.size()));
+    const cmsHPROFILE to = cmsCreate_sRGBProfile();
+    const cmsHTRANSFORM transform =
+        from ? cmsCreateTransform(from, TYPE_RGB_8, to, TYPE_RGB_8, INTENT_PERCEPTUAL, 0) : nullptr;
+    const bool usable = transform;
+    if (transform)
+        cmsDeleteTransform(transform);
+    if (from)
+        cmsCloseProfile(from);
+    cmsCloseProfile(to);
+    return usable;
+}
+
 } // namespace
 
-/// Files that hold transparency. Opaque ones are tested through the programs that write them.
 class TestPictureWriter : public QObject
 {
     Q_OBJECT
@@ -91,17 +127,45 @@ private:
     QTemporaryDir folder;
     QString target;
 
-    void write(const QImage &picture, PictureFormat format, int quality = 100)
+    WriteResult writeResult(const QImage &picture, PictureFormat format) const
     {
         WriteOptions options;
-        options.quality = quality;
+        options.quality = 100;
         options.mayReplace = true;
-        const WriteResult result = writePicture(picture, target, format, options);
+        return writePicture(picture, target, format, options);
+    }
+    void write(const QImage &picture, PictureFormat format) const
+    {
+        const WriteResult result = writeResult(picture, format);
         QVERIFY2(result.error == OutputFile::Error::None, qPrintable(result.reason));
     }
     Tiff openTiff() const
     {
         return {TIFFOpen(QFile::encodeName(target).constData(), "r"), &TIFFClose};
+    }
+
+    static void addFormatsWithDepth()
+    {
+        QTest::addColumn<PictureFormat>("format");
+        QTest::addColumn<QImage::Format>("pixels");
+        QTest::newRow("png") << PictureFormat::Png << QImage::Format_RGBX64;
+        QTest::newRow("png, transparent") << PictureFormat::Png << QImage::Format_RGBA64;
+        QTest::newRow("tiff") << PictureFormat::Tiff << QImage::Format_RGBX64;
+        QTest::newRow("tiff, transparent") << PictureFormat::Tiff << QImage::Format_RGBA64;
+        QTest::newRow("tiff, premultiplied")
+            << PictureFormat::Tiff << QImage::Format_RGBA64_Premultiplied;
+    }
+
+    /// What stands in the file: Qt multiplies with alpha while it reads.
+    void compareTiffSamples(const QImage &expected) const
+    {
+        const Tiff file = openTiff();
+        std::vector<QRgba64> row(size_t(expected.width()));
+        for (int y = 0; y < expected.height(); ++y) {
+            QCOMPARE(TIFFReadScanline(file.get(), row.data(), uint32_t(y), 0), 1);
+            for (int x = 0; x < expected.width(); ++x)
+                QVERIFY(quint64(row[size_t(x)]) == quint64(deepAt(expected, x, y)));
+        }
     }
 
 private slots:
@@ -196,6 +260,154 @@ private slots:
         QVERIFY(hasTransparency(picture));
         write(picture, PictureFormat::Png);
         QCOMPARE(QImage(target, "PNG").pixel(16, 8), qRgba(255, 0, 0, 254));
+    }
+
+    void profileThatDoesNotFit_isNeverWrittenAndSaidSo_data()
+    {
+        QTest::addColumn<PictureFormat>("format");
+        QTest::addColumn<QByteArray>("profile");
+        cmsToneCurve *curve = cmsBuildGamma(nullptr, 2.2);
+        const QByteArray grey = saved(cmsCreateGrayProfile(cmsD50_xyY(), curve));
+        cmsFreeToneCurve(curve);
+        const QByteArray inks = saved(cmsCreateInkLimitingDeviceLink(cmsSigCmykData, 200));
+        const QByteArray lab = saved(cmsCreateLab4Profile(nullptr));
+        QByteArray damaged = QColorSpace(QColorSpace::SRgb).iccProfile();
+        damaged[16] = 'X'; // the colour space's name
+        for (const auto &[name, format] : kFormats) {
+            QTest::addRow("grey in %s", name) << format << grey;
+            QTest::addRow("CMYK in %s", name) << format << inks;
+            QTest::addRow("Lab in %s", name) << format << lab;
+            QTest::addRow("damaged in %s", name) << format << damaged;
+        }
+    }
+
+    void profileThatDoesNotFit_isNeverWrittenAndSaidSo()
+    {
+        QFETCH(PictureFormat, format);
+        QFETCH(QByteArray, profile);
+        QImage picture(30, 20, QImage::Format_RGB32);
+        picture.fill(qRgb(1, 2, 3));
+        picture.setColorSpace(QColorSpace::fromIccProfile(profile));
+        QCOMPARE(picture.colorSpace().iccProfile(), profile);
+        const WriteResult result = writeResult(picture, format);
+        QVERIFY2(result.error == OutputFile::Error::None, qPrintable(result.reason));
+        QCOMPARE(result.leftOut.size(), 1);
+        QVERIFY(result.leftOut.first().contains("colour profile"));
+        QCOMPARE(QImageReader(target).read().colorSpace().iccProfile(), QByteArray());
+    }
+
+    void profileWithAnyByteDamaged_isWrittenSoundOrNotAtAll()
+    {
+        const QByteArray sound = QColorSpace(QColorSpace::SRgb).iccProfile();
+        QImage picture(3, 2, QImage::Format_RGB32);
+        picture.fill(qRgb(1, 2, 3));
+        for (int i = 0; i < sound.size(); ++i) {
+            QByteArray profile = sound;
+            profile[i] = char(~profile[i]);
+            picture.setColorSpace(QColorSpace::fromIccProfile(profile));
+            const WriteResult result = writeResult(picture, PictureFormat::Png);
+            QVERIFY2(result.error == OutputFile::Error::None, qPrintable(QString::number(i)));
+            const QByteArray written = QImageReader(target).read().colorSpace().iccProfile();
+            const bool isLeftOut = result.leftOut.size() == 1;
+            QVERIFY2(isLeftOut ? written.isEmpty() : isUsable(written),
+                     qPrintable(QString::number(i)));
+        }
+    }
+
+    void deepPicture_holdsEveryLevel_data() { addFormatsWithDepth(); }
+    void deepPicture_holdsEveryLevel()
+    {
+        QFETCH(PictureFormat, format);
+        QFETCH(QImage::Format, pixels);
+        QImage ramp(256, 256, pixels);
+        for (int y = 0; y < 256; ++y)
+            for (int x = 0; x < 256; ++x)
+                reinterpret_cast<QRgba64 *>(ramp.scanLine(y))[x] = QRgba64::fromRgba64(
+                    quint16(256 * y + x), quint16(65535 - 256 * y - x), quint16(257 * x),
+                    pixels == QImage::Format_RGBX64 ? 65535 : quint16(257 * y));
+        write(ramp, format);
+        QImage read = QImageReader(target).read();
+        QCOMPARE(read.depth(), 64);
+        if (format == PictureFormat::Tiff && pixels == QImage::Format_RGBA64)
+            return compareTiffSamples(ramp);
+        for (int y = 0; y < 256; ++y)
+            for (int x = 0; x < 256; ++x)
+                QVERIFY(quint64(deepAt(read, x, y)) == quint64(deepAt(ramp, x, y)));
+    }
+
+    void deepPicture_writtenWithEightBits_isRounded_data()
+    {
+        QTest::addColumn<PictureFormat>("format");
+        for (const auto &[name, format] : kFormats)
+            QTest::newRow(name) << format;
+    }
+
+    void deepPicture_writtenWithEightBits_isRounded()
+    {
+        QFETCH(PictureFormat, format);
+        QImage picture(16, 16, QImage::Format_RGBX64);
+        picture.fill(QColor::fromRgba64(257 * 100 + 127, 257 * 100 + 130, 257 * 100));
+        WriteOptions options;
+        options.bitsPerSample = 8;
+        options.quality = 100;
+        options.mayReplace = true;
+        QVERIFY(writePicture(picture, target, format, options).error == OutputFile::Error::None);
+        const QImage read = QImageReader(target).read();
+        QCOMPARE(read.depth() > 32, false);
+        const int tolerance = format == PictureFormat::Jpeg ? 1 : 0;
+        QVERIFY(std::abs(qRed(read.pixel(5, 5)) - 100) <= tolerance);
+        QVERIFY(std::abs(qGreen(read.pixel(5, 5)) - 101) <= tolerance);
+    }
+
+    void eightBits_writtenWithSixteen_areTheSameColours()
+    {
+        WriteOptions options;
+        options.bitsPerSample = 16;
+        options.mayReplace = true;
+        QImage picture(256, 1, QImage::Format_RGB32);
+        for (int x = 0; x < 256; ++x)
+            picture.setPixel(x, 0, qRgb(x, 255 - x, 7));
+        QVERIFY(writePicture(picture, target, PictureFormat::Png, options).reason.isEmpty());
+        const QImage read = QImageReader(target).read();
+        QCOMPARE(read.depth(), 64);
+        for (int x = 0; x < 256; ++x)
+            QCOMPARE(deepAt(read, x, 0).red(), quint16(257 * x));
+    }
+
+    void seventyTwoDotsPerInch_areKept_data()
+    {
+        QTest::addColumn<PictureFormat>("format");
+        QTest::addColumn<int>("dotsPerMetre");
+        for (const auto &[name, format] : kFormats) {
+            QTest::addRow("cut to metres, %s", name) << format << 2834;
+            QTest::addRow("rounded to metres, %s", name) << format << 2835;
+        }
+    }
+
+    void seventyTwoDotsPerInch_areKept()
+    {
+        QFETCH(PictureFormat, format);
+        QFETCH(int, dotsPerMetre);
+        QImage picture(3, 2, QImage::Format_RGB32);
+        picture.fill(0);
+        picture.setDotsPerMeterX(dotsPerMetre);
+        picture.setDotsPerMeterY(dotsPerMetre);
+        write(picture, format);
+        if (format == PictureFormat::Jpeg) {
+            QFile jpeg(target);
+            QVERIFY(jpeg.open(QIODevice::ReadOnly) && jpeg.seek(13));
+            return QCOMPARE(jpeg.read(5), QByteArray("\1\0\x48\0\x48", 5)); // per inch, 72, 72
+        }
+        QCOMPARE(QImageReader(target).read().dotsPerMeterX(), 2835);
+        if (format == PictureFormat::Png)
+            return;
+        const Tiff file = openTiff();
+        float resolution = 0;
+        uint16_t unit = 0;
+        QVERIFY(TIFFGetField(file.get(), TIFFTAG_XRESOLUTION, &resolution));
+        QVERIFY(TIFFGetField(file.get(), TIFFTAG_RESOLUTIONUNIT, &unit));
+        QCOMPARE(resolution, 72.0F);
+        QCOMPARE(int(unit), RESUNIT_INCH);
     }
 
     void transparent_keepsResolutionAndColourProfile_data()
