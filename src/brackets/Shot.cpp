@@ -1,6 +1,7 @@
 #include "Shot.h"
 
 #include "exif_metadata.h"
+#include "file_names.h"
 #include "raw_shot.h"
 
 #include <VeskRawType.h>
@@ -46,12 +47,14 @@ std::optional<double> Shot::exposureStops() const
     return std::log2(exposureSeconds * iso / (fNumber * fNumber));
 }
 
-ShotReading readShot(const QString &path)
+ShotReading readShot(const QString &name)
 {
+    const file_names::ReadablePath file(name);
+    const QString &path = file.path();
     ShotReading reading;
     reading.shot = VeskRawType::isRaw(path) ? readRawShot(path) : readFromExif(path);
     const Shot &shot = reading.shot;
-    reading.shot.path = path;
+    reading.shot.path = name;
     if (!shot.takenAt.isValid())
         reading.problem = QStringLiteral("it does not say when it was taken");
     else if (!shot.exposureBias && !shot.exposureStops())

@@ -1,5 +1,6 @@
 #include "folder_shots.h"
 
+#include "file_names.h"
 #include "natural_order.h"
 
 #include <VeskRawType.h>
@@ -31,10 +32,15 @@ std::vector<PictureFile> picturesIn(const QString &folder)
 {
     const QMimeDatabase types;
     std::vector<PictureFile> pictures;
-    for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files)) {
-        const bool isRaw = VeskRawType::isRaw(file.filePath());
+    for (const QString &name : file_names::entriesOf(folder)) {
+        const QString path = QDir(folder).filePath(name);
+        const file_names::ReadablePath readable(path);
+        const QFileInfo file(readable.path());
+        if (name.startsWith(QLatin1Char('.')) || !file.isFile())
+            continue;
+        const bool isRaw = VeskRawType::isRaw(readable.path());
         if (isRaw || types.mimeTypeForFile(file).name().startsWith(QLatin1String("image/")))
-            pictures.push_back({file.filePath(), isRaw});
+            pictures.push_back({path, isRaw});
     }
     std::sort(pictures.begin(), pictures.end(),
               [](const PictureFile &one, const PictureFile &other) {

@@ -1,8 +1,7 @@
 #include "console.h"
 
+#include "file_names.h"
 #include "library_messages.h"
-
-#include <QFile>
 
 #include <cerrno>
 #include <cstdio>
@@ -18,7 +17,7 @@ int outputError = 0; // errno of the first line that could not be printed
 bool write(std::FILE *stream, const QString &line)
 {
     // File names go out as they came in.
-    const QByteArray bytes = QFile::encodeName(line + QLatin1Char('\n'));
+    const QByteArray bytes = file_names::toBytes(line + QLatin1Char('\n'));
     return std::fputs(bytes.constData(), stream) >= 0 && std::fflush(stream) == 0;
 }
 

@@ -1,5 +1,7 @@
 #include "interrupt_cleanup.h"
 
+#include <file_names.h>
+
 #include <array>
 #include <atomic>
 #include <csignal>
@@ -81,7 +83,7 @@ void endChange()
 
 void nameFile(const QString &path)
 {
-    const QByteArray name = QFile::encodeName(path);
+    const QByteArray name = file_names::toBytes(path);
     if (size_t(name.size()) >= fileName.size())
         return;
     std::memcpy(fileName.data(), name.constData(), size_t(name.size()) + 1);

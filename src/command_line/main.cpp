@@ -1,5 +1,6 @@
 #include "commands.h"
 #include "console.h"
+#include "file_names.h"
 #include "interrupt_cleanup.h"
 #include "library_messages.h"
 
@@ -10,6 +11,10 @@ int main(int argc, char **argv)
     console::keepClosedStreamsClosed();
     silenceImageLibraries();
     interrupt::install();
+    // Before Qt sees them: it keeps no bytes that are not UTF-8, and file names may have some.
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words += file_names::fromBytes(argv[i]);
     const QCoreApplication application(argc, argv);
-    return static_cast<int>(runProgram(QCoreApplication::arguments().mid(1)));
+    return static_cast<int>(runProgram(words));
 }

@@ -7,6 +7,7 @@
 #include "device_use.h"
 #include "exif_metadata.h"
 #include "exposure_merge.h"
+#include "file_names.h"
 #include "interrupt_cleanup.h"
 #include "library_messages.h"
 #include "mtb_alignment.h"
@@ -68,8 +69,8 @@ ExitCode exitCodeOf(OutputFile::Error error)
 bool isSameFile(const QString &one, const QString &other)
 {
     std::error_code ignored;
-    return std::filesystem::equivalent(QFile::encodeName(one).toStdString(),
-                                       QFile::encodeName(other).toStdString(), ignored);
+    return std::filesystem::equivalent(file_names::toBytes(one).toStdString(),
+                                       file_names::toBytes(other).toStdString(), ignored);
 }
 
 /// One merge from the files to the file. The steps run in the order in which they stand here; each

@@ -1,12 +1,14 @@
 #include "picture_loader.h"
 
+#include "file_names.h"
 #include "parallel_rows.h"
 
 namespace {
 
-DecodedPicture load(const QString &path, const ReadOptions &options)
+DecodedPicture load(const QString &name, const ReadOptions &options)
 {
-    DecodedPicture picture = picture::read(path, options);
+    const file_names::ReadablePath file(name);
+    DecodedPicture picture = picture::read(file.path(), options);
     if (picture.error == DecodeError::TooLarge)
         picture.reason += QStringLiteral(", --max-megapixels allows more");
     return picture;

@@ -1,12 +1,13 @@
 #include "OutputFile.h"
 
+#include "file_names.h"
 #include "temporary_files.h"
-
-#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,8 +18,25 @@ namespace {
 /// A link that leads somewhere stays: the file behind it is the one to write.
 QString behindLinks(const QString &path)
 {
-    const QFileInfo info(path);
-    return info.isSymLink() && info.exists() ? info.canonicalFilePath() : path;
+    struct stat info = {};
+    const QByteArray name = file_names::toBytes(path);
+    if (::lstat(name.constData(), &info) != 0 || !S_ISLNK(info.st_mode))
+        return path;
+    const std::unique_ptr<char, decltype(&std::free)> target(::realpath(name.constData(), nullptr),
+                                                             &std::free);
+    return target ? file_names::fromBytes(target.get()) : path;
+}
+
+QString folderOf(const QString &path)
+{
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    return slash < 0 ? QStringLiteral(".") : slash == 0 ? QStringLiteral("/") : path.left(slash);
+}
+
+bool isFolder(const QString &path)
+{
+    struct stat info = {};
+    return ::stat(file_names::toBytes(path).constData(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
 /// Renames unless the new name is taken. Returns 0 or the system's error code.
@@ -59,7 +77,7 @@ OutputFile::~OutputFile()
 {
     if (temporaryName.isEmpty())
         return;
-    ::unlink(QFile::encodeName(temporaryName).constData());
+    ::unlink(file_names::toBytes(temporaryName).constData());
     file.close();
     tell(Temporary::Gone);
 }
@@ -102,8 +120,8 @@ QString OutputFile::systemReason(int code)
 OutputFile::Error OutputFile::check()
 {
     struct stat info = {};
-    if (::lstat(QFile::encodeName(target).constData(), &info) != 0) {
-        if (!QFileInfo(QFileInfo(target).path()).isDir())
+    if (::lstat(file_names::toBytes(target).constData(), &info) != 0) {
+        if (!isFolder(folderOf(target)))
             fail(Error::CannotCreate, tr("there is no such folder"));
         return failure;
     }
@@ -119,7 +137,7 @@ OutputFile::Error OutputFile::check()
 /// Makes the temporary file and returns its descriptor, or -1 with the reason in errno.
 int OutputFile::create()
 {
-    const QString folder = QFileInfo(target).path();
+    const QString folder = folderOf(target);
     temporary_files::sweep(folder);
     constexpr int kAttempts = 10;
     int descriptor = -1;
@@ -147,7 +165,7 @@ bool OutputFile::open()
         return failBySystem(Error::CannotCreate, code);
     }
     struct stat replaced = {};
-    if (::stat(QFile::encodeName(target).constData(), &replaced) == 0)
+    if (::stat(file_names::toBytes(target).constData(), &replaced) == 0)
         (void)!::fchmod(descriptor, replaced.st_mode & 07777);
     return file.open(descriptor, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle) ||
            fail(Error::CannotCreate, file.errorString());
@@ -166,8 +184,8 @@ bool OutputFile::publish()
 
 bool OutputFile::giveName()
 {
-    const QByteArray from = QFile::encodeName(temporaryName);
-    const QByteArray to = QFile::encodeName(target);
+    const QByteArray from = file_names::toBytes(temporaryName);
+    const QByteArray to = file_names::toBytes(target);
     const int code = !mayReplace ? renameIfFree(from.constData(), to.constData())
                      : ::rename(from.constData(), to.constData()) == 0 ? 0
                                                                        : errno;

@@ -19,6 +19,7 @@ constexpr qsizetype kSpacePlace = 16;
 constexpr qsizetype kConnectionPlace = 20;
 constexpr qsizetype kSignaturePlace = 36;
 constexpr qsizetype kIntentPlace = 64;
+constexpr qsizetype kIlluminantPlace = 68;
 
 quint32 numberAt(const QByteArray &profile, qsizetype place)
 {
@@ -33,11 +34,13 @@ bool isOneOf(const QByteArray &profile, qsizetype place,
                        [&](const char *allowed) { return signature == allowed; });
 }
 
-/// libpng insists on these, too.
+/// Readers insist on these, too: libpng and Qt pass over profiles that are wrong here.
 bool hasRgbHeader(const QByteArray &profile)
 {
     constexpr char kLastVersionOfAnyLength = 3;
-    constexpr quint32 kLargestIntent = 0xFFFE;
+    constexpr quint32 kLastIntent = 3;
+    // D50, in which all profiles meet.
+    const QByteArray illuminant = QByteArray::fromHex("0000f6d6000100000000d32d");
     const bool hasSoundLength =
         profile.size() % 4 == 0 || profile[kVersionPlace] <= kLastVersionOfAnyLength;
     return numberAt(profile, 0) == quint32(profile.size()) && hasSoundLength &&
@@ -45,7 +48,8 @@ bool hasRgbHeader(const QByteArray &profile)
            isOneOf(profile, kSpacePlace, {"RGB "}) &&
            isOneOf(profile, kConnectionPlace, {"XYZ ", "Lab "}) &&
            isOneOf(profile, kSignaturePlace, {"acsp"}) &&
-           numberAt(profile, kIntentPlace) <= kLargestIntent;
+           numberAt(profile, kIntentPlace) <= kLastIntent &&
+           profile.mid(kIlluminantPlace, illuminant.size()) == illuminant;
 }
 
 /// Each tag is: name, place, length.

@@ -1,5 +1,6 @@
 #include "exif_metadata.h"
 
+#include "file_names.h"
 #include "maker_note.h"
 
 #include <VeskRawType.h>
@@ -135,9 +136,10 @@ void fitInto(exif::Adapted &adapted, qsizetype largestBlock)
 
 } // namespace
 
-ExifTags exif::read(const QString &path)
+ExifTags exif::read(const QString &name)
 {
-    QFile file(path);
+    const file_names::ReadablePath path(name);
+    QFile file(path.path());
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QByteArray block = blockIn(file);
@@ -145,7 +147,7 @@ ExifTags exif::read(const QString &path)
         return ExifTags::parse(block);
     // TIFF files, and the raw files that are TIFF files inside.
     ExifTags tags = ExifTags::read(file);
-    if (!tags.isEmpty() && VeskRawType::isRaw(path))
+    if (!tags.isEmpty() && VeskRawType::isRaw(path.path()))
         setColours(tags, QColorSpace::SRgb);
     return tags;
 }

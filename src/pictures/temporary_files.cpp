@@ -1,6 +1,7 @@
 #include "temporary_files.h"
 
-#include <QFile>
+#include "file_names.h"
+
 #include <QRandomGenerator>
 
 #include <algorithm>
@@ -74,7 +75,7 @@ QString temporary_files::newName(const QString &folder)
 int temporary_files::create(const QString &path)
 {
     constexpr mode_t kAsTheUserWants = 0666;
-    const QByteArray name = QFile::encodeName(path);
+    const QByteArray name = file_names::toBytes(path);
     const int file =
         ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kAsTheUserWants);
     if (file < 0)
@@ -91,7 +92,7 @@ int temporary_files::create(const QString &path)
 void temporary_files::sweep(const QString &folder)
 {
     const std::unique_ptr<DIR, int (*)(DIR *)> directory(
-        ::opendir(QFile::encodeName(folder).constData()), &::closedir);
+        ::opendir(file_names::toBytes(folder).constData()), &::closedir);
     if (!directory)
         return;
     const int descriptor = ::dirfd(directory.get());

@@ -920,6 +920,53 @@ private slots:
         QVERIFY(isInterrupted);
     }
 
+    /// As the program "timeout" does: to the process, and at once to its group.
+    void interrupt_twice_leavesNoTemporaryFile()
+    {
+        savePicture("a.png", noise({400, 300}));
+        savePicture("b.png", noise({400, 300}));
+        const QStringList merge{"merge", "--no-align", "a.png", "b.png", "-o", "out.png"};
+        constexpr int kTries = 80;
+        int interrupted = 0;
+        for (int i = 0; i < kTries; ++i) {
+            QFile::remove(path("out.png"));
+            Program program;
+            program.setWorkingDirectory(folder->path());
+            program.start(program.program(), merge);
+            while (program.state() != QProcess::NotRunning && files().filter(".tmp").isEmpty())
+                program.waitForFinished(0);
+            const auto process = pid_t(program.processId());
+            if (process > 0) {
+                ::kill(process, SIGTERM);
+                ::kill(process, i % 2 == 0 ? SIGTERM : SIGINT);
+            }
+            program.waitForFinished();
+            interrupted += program.exitStatus() == QProcess::CrashExit;
+            QCOMPARE(files().filter(".tmp"), QStringList());
+        }
+        QVERIFY(interrupted > 0);
+    }
+
+    void leftoverOfAKilledRun_isGoneAfterTheNext()
+    {
+        savePicture("a.png", noise({900, 900}));
+        savePicture("b.png", noise({900, 900}));
+        constexpr int kTries = 20;
+        for (int i = 0; i < kTries && files().filter(".tmp").isEmpty(); ++i) {
+            Program program;
+            program.setWorkingDirectory(folder->path());
+            program.start(program.program(),
+                          {"merge", "--no-align", "a.png", "b.png", "-o", "killed.png"});
+            while (program.state() != QProcess::NotRunning && files().filter(".tmp").isEmpty())
+                program.waitForFinished(1);
+            program.kill();
+            program.waitForFinished();
+        }
+        QCOMPARE(files().filter(".tmp").size(), 1);
+        QCOMPARE(run({"merge", "a.png", "b.png", "-o", "next.png"}).exitCode, 0);
+        QCOMPARE(files().filter(".tmp"), QStringList());
+    }
+
     // Real pictures.
 
     void merge_photographs_areUprightAndEqualTheEngine()

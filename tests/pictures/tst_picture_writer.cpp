@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <lcms2.h>
+#include <png.h>
 #include <tiffio.h>
 
 #include <cstdlib>
@@ -100,6 +101,29 @@ QByteArray saved(cmsHPROFILE profile)
     return bytes;
 }
 
+QByteArray profileOfPng(const QString &path)
+{
+    QFile file(path);
+    png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png_create_info_struct(png);
+    QByteArray profile;
+    if (file.open(QIODevice::ReadOnly)) {
+        png_set_read_fn(png, &file, [](png_structp reader, png_bytep bytes, size_t length) {
+            static_cast<QFile *>(png_get_io_ptr(reader))
+                ->read(reinterpret_cast<char *>(bytes), qint64(length));
+        });
+        png_read_info(png, info);
+        png_charp name = nullptr;
+        png_bytep bytes = nullptr;
+        png_uint_32 length = 0;
+        int compression = 0;
+        if (png_get_iCCP(png, info, &name, &compression, &bytes, &length) == PNG_INFO_iCCP)
+            profile = QByteArray(reinterpret_cast<const char *>(bytes), int(length));
+    }
+    png_destroy_read_struct(&png, &info, nullptr);
+    return profile;
+}
+
 /// Little CMS shows pixels of red, green and blue by it.
 bool isUsable(const QByteArray &profile)
 {
@@ -138,6 +162,22 @@ private:
     {
         const WriteResult result = writeResult(picture, format);
         QVERIFY2(result.error == OutputFile::Error::None, qPrintable(result.reason));
+    }
+    /// As the format's own library finds it; of a JPEG file only whether there is one.
+    QByteArray profileInTarget(PictureFormat format) const
+    {
+        if (format == PictureFormat::Png)
+            return profileOfPng(target);
+        QFile file(target);
+        if (format == PictureFormat::Jpeg)
+            return file.open(QIODevice::ReadOnly) && file.readAll().contains("ICC_PROFILE") ? "one"
+                                                                                            : "";
+        uint32_t length = 0;
+        void *bytes = nullptr;
+        const Tiff tiff = openTiff();
+        return TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &length, &bytes)
+                   ? QByteArray(static_cast<const char *>(bytes), int(length))
+                   : QByteArray();
     }
     Tiff openTiff() const
     {
@@ -293,7 +333,7 @@ private slots:
         QVERIFY2(result.error == OutputFile::Error::None, qPrintable(result.reason));
         QCOMPARE(result.leftOut.size(), 1);
         QVERIFY(result.leftOut.first().contains("colour profile"));
-        QCOMPARE(QImageReader(target).read().colorSpace().iccProfile(), QByteArray());
+        QCOMPARE(profileInTarget(format), QByteArray());
     }
 
     void profileWithAnyByteDamaged_isWrittenSoundOrNotAtAll()
@@ -307,7 +347,7 @@ private slots:
             picture.setColorSpace(QColorSpace::fromIccProfile(profile));
             const WriteResult result = writeResult(picture, PictureFormat::Png);
             QVERIFY2(result.error == OutputFile::Error::None, qPrintable(QString::number(i)));
-            const QByteArray written = QImageReader(target).read().colorSpace().iccProfile();
+            const QByteArray written = profileInTarget(PictureFormat::Png);
             const bool isLeftOut = result.leftOut.size() == 1;
             QVERIFY2(isLeftOut ? written.isEmpty() : isUsable(written),
                      qPrintable(QString::number(i)));
@@ -396,7 +436,8 @@ private slots:
         if (format == PictureFormat::Jpeg) {
             QFile jpeg(target);
             QVERIFY(jpeg.open(QIODevice::ReadOnly) && jpeg.seek(13));
-            return QCOMPARE(jpeg.read(5), QByteArray("\1\0\x48\0\x48", 5)); // per inch, 72, 72
+            QCOMPARE(jpeg.read(5), QByteArray("\1\0\x48\0\x48", 5)); // per inch, 72, 72
+            return;
         }
         QCOMPARE(QImageReader(target).read().dotsPerMeterX(), 2835);
         if (format == PictureFormat::Png)
