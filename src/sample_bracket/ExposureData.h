@@ -17,7 +17,6 @@ struct ExposureData
 };
 
 /// EXIF block that starts with "Exif\0\0", as JPEG keeps it. size: of the picture, in pixels.
-/// Empty when memory is lacking.
 QByteArray exifBlock(const ExposureData &exposure, QSize size);
 
 /// The encoded picture (a JPEG or PNG file) with the EXIF block put in its place. What is neither
