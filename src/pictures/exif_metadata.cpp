@@ -1,5 +1,6 @@
 #include "exif_metadata.h"
 
+#include "exif_block.h"
 #include "file_names.h"
 #include "maker_note.h"
 
@@ -7,12 +8,8 @@
 
 #include <QColorSpace>
 #include <QFile>
-#include <QtEndian>
 
 #include <cmath>
-#include <memory>
-
-#include <libexif/exif-loader.h>
 
 namespace {
 
@@ -20,49 +17,6 @@ using Directory = ExifTags::Directory;
 
 constexpr quint16 kStandardColours = 1;
 constexpr quint16 kOtherColours = 0xFFFF;
-
-struct UnrefLoader
-{
-    void operator()(ExifLoader *loader) const { exif_loader_unref(loader); }
-};
-
-QByteArray blockInJpeg(const QFile &file)
-{
-    const std::unique_ptr<ExifLoader, UnrefLoader> loader(exif_loader_new());
-    if (!loader)
-        return {};
-    exif_loader_write_file(loader.get(), QFile::encodeName(file.fileName()).constData());
-    const unsigned char *bytes = nullptr;
-    unsigned length = 0;
-    exif_loader_get_buf(loader.get(), &bytes, &length);
-    return {reinterpret_cast<const char *>(bytes), static_cast<qsizetype>(length)};
-}
-
-/// Chunks are: length, name, that many bytes, checksum.
-QByteArray blockInPng(QFile &file)
-{
-    constexpr qint64 kFileSignatureBytes = 8;
-    constexpr qint64 kChecksumBytes = 4;
-    file.seek(kFileSignatureBytes);
-    while (true) {
-        const QByteArray head = file.read(8);
-        const qint64 length = head.size() < 8 ? 0 : qFromBigEndian<quint32>(head.constData());
-        if (head.size() < 8 || length > file.size() - file.pos())
-            return {};
-        if (head.endsWith("eXIf"))
-            return file.read(length);
-        file.seek(file.pos() + length + kChecksumBytes);
-    }
-}
-
-/// The block of a file whose format has a place for it. TIFF files are blocks themselves.
-QByteArray blockIn(QFile &file)
-{
-    const QByteArray start = file.peek(8);
-    return start.startsWith("\xFF\xD8")  ? blockInJpeg(file)
-           : start.startsWith("\x89PNG") ? blockInPng(file)
-                                         : QByteArray();
-}
 
 bool isStandard(const QColorSpace &colours)
 {
