@@ -1,7 +1,5 @@
 #include "ini_value.h"
 
-#include <QStringDecoder>
-
 #include <cctype>
 #include <cstring>
 
@@ -25,9 +23,7 @@ int digitOf(char digit, int base)
 
 bool isUtf8(QByteArrayView bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    [[maybe_unused]] const QString text = decoder(bytes);
-    return !decoder.hasError();
+    return QString::fromUtf8(bytes).toUtf8() == bytes;
 }
 
 QString decoded(QByteArrayView bytes)

@@ -8,6 +8,7 @@ namespace {
 const QStringList kOperations{
     "VeskFilterContainer::VeskFilterContainer(QWidget*, VeskTitleWidget::TitleButtonFlag, bool, "
     "QWidget*, bool)",
+    "VeskDialog::VeskDialog(QWidget*, VeskTitleWidget::TitleButtonFlag, bool, QWidget*, bool)",
     "VeskDialog::show(bool)",
     "VeskActionManager::getInstance(QString const&)",
     "VeskActionManager::getActionByName(QString) const",
@@ -79,6 +80,7 @@ const QStringList kInherited{
     "IVeskTool::isActive()",
     "IVeskTool::eventRegistered(QString)",
     "IVeskTool::processEvent(QString)",
+    "VeskDialog::~VeskDialog()",
     "VeskProgressIndicator::~VeskProgressIndicator()",
     "VeskPictureReader::~VeskPictureReader()",
 };

@@ -33,7 +33,9 @@ private Q_SLOTS:
         row("comma alone", ",", {"", ""});
         row("UTF-8", "\u00e4\u65e5", {QString::fromUtf8("\u00e4\u65e5")});
         row("Latin-1", "\xe4\xf6", {QString::fromUtf8("\u00e4\u00f6")});
-        row("serialised object", "@Variant(\\0\\0\\0\\x43)", {QString::fromLatin1("@Variant(\0\0\0C)", 14)});
+        row("Latin-1 at the end", "a\xe4", {QString::fromUtf8("a\u00e4")});
+        row("serialised object", "@Variant(\\0\\0\\0\\x43)",
+            {QString::fromLatin1("@Variant(\0\0\0C)", 14)});
         row("escaped mark", "@V\\x61riant(", {"@Variant("});
     }
     void readValue_ofEachNotation_isTheTextsOfIt()
@@ -94,8 +96,8 @@ private Q_SLOTS:
         QCOMPARE(ini::withoutMarks("@ByteArray(a)"), QString("a"));
         QCOMPARE(ini::withoutMarks("@Invalid()"), QString());
         QCOMPARE(ini::withoutMarks("@Variant(a)"), QString("@Variant(a)"));
-        for (const QString &text :
-             {QString("a"), QString("@a"), QString("@String(a)"), QString::fromLatin1("a\0b", 3), QString()})
+        for (const QString &text : {QString("a"), QString("@a"), QString("@String(a)"),
+                                    QString::fromLatin1("a\0b", 3), QString()})
             QCOMPARE(ini::withoutMarks(ini::withMarks(text)), text);
     }
 };

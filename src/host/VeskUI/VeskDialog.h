@@ -15,7 +15,7 @@ class QSizeGrip;
 /// flags it had: the frame is its parent widget, and it can be hidden and shown on its own. GUI
 /// thread only.
 ///
-/// A tool calls show(bool), and the constructor and the destructor as the base of a dialog.
+/// A tool calls the constructor, show(bool), exec and the destructor.
 class VESKUI_EXPORT VeskDialog : public QDialog
 {
     Q_OBJECT

@@ -538,10 +538,6 @@
         <translation>die Datei ist beschädigt</translation>
     </message>
     <message>
-        <source>The converted picture cannot be taken over</source>
-        <translation>das umgewandelte Bild kann nicht übernommen werden</translation>
-    </message>
-    <message>
         <source>Not enough memory</source>
         <translation>zu wenig Arbeitsspeicher</translation>
     </message>

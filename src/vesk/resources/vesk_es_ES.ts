@@ -538,10 +538,6 @@
         <translation>el archivo está dañado</translation>
     </message>
     <message>
-        <source>The converted picture cannot be taken over</source>
-        <translation>no se puede usar la imagen convertida</translation>
-    </message>
-    <message>
         <source>Not enough memory</source>
         <translation>no hay memoria suficiente</translation>
     </message>

@@ -538,10 +538,6 @@
         <translation>le fichier est endommagé</translation>
     </message>
     <message>
-        <source>The converted picture cannot be taken over</source>
-        <translation>l’image convertie ne peut pas être reprise</translation>
-    </message>
-    <message>
         <source>Not enough memory</source>
         <translation>mémoire insuffisante</translation>
     </message>

@@ -537,10 +537,6 @@
         <translation>ファイルが壊れています</translation>
     </message>
     <message>
-        <source>The converted picture cannot be taken over</source>
-        <translation>変換した画像を取り込めません</translation>
-    </message>
-    <message>
         <source>Not enough memory</source>
         <translation>メモリーが足りません</translation>
     </message>

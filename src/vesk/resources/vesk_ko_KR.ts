@@ -537,10 +537,6 @@
         <translation>파일이 손상되었습니다</translation>
     </message>
     <message>
-        <source>The converted picture cannot be taken over</source>
-        <translation>변환한 이미지를 가져올 수 없습니다</translation>
-    </message>
-    <message>
         <source>Not enough memory</source>
         <translation>메모리가 부족합니다</translation>
     </message>

@@ -537,10 +537,6 @@
         <translation>文件已损坏</translation>
     </message>
     <message>
-        <source>The converted picture cannot be taken over</source>
-        <translation>无法使用转换后的图像</translation>
-    </message>
-    <message>
         <source>Not enough memory</source>
         <translation>内存不足</translation>
     </message>

@@ -537,10 +537,6 @@
         <translation>檔案已損壞</translation>
     </message>
     <message>
-        <source>The converted picture cannot be taken over</source>
-        <translation>無法使用轉換後的影像</translation>
-    </message>
-    <message>
         <source>Not enough memory</source>
         <translation>記憶體不足</translation>
     </message>
