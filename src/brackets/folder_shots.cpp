@@ -32,7 +32,9 @@ std::vector<PictureFile> picturesIn(const QString &folder)
 {
     const QMimeDatabase types;
     std::vector<PictureFile> pictures;
-    for (const QString &name : file_names::entriesOf(folder)) {
+    QStringList names = file_names::entriesOf(folder);
+    names.sort();
+    for (const QString &name : std::as_const(names)) {
         const QString path = QDir(folder).filePath(name);
         const file_names::ReadablePath readable(path);
         const QFileInfo file(readable.path());
@@ -42,10 +44,10 @@ std::vector<PictureFile> picturesIn(const QString &folder)
         if (isRaw || types.mimeTypeForFile(file).name().startsWith(QLatin1String("image/")))
             pictures.push_back({path, isRaw});
     }
-    std::sort(pictures.begin(), pictures.end(),
-              [](const PictureFile &one, const PictureFile &other) {
-                  return isBeforeNaturally(stemOf(one.path), stemOf(other.path));
-              });
+    std::stable_sort(pictures.begin(), pictures.end(),
+                     [](const PictureFile &one, const PictureFile &other) {
+                         return isBeforeNaturally(stemOf(one.path), stemOf(other.path));
+                     });
     return pictures;
 }
 

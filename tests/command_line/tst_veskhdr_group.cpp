@@ -60,7 +60,58 @@ private slots:
     void wrongOptions_areRefused_data();
     void wrongOptions_areRefused();
     void realPhotographs_setByHand_areOneBracket();
+    void ownTiffFiles_areReadAgain();
+    void namesInInvalidUtf8_areMergedWrittenAndGrouped();
 };
+
+void TestGroup::ownTiffFiles_areReadAgain()
+{
+    const PhotoFolder photos;
+    photos.writeShot("in/a.jpg", -2, 0, {300, 200});
+    photos.writeShot("in/b.jpg", 0, 1, {300, 200});
+    photos.writeShot("in/c.jpg", 2, 2, {300, 200});
+    photos.writeShot("in/other.jpg", 0, 9, {300, 200});
+    photos.write("out/not a picture", "");
+    for (const char *name : {"a", "b", "c"}) {
+        const QString source = QStringLiteral("in/%1.jpg").arg(name);
+        const QString target = QStringLiteral("out/%1.tif").arg(name);
+        const ProgramRun merged =
+            runProgramIn(photos.path(), {"merge", "--no-align", "--keep-order", source,
+                                         "in/other.jpg", "-o", target});
+        QCOMPARE(merged.exitCode, 0);
+    }
+    const ProgramRun run = runProgramIn(photos.path(), {"group", "out"});
+    QCOMPARE(bracketsOf(run).size(), 1);
+    QCOMPARE(bracketsOf(run)[0].value("exposureBias").toArray(), QJsonArray({-2, 0, 2}));
+    QCOMPARE(namesOf(bracketsOf(run)[0]), QStringList({"a.tif", "b.tif", "c.tif"}));
+}
+
+void TestGroup::namesInInvalidUtf8_areMergedWrittenAndGrouped()
+{
+    const PhotoFolder photos;
+    photos.writeShot("a.jpg", -2, 0);
+    photos.writeShot("b.jpg", 0, 1);
+    photos.writeShot("c.jpg", 2, 2);
+    QProcess shell; // QProcess itself takes no such names
+    shell.setWorkingDirectory(photos.path());
+    shell.start("sh", {"-c",
+                       R"(set -e
+a=$(printf 'a\377.jpg'); out=$(printf 'o\374t.jpg')
+mv a.jpg "$a"; mkdir out
+"$0" merge --json --no-align "$a" b.jpg -o "out/$out"
+test -s "out/$out"
+"$0" group .
+! "$0" merge --no-align "$a" b.jpg -o "out/$out")",
+                       Program().program()});
+    QVERIFY(shell.waitForFinished());
+    const QByteArray output = shell.readAllStandardOutput();
+    const QByteArray errors = shell.readAllStandardError();
+    QVERIFY2(shell.exitCode() == 0, errors.constData());
+    QVERIFY2(output.contains("\"a\\udcff.jpg\""), output.constData());
+    QVERIFY2(output.contains("\"out/o\\udcfct.jpg\""), output.constData());
+    QVERIFY2(output.contains("/a\\udcff.jpg\",\""), output.constData());
+    QVERIFY2(errors.contains("out/o\xFCt.jpg: "), errors.constData());
+}
 
 void TestGroup::bracket_tellsWhatTheCameraNoted()
 {
