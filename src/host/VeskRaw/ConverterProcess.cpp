@@ -93,7 +93,7 @@ ConverterProcess::~ConverterProcess()
     closeOutput();
     if (pid > 0) {
         ::kill(pid, SIGKILL);
-        wait();
+        wait(0);
     }
 }
 
@@ -141,11 +141,23 @@ ConverterProcess::Reading ConverterProcess::read(char *to, qint64 count,
     return Reading::Complete;
 }
 
-bool ConverterProcess::waitForSuccess()
+ConverterProcess::Reading ConverterProcess::waitForEnd(const std::atomic<bool> *cancelled,
+                                                       const QDeadlineTimer &deadline)
 {
     closeOutput();
-    const bool isKnown = wait();
-    return !isKnown || (WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    while (!wait(WNOHANG)) {
+        if (cancelled && *cancelled)
+            return Reading::Cancelled;
+        if (deadline.hasExpired())
+            return Reading::TimedOut;
+        ::poll(nullptr, 0, 1);
+    }
+    return Reading::Ended;
+}
+
+bool ConverterProcess::hasSucceeded() const
+{
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 bool ConverterProcess::hasNotBeenLoaded() const
@@ -160,13 +172,14 @@ void ConverterProcess::closeOutput()
     output = -1;
 }
 
-/// False when somebody else has taken the status, as programs may that end all their children.
-bool ConverterProcess::wait()
+/// Whether it has ended.
+bool ConverterProcess::wait(int options)
 {
     pid_t ended = -1;
     do
-        ended = ::waitpid(pid, &status, 0);
+        ended = ::waitpid(pid, &status, options);
     while (ended < 0 && errno == EINTR);
-    pid = -1;
-    return ended > 0;
+    if (ended != 0)
+        pid = -1;
+    return ended != 0;
 }

@@ -32,17 +32,20 @@ public:
     Reading read(char *to, qint64 count, const std::atomic<bool> *cancelled,
                  const QDeadlineTimer &deadline);
 
-    /// Waits for the end; call it when the output has been read to its end. True after an exit with
-    /// status 0, or when the status is not to be had.
-    bool waitForSuccess();
-    /// Whether it has ended because it could not be loaded; after waitForSuccess.
+    /// Ended once the program has, which it should when its output has been read to its end.
+    Reading waitForEnd(const std::atomic<bool> *cancelled, const QDeadlineTimer &deadline);
+    /// After waitForEnd: whether it exited with status 0, or the status is not to be had.
+    bool hasSucceeded() const;
+    /// After waitForEnd: whether it could not be loaded.
     bool hasNotBeenLoaded() const;
 
 private:
     void closeOutput();
-    bool wait();
+    bool wait(int options);
 
     pid_t pid = -1;
     int output = -1; ///< the end that is read
-    int status = 0;  ///< as waitpid gives it
+    /// As waitpid gives it; 0 when somebody else has taken it, as programs may that end all their
+    /// children.
+    int status = 0;
 };

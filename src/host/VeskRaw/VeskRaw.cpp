@@ -161,7 +161,9 @@ private:
 
     VeskRaw::Conversion failedWithoutAnswer()
     {
-        process.waitForSuccess();
+        const auto end = process.waitForEnd(cancelled, deadline);
+        if (end != ConverterProcess::Reading::Ended)
+            return failedAs(end);
         return failed(process.hasNotBeenLoaded() ? VeskRaw::Failure::CannotStart
                                                  : VeskRaw::Failure::Ended);
     }
@@ -190,13 +192,13 @@ private:
                 return failedAs(reading);
         }
         char more = 0;
-        const auto end = read(&more, 1);
+        auto end = read(&more, 1);
         if (end == ConverterProcess::Reading::Complete) // rubbish behind the picture
             return failed(VeskRaw::Failure::Ended);
-        if (end != ConverterProcess::Reading::Ended)
+        if (end == ConverterProcess::Reading::Ended)
+            end = process.waitForEnd(cancelled, deadline);
+        if (end != ConverterProcess::Reading::Ended || !process.hasSucceeded())
             return failedAs(end);
-        if (!process.waitForSuccess())
-            return failed(VeskRaw::Failure::Ended);
         tag(picture, options.colourSpace);
         return {picture, QString(), VeskRaw::Failure::None};
     }

@@ -181,6 +181,9 @@ private Q_SLOTS:
         QTest::newRow("before the answer") << QByteArray("exec sleep 1000");
         QTest::newRow("within the picture") << QByteArray("cat $answer; exec sleep 1000");
         QTest::newRow("behind the picture") << QByteArray("cat $answer $rows; exec sleep 1000");
+        QTest::newRow("without output") << QByteArray("exec >&-; exec sleep 1000");
+        QTest::newRow("behind its output")
+            << QByteArray("cat $answer $rows; exec >&-; exec sleep 1000");
     }
     void program_thatTakesTooLong_isEnded()
     {
