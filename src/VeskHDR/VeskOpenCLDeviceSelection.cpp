@@ -129,8 +129,9 @@ void fitTable(QTableWidget &table)
     table.setColumnWidth(0, std::max(usualWidth, table.columnWidth(0)));
     table.setItemDelegateForColumn(1, new ListDelegate(&table));
     table.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel); // a row may be a page long
+    // Queued: rows that are fitted while the header resizes its sections keep their old height.
     QObject::connect(table.horizontalHeader(), &QHeaderView::sectionResized, &table,
-                     &QTableView::resizeRowsToContents);
+                     &QTableView::resizeRowsToContents, Qt::QueuedConnection);
     table.resizeRowsToContents();
 }
 
