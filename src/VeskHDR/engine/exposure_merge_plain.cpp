@@ -1,8 +1,9 @@
 #include "exposure_merge_plain.h"
 
-#include "merge_weights.h"
 #include "picture_pixels.h"
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 #include <new>
 #include <vector>
@@ -18,13 +19,28 @@ struct PixelSum
     float weight = 0.0F;
 };
 
+/// HSL lightness by way of 16-bit integers, as Qt's QColor has it in double precision.
+double lightness(QRgb color)
+{
+    const int largest = std::max(qRed(color), std::max(qGreen(color), qBlue(color)));
+    const int smallest = std::min(qRed(color), std::min(qGreen(color), qBlue(color)));
+    const double sum = largest * 0x101 / 65535.0 + smallest * 0x101 / 65535.0;
+    return std::floor(0.5 * sum * 65535 + 0.5) / 65535.0;
+}
+
+float weightOf(QRgb color)
+{
+    const float d = static_cast<float>(lightness(color)) - 0.5F;
+    return std::exp(-d * d);
+}
+
 void accumulate(const QImage &picture, std::vector<PixelSum> &sums)
 {
     auto sum = sums.begin();
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x, ++sum) {
             const QRgb color = pixels::at(picture, x, y);
-            const float weight = weights::of(color);
+            const float weight = weightOf(color);
             sum->red += static_cast<float>(qRed(color)) * weight;
             sum->green += static_cast<float>(qGreen(color)) * weight;
             sum->blue += static_cast<float>(qBlue(color)) * weight;

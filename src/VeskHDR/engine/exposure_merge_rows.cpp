@@ -105,7 +105,8 @@ HWY_INLINE hn::Vec<D> meanPixels(D words, V redSum, V greenSum, V blueSum, V wei
 
 template <class D>
 HWY_INLINE void mergePixels(D words, const uint32_t *const *rows, size_t count, size_t first,
-                            size_t from, size_t to, const StretchWeights *weights, uint32_t *out)
+                            size_t from, size_t to, const merge::StretchWeights *weights,
+                            uint32_t *out)
 {
     const hn::Rebind<float, D> floats;
     for (size_t x = from; x < to; x += hn::Lanes(words)) {
@@ -127,13 +128,13 @@ HWY_INLINE void mergePixels(D words, const uint32_t *const *rows, size_t count, 
 }
 
 void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *table,
-              StretchWeights *weights, uint32_t *out)
+              merge::StretchWeights *weights, uint32_t *out)
 {
     const hn::ScalableTag<uint32_t> vector;
     const hn::CappedTag<uint32_t, 1> single;
-    alignas(kCacheLine) uint32_t indexes[kMergeStretch];
-    for (size_t first = 0; first < width; first += kMergeStretch) {
-        const size_t size = std::min(kMergeStretch, width - first);
+    alignas(merge::kCacheLine) uint32_t indexes[merge::kStretch];
+    for (size_t first = 0; first < width; first += merge::kStretch) {
+        const size_t size = std::min(merge::kStretch, width - first);
         const size_t inVectors = size - size % hn::Lanes(vector);
         for (size_t i = 0; i < count; ++i) {
             findWeights(vector, rows[i] + first, 0, inVectors, indexes);
@@ -145,6 +146,11 @@ void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const flo
     }
 }
 
+int64_t target()
+{
+    return HWY_TARGET;
+}
+
 } // namespace HWY_NAMESPACE
 } // namespace merge_rows
 HWY_AFTER_NAMESPACE();
@@ -153,12 +159,18 @@ HWY_AFTER_NAMESPACE();
 
 namespace merge_rows {
 HWY_EXPORT(mergeRow);
-}
+HWY_EXPORT(target);
+} // namespace merge_rows
 
-void mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *table,
-              StretchWeights *weights, uint32_t *out)
+void merge::mergeRow(const uint32_t *const *rows, size_t count, size_t width, const float *table,
+                     StretchWeights *weights, uint32_t *out)
 {
     HWY_DYNAMIC_DISPATCH(merge_rows::mergeRow)(rows, count, width, table, weights, out);
+}
+
+int64_t merge::rowTarget()
+{
+    return HWY_DYNAMIC_DISPATCH(merge_rows::target)();
 }
 
 #endif

@@ -3,10 +3,10 @@
 #include <QColor>
 
 /// The weight of a pixel in the merge: exp(-d * d) in single precision, d being the distance of its
-/// HSL lightness (0..1, as QColor::lightnessF gives it) from 0.5. From about 0.7788 for black and
-/// white to 1 for mid-grey.
+/// HSL lightness (0..1) from 0.5. From about 0.7788 for black and white to 1 for mid-grey.
 ///
-/// QColor computes lightness in 16-bit steps, and which way it rounds half a step does not follow
+/// Lightness is counted in 16-bit steps, in double precision, as Qt's QColor did before it went
+/// over to single precision. Which way it rounds half a step does not follow
 /// from the sum of the largest and the smallest channel. But it follows from the two themselves, so
 /// a table over both holds every weight there is.
 namespace weights {

@@ -83,6 +83,11 @@ int64_t rowError(const mtb::RowPair &rows)
     return onesInFront(rows.movedTrusted, end) - onesInFront(rows.movedTrusted, begin);
 }
 
+int64_t target()
+{
+    return HWY_TARGET;
+}
+
 } // namespace HWY_NAMESPACE
 } // namespace mtb_rows
 HWY_AFTER_NAMESPACE();
@@ -93,6 +98,7 @@ namespace mtb_rows {
 HWY_EXPORT(greyRow);
 HWY_EXPORT(packRow);
 HWY_EXPORT(rowError);
+HWY_EXPORT(target);
 } // namespace mtb_rows
 
 void mtb::greyRow(const uint32_t *words, size_t width, uint8_t *grey)
@@ -111,6 +117,11 @@ void mtb::packRow(const uint8_t *grey, size_t words, LevelRange range, uint64_t 
 int64_t mtb::rowError(const RowPair &rows)
 {
     return HWY_DYNAMIC_DISPATCH(mtb_rows::rowError)(rows);
+}
+
+int64_t mtb::rowTarget()
+{
+    return HWY_DYNAMIC_DISPATCH(mtb_rows::target)();
 }
 
 #endif

@@ -38,4 +38,7 @@ struct RowPair
 
 int64_t rowError(const RowPair &rows);
 
+/// The instructions that run at present, by Highway's number (hwy::TargetName).
+int64_t rowTarget();
+
 } // namespace mtb

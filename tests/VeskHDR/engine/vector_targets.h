@@ -1,28 +1,28 @@
 #pragma once
 
-#include <QByteArray>
+#include "exposure_merge_rows.h"
+#include "mtb_rows.h"
 
 #include <hwy/targets.h>
 
 #include <vector>
 
-/// The vector targets that this processor has, for tests that force them one by one.
+/// The vector targets that were compiled and that this processor has, for tests that force them one
+/// by one.
 namespace vectorTargets {
 
-inline std::vector<int64_t> supported()
+inline std::vector<int64_t> all()
 {
-    std::vector<int64_t> targets;
     hwy::SetSupportedTargetsForTest(0);
-    for (int64_t rest = hwy::SupportedTargets(); rest != 0; rest &= rest - 1)
-        targets.push_back(rest & -rest);
-    return targets;
+    return hwy::SupportedAndGeneratedTargets();
 }
 
 /// Uses this target alone while it exists.
 class Forced
 {
 public:
-    explicit Forced(int64_t target)
+    explicit Forced(int64_t wanted)
+        : target(wanted)
     {
         hwy::SetSupportedTargetsForTest(target);
         hwy::GetChosenTarget().Update(hwy::SupportedTargets());
@@ -34,6 +34,12 @@ public:
     }
     Forced(const Forced &) = delete;
     Forced &operator=(const Forced &) = delete;
+
+    /// True when the engine really runs it, and nothing else under its name.
+    bool isRunning() const { return merge::rowTarget() == target && mtb::rowTarget() == target; }
+
+private:
+    int64_t target;
 };
 
 } // namespace vectorTargets
