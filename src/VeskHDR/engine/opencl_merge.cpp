@@ -1,8 +1,8 @@
 #include "opencl_merge.h"
 
 #include "VeskDeviceInfo.h"
-#include "opencl_handles.h"
 #include "VeskEnDecodeTool.h"
+#include "opencl_handles.h"
 
 #include <QFile>
 #include <QRgb>
@@ -33,7 +33,7 @@ Shape shapeOf(int width, int height, int count)
     if (width <= 0 || height <= 0 || count <= 0)
         return {0, 0, 0, 0};
     return {static_cast<size_t>(width), static_cast<size_t>(height), static_cast<size_t>(count),
-            deviceBandRows(width, count)};
+            opencl::bandRows(width, count)};
 }
 
 /// What one merge creates on the device. A call that fails leaves null behind, and every later
@@ -79,11 +79,11 @@ DeviceObjects::DeviceObjects(cl_device_id device, const Shape &shape)
 void DeviceObjects::createProgram()
 {
     size_t length = 0;
-    programText.reset(LoadProgSource(kDeviceProgram, "", &length));
+    programText.reset(LoadProgSource(opencl::kProgram, "", &length));
     const char *text = programText.get();
     program.reset(clCreateProgramWithSource(context.get(), 1, &text, &length, nullptr));
     clBuildProgram(program.get(), 0, nullptr, nullptr, nullptr, nullptr);
-    kernel.reset(clCreateKernel(program.get(), kDeviceKernel, nullptr));
+    kernel.reset(clCreateKernel(program.get(), opencl::kKernel, nullptr));
 }
 
 bool DeviceObjects::mergeBand(const Shape &shape, size_t firstRow, size_t rows, unsigned char *out,
@@ -98,15 +98,17 @@ bool DeviceObjects::mergeBand(const Shape &shape, size_t firstRow, size_t rows, 
     return isUploaded && isMerged && isRead;
 }
 
-/// The single byte ahead is overwritten at once; it is part of the sequence that drivers have
-/// always seen. In an empty band it comes from the picture's start, there is none at its end.
+/// The single byte ahead is overwritten at once, so that it may fail; it is part of the sequence
+/// that drivers have always seen. In an empty band it comes from the picture's start, there is none
+/// at its end.
 bool DeviceObjects::upload(const Shape &shape, size_t offset, size_t rows,
                            unsigned char *const *in) const
 {
     const size_t bytes = rows * shape.rowBytes();
     const cl_command_queue inputQueue = queueIf(input != nullptr);
-    cl_int errors = clEnqueueWriteBuffer(inputQueue, input.get(), CL_TRUE, 1, 1,
-                                         rows > 0 ? in[0] + offset : in[0], 0, nullptr, nullptr);
+    clEnqueueWriteBuffer(inputQueue, input.get(), CL_TRUE, 1, 1, rows > 0 ? in[0] + offset : in[0],
+                         0, nullptr, nullptr);
+    cl_int errors = CL_SUCCESS;
     for (size_t picture = 0; picture < shape.count; ++picture)
         errors |= clEnqueueWriteBuffer(inputQueue, input.get(), CL_TRUE, picture * bytes, bytes,
                                        in[picture] + offset, 0, nullptr, nullptr);
@@ -126,9 +128,9 @@ bool DeviceObjects::launch(const Shape &shape, size_t rows) const
     errors |= clSetKernelArg(kernel.get(), 3, sizeof(bandRows), &bandRows);
     errors |= clSetKernelArg(kernel.get(), 4, sizeof(count), &count);
 
-    const size_t groups = (shape.width + kDeviceGroupWidth - 1) / kDeviceGroupWidth;
-    const size_t globalSize[] = {groups * kDeviceGroupWidth, shape.bandRows};
-    const size_t localSize[] = {kDeviceGroupWidth, 1};
+    const size_t groups = (shape.width + opencl::kGroupWidth - 1) / opencl::kGroupWidth;
+    const size_t globalSize[] = {groups * opencl::kGroupWidth, shape.bandRows};
+    const size_t localSize[] = {opencl::kGroupWidth, 1};
     const bool isReady = errors == CL_SUCCESS && input && output;
     errors |= clEnqueueNDRangeKernel(queueIf(isReady), kernel.get(), 2, nullptr, globalSize,
                                      localSize, 0, nullptr, nullptr);
@@ -144,6 +146,17 @@ void makeBlack(const Shape &shape, size_t firstRow, size_t rows, unsigned char *
         qToUnaligned(qRgb(0, 0, 0), pixel);
 }
 
+/// The program writes opaque pixels: one that is not opaque it has not written, whatever the device
+/// said.
+bool isWritten(const Shape &shape, size_t firstRow, size_t rows, const unsigned char *out)
+{
+    const unsigned char *pixel = out + firstRow * shape.rowBytes();
+    quint32 all = ~quint32(0);
+    for (size_t left = rows * shape.width; left > 0; --left, pixel += kPixelBytes)
+        all &= qFromUnaligned<quint32>(pixel);
+    return qAlpha(all) == 0xFF;
+}
+
 /// The last band has the rows that are left, often none; it is passed through the device all the
 /// same. Drivers refuse transfers of no bytes, which is no failure of the merge.
 bool mergeBands(const DeviceObjects &objects, const Shape &shape, unsigned char *out,
@@ -154,7 +167,8 @@ bool mergeBands(const DeviceObjects &objects, const Shape &shape, unsigned char 
     for (size_t band = 0; band <= fullBands; ++band) {
         const size_t firstRow = band * shape.bandRows;
         const size_t rows = band < fullBands ? shape.bandRows : shape.height % shape.bandRows;
-        if (objects.mergeBand(shape, firstRow, rows, out, in) || rows == 0)
+        const bool isMerged = objects.mergeBand(shape, firstRow, rows, out, in);
+        if (rows == 0 || (isMerged && isWritten(shape, firstRow, rows, out)))
             continue;
         makeBlack(shape, firstRow, rows, out);
         isComplete = false;
@@ -186,9 +200,9 @@ char *LoadProgSource(const char *fileName, const char *preamble, size_t *length)
     return program.release();
 }
 
-size_t deviceBandRows(int width, int count)
+size_t opencl::bandRows(int width, int count)
 {
-    return kDeviceBandPixels / (static_cast<size_t>(width) * static_cast<size_t>(count));
+    return kBandPixels / (static_cast<size_t>(width) * static_cast<size_t>(count));
 }
 
 quint64 simpleOCLHDR(unsigned char *out, unsigned char **in, int width, int height, int count)
@@ -196,11 +210,11 @@ quint64 simpleOCLHDR(unsigned char *out, unsigned char **in, int width, int heig
     if (shapeOf(width, height, count).bandRows == 0)
         return 0;
     const cl_device_id device = VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceID();
-    return mergeOnDevice(device, out, in, width, height, count).ticks;
+    return opencl::mergeWords(device, out, in, width, height, count).ticks;
 }
 
-DeviceMerge mergeOnDevice(cl_device_id device, unsigned char *out, unsigned char **in, int width,
-                          int height, int count)
+opencl::Run opencl::mergeWords(cl_device_id device, unsigned char *out, unsigned char **in,
+                               int width, int height, int count)
 {
     const Shape shape = shapeOf(width, height, count);
     if (shape.bandRows == 0)

@@ -16,7 +16,7 @@ VESKHDR_EXPORT char *LoadProgSource(const char *fileName, const char *preamble, 
 
 /// Merges pictures on the current device of VeskDeviceInfo, band by band, to the same pixels as
 /// mergeExposures.
-/// in: count (1..5) pictures of width x height words 0xAARRGGBB, rows of 4 * width bytes, borrowed.
+/// in: count pictures of width x height words 0xAARRGGBB, rows of 4 * width bytes, borrowed.
 /// out: one such picture, not overlapping; the caller makes it opaque black beforehand.
 /// Returns the ticks of clock() spent, the building of the program not counted.
 /// Errors: none are reported. The rows of a band that the device did not merge become opaque black.
@@ -26,24 +26,27 @@ VESKHDR_EXPORT char *LoadProgSource(const char *fileName, const char *preamble, 
 VESKHDR_EXPORT quint64 simpleOCLHDR(unsigned char *out, unsigned char **in, int width, int height,
                                     int count);
 
-// For those who choose a device themselves and want to know how it does.
+/// The same on any device, for those who choose one themselves and want to know how it does.
+namespace opencl {
 
 /// Where the program lies, and what it asks of a device: the kernel, its work groups, and the upper
 /// limit of the pixels in the input buffer, of all pictures together.
-constexpr char kDeviceProgram[] = ":/hdr.cl_";
-constexpr char kDeviceKernel[] = "simpleHDRoclKerneluchar";
-constexpr size_t kDeviceGroupWidth = 128;
-constexpr size_t kDeviceBandPixels = 0xA00000;
+constexpr char kProgram[] = ":/hdr.cl_";
+constexpr char kKernel[] = "simpleHDRoclKerneluchar";
+constexpr size_t kGroupWidth = 128;
+constexpr size_t kBandPixels = 0xA00000;
 
 /// Rows that are merged at once; 0 when not even one row of all pictures fits. Both above 0.
-size_t deviceBandRows(int width, int count);
+size_t bandRows(int width, int count);
 
-struct DeviceMerge
+struct Run
 {
     quint64 ticks = 0;
-    bool isComplete = false; ///< the device reported no error and every row is its work
+    bool isComplete = false; ///< the device reported no failure and every row is its work
 };
 
-/// simpleOCLHDR on any device; with null every call fails. Any thread.
-DeviceMerge mergeOnDevice(cl_device_id device, unsigned char *out, unsigned char **in, int width,
-                          int height, int count);
+/// simpleOCLHDR on this device; with null every call fails. Any thread.
+Run mergeWords(cl_device_id device, unsigned char *out, unsigned char **in, int width, int height,
+               int count);
+
+} // namespace opencl

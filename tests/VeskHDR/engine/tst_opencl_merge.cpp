@@ -1,9 +1,10 @@
 #include "opencl_merge.h"
 
 #include "VeskDeviceInfo.h"
-#include "exposure_merge.h"
-#include "merge_weights.h"
 #include "VeskEnDecodeTool.h"
+#include "exposure_merge.h"
+#include "lightness_definition.h"
+#include "merge_weights.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -140,8 +141,9 @@ QString address(const void *pointer)
 
 void clearLayer()
 {
-    for (const char *name : {"VESK_LAYER_RECORD", "VESK_LAYER_FAIL", "VESK_LAYER_WRONG",
-                             "VESK_LAYER_POISON", "VESK_LAYER_DIVISION", "VESK_LAYER_BUSY"})
+    for (const char *name :
+         {"VESK_LAYER_RECORD", "VESK_LAYER_FAIL", "VESK_LAYER_WRONG", "VESK_LAYER_POISON",
+          "VESK_LAYER_DIVISION", "VESK_LAYER_BUSY", "VESK_LAYER_IDLE"})
         qunsetenv(name);
 }
 
@@ -341,7 +343,7 @@ private slots:
     void storedWeights_areTheCorrectlyRoundedOnes()
     {
         for (QRgb color : allPairs()) {
-            const float distance = static_cast<float>(QColor(color).lightnessF()) - 0.5F;
+            const float distance = static_cast<float>(lightnessDefinition(color)) - 0.5F;
             const auto exponent = static_cast<long double>(-distance * distance);
             QVERIFY(weights::of(color) == static_cast<float>(std::exp(exponent)));
         }
@@ -442,7 +444,10 @@ private slots:
         add("clEnqueueNDRangeKernel:3", false, false); // has no row
         add("clFinish:2", false, true);
         add("clEnqueueReadBuffer:1", true, false);
-        add("clEnqueueWriteBuffer:5", false, true); // the first picture's second row
+        add("clEnqueueWriteBuffer:1", false, false); // the single byte, overwritten at once
+        add("clEnqueueWriteBuffer:2", true, false);  // the first picture's first row
+        add("clEnqueueWriteBuffer:4", false, false); // the single byte again
+        add("clEnqueueWriteBuffer:5", false, true);  // the first picture's second row
         add("clReleaseContext", false, false);
         add("20+", false, true); // the device is lost in the second pass
     }
@@ -469,6 +474,31 @@ private slots:
         const CallRecord record;
         const Pixels result = mergeOnCurrentDevice(bracket);
         QCOMPARE(record.calls(), ExpectedCalls(bracket, result).calls());
+    }
+
+    void singleByteThatCannotBeWritten_isNoFailure()
+    {
+        Bracket bracket = twoBands();
+        qputenv("VESK_LAYER_FAIL", "clEnqueueWriteBuffer:1");
+        QVERIFY(mergeOnCurrentDevice(bracket) == bracket.merged);
+    }
+
+    /// What is read back decides: memory that the program did not write is not opaque.
+    void deviceThatOnlySaysItRan_leavesBlack()
+    {
+        Bracket bracket = twoBands();
+        qputenv("VESK_LAYER_POISON", "1");
+        qputenv("VESK_LAYER_IDLE", "1");
+        const Pixels result = mergeOnCurrentDevice(bracket);
+        QVERIFY(isBlack(bracket, result, 0) && isBlack(bracket, result, 1));
+        std::vector<unsigned char *> in;
+        for (Pixels &pixels : bracket.pictures)
+            in.push_back(reinterpret_cast<unsigned char *>(pixels.data()));
+        Pixels out(bracket.size(), kBlack);
+        const cl_device_id device = VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceID();
+        QVERIFY(!opencl::mergeWords(device, reinterpret_cast<unsigned char *>(out.data()),
+                                    in.data(), bracket.width, bracket.height, bracket.count())
+                     .isComplete);
     }
 
     void noCurrentDevice_makesItsCallsAndLeavesBlack()
@@ -517,18 +547,18 @@ private slots:
         QVERIFY(mergeOnCurrentDevice(pictures, 640, 1).ticks >= kBusyTicks);
     }
 
-    void mergeOnDevice_tellsWhetherEveryRowIsMerged()
+    void mergeWords_tellsWhetherEveryRowIsMerged()
     {
         std::vector<Pixels> pictures = randomPictures(640, 1);
         auto *in = reinterpret_cast<unsigned char *>(pictures[0].data());
         Pixels result(640, kBlack);
         auto *out = reinterpret_cast<unsigned char *>(result.data());
         const cl_device_id device = VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceID();
-        QVERIFY(mergeOnDevice(device, out, &in, 64, 10, 1).isComplete);
-        QVERIFY(!mergeOnDevice(nullptr, out, &in, 64, 10, 1).isComplete);
-        QVERIFY(!mergeOnDevice(device, out, &in, 0, 10, 1).isComplete);
+        QVERIFY(opencl::mergeWords(device, out, &in, 64, 10, 1).isComplete);
+        QVERIFY(!opencl::mergeWords(nullptr, out, &in, 64, 10, 1).isComplete);
+        QVERIFY(!opencl::mergeWords(device, out, &in, 0, 10, 1).isComplete);
         qputenv("VESK_LAYER_FAIL", "clFinish");
-        QVERIFY(!mergeOnDevice(device, out, &in, 64, 10, 1).isComplete);
+        QVERIFY(!opencl::mergeWords(device, out, &in, 64, 10, 1).isComplete);
     }
 
     void loadProgSource_givesTheKernel()
