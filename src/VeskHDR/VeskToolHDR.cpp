@@ -40,6 +40,13 @@ public:
     }
 };
 
+/// False when the system has no thread to give: then nobody would close the indicator.
+bool startWorker(QThread &worker)
+{
+    worker.start(QThread::InheritPriority);
+    return worker.isRunning() || worker.isFinished();
+}
+
 void triggerSave()
 {
     QAction *save =
@@ -273,14 +280,15 @@ void VeskToolHDR::apply()
     VeskHDRThread worker(nullptr);
     QImage *none = nullptr;
     worker.setParams(imageList(), none, &indicator, useOpenCL, useAlignment);
-    worker.start(QThread::InheritPriority);
-    indicator.exec();
-    // It may still be returning from the post that closed the indicator.
-    worker.wait();
+    const bool isStarted = startWorker(worker);
+    if (isStarted) {
+        indicator.exec();
+        worker.wait(); // it may still be returning from the post that closed the indicator
+    }
 
     forget(worker.remainingPictures());
     refreshPanel();
-    if (worker.isFailed()) {
+    if (!isStarted || worker.isFailed()) {
         alert(tr("HDR merge failed! Pictures shall be in same size."));
         return;
     }

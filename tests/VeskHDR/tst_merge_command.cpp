@@ -27,6 +27,24 @@
 #include <QProcess>
 #include <QtTest>
 
+#if defined(Q_OS_LINUX)
+#include <atomic>
+#include <cerrno>
+#include <dlfcn.h>
+#include <pthread.h>
+
+/// Plays a system that has no thread left to give.
+static std::atomic<bool> areThreadsUsedUp{false};
+
+extern "C" Q_DECL_EXPORT int pthread_create(pthread_t *thread, const pthread_attr_t *attributes,
+                                            void *(*start)(void *), void *argument) noexcept
+{
+    using Create = decltype(&pthread_create);
+    static const auto create = reinterpret_cast<Create>(dlsym(RTLD_NEXT, "pthread_create"));
+    return areThreadsUsedUp ? EAGAIN : create(thread, attributes, start, argument);
+}
+#endif
+
 namespace {
 
 constexpr QSize kSize(140, 130);
@@ -136,6 +154,9 @@ private slots:
     void apply_failure_callsTheEditorInOrder();
     void apply_pictureAddedWhileTheDocumentIsReplaced_isDropped();
     void apply_emptySet_fails();
+    void apply_workerThatCannotBeStarted_fails_data();
+    void apply_workerThatCannotBeStarted_fails();
+    void apply_picturesAddedWhileTheDocumentIsReplaced_areDropped();
     void apply_afterAnyMerge_theSetIsEmptyAndTakesAnySize_data();
     void apply_afterAnyMerge_theSetIsEmptyAndTakesAnySize();
     void apply_panel_isHiddenAndEmptyAfterwards();
@@ -410,6 +431,59 @@ void TestMergeCommand::apply_emptySet_fails()
     QCOMPARE(boxes.shown().size(), 1);
     QCOMPARE(boxes.shown().constFirst().text, kMergeFailed);
     QCOMPARE(currentDocument(), session.document.data());
+}
+
+void TestMergeCommand::apply_workerThatCannotBeStarted_fails_data()
+{
+    QTest::addColumn<bool>("useOpenCL");
+    QTest::newRow("processor") << false;
+    QTest::newRow("OpenCL") << true;
+}
+
+void TestMergeCommand::apply_workerThatCannotBeStarted_fails()
+{
+#if !defined(Q_OS_LINUX)
+    QSKIP("the test cannot take the threads away on this system");
+#else
+    QFETCH(bool, useOpenCL);
+    ToolSession session;
+    const QStringList paths = session.writePictures(2, kSize);
+    fill(session, paths);
+    session.tool->setCuda(useOpenCL);
+    MessageBoxAnswerer boxes;
+    areThreadsUsedUp = true;
+    clickOk(session);
+    areThreadsUsedUp = false;
+    QCOMPARE(boxes.shown().size(), 1);
+    QCOMPARE(boxes.shown().constFirst().title, QStringLiteral("Alert"));
+    QCOMPARE(boxes.shown().constFirst().text, kMergeFailed);
+    QCOMPARE(currentDocument(), session.document.data());
+    QVERIFY(session.tool->fileList().isEmpty());
+    QVERIFY(!QApplication::activeModalWidget());
+    // As soon as there are threads again, it works.
+    fill(session, paths);
+    session.tool->apply();
+    QCOMPARE(boxes.shown().size(), 2);
+    QCOMPARE(mergedPicture(), mergedByHand(paths, true));
+#endif
+}
+
+void TestMergeCommand::apply_picturesAddedWhileTheDocumentIsReplaced_areDropped()
+{
+    ToolSession session;
+    fill(session, session.writePictures(2, kSize));
+    const QString late = session.writePicture(QStringLiteral("late.bmp"), {5, 4});
+    bool isAdded = false;
+    const auto connection =
+        connect(VeskUIController::getInstance(), &VeskUIController::notified, session.tool.get(),
+                [&] { isAdded = session.tool->addFile(late); });
+    MessageBoxAnswerer boxes;
+    session.tool->apply();
+    disconnect(connection);
+    QVERIFY(isAdded);
+    QVERIFY(session.tool->fileList().isEmpty());
+    QVERIFY(session.tool->addFile(session.writePicture(QStringLiteral("z.bmp"), {7, 3})));
+    QCOMPARE(boxes.shown().size(), 1);
 }
 
 void TestMergeCommand::apply_afterAnyMerge_theSetIsEmptyAndTakesAnySize_data()
