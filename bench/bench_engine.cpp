@@ -2,6 +2,7 @@
 // (reading all inputs and writing one output, which no merge can avoid) and, where the library is
 // installed, OpenCV. Results are compared before anything is timed.
 
+#include "RatioReporter.h"
 #include "bench_pictures.h"
 #include "exposure_merge.h"
 #include "exposure_merge_plain.h"
@@ -9,7 +10,6 @@
 #include "mtb_alignment_plain.h"
 #include "mtb_shifts.h"
 #include "parallel_rows.h"
-#include "RatioReporter.h"
 
 #ifdef VESK_HAS_OPENCV
 #include "opencv_rivals.h"
@@ -66,7 +66,7 @@ void timeFloor(State &state, const BenchBracket &bracket, int threads)
 
 void alignPlain(QList<QImage *> &pictures)
 {
-    mtb::shiftPictures(pictures, mtb::summedShifts(pairShiftsPlain(pictures)));
+    shift::pictures(pictures, mtb::summedShifts(pairShiftsPlain(pictures)), shift::Memory::New);
 }
 
 void alignFast(QList<QImage *> &pictures)

@@ -6,8 +6,6 @@
 #include <QList>
 #include <QThread>
 
-#include <ctime>
-
 QT_BEGIN_NAMESPACE
 class QDialog;
 class QImage;
@@ -49,8 +47,8 @@ public:
     void setParams(QList<QImage *> images, QImage *&result, QDialog *toClose, bool onDevice,
                    bool alignFirst);
 
-    /// The merged image (QImage::Format_RGB32), which the caller takes over; what setParams was
-    /// given when there is none.
+    /// The merged image (QImage::Format_RGB32), with the colour profile and resolution of the first
+    /// picture, which the caller takes over; what setParams was given when there is none.
     void getData(QImage *&out) const;
 
     /// Processor time of the run in ticks of clock(), of the whole process; 0 after a failure.
@@ -67,11 +65,7 @@ public:
     void run() override;
 
 private:
-    bool canMerge() const;
-    bool mergePictures();
-    bool mergeOnProcessor(std::clock_t start);
-    bool mergeOnDevice(std::clock_t start);
-    void deletePictures();
+    void mergePictures();
 
     QList<QImage *> imageList;
     bool failed = false;

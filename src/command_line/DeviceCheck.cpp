@@ -1,7 +1,7 @@
 #include "DeviceCheck.h"
 
-#include "device_use.h"
-#include "exposure_merge.h"
+#include "merge_pictures.h"
+#include "opencl_devices.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -55,17 +55,24 @@ qint64 differingBytes(const QImage &one, const QImage &other)
     return count;
 }
 
-/// Merges twice and takes the time of the second merge.
-template <typename Merge>
-std::unique_ptr<QImage> timed(Merge merge, qint64 &milliseconds)
+/// Merges twice and takes the time of the second merge. Null when it fails.
+std::unique_ptr<QImage> merged(const std::vector<QImage> &pictures, const merge::Options &options,
+                               qint64 &milliseconds)
 {
-    if (!merge())
-        return nullptr;
-    QElapsedTimer timer;
-    timer.start();
-    std::unique_ptr<QImage> merged = merge();
-    milliseconds = timer.elapsed();
-    return merged;
+    merge::Outcome outcome;
+    for (int round = 0; round < 2; ++round) {
+        QList<QImage *> list;
+        for (const QImage &picture : pictures)
+            list.append(new QImage(picture)); // shares the pixels
+        QElapsedTimer timer;
+        timer.start();
+        outcome = merge::mergePictures(list, options);
+        milliseconds = timer.elapsed();
+        qDeleteAll(list);
+        if (!outcome.isDeviceComplete)
+            return nullptr;
+    }
+    return std::move(outcome.picture);
 }
 
 } // namespace
@@ -73,22 +80,20 @@ std::unique_ptr<QImage> timed(Merge merge, qint64 &milliseconds)
 DeviceCheck checkDevice(cl_device_id id)
 {
     DeviceCheck check;
-    check.problem = device::whyNot(id, kSize, kPictures);
+    check.problem = opencl::deviceProblem(id, kSize, kPictures);
     if (!check.problem.isEmpty())
         return check;
 
     std::mt19937 random(kSeed);
-    std::vector<QImage> images(kPictures);
-    QList<QImage *> pictures;
-    for (QImage &image : images) {
-        image = builtInPicture(random);
-        pictures.append(&image);
-    }
-    const auto onDevice =
-        timed([&] { return device::merge(id, pictures); }, check.deviceMilliseconds);
-    const auto onProcessor =
-        timed([&] { return std::unique_ptr<QImage>(mergeExposures(pictures)); },
-              check.processorMilliseconds);
+    std::vector<QImage> pictures(kPictures);
+    for (QImage &picture : pictures)
+        picture = builtInPicture(random);
+    merge::Options options;
+    options.align = false;
+    const auto onProcessor = merged(pictures, options, check.processorMilliseconds);
+    options.onDevice = true;
+    options.device = id;
+    const auto onDevice = merged(pictures, options, check.deviceMilliseconds);
     if (!onDevice || !onProcessor) {
         check.problem = onProcessor ? QStringLiteral("it fails to merge")
                                     : QStringLiteral("not enough memory for the check");

@@ -4,17 +4,15 @@
 #include "MergeReport.h"
 #include "ProgressBar.h"
 #include "console.h"
-#include "device_use.h"
 #include "exif_metadata.h"
-#include "exposure_merge.h"
 #include "file_names.h"
 #include "interrupt_cleanup.h"
 #include "library_messages.h"
-#include "mtb_alignment.h"
+#include "merge_pictures.h"
 #include "mtb_shifts.h"
+#include "opencl_devices.h"
 #include "picture_loader.h"
 
-#include <QColorSpace>
 #include <QElapsedTimer>
 
 #include <filesystem>
@@ -94,8 +92,9 @@ private:
     ExitCode decode();
     ExitCode checkSizes();
     ExitCode checkDevice();
-    ExitCode align();
+    void begin(merge::Step step);
     ExitCode mergePictures();
+    ExitCode crop();
     ExitCode encode();
     ExitCode timed(ExitCode (Merge::*step)(), qint64 &milliseconds);
     ExitCode refuse(ExitCode code, const QString &file, const QString &reason);
@@ -108,6 +107,7 @@ private:
     std::unique_ptr<QImage> merged;
     MergeReport report;
     ProgressBar bar;
+    QElapsedTimer stepTimer;
 };
 
 ExitCode Merge::refuse(ExitCode code, const QString &file, const QString &reason)
@@ -140,10 +140,10 @@ ExitCode Merge::run()
         code = checkSizes();
     if (code == ExitCode::Ok)
         code = checkDevice();
-    if (code == ExitCode::Ok && options.align)
-        code = timed(&Merge::align, times.align);
     if (code == ExitCode::Ok)
-        code = timed(&Merge::mergePictures, times.merge);
+        code = mergePictures();
+    if (code == ExitCode::Ok && options.crop)
+        code = crop();
     if (code == ExitCode::Ok)
         code = timed(&Merge::encode, times.encode);
     times.total = timer.elapsed();
@@ -172,7 +172,7 @@ ExitCode Merge::findDevice()
 {
     if (options.device.isEmpty())
         return ExitCode::Ok;
-    device = device::named(options.device);
+    device = opencl::findDevice(options.device);
     report.device = options.device;
     return device ? ExitCode::Ok
                   : refuse(ExitCode::NoDevice, options.device,
@@ -224,49 +224,56 @@ ExitCode Merge::checkDevice()
 {
     if (!device)
         return ExitCode::Ok;
-    const QString reason = device::whyNot(device, report.inputSize, pictures.size());
+    const QString reason = opencl::deviceProblem(device, report.inputSize, pictures.size());
     return reason.isEmpty() ? ExitCode::Ok : refuse(ExitCode::NoDevice, options.device, reason);
 }
 
-ExitCode Merge::align()
+void Merge::begin(merge::Step step)
 {
-    bar.show(kDecoded, QStringLiteral("Aligning"));
-    report.isAligned = true;
-    report.largestFindableShift = mtb::largestFindableShift(mtb::pyramidLevels(report.inputSize));
-    report.pairShifts = mtb::pairShifts(pictures);
-    report.summedShifts = mtb::summedShifts(report.pairShifts);
-    mtb::shiftPictures(pictures, report.summedShifts);
-    if (!options.crop)
-        return ExitCode::Ok;
+    if (step == merge::Step::Align) {
+        bar.show(kDecoded, QStringLiteral("Aligning"));
+        stepTimer.start();
+        return;
+    }
+    if (options.align)
+        report.milliseconds.align = stepTimer.elapsed();
+    bar.show(kAligned, QStringLiteral("Merging"));
+    stepTimer.start();
+}
+
+ExitCode Merge::mergePictures()
+{
+    merge::Options how;
+    how.align = options.align;
+    how.onDevice = device != nullptr;
+    how.device = device;
+    how.mayReusePixels = true;
+    how.beforeStep = [this](merge::Step step) { begin(step); };
+    merge::Outcome outcome = merge::mergePictures(pictures, how);
+    report.milliseconds.merge = stepTimer.elapsed();
+    if (!outcome.isDeviceComplete)
+        return refuse(ExitCode::NoDevice, options.device, QStringLiteral("it failed to merge"));
+    if (outcome.error != merge::Error::None)
+        return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
+    merged = std::move(outcome.picture);
+    report.isAligned = options.align;
+    if (options.align)
+        report.largestFindableShift =
+            mtb::largestFindableShift(mtb::pyramidLevels(report.inputSize));
+    report.pairShifts = std::move(outcome.pairShifts);
+    report.summedShifts = std::move(outcome.summedShifts);
+    return ExitCode::Ok;
+}
+
+ExitCode Merge::crop()
+{
     for (const QPoint shift : report.summedShifts)
         report.area &= QRect(shift, report.inputSize);
     if (report.area.isEmpty())
         return refuse(ExitCode::BadData, options.output,
                       QStringLiteral("nothing is left to crop to, the pictures do not overlap"));
-    return ExitCode::Ok;
-}
-
-ExitCode Merge::mergePictures()
-{
-    bar.show(kAligned, QStringLiteral("Merging"));
-    const QImage &first = *pictures.first();
-    const QColorSpace colourProfile = first.colorSpace();
-    const QSize dotsPerMeter(first.dotsPerMeterX(), first.dotsPerMeterY());
-    if (device)
-        merged = device::merge(device, pictures);
-    else
-        merged.reset(mergeExposures(pictures));
-    qDeleteAll(pictures);
-    pictures.clear();
-    if (!merged && device)
-        return refuse(ExitCode::NoDevice, options.device, QStringLiteral("it failed to merge"));
-    if (!merged)
-        return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
     if (report.area.size() != merged->size())
         *merged = merged->copy(report.area);
-    merged->setColorSpace(colourProfile);
-    merged->setDotsPerMeterX(dotsPerMeter.width());
-    merged->setDotsPerMeterY(dotsPerMeter.height());
     return ExitCode::Ok;
 }
 

@@ -6,15 +6,18 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QColorSpace>
 #include <QDialog>
 #include <QImage>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QtTest>
 
+#include <atomic>
 #include <climits>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <memory>
 #include <vector>
 
@@ -28,6 +31,22 @@
 #include <unistd.h>
 #endif
 
+#if defined(Q_OS_LINUX)
+/// The processor time that the worker is told instead of the true one: a picture deleted takes
+/// kTicksPerPicture. So it shows between which steps the clock was read.
+static std::atomic<const int *> deletionsAsTime{nullptr};
+constexpr int kTicksPerPicture = 1000;
+
+extern "C" Q_DECL_EXPORT std::clock_t clock() noexcept
+{
+    if (const int *deletions = deletionsAsTime)
+        return *deletions * kTicksPerPicture;
+    timespec used = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+    return used.tv_sec * CLOCKS_PER_SEC + used.tv_nsec / (1000000000 / CLOCKS_PER_SEC);
+}
+#endif
+
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool kSanitized = true;
 #else
@@ -35,7 +54,7 @@ constexpr bool kSanitized = false;
 #endif
 
 #if defined(__SANITIZE_THREAD__)
-// The toolkit is not built with the thread sanitizer, so the lock of its event queue is made
+// Qt is not built with the thread sanitizer, so the lock of its event queue is made
 // visible here: what happens before an event is posted happens before it is received. Nothing that
 // the worker does after the post is covered.
 void QCoreApplication::postEvent(QObject *receiver, QEvent *event, int priority)
@@ -124,6 +143,14 @@ QList<QImage> bracket(QSize size = {140, 130})
     return {exposure(size, 100), exposure(size, 40, {1, 0}), exposure(size, 180, {0, 1})};
 }
 
+QList<QImage *> countedPictures(const QList<QImage> &pictures, int &deletions)
+{
+    QList<QImage *> list;
+    for (const QImage &picture : pictures)
+        list += new CountedImage(picture, deletions);
+    return list;
+}
+
 QList<QImage *> newPictures(const QList<QImage> &pictures)
 {
     QList<QImage *> list;
@@ -206,6 +233,12 @@ private slots:
     void run_otherFormats_mergeLikeTheir32BitCopies_data();
     void run_otherFormats_mergeLikeTheir32BitCopies();
     void run_success_deletesEveryPictureAndKeepsTheResult();
+    void run_result_hasTheProfileAndResolutionOfTheFirstPicture_data();
+    void run_result_hasTheProfileAndResolutionOfTheFirstPicture();
+    void run_time_countsTheAlignmentButNotTheDeleting_data();
+    void run_time_countsTheAlignmentButNotTheDeleting();
+    void run_borrowedPixels_areNotWritten_data();
+    void run_borrowedPixels_areNotWritten();
     void run_differentSizesOnProcessor_failsKeepsPicturesAndClosesOnce_data();
     void run_differentSizesOnProcessor_failsKeepsPicturesAndClosesOnce();
     void run_missingPicture_failsAndKeepsTheOthers_data();
@@ -376,6 +409,88 @@ void TestVeskHDRThread::run_success_deletesEveryPictureAndKeepsTheResult()
     QCOMPARE(*merged, mergedByHand(bracket(), false));
 }
 
+void TestVeskHDRThread::run_result_hasTheProfileAndResolutionOfTheFirstPicture_data()
+{
+    QTest::addColumn<bool>("useOpenCL");
+    QTest::addColumn<bool>("align");
+    QTest::newRow("processor") << false << false;
+    QTest::newRow("processor, aligned") << false << true;
+    QTest::newRow("OpenCL") << true << false;
+    QTest::newRow("OpenCL, aligned") << true << true;
+}
+
+void TestVeskHDRThread::run_result_hasTheProfileAndResolutionOfTheFirstPicture()
+{
+    QFETCH(bool, useOpenCL);
+    QFETCH(bool, align);
+    constexpr int k300Dpi = 11811;
+    QList<QImage> pictures = bracket();
+    pictures[0].setColorSpace(QColorSpace::DisplayP3);
+    pictures[0].setDotsPerMeterX(k300Dpi);
+    pictures[0].setDotsPerMeterY(k300Dpi + 1);
+    pictures[1].setColorSpace(QColorSpace::AdobeRgb);
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, newPictures(pictures), dialog, useOpenCL, align);
+    runBehind(dialog, worker);
+    const std::unique_ptr<QImage> merged = resultOf(worker);
+    QVERIFY(merged);
+    QCOMPARE(merged->colorSpace(), QColorSpace(QColorSpace::DisplayP3));
+    QCOMPARE(merged->dotsPerMeterX(), k300Dpi);
+    QCOMPARE(merged->dotsPerMeterY(), k300Dpi + 1);
+}
+
+void TestVeskHDRThread::run_time_countsTheAlignmentButNotTheDeleting_data()
+{
+    run_result_hasTheProfileAndResolutionOfTheFirstPicture_data();
+}
+
+void TestVeskHDRThread::run_time_countsTheAlignmentButNotTheDeleting()
+{
+#if !defined(Q_OS_LINUX)
+    QSKIP("the clock cannot be replaced on this system");
+#else
+    QFETCH(bool, useOpenCL);
+    QFETCH(bool, align);
+    int deletions = 0;
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, countedPictures(bracket(), deletions), dialog, useOpenCL, align);
+    deletionsAsTime = &deletions;
+    runBehind(dialog, worker);
+    deletionsAsTime = nullptr;
+    delete resultOf(worker).release();
+    QCOMPARE(deletions, 3);
+    // The alignment deletes two pictures; all that is left goes after the last reading.
+    QCOMPARE(worker.getTime(), quint64(align ? 2 * kTicksPerPicture : 0));
+#endif
+}
+
+void TestVeskHDRThread::run_borrowedPixels_areNotWritten_data()
+{
+    run_result_hasTheProfileAndResolutionOfTheFirstPicture_data();
+}
+
+void TestVeskHDRThread::run_borrowedPixels_areNotWritten()
+{
+    QFETCH(bool, useOpenCL);
+    QFETCH(bool, align);
+    QList<QImage> memory;
+    QList<QImage *> borrowing;
+    for (const QImage &picture : bracket()) {
+        memory += picture.copy();
+        QImage &own = memory.last();
+        borrowing +=
+            new QImage(own.bits(), own.width(), own.height(), own.bytesPerLine(), own.format());
+    }
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, borrowing, dialog, useOpenCL, align);
+    runBehind(dialog, worker);
+    delete resultOf(worker).release();
+    QCOMPARE(memory, bracket());
+}
+
 void TestVeskHDRThread::run_differentSizesOnProcessor_failsKeepsPicturesAndClosesOnce_data()
 {
     QTest::addColumn<bool>("align");
@@ -449,7 +564,8 @@ void TestVeskHDRThread::run_memoryRunsOut_failsClosesOnceAndNamesWhatIsLeft()
     process.setProcessEnvironment(environment);
     process.start(QCoreApplication::applicationFilePath(), QStringList());
     QVERIFY(process.waitForFinished());
-    QCOMPARE(process.readAllStandardOutput().trimmed(), QByteArray("failed 1, closed 1, left 2"));
+    QCOMPARE(process.readAllStandardOutput().trimmed(),
+             QByteArray("failed 1, closed 1, left 2, deleted 0"));
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
 }
 
@@ -644,11 +760,12 @@ static int runAsChild(const QByteArray &task)
     const bool starve = task.endsWith("without memory");
     const bool align = task.startsWith("align");
     const QSize size = starve ? QSize(2500, 2500) : QSize(20, 10);
-    QList<QImage *> pictures = {new QImage(size, QImage::Format_RGB32)};
+    int deletions = 0;
+    QImage grey(size, QImage::Format_RGB32);
+    grey.fill(Qt::gray);
+    QList<QImage *> pictures = {new CountedImage(grey, deletions)};
     if (starve)
-        pictures += new QImage(size, QImage::Format_RGB32);
-    for (QImage *picture : pictures)
-        picture->fill(Qt::gray);
+        pictures += new CountedImage(grey.copy(), deletions);
     ClosedDialog dialog;
     VeskHDRThread worker;
     prepare(worker, pictures, dialog, false, align);
@@ -658,8 +775,8 @@ static int runAsChild(const QByteArray &task)
     if (!starve)
         std::puts("survived");
     else
-        std::printf("failed %d, closed %d, left %d\n", worker.isFailed(), dialog.closeEvents(),
-                    int(worker.remainingPictures().size()));
+        std::printf("failed %d, closed %d, left %d, deleted %d\n", worker.isFailed(),
+                    dialog.closeEvents(), int(worker.remainingPictures().size()), deletions);
     qDeleteAll(worker.remainingPictures());
     return 0;
 }

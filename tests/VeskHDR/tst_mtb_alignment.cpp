@@ -10,14 +10,103 @@
 #include <QProcess>
 #include <QtTest>
 
-#include <cmath>
+#include <atomic>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
+#include <new>
+
+namespace {
+
+/// What this program's allocations do: refuse blocks of so many bytes and more, or all that are
+/// asked for without an exception.
+std::atomic<size_t> smallestRefused{SIZE_MAX};
+std::atomic<bool> refusesWithoutException{false};
+
+} // namespace
+
+void *operator new(size_t size)
+{
+    void *memory = size < smallestRefused ? std::malloc(size > 0 ? size : 1) : nullptr;
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+void *operator new(size_t size, const std::nothrow_t &) noexcept
+{
+    return refusesWithoutException ? nullptr : std::malloc(size > 0 ? size : 1);
+}
+
+void *operator new[](size_t size)
+{
+    return operator new(size);
+}
+
+void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void *memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void *memory, size_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void *memory, size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace {
 
 using Picture = std::unique_ptr<QImage>;
 
-constexpr auto kPairCrash = "--align-one-picture";
+/// Refuses large blocks while it exists.
+class LittleMemory
+{
+public:
+    LittleMemory() { smallestRefused = 1024; }
+    ~LittleMemory() { smallestRefused = SIZE_MAX; }
+    LittleMemory(const LittleMemory &) = delete;
+    LittleMemory &operator=(const LittleMemory &) = delete;
+};
+
+/// All formats whose pixels are words of 32 bits.
+const QList<QImage::Format> kWordFormats = {QImage::Format_RGB32,
+                                            QImage::Format_ARGB32,
+                                            QImage::Format_ARGB32_Premultiplied,
+                                            QImage::Format_RGBX8888,
+                                            QImage::Format_RGBA8888,
+                                            QImage::Format_RGBA8888_Premultiplied,
+                                            QImage::Format_BGR30,
+                                            QImage::Format_RGB30,
+                                            QImage::Format_A2BGR30_Premultiplied,
+                                            QImage::Format_A2RGB30_Premultiplied};
+
+/// The same words under another format.
+QImage reread(const QImage &words, QImage::Format format)
+{
+    QImage picture = words.copy();
+    picture.reinterpretAsFormat(format);
+    return picture;
+}
+
+bool haveSameWords(const QImage &one, const QImage &other)
+{
+    const auto rowBytes = size_t(one.width()) * 4;
+    for (int y = 0; y < one.height(); ++y) {
+        if (memcmp(one.constScanLine(y), other.constScanLine(y), rowBytes) != 0)
+            return false;
+    }
+    return one.size() == other.size();
+}
 
 Picture bitmapOf(const QList<QByteArray> &rows)
 {
@@ -44,6 +133,24 @@ Picture greyRow(const QVector<int> &levels)
     for (int x = 0; x < levels.size(); ++x)
         grey->scanLine(0)[x] = uchar(levels[x]);
     return grey;
+}
+
+const QString kAlignOnePicture = QStringLiteral("--align-one-picture");
+const QString kShiftWithoutMemory = QStringLiteral("--shift-without-memory");
+const QString kBitmapWithoutMemory = QStringLiteral("--bitmap-without-memory");
+
+/// What a test starts in a process of its own, because it ends that process.
+void runAsChild(const QString &task)
+{
+    QImage picture(4, 4, QImage::Format_RGB32);
+    QList<QImage *> list = {&picture};
+    refusesWithoutException = true;
+    if (task == kAlignOnePicture)
+        mtb_alignment(false, list);
+    else if (task == kShiftWithoutMemory)
+        delete shiftQImage(&picture, 1, 1);
+    else
+        delete setbitmap({4, 4});
 }
 
 QImage greyNoise(QSize size, std::mt19937 &random)
@@ -83,11 +190,15 @@ private slots:
 
     void getLum_weighsChannelsAndTruncates();
     void getLum_givesTheCumulativeHistogram();
+    void getLum_addsTheSharesOneAfterTheOther();
     void getLum_resizesTheHistogramTo256Entries();
     void getLum_givesTheGreyColourTable();
     void setbitmap_hasTheTwoEntryColourTable();
     void setThreshold_levelsAtToleranceAreTrustedThoseBetweenAreNot();
+    void setThreshold_extremeThresholdsAndTolerances_areExact_data();
+    void setThreshold_extremeThresholdsAndTolerances_areExact();
     void sumimage_countsTheOnes();
+    void sumimage_moreThan32BitsHold_isExact();
     void XORimages_readsExclusionBytesOnlyAtDifferingPixels();
     void XORimages_secondExclusionBitmapAdvancesOnlyWhereTheFirstLetsPass();
     void XORimages_startsAnewInEachRow();
@@ -95,8 +206,9 @@ private slots:
     void shiftQImage_uncoveredPixelsAreTransparentBlack_data();
     void shiftQImage_uncoveredPixelsAreTransparentBlack();
     void shiftQImage_keepsWordsAndGivesArgb32();
+    void wordsOfAnyFormat_areReadAsTheyStand();
     void halving_roundsHalfUp_5x3GivesA3x2Level();
-    void halving_takesTheToolkitsPixels();
+    void halving_takesQtsPixels();
 
     void identicalTexturedPictures_haveShiftZeroAndAnEqualCopy();
     void uniformPictures_takeTheFirstCandidateAtEveryLevel_data();
@@ -108,9 +220,17 @@ private slots:
     void skipSearch_leavesShiftsUnwrittenAndPicturesInPlace();
     void firstPicture_isNeverReplaced();
     void twoPictures_giveExactlyOneShiftedCopy();
-    void fewerThanTwoPictures_endTheProcessWithTheReport();
+    void failedAssertion_endsTheProcessWithTheReport_data();
+    void failedAssertion_endsTheProcessWithTheReport();
     void otherFormats_alignLikeTheir32BitCopies();
 
+    void borrowedPixels_areNotWrittenAndNotKept();
+    void lackOfMemory_leavesPicturesAndShiftsAsTheyWere();
+    void extremeThresholdsAndLevels_areDefined_data();
+    void extremeThresholdsAndLevels_areDefined();
+    void levelsBeyondTheMost_searchAsTheMost();
+
+    void sharedPictures_areCopiedNotChanged_data();
     void sharedPictures_areCopiedNotChanged();
     void shiftedInPlace_equalsShiftedCopy_data();
     void shiftedInPlace_equalsShiftedCopy();
@@ -153,6 +273,29 @@ void MtbAlignmentTest::getLum_givesTheCumulativeHistogram()
     QCOMPARE(cdf[199], 0.75);
     QCOMPARE(cdf[200], 1.0);
     QCOMPARE(cdf[255], 1.0);
+}
+
+/// Ten shares of a tenth add up to less than one: what a count of all pixels so far, times a tenth,
+/// would not show. The threshold hangs on it.
+void MtbAlignmentTest::getLum_addsTheSharesOneAfterTheOther()
+{
+    QImage picture(10, 1, QImage::Format_RGB32);
+    for (int x = 0; x < 10; ++x)
+        picture.setPixel(x, 0, qRgb(20 * x, 20 * x, 20 * x));
+    QImage lum(10, 1, QImage::Format_Indexed8);
+    std::vector<double> cdf;
+    getLum(&picture, &lum, cdf);
+    mtb::GreyImage grey(10, 1);
+    const std::vector<double> fast = mtb::makeGrey(picture, grey).cumulative(10);
+    double sum = 0;
+    for (size_t i = 0; i < 10; ++i) {
+        sum = 1.0 * 0.1 + sum;
+        QVERIFY(cdf[20 * i] == sum); // not QCOMPARE, which takes near ones for equal
+        QVERIFY(fast[20 * i] == sum);
+    }
+    QVERIFY(sum < 1.0);
+    QCOMPARE(percentileLevel(fast, 0.8), 160);
+    QCOMPARE(percentileLevel(fast, 1.0), 256);
 }
 
 void MtbAlignmentTest::getLum_resizesTheHistogramTo256Entries()
@@ -202,10 +345,48 @@ void MtbAlignmentTest::setThreshold_levelsAtToleranceAreTrustedThoseBetweenAreNo
 void MtbAlignmentTest::sumimage_countsTheOnes()
 {
     QCOMPARE(sumimage(bitmapOf({"1011", "0001", "0000"}).get()), qint64(4));
-    // A sum that 32 bits do not hold needs no such image: bytes of 255 count as 255 each.
     QImage bytes(3, 2, QImage::Format_Indexed8);
     bytes.fill(255);
     QCOMPARE(sumimage(&bytes), qint64(6 * 255));
+}
+
+void MtbAlignmentTest::sumimage_moreThan32BitsHold_isExact()
+{
+    QImage bytes(4200, 4100, QImage::Format_Indexed8);
+    bytes.fill(255);
+    QCOMPARE(sumimage(&bytes), qint64(4200) * 4100 * 255);
+    QVERIFY(sumimage(&bytes) > qint64(UINT_MAX));
+}
+
+void MtbAlignmentTest::setThreshold_extremeThresholdsAndTolerances_areExact_data()
+{
+    QTest::addColumn<int>("threshold");
+    QTest::addColumn<int>("tolerance");
+    QTest::addColumn<QByteArray>("above");
+    QTest::addColumn<QByteArray>("trusted");
+    QTest::newRow("lowest threshold") << INT_MIN << 4 << QByteArray("11") << QByteArray("11");
+    QTest::newRow("highest threshold") << INT_MAX << 4 << QByteArray("00") << QByteArray("11");
+    QTest::newRow("largest tolerance") << 100 << INT_MAX << QByteArray("01") << QByteArray("00");
+    QTest::newRow("smallest tolerance") << 100 << INT_MIN << QByteArray("01") << QByteArray("11");
+    QTest::newRow("both largest") << INT_MAX << INT_MAX << QByteArray("00") << QByteArray("10");
+    QTest::newRow("both smallest") << INT_MIN << INT_MIN << QByteArray("11") << QByteArray("11");
+    QTest::newRow("lowest, widest") << INT_MIN << INT_MAX << QByteArray("11") << QByteArray("11");
+    QTest::newRow("highest, narrowest")
+        << INT_MAX << INT_MIN << QByteArray("00") << QByteArray("11");
+}
+
+void MtbAlignmentTest::setThreshold_extremeThresholdsAndTolerances_areExact()
+{
+    QFETCH(int, threshold);
+    QFETCH(int, tolerance);
+    QFETCH(QByteArray, above);
+    QFETCH(QByteArray, trusted);
+    const Picture grey = greyRow({0, 255});
+    const Picture tb(setbitmap(grey->size()));
+    const Picture eb(setbitmap(grey->size()));
+    setThreshold(grey.get(), threshold, tolerance, tb.get(), eb.get());
+    QCOMPARE(rowText(*tb, 0), above);
+    QCOMPARE(rowText(*eb, 0), trusted);
 }
 
 void MtbAlignmentTest::XORimages_readsExclusionBytesOnlyAtDifferingPixels()
@@ -260,7 +441,8 @@ void MtbAlignmentTest::shiftQImage_uncoveredPixelsAreTransparentBlack_data()
 {
     QTest::addColumn<QPoint>("shift");
     for (const QPoint shift :
-         {QPoint(0, 0), QPoint(3, 0), QPoint(-3, 2), QPoint(0, -5), QPoint(8, 5), QPoint(9, 0),
+         {QPoint(0, 0), QPoint(0, 1), QPoint(0, -1), QPoint(1, 0), QPoint(-1, 0), QPoint(1, 1),
+          QPoint(-1, -1), QPoint(3, 0), QPoint(-3, 2), QPoint(0, -5), QPoint(8, 5), QPoint(9, 0),
           QPoint(-9, -6), QPoint(INT_MAX, INT_MIN)})
         QTest::addRow("%d, %d", shift.x(), shift.y()) << shift;
 }
@@ -291,6 +473,39 @@ void MtbAlignmentTest::shiftQImage_keepsWordsAndGivesArgb32()
     QCOMPARE(reinterpret_cast<const QRgb *>(out->constScanLine(0))[1], 0xFF123456U);
 }
 
+void MtbAlignmentTest::wordsOfAnyFormat_areReadAsTheyStand()
+{
+    std::mt19937 random(20);
+    const QImage first = pictures::scene({150, 140}, {10, 10}, 1.0, 21);
+    QImage second = pictures::scene({150, 140}, {11, 9}, 0.8, 21);
+    second.reinterpretAsFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < second.height(); ++y) // alphas that a conversion would multiply in
+        reinterpret_cast<QRgb *>(second.scanLine(y))[y % 7] &= 0x80FFFFFFU;
+    for (const QImage::Format format : kWordFormats) {
+        const QImage odd = reread(second, format);
+        const Picture shifted(shiftQImage(&odd, 2, 1));
+        QCOMPARE(shifted->format(), QImage::Format_ARGB32);
+        const Picture expected(shiftQImage(&second, 2, 1));
+        QVERIFY(haveSameWords(*shifted, *expected));
+        QImage lum(odd.size(), QImage::Format_Indexed8);
+        QImage expectedLum(odd.size(), QImage::Format_Indexed8);
+        std::vector<double> cdf;
+        std::vector<double> expectedCdf;
+        getLum(&odd, &lum, cdf);
+        getLum(&second, &expectedLum, expectedCdf);
+        QCOMPARE(lum, expectedLum);
+        QVERIFY(cdf == expectedCdf);
+        QCOMPARE(shiftBetween(first, odd), shiftBetween(first, second));
+        QList<QImage *> list = {new QImage(first), new QImage(odd)};
+        QList<QImage *> words = {new QImage(first), new QImage(second)};
+        mtb_alignment(false, list);
+        mtb_alignment(false, words);
+        QVERIFY(haveSameWords(*list[1], *words[1]));
+        qDeleteAll(list);
+        qDeleteAll(words);
+    }
+}
+
 void MtbAlignmentTest::halving_roundsHalfUp_5x3GivesA3x2Level()
 {
     std::mt19937 random(2);
@@ -300,7 +515,7 @@ void MtbAlignmentTest::halving_roundsHalfUp_5x3GivesA3x2Level()
     QCOMPARE(QSize(pyramid[2].threshold.width(), pyramid[2].threshold.height()), QSize(2, 1));
 }
 
-void MtbAlignmentTest::halving_takesTheToolkitsPixels()
+void MtbAlignmentTest::halving_takesQtsPixels()
 {
     std::mt19937 random(3);
     for (const QSize size : {QSize(1, 1), QSize(5, 3), QSize(64, 65), QSize(127, 200),
@@ -453,15 +668,32 @@ void MtbAlignmentTest::twoPictures_giveExactlyOneShiftedCopy()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::fewerThanTwoPictures_endTheProcessWithTheReport()
+void MtbAlignmentTest::failedAssertion_endsTheProcessWithTheReport_data()
 {
+    QTest::addColumn<QString>("task");
+    QTest::addColumn<QByteArrayList>("parts");
+    QTest::newRow("fewer than two pictures")
+        << kAlignOnePicture
+        << QByteArrayList{"ImagePtrList.size()>=2", "mtb_alignment", ".cpp:80:"};
+    QTest::newRow("no memory for a shifted picture")
+        << kShiftWithoutMemory << QByteArrayList{"out!=NULL", "shiftQImage", ".cpp:60:"};
+    QTest::newRow("no memory for a bitmap")
+        << kBitmapWithoutMemory << QByteArrayList{"img!=NULL", "setbitmap", ".cpp:336:"};
+}
+
+void MtbAlignmentTest::failedAssertion_endsTheProcessWithTheReport()
+{
+#if !defined(__GLIBC__)
+    QSKIP("the report's form is that of another C library");
+#endif
+    QFETCH(QString, task);
+    QFETCH(QByteArrayList, parts);
     QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(kPairCrash)});
+    child.start(QCoreApplication::applicationFilePath(), {task});
     QVERIFY(child.waitForFinished());
     QCOMPARE(child.exitStatus(), QProcess::CrashExit);
     const QByteArray report = child.readAllStandardError();
-    for (const char *part :
-         {"ImagePtrList.size()>=2", "mtb_alignment", "src/VeskHDR/mtb_alignment.cpp", "80"})
+    for (const QByteArray &part : parts + QByteArrayList{"src/VeskHDR/mtb_alignment.cpp"})
         QVERIFY2(report.contains(part), report.constData());
 }
 
@@ -486,12 +718,101 @@ void MtbAlignmentTest::otherFormats_alignLikeTheir32BitCopies()
     }
 }
 
+void MtbAlignmentTest::borrowedPixels_areNotWrittenAndNotKept()
+{
+    const QSize size(60, 50);
+    const QImage scene = pictures::scene(size, {11, 12}, 1.0, 5);
+    std::vector<QRgb> memory(size_t(size.width()) * size_t(size.height()));
+    memcpy(memory.data(), scene.constBits(), memory.size() * sizeof(QRgb));
+    const std::vector<QRgb> before = memory;
+    QList<QImage *> list = {new QImage(pictures::scene(size, {10, 10}, 1.0, 5)),
+                            new QImage(reinterpret_cast<uchar *>(memory.data()), size.width(),
+                                       size.height(), QImage::Format_RGB32)};
+    mtb_alignment(false, list);
+    QVERIFY(memory == before);
+    const QImage aligned = list[1]->copy();
+    std::fill(memory.begin(), memory.end(), 0U);
+    QCOMPARE(*list[1], aligned);
+    qDeleteAll(list);
+}
+
+void MtbAlignmentTest::lackOfMemory_leavesPicturesAndShiftsAsTheyWere()
+{
+    QList<QImage *> list = bracket({150, 140}, {{0, 0}, {1, 2}});
+    const QList<QImage *> before = list;
+    int x = 41;
+    int y = 42;
+    {
+        const LittleMemory little;
+        mtb_alignment(false, list);
+        mtbalign(false, list[0], list[1], 0.5, 4, 1, x, y);
+        getExpShift(list[0], 100, list[1], 100, 4, 1, x, y);
+    }
+    QCOMPARE(list, before);
+    QCOMPARE(QPoint(x, y), QPoint(41, 42));
+    mtb_alignment(false, list);
+    QVERIFY(list[1] != before[1]); // with memory it is replaced
+    qDeleteAll(list);
+}
+
+void MtbAlignmentTest::extremeThresholdsAndLevels_areDefined_data()
+{
+    QTest::addColumn<int>("threshold");
+    QTest::addColumn<int>("tolerance");
+    for (const int threshold : {INT_MIN, INT_MIN + 1, -1, 0, 128, 256, INT_MAX - 1, INT_MAX}) {
+        for (const int tolerance : {INT_MIN, -1, 0, 4, INT_MAX})
+            QTest::addRow("%d, %d", threshold, tolerance) << threshold << tolerance;
+    }
+}
+
+void MtbAlignmentTest::extremeThresholdsAndLevels_areDefined()
+{
+    QFETCH(int, threshold);
+    QFETCH(int, tolerance);
+    std::mt19937 random(22);
+    const QImage a = greyNoise({70, 9}, random);
+    const QImage b = greyNoise({70, 9}, random);
+    for (const int level : {INT_MIN, -1, 0, 2}) {
+        QPoint fast(5, 6);
+        QPoint plain(5, 6);
+        getExpShift(&a, threshold, &b, 128, tolerance, level, fast.rx(), fast.ry());
+        getExpShiftPlain(&a, threshold, &b, 128, tolerance, level, plain.rx(), plain.ry());
+        QCOMPARE(fast, plain);
+    }
+}
+
+/// Uniform pictures take the first candidate at every level: the largest shift there is.
+void MtbAlignmentTest::levelsBeyondTheMost_searchAsTheMost()
+{
+    QImage uniform(3, 2, QImage::Format_RGB32);
+    uniform.fill(qRgb(90, 90, 90));
+    const auto lum = greyRow({7, 7, 7});
+    for (const int level : {30, 31, 32, 64, INT_MAX}) {
+        QPoint shift;
+        mtbalign(false, &uniform, &uniform, 0.5, 4, level, shift.rx(), shift.ry());
+        QCOMPARE(shift, QPoint(-INT_MAX, -INT_MAX));
+        getExpShift(lum.get(), 7, lum.get(), 7, 4, level, shift.rx(), shift.ry());
+        QCOMPARE(shift, QPoint(-INT_MAX, -INT_MAX));
+        getExpShiftPlain(lum.get(), 7, lum.get(), 7, 4, level, shift.rx(), shift.ry());
+        QCOMPARE(shift, QPoint(-INT_MAX, -INT_MAX));
+        QCOMPARE(mtb::largestFindableShift(level), INT_MAX);
+    }
+}
+
+void MtbAlignmentTest::sharedPictures_areCopiedNotChanged_data()
+{
+    QTest::addColumn<bool>("inPlace");
+    QTest::newRow("into new pictures") << false;
+    QTest::newRow("in place") << true;
+}
+
 void MtbAlignmentTest::sharedPictures_areCopiedNotChanged()
 {
+    QFETCH(bool, inPlace);
     const QImage held = pictures::scene({40, 40}, {3, 3}, 1.0, 5);
     const QImage before = held.copy();
     QList<QImage *> list = {new QImage(held), new QImage(held)};
-    mtb::shiftPictures(list, {QPoint(2, 3)});
+    shift::pictures(list, {QPoint(2, 3)}, inPlace ? shift::Memory::Reused : shift::Memory::New);
     QCOMPARE(held, before);
     const Picture expected(shiftQImage(&before, 2, 3));
     QCOMPARE(*list[1], *expected);
@@ -507,15 +828,20 @@ void MtbAlignmentTest::shiftedInPlace_equalsShiftedCopy()
 {
     QFETCH(QPoint, shift);
     std::mt19937 random(14);
-    for (const QImage::Format format :
-         {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_RGB888}) {
-        QList<QImage *> list = {new QImage(9, 6, format),
-                                new QImage(pictures::noise({9, 6}, format, random))};
-        const Picture expected(shiftQImage(list[1], shift.x(), shift.y()));
-        mtb::shiftPictures(list, {shift});
-        QCOMPARE(list[1]->format(), QImage::Format_ARGB32);
-        QCOMPARE(*list[1], *expected);
-        qDeleteAll(list);
+    for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_ARGB32,
+                                        QImage::Format_RGBA8888, QImage::Format_RGB888}) {
+        const QImage picture = pictures::noise({9, 6}, format, random);
+        const Picture expected(shiftQImage(&picture, shift.x(), shift.y()));
+        for (const auto memory : {shift::Memory::New, shift::Memory::Reused}) {
+            QList<QImage *> list = {new QImage(9, 6, format), new QImage(picture.copy())};
+            const uchar *pixels = list[1]->constBits();
+            shift::pictures(list, {shift}, memory);
+            QCOMPARE(list[1]->format(), QImage::Format_ARGB32);
+            QCOMPARE(*list[1], *expected);
+            QCOMPARE(list[1]->constBits() == pixels,
+                     memory == shift::Memory::Reused && format != QImage::Format_RGB888);
+            qDeleteAll(list);
+        }
     }
 }
 
@@ -558,12 +884,13 @@ void MtbAlignmentTest::randomPictures_equalThePlainCode()
     const QList<QImage::Format> formats = {QImage::Format_RGB32, QImage::Format_ARGB32,
                                            QImage::Format_Grayscale8, QImage::Format_Indexed8,
                                            QImage::Format_RGB888};
-    const std::vector<int64_t> targets = vectorTargets::supported();
+    const std::vector<int64_t> targets = vectorTargets::all();
     for (int round = 0; round < 5000; ++round) {
         const QSize size(1 + int(random() % 150), 1 + int(random() % 20));
         QImage a = pictures::noise(size, formats[int(random() % 5)], random);
         QImage b = pictures::noise(size, formats[int(random() % 5)], random);
         const vectorTargets::Forced forced(targets[size_t(round) % targets.size()]);
+        QVERIFY(forced.isRunning());
         const int levels = int(random() % 4);
         QPoint fast;
         QPoint plain;
@@ -576,12 +903,13 @@ void MtbAlignmentTest::randomPictures_equalThePlainCode()
 void MtbAlignmentTest::randomGreyImagesThresholdsAndLevels_equalThePlainCode()
 {
     std::mt19937 random(778);
-    const std::vector<int64_t> targets = vectorTargets::supported();
+    const std::vector<int64_t> targets = vectorTargets::all();
     for (int round = 0; round < 5000; ++round) {
         const QSize size(1 + int(random() % 200), 1 + int(random() % 9));
         const QImage a = greyNoise(size, random);
         const QImage b = greyNoise(size, random);
         const vectorTargets::Forced forced(targets[size_t(round) % targets.size()]);
+        QVERIFY(forced.isRunning());
         const int threshold1 = int(random() % 270) - 6;
         const int threshold2 = int(random() % 270) - 6;
         const int tolerance = int(random() % 120) - 10;
@@ -636,8 +964,9 @@ void MtbAlignmentTest::photographs_equalThePlainCode()
         owned.push_back(std::make_unique<QImage>(QImageReader(path).read()));
     const QList<QImage *> list = pictures::list(owned);
     const std::vector<QPoint> plain = pairShiftsPlain(list);
-    for (const int64_t target : vectorTargets::supported()) {
+    for (const int64_t target : vectorTargets::all()) {
         const vectorTargets::Forced forced(target);
+        QVERIFY2(forced.isRunning(), hwy::TargetName(target));
         const std::vector<QPoint> fast = mtb::pairShifts(list);
         QVERIFY2(fast == plain, hwy::TargetName(target));
     }
@@ -645,10 +974,8 @@ void MtbAlignmentTest::photographs_equalThePlainCode()
 
 int main(int argc, char **argv)
 {
-    if (argc == 2 && qstrcmp(argv[1], kPairCrash) == 0) {
-        QImage picture(4, 4, QImage::Format_RGB32);
-        QList<QImage *> list = {&picture};
-        mtb_alignment(false, list);
+    if (argc == 2 && qstrncmp(argv[1], "--", 2) == 0) {
+        runAsChild(QString::fromLatin1(argv[1]));
         return 0;
     }
     QCoreApplication app(argc, argv);

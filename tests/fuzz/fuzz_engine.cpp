@@ -1,10 +1,10 @@
 // Merge and alignment of pictures of any size, row length and format: equal to the plain code.
 
+#include "InputReader.h"
 #include "exposure_merge.h"
 #include "exposure_merge_plain.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "InputReader.h"
 #include "mtb_alignment.h"
 #include "mtb_alignment_plain.h"
 #include "mtb_shifts.h"
@@ -73,21 +73,28 @@ void mergeBothWays(const QList<QImage *> &pictures)
     requireEqual(fast.get(), plain.get());
 }
 
-void alignBothWays(const QList<QImage *> &pictures)
+void shiftBothWays(const QList<QImage *> &pictures, const std::vector<QPoint> &sums,
+                   shift::Memory memory)
 {
-    const std::vector<QPoint> shifts = mtb::pairShifts(pictures);
-    FUZZ_REQUIRE(shifts == pairShiftsPlain(pictures));
-    const std::vector<QPoint> sums = mtb::summedShifts(shifts);
     QList<QImage *> shifted;
     for (const QImage *picture : pictures)
         shifted.append(new QImage(picture->copy()));
-    mtb::shiftPictures(shifted, sums);
+    shift::pictures(shifted, sums, memory);
     for (int i = 1; i < pictures.size(); ++i) {
         const QPoint shift = sums[size_t(i) - 1];
         const std::unique_ptr<QImage> copy(shiftQImage(pictures[i], shift.x(), shift.y()));
         FUZZ_REQUIRE(*copy == *shifted[i]);
     }
     qDeleteAll(shifted);
+}
+
+void alignBothWays(const QList<QImage *> &pictures)
+{
+    const std::vector<QPoint> shifts = mtb::pairShifts(pictures);
+    FUZZ_REQUIRE(shifts == pairShiftsPlain(pictures));
+    const std::vector<QPoint> sums = mtb::summedShifts(shifts);
+    shiftBothWays(pictures, sums, shift::Memory::New);
+    shiftBothWays(pictures, sums, shift::Memory::Reused);
 }
 
 } // namespace

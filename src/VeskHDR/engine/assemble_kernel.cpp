@@ -42,7 +42,7 @@ quint32 weightBits(unsigned largest, unsigned smallest)
     return bits;
 }
 
-/// False when a sum has more than two weights: the toolkit then rounds as never before.
+/// False when a sum has more than two weights: it is then rounded as never before.
 bool addPair(unsigned largest, unsigned smallest, WeightTables &tables)
 {
     const quint32 bits = weightBits(largest, smallest);

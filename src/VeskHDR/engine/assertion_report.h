@@ -5,6 +5,10 @@
 /// that crash reports of different versions can be compared.
 namespace assertion {
 
+/// What the reports of the alignment name, wherever its code stands: the file of the operations
+/// that callers know.
+constexpr char kAlignmentFile[] = "src/VeskHDR/mtb_alignment.cpp";
+
 /// Writes the standard assertion report (expression, function, file, line) and ends the process.
 [[noreturn]] void fail(const char *expression, const char *function, const char *file, int line);
 

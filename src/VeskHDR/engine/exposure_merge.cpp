@@ -13,13 +13,13 @@
 
 namespace {
 
-/// Rows of a picture as words: its own, or a copy made row by row when its format has no words.
+/// Rows of a picture as words: its own, or a copy made row by row when its format is another.
 class RowReader
 {
 public:
     explicit RowReader(const QImage &source)
         : picture(source)
-        , copy(pixels::areWords(source) ? 0 : static_cast<size_t>(source.width()))
+        , copy(pixels::areColours(source) ? 0 : static_cast<size_t>(source.width()))
     {
     }
 
@@ -54,16 +54,16 @@ void mergeRows(const QList<QImage *> &pictures, int begin, int end, uchar *words
     const auto width = static_cast<size_t>(pictures.first()->width());
     const float *table = weights::table();
     std::vector<const uint32_t *> rows(readers.size());
-    std::vector<StretchWeights> weights(readers.size());
+    std::vector<merge::StretchWeights> weights(readers.size());
     for (int y = begin; y < end; ++y) {
         std::transform(readers.begin(), readers.end(), rows.begin(),
                        [y](RowReader &reader) { return reader.row(y); });
-        mergeRow(rows.data(), rows.size(), width, table, weights.data(),
-                 reinterpret_cast<uint32_t *>(words + qptrdiff(y) * bytesPerLine));
+        merge::mergeRow(rows.data(), rows.size(), width, table, weights.data(),
+                        reinterpret_cast<uint32_t *>(words + qptrdiff(y) * bytesPerLine));
     }
 }
 
-QImage *merge(const QList<QImage *> &pictures)
+QImage *mergeAll(const QList<QImage *> &pictures)
 {
     const QSize size = pictures.first()->size();
     auto merged = std::make_unique<QImage>(largeImage(size, QImage::Format_RGB32));
@@ -83,7 +83,7 @@ QImage *mergeExposures(const QList<QImage *> &pictures)
     if (pictures.isEmpty() || !sameSize(pictures))
         return nullptr;
     try {
-        return merge(pictures);
+        return mergeAll(pictures);
     } catch (const std::bad_alloc &) {
         return nullptr;
     }

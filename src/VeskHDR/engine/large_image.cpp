@@ -1,7 +1,6 @@
 #include "large_image.h"
 
 #include <cstdlib>
-#include <limits>
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -23,8 +22,8 @@ QImage largeImage(QSize size, QImage::Format format)
         return QImage(size, format);
     const size_t bytes =
         static_cast<size_t>(size.width()) * static_cast<size_t>(size.height()) * kPixelBytes;
-    // The toolkit refuses images of 2 GiB and more; smaller than two pages there is nothing to win.
-    if (bytes < 2 * kLargePage || bytes > static_cast<size_t>(std::numeric_limits<int>::max()))
+    // Smaller than two pages there is nothing to win.
+    if (bytes < 2 * kLargePage)
         return QImage(size, format);
     void *memory = nullptr;
     if (posix_memalign(&memory, kLargePage, bytes) != 0)
@@ -32,7 +31,7 @@ QImage largeImage(QSize size, QImage::Format format)
     // Without large pages it is memory like any other.
     madvise(memory, bytes, MADV_HUGEPAGE);
     QImage image(static_cast<uchar *>(memory), size.width(), size.height(),
-                 size.width() * static_cast<int>(kPixelBytes), format, std::free, memory);
+                 size.width() * static_cast<qsizetype>(kPixelBytes), format, std::free, memory);
     if (image.isNull())
         std::free(memory);
     return image;

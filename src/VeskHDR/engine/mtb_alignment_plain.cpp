@@ -1,9 +1,9 @@
 #include "mtb_alignment_plain.h"
 
-#include "GreyHistogram.h"
-#include "mtb_alignment.h"
+#include "mtb_primitives.h"
 #include "mtb_shifts.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -17,6 +17,15 @@ QImage halved(const QImage &image)
                         Qt::IgnoreAspectRatio, Qt::FastTransformation);
 }
 
+/// The smallest level that at least this fraction of the pixels does not exceed, 256 if none.
+int thresholdAt(const std::vector<double> &cdf, double percentile)
+{
+    int level = 0;
+    while (level < 256 && !(cdf[static_cast<size_t>(level)] >= percentile))
+        ++level;
+    return level;
+}
+
 } // namespace
 
 void getExpShiftPlain(const QImage *img1, int threshold1, const QImage *img2, int threshold2,
@@ -24,6 +33,7 @@ void getExpShiftPlain(const QImage *img1, int threshold1, const QImage *img2, in
 {
     int startX = -1;
     int startY = -1;
+    level = std::min(level, mtb::kMostLevels);
     if (level > 0) {
         const QImage half1 = halved(*img1);
         const QImage half2 = halved(*img2);
@@ -71,8 +81,8 @@ void mtbalignPlain(bool skipSearch, const QImage *img1, const QImage *img2, doub
     std::vector<double> cdf2;
     getLum(img1, &grey1, cdf1);
     getLum(img2, &grey2, cdf2);
-    const int threshold1 = percentileLevel(cdf1, percentile);
-    const int threshold2 = percentileLevel(cdf2, percentile);
+    const int threshold1 = thresholdAt(cdf1, percentile);
+    const int threshold2 = thresholdAt(cdf2, percentile);
     if (!skipSearch)
         getExpShiftPlain(&grey1, threshold1, &grey2, threshold2, tolerance, levels, shiftX, shiftY);
 }

@@ -1,24 +1,21 @@
 #pragma once
 
-#include "veskhdr_export.h"
-
 #include <QImage>
 #include <QList>
 #include <QPoint>
 
 #include <vector>
 
-// The search of mtb_alignment.h written down plainly, on bitmaps of one byte per pixel: the
-// definition that the fast code (mtb_search.h) is held against, and the code that takes over where
-// the pictures of a pair differ in size.
+// The search of mtb_alignment.h written down plainly, on the bitmaps of one byte per pixel of
+// mtb_primitives.h: the definition that the fast code (mtb_search.h) is held against, and the code
+// that takes over where the pictures of a pair differ in size. It shares no step with the fast
+// code.
 
-VESKHDR_EXPORT void getExpShiftPlain(const QImage *img1, int threshold1, const QImage *img2,
-                                     int threshold2, int tolerance, int level, int &shiftX,
-                                     int &shiftY);
+void getExpShiftPlain(const QImage *img1, int threshold1, const QImage *img2, int threshold2,
+                      int tolerance, int level, int &shiftX, int &shiftY);
 
-VESKHDR_EXPORT void mtbalignPlain(bool skipSearch, const QImage *img1, const QImage *img2,
-                                  double percentile, int tolerance, int levels, int &shiftX,
-                                  int &shiftY);
+void mtbalignPlain(bool skipSearch, const QImage *img1, const QImage *img2, double percentile,
+                   int tolerance, int levels, int &shiftX, int &shiftY);
 
 /// mtb::pairShifts, plainly.
-VESKHDR_EXPORT std::vector<QPoint> pairShiftsPlain(const QList<QImage *> &pictures);
+std::vector<QPoint> pairShiftsPlain(const QList<QImage *> &pictures);

@@ -1,6 +1,7 @@
 #include "mtb_search.h"
 
 #include "mtb_rows.h"
+#include "mtb_shifts.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
 
@@ -15,9 +16,9 @@ using Errors = std::array<std::array<qint64, 3>, 3>;
 
 constexpr int kLastLevel = 255;
 
-/// Which position each pixel of an image of `halfLength` takes from one of `length`, in the
-/// toolkit's fast scaling of 8-bit images: in order, none twice. The toolkit itself is asked, on
-/// ramps that hold the positions byte by byte.
+/// Which position each pixel of an image of `halfLength` takes from one of `length`, in Qt's fast
+/// scaling of 8-bit images: in order, none twice. Qt itself is asked, on ramps that hold the
+/// positions byte by byte.
 std::vector<int> sampledPositions(int length, int halfLength, Qt::Orientation direction)
 {
     const bool across = direction == Qt::Horizontal;
@@ -214,7 +215,7 @@ mtb::GreyImage mtb::greyImage(const QImage &lum)
 std::vector<mtb::Halving> mtb::halvings(QSize size, int levels)
 {
     std::vector<Halving> halvings;
-    for (int level = 0; level < levels; ++level) {
+    for (int level = 0; level < std::min(levels, kMostLevels); ++level) {
         halvings.push_back({{halvedPositions(size.width(), Qt::Horizontal), size.width()},
                             halvedPositions(size.height(), Qt::Vertical)});
         size = {halvings.back().columns.count(), static_cast<int>(halvings.back().rows.size())};

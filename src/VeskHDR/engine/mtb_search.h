@@ -85,7 +85,7 @@ struct Halving
     std::vector<int> rows;
 };
 
-/// How the levels of a pyramid come from one another: from each the next.
+/// How the levels of a pyramid come from one another: from each the next; kMostLevels at most.
 std::vector<Halving> halvings(QSize size, int levels);
 
 /// halvings: of the image's size.

@@ -23,9 +23,14 @@ bool hasPalette(QImage::Format format)
 
 } // namespace
 
-bool pixels::areWords(const QImage &picture)
+bool pixels::areColours(const QImage &picture)
 {
     return picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_ARGB32;
+}
+
+bool pixels::have32Bits(const QImage &picture)
+{
+    return picture.depth() == 32;
 }
 
 QRgb pixels::at(const QImage &picture, int x, int y)
@@ -37,7 +42,7 @@ QRgb pixels::at(const QImage &picture, int x, int y)
 
 QImage pixels::asWords(const QImage &picture)
 {
-    if (picture.isNull() || areWords(picture))
+    if (picture.isNull() || have32Bits(picture))
         return picture;
     QImage words(picture.size(), QImage::Format_ARGB32);
     for (int y = 0; y < words.height(); ++y) {

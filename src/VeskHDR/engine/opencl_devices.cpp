@@ -1,12 +1,10 @@
-#include "device_use.h"
+#include "opencl_devices.h"
 
 #include "VeskDeviceInfo.h"
 #include "opencl_handles.h"
 #include "opencl_merge.h"
-#include "picture_pixels.h"
 
 #include <memory>
-#include <vector>
 
 namespace {
 
@@ -37,7 +35,7 @@ QString firstLineOfBuildLog(cl_program program, cl_device_id id)
     return line.isEmpty() ? line : QStringLiteral(": ") + line;
 }
 
-QString whyNotAtAll(cl_device_id id)
+QString generalProblem(cl_device_id id)
 {
     if (!fact<cl_bool>(id, CL_DEVICE_AVAILABLE))
         return QStringLiteral("the device is not available");
@@ -48,10 +46,10 @@ QString whyNotAtAll(cl_device_id id)
     return {};
 }
 
-QString whyNotTheProgram(cl_device_id id, cl_context context)
+QString programProblem(cl_device_id id, cl_context context)
 {
     size_t length = 0;
-    const std::unique_ptr<char[]> text(LoadProgSource(kDeviceProgram, "", &length));
+    const std::unique_ptr<char[]> text(LoadProgSource(opencl::kProgram, "", &length));
     const char *source = text.get();
     cl_int error = CL_SUCCESS;
     const opencl::Program program(clCreateProgramWithSource(context, 1, &source, &length, &error));
@@ -61,26 +59,26 @@ QString whyNotTheProgram(cl_device_id id, cl_context context)
     if (error != CL_SUCCESS)
         return withError(QStringLiteral("it cannot build the program"), error) +
                firstLineOfBuildLog(program.get(), id);
-    const opencl::Kernel kernel(clCreateKernel(program.get(), kDeviceKernel, &error));
+    const opencl::Kernel kernel(clCreateKernel(program.get(), opencl::kKernel, &error));
     if (!kernel)
         return withError(QStringLiteral("it does not find the kernel in the program"), error);
     size_t group = 0;
     clGetKernelWorkGroupInfo(kernel.get(), id, CL_KERNEL_WORK_GROUP_SIZE, sizeof(group), &group,
                              nullptr);
-    if (group < kDeviceGroupWidth)
+    if (group < opencl::kGroupWidth)
         return QStringLiteral("it takes groups of %1 work items at most, %2 are needed")
             .arg(group)
-            .arg(kDeviceGroupWidth);
+            .arg(opencl::kGroupWidth);
     return {};
 }
 
-QString whyNotTheSize(cl_device_id id, cl_context context, QSize size, int count)
+QString memoryProblem(cl_device_id id, cl_context context, QSize size, int count)
 {
-    const cl_ulong bandRows = deviceBandRows(size.width(), count);
+    const cl_ulong bandRows = opencl::bandRows(size.width(), count);
     if (bandRows == 0)
         return QStringLiteral("a row of the %1 pictures has more than %2 pixels")
             .arg(count)
-            .arg(kDeviceBandPixels);
+            .arg(opencl::kBandPixels);
     const cl_ulong outputBytes = bandRows * static_cast<cl_ulong>(size.width()) * kPixelBytes;
     const cl_ulong inputBytes = outputBytes * static_cast<cl_ulong>(count);
     const opencl::Memory input(
@@ -94,7 +92,7 @@ QString whyNotTheSize(cl_device_id id, cl_context context, QSize size, int count
 
 } // namespace
 
-cl_device_id device::named(const QString &name)
+cl_device_id opencl::findDevice(const QString &name)
 {
     for (const VeskDeviceInfo::OpenCLDevice &device :
          VeskDeviceInfo::getInstance()->getOpenCLDeviceList()) {
@@ -104,9 +102,9 @@ cl_device_id device::named(const QString &name)
     return nullptr;
 }
 
-QString device::whyNot(cl_device_id id, QSize size, int count)
+QString opencl::deviceProblem(cl_device_id id, QSize size, int count)
 {
-    QString reason = whyNotAtAll(id);
+    QString reason = generalProblem(id);
     if (!reason.isEmpty())
         return reason;
     cl_int error = CL_SUCCESS;
@@ -116,25 +114,6 @@ QString device::whyNot(cl_device_id id, QSize size, int count)
     const opencl::Queue queue(clCreateCommandQueue(context.get(), id, 0, &error));
     if (!queue)
         return withError(QStringLiteral("it takes no commands"), error);
-    reason = whyNotTheProgram(id, context.get());
-    return reason.isEmpty() ? whyNotTheSize(id, context.get(), size, count) : reason;
-}
-
-std::unique_ptr<QImage> device::merge(cl_device_id id, const QList<QImage *> &pictures)
-{
-    const QSize size = pictures.first()->size();
-    std::vector<QImage> words;
-    std::vector<uchar *> in;
-    for (const QImage *picture : pictures) {
-        words.push_back(pixels::asWords(*picture));
-        in.push_back(words.back().bits());
-        if (!in.back())
-            return nullptr;
-    }
-    auto merged = std::make_unique<QImage>(size, QImage::Format_RGB32);
-    if (merged->isNull())
-        return nullptr;
-    const DeviceMerge outcome = mergeOnDevice(id, merged->bits(), in.data(), size.width(),
-                                              size.height(), static_cast<int>(in.size()));
-    return outcome.isComplete ? std::move(merged) : nullptr;
+    reason = programProblem(id, context.get());
+    return reason.isEmpty() ? memoryProblem(id, context.get(), size, count) : reason;
 }
