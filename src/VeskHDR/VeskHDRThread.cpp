@@ -34,6 +34,11 @@ void VeskHDRThread::setParams(QList<QImage *> images, QImage *&result, QDialog *
     align = alignFirst;
 }
 
+void VeskHDRThread::allowReuseOfPixels()
+{
+    mayReusePixels = true;
+}
+
 void VeskHDRThread::getData(QImage *&out) const
 {
     out = resultImage;
@@ -72,6 +77,7 @@ void VeskHDRThread::mergePictures()
     merge::Options options;
     options.align = align;
     options.onDevice = useOpenCL;
+    options.mayReusePixels = mayReusePixels;
     if (useOpenCL)
         options.device = VeskDeviceInfo::getInstance()->getCurrentOpenCLDeviceID();
     merge::Outcome outcome = merge::mergePictures(imageList, options);

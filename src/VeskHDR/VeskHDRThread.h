@@ -47,6 +47,11 @@ public:
     void setParams(QList<QImage *> images, QImage *&result, QDialog *toClose, bool onDevice,
                    bool alignFirst);
 
+    /// For pictures that own their pixels, which nobody else knows: the alignment then moves them
+    /// where they are and needs no memory for new ones. Otherwise it does not write to them, for a
+    /// picture may only borrow its memory. Before start.
+    void allowReuseOfPixels();
+
     /// The merged image (QImage::Format_RGB32), with the colour profile and resolution of the first
     /// picture, which the caller takes over; what setParams was given when there is none.
     void getData(QImage *&out) const;
@@ -74,4 +79,5 @@ private:
     quint64 elapsedTicks = 0;
     bool useOpenCL = true;
     bool align = true;
+    bool mayReusePixels = false;
 };

@@ -173,7 +173,9 @@ QImage VeskToolHDR::convertRaw(const QString &path)
         canvas->stopCanvasTimer();
     VeskRaw *converter = VeskRaw::getInstance();
     converter->activate(path, panel, false);
-    const std::unique_ptr<QImage> picture(converter->grabConvertedPicture());
+    std::unique_ptr<QImage> picture(converter->grabConvertedPicture());
+    if (picture)
+        *picture = picture->copy(); // the merge writes to it: the memory must be the tool's own
     if (!picture || picture->isNull())
         return {};
     if (canvas) {
@@ -280,6 +282,7 @@ void VeskToolHDR::apply()
     VeskHDRThread worker(nullptr);
     QImage *none = nullptr;
     worker.setParams(imageList(), none, &indicator, useOpenCL, useAlignment);
+    worker.allowReuseOfPixels();
     const bool isStarted = startWorker(worker);
     if (isStarted) {
         indicator.exec();

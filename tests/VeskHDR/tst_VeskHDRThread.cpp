@@ -237,6 +237,7 @@ private slots:
     void run_result_hasTheProfileAndResolutionOfTheFirstPicture();
     void run_time_countsTheAlignmentButNotTheDeleting_data();
     void run_time_countsTheAlignmentButNotTheDeleting();
+    void run_allowedToReusePixels_givesTheSameResult();
     void run_borrowedPixels_areNotWritten_data();
     void run_borrowedPixels_areNotWritten();
     void run_differentSizesOnProcessor_failsKeepsPicturesAndClosesOnce_data();
@@ -464,6 +465,19 @@ void TestVeskHDRThread::run_time_countsTheAlignmentButNotTheDeleting()
     // The alignment deletes two pictures; all that is left goes after the last reading.
     QCOMPARE(worker.getTime(), quint64(align ? 2 * kTicksPerPicture : 0));
 #endif
+}
+
+void TestVeskHDRThread::run_allowedToReusePixels_givesTheSameResult()
+{
+    QList<QImage *> pictures;
+    for (const QImage &picture : bracket())
+        pictures += new QImage(picture.copy());
+    ClosedDialog dialog;
+    VeskHDRThread worker;
+    prepare(worker, pictures, dialog, false, true);
+    worker.allowReuseOfPixels();
+    runBehind(dialog, worker);
+    QCOMPARE(*resultOf(worker), mergedByHand(bracket(), true));
 }
 
 void TestVeskHDRThread::run_borrowedPixels_areNotWritten_data()
