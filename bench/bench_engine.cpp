@@ -6,7 +6,6 @@
 #include "bench_pictures.h"
 #include "exposure_merge.h"
 #include "exposure_merge_plain.h"
-#include "mtb_alignment.h"
 #include "mtb_alignment_plain.h"
 #include "mtb_shifts.h"
 #include "parallel_rows.h"
@@ -66,12 +65,13 @@ void timeFloor(State &state, const BenchBracket &bracket, int threads)
 
 void alignPlain(QList<QImage *> &pictures)
 {
-    shift::pictures(pictures, mtb::summedShifts(pairShiftsPlain(pictures)), shift::Memory::New);
+    shift::pictures(pictures, mtb::summedShifts(plain::pairShifts(pictures)), shift::Memory::New);
 }
 
+/// As the tool and the command line align pictures that they own.
 void alignFast(QList<QImage *> &pictures)
 {
-    mtb_alignment(false, pictures);
+    mtb::alignPictures(pictures, false, shift::Memory::Reused);
 }
 
 template <typename Merge>
@@ -110,8 +110,8 @@ void add(const std::string &name, int repetitions, Work work)
 void verify(const BenchBracket &bracket)
 {
     const std::unique_ptr<QImage> fast(mergeExposures(bracket.list()));
-    const std::unique_ptr<QImage> plain(mergeExposuresPlain(bracket.list()));
-    if (*fast != *plain || mtb::pairShifts(bracket.list()) != pairShiftsPlain(bracket.list())) {
+    const std::unique_ptr<QImage> plain(plain::mergeExposures(bracket.list()));
+    if (*fast != *plain || mtb::pairShifts(bracket.list()) != plain::pairShifts(bracket.list())) {
         std::fprintf(stderr, "bench_engine: the fast code and the plain code differ\n");
         std::exit(1);
     }
@@ -126,7 +126,7 @@ void addAll(const std::string &prefix, const BenchBracket &bracket)
     add(prefix + "floor, one thread", 15, [&](State &s) { timeFloor<count>(s, bracket, 1); });
     add(prefix + "floor, all cores", 15, [&](State &s) { timeFloor<count>(s, bracket, 0); });
     add(prefix + "merge plain", 3,
-        [&](State &s) { timeMerge(s, bracket, 1, mergeExposuresPlain); });
+        [&](State &s) { timeMerge(s, bracket, 1, plain::mergeExposures); });
     add(prefix + "merge, one thread", 15,
         [&](State &s) { timeMerge(s, bracket, 1, mergeExposures); });
     add(prefix + "merge, all cores", 15,

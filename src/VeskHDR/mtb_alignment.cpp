@@ -53,7 +53,8 @@ void getExpShift(const QImage *img1, int threshold1, const QImage *img2, int thr
         if (isFastPair(*img1, *img2))
             searchGrey(*img1, threshold1, *img2, threshold2, tolerance, level, shiftX, shiftY);
         else
-            getExpShiftPlain(img1, threshold1, img2, threshold2, tolerance, level, shiftX, shiftY);
+            plain::getExpShift(img1, threshold1, img2, threshold2, tolerance, level, shiftX,
+                               shiftY);
     });
 }
 
@@ -66,7 +67,7 @@ void mtbalign(bool skipSearch, const QImage *img1, const QImage *img2, double pe
         if (isFastPair(*img1, *img2))
             searchPictures(*img1, *img2, percentile, tolerance, levels, shiftX, shiftY);
         else
-            mtbalignPlain(skipSearch, img1, img2, percentile, tolerance, levels, shiftX, shiftY);
+            plain::mtbalign(skipSearch, img1, img2, percentile, tolerance, levels, shiftX, shiftY);
     });
 }
 

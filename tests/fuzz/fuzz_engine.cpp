@@ -69,7 +69,7 @@ void requireEqual(const QImage *one, const QImage *other)
 void mergeBothWays(const QList<QImage *> &pictures)
 {
     const std::unique_ptr<QImage> fast(mergeExposures(pictures));
-    const std::unique_ptr<QImage> plain(mergeExposuresPlain(pictures));
+    const std::unique_ptr<QImage> plain(plain::mergeExposures(pictures));
     requireEqual(fast.get(), plain.get());
 }
 
@@ -91,7 +91,7 @@ void shiftBothWays(const QList<QImage *> &pictures, const std::vector<QPoint> &s
 void alignBothWays(const QList<QImage *> &pictures)
 {
     const std::vector<QPoint> shifts = mtb::pairShifts(pictures);
-    FUZZ_REQUIRE(shifts == pairShiftsPlain(pictures));
+    FUZZ_REQUIRE(shifts == plain::pairShifts(pictures));
     const std::vector<QPoint> sums = mtb::summedShifts(shifts);
     shiftBothWays(pictures, sums, shift::Memory::New);
     shiftBothWays(pictures, sums, shift::Memory::Reused);

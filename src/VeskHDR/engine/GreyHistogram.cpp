@@ -41,7 +41,7 @@ GreyHistogram GreyCounter::histogram() const
     return histogram;
 }
 
-int percentileLevel(const std::vector<double> &cumulative, double percentile)
+int GreyHistogram::percentileLevel(const std::vector<double> &cumulative, double percentile)
 {
     const auto found = std::find_if(cumulative.begin(), cumulative.end(),
                                     [=](double fraction) { return fraction >= percentile; });

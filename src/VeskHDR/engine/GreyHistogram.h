@@ -16,6 +16,10 @@ struct GreyHistogram
 
     /// Entry i: the fraction of `pixelCount` pixels whose level is at most i. 256 entries.
     std::vector<double> cumulative(double pixelCount) const;
+
+    /// Smallest grey level that at least this fraction (0..1) of the pixels does not exceed, from a
+    /// cumulative histogram; 256 if there is none.
+    static int percentileLevel(const std::vector<double> &cumulative, double percentile);
 };
 
 /// Counts grey levels, fewer than 2^32 in all.
@@ -30,7 +34,3 @@ private:
     // other.
     std::array<std::array<uint32_t, 256>, 4> sets = {};
 };
-
-/// Smallest grey level that at least this fraction (0..1) of the pixels does not exceed, from a
-/// cumulative histogram; 256 if there is none.
-int percentileLevel(const std::vector<double> &cumulative, double percentile);

@@ -87,7 +87,7 @@ QImage *merge(const QList<QImage *> &pictures)
 
 } // namespace
 
-QImage *mergeExposuresPlain(const QList<QImage *> &pictures)
+QImage *plain::mergeExposures(const QList<QImage *> &pictures)
 {
     try {
         return merge(pictures);

@@ -22,6 +22,8 @@
 #ifndef VESK_MERGE_LOOK_UP
 #define VESK_MERGE_LOOK_UP
 
+namespace merge_rows {
+
 /// Outside of the vector targets and without floats, so that the compiler makes no gather of it.
 /// What bounds it are loads and stores, hence two indexes with one load.
 inline void lookUp(const uint32_t *indexes, size_t size, const float *table, float *weights)
@@ -40,6 +42,8 @@ inline void lookUp(const uint32_t *indexes, size_t size, const float *table, flo
     if (x < size)
         copy(indexes[x], weights + x);
 }
+
+} // namespace merge_rows
 
 #endif
 

@@ -15,7 +15,7 @@ constexpr size_t kLargePage = size_t(2) << 20;
 
 } // namespace
 
-QImage largeImage(QSize size, QImage::Format format)
+QImage pixels::largeImage(QSize size, QImage::Format format)
 {
 #ifdef MADV_HUGEPAGE
     if (!size.isValid())

@@ -1,7 +1,6 @@
 #include "mtb_alignment_plain.h"
 
 #include "mtb_primitives.h"
-#include "mtb_shifts.h"
 
 #include <algorithm>
 #include <memory>
@@ -17,6 +16,17 @@ QImage halved(const QImage &image)
                         Qt::IgnoreAspectRatio, Qt::FastTransformation);
 }
 
+constexpr int kMostLevels = 30; // beyond, shifts would not fit an int
+
+/// How often the smaller side can be halved until it is shorter than 128.
+int levelsFor(QSize size)
+{
+    int levels = 0;
+    for (int side = std::min(size.width(), size.height()); side >= 128; side /= 2)
+        ++levels;
+    return levels;
+}
+
 /// The smallest level that at least this fraction of the pixels does not exceed, 256 if none.
 int thresholdAt(const std::vector<double> &cdf, double percentile)
 {
@@ -28,18 +38,18 @@ int thresholdAt(const std::vector<double> &cdf, double percentile)
 
 } // namespace
 
-void getExpShiftPlain(const QImage *img1, int threshold1, const QImage *img2, int threshold2,
-                      int tolerance, int level, int &shiftX, int &shiftY)
+void plain::getExpShift(const QImage *img1, int threshold1, const QImage *img2, int threshold2,
+                        int tolerance, int level, int &shiftX, int &shiftY)
 {
     int startX = -1;
     int startY = -1;
-    level = std::min(level, mtb::kMostLevels);
+    level = std::min(level, kMostLevels);
     if (level > 0) {
         const QImage half1 = halved(*img1);
         const QImage half2 = halved(*img2);
         int x = 0;
         int y = 0;
-        getExpShiftPlain(&half1, threshold1, &half2, threshold2, tolerance, level - 1, x, y);
+        plain::getExpShift(&half1, threshold1, &half2, threshold2, tolerance, level - 1, x, y);
         startX = 2 * x - 1;
         startY = 2 * y - 1;
     }
@@ -72,8 +82,8 @@ void getExpShiftPlain(const QImage *img1, int threshold1, const QImage *img2, in
     }
 }
 
-void mtbalignPlain(bool skipSearch, const QImage *img1, const QImage *img2, double percentile,
-                   int tolerance, int levels, int &shiftX, int &shiftY)
+void plain::mtbalign(bool skipSearch, const QImage *img1, const QImage *img2, double percentile,
+                     int tolerance, int levels, int &shiftX, int &shiftY)
 {
     QImage grey1(img1->size(), QImage::Format_Indexed8);
     QImage grey2(img2->size(), QImage::Format_Indexed8);
@@ -84,17 +94,18 @@ void mtbalignPlain(bool skipSearch, const QImage *img1, const QImage *img2, doub
     const int threshold1 = thresholdAt(cdf1, percentile);
     const int threshold2 = thresholdAt(cdf2, percentile);
     if (!skipSearch)
-        getExpShiftPlain(&grey1, threshold1, &grey2, threshold2, tolerance, levels, shiftX, shiftY);
+        plain::getExpShift(&grey1, threshold1, &grey2, threshold2, tolerance, levels, shiftX,
+                           shiftY);
 }
 
-std::vector<QPoint> pairShiftsPlain(const QList<QImage *> &pictures)
+std::vector<QPoint> plain::pairShifts(const QList<QImage *> &pictures)
 {
-    const int levels = mtb::pyramidLevels(pictures.first()->size());
+    const int levels = levelsFor(pictures.first()->size());
     std::vector<QPoint> shifts;
     for (int i = 0; i + 1 < pictures.size(); ++i) {
         QPoint shift;
-        mtbalignPlain(false, pictures[i], pictures[i + 1], mtb::kMedian, mtb::kTolerance, levels,
-                      shift.rx(), shift.ry());
+        plain::mtbalign(false, pictures[i], pictures[i + 1], 0.5, 4, levels, shift.rx(),
+                        shift.ry());
         shifts.push_back(shift);
     }
     return shifts;

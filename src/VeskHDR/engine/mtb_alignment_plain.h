@@ -11,11 +11,15 @@
 // that takes over where the pictures of a pair differ in size. It shares no step with the fast
 // code.
 
-void getExpShiftPlain(const QImage *img1, int threshold1, const QImage *img2, int threshold2,
-                      int tolerance, int level, int &shiftX, int &shiftY);
+namespace plain {
 
-void mtbalignPlain(bool skipSearch, const QImage *img1, const QImage *img2, double percentile,
-                   int tolerance, int levels, int &shiftX, int &shiftY);
+void getExpShift(const QImage *img1, int threshold1, const QImage *img2, int threshold2,
+                 int tolerance, int level, int &shiftX, int &shiftY);
 
-/// mtb::pairShifts, plainly.
-std::vector<QPoint> pairShiftsPlain(const QList<QImage *> &pictures);
+void mtbalign(bool skipSearch, const QImage *img1, const QImage *img2, double percentile,
+              int tolerance, int levels, int &shiftX, int &shiftY);
+
+/// mtb::pairShifts (mtb_shifts.h), plainly: thresholds at the median, tolerance 4.
+std::vector<QPoint> pairShifts(const QList<QImage *> &pictures);
+
+} // namespace plain

@@ -1,7 +1,6 @@
 #include "mtb_search.h"
 
 #include "mtb_rows.h"
-#include "mtb_shifts.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
 
@@ -238,7 +237,8 @@ mtb::BitmapPyramid mtb::bitmapPyramid(const QImage &picture, double percentile, 
 {
     const GreyHistogram histogram = makeGrey(picture, grey);
     const double pixelCount = static_cast<double>(picture.width()) * picture.height();
-    const int threshold = percentileLevel(histogram.cumulative(pixelCount), percentile);
+    const int threshold =
+        GreyHistogram::percentileLevel(histogram.cumulative(pixelCount), percentile);
     return bitmapPyramid(grey, threshold, tolerance, halvings);
 }
 

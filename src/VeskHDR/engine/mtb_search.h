@@ -21,6 +21,9 @@
 // the picture it is compared with, so it is computed once and used for both of its neighbours.
 namespace mtb {
 
+/// A search on more levels than these is one on these: its largest shift just fits an int.
+constexpr int kMostLevels = 30;
+
 /// Grey levels 0..255 of a picture, row by row.
 class GreyImage
 {

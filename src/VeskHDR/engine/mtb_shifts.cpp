@@ -36,7 +36,7 @@ int mtb::largestFindableShift(int levels)
 std::vector<QPoint> mtb::pairShifts(const QList<QImage *> &pictures)
 {
     if (!sameSize(pictures))
-        return pairShiftsPlain(pictures);
+        return plain::pairShifts(pictures);
     const QSize size = pictures.first()->size();
     const std::vector<Halving> halvings = mtb::halvings(size, pyramidLevels(size));
     std::vector<QPoint> shifts(static_cast<size_t>(pictures.size()) - 1);

@@ -17,9 +17,6 @@ namespace mtb {
 constexpr double kMedian = 0.5;
 constexpr int kTolerance = 4;
 
-/// A search on more levels than these is one on these: its largest shift just fits an int.
-constexpr int kMostLevels = 30;
-
 /// Levels of the search above the full size, for pictures of this size: floor(log2 of the smaller
 /// side) - 6, at least 0.
 int pyramidLevels(QSize size);

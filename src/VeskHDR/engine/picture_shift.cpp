@@ -114,7 +114,7 @@ void replace(QImage *&picture, Make make, QPoint offset)
 
 QImage shift::copy(const QImage &words, int dx, int dy)
 {
-    QImage shifted = largeImage(words.size(), QImage::Format_ARGB32);
+    QImage shifted = pixels::largeImage(words.size(), QImage::Format_ARGB32);
     if (!shifted.isNull())
         copyPixels<QRgb>(words, dx, dy, shifted);
     return shifted;

@@ -48,11 +48,30 @@ QImage pictures::noise(QSize size, QImage::Format format, std::mt19937 &random)
         format == QImage::Format_MonoLSB) {
         // Some indexes have no entry, as in a damaged file.
         const int entries = format == QImage::Format_Indexed8 ? 200 : 2;
-        QVector<QRgb> table(entries);
+        QList<QRgb> table(entries);
         std::generate(table.begin(), table.end(), [&] { return static_cast<QRgb>(random()); });
         image.setColorTable(table);
     }
     return image;
+}
+
+QImage pictures::greyNoise(QSize size, std::mt19937 &random)
+{
+    QList<QRgb> table;
+    for (int level = 0; level < 256; ++level)
+        table.append(qRgb(level, level, level));
+    QImage grey = noise(size, QImage::Format_Indexed8, random);
+    grey.setColorTable(table);
+    return grey;
+}
+
+std::unique_ptr<QImage> pictures::greyRow(const QList<int> &levels)
+{
+    auto grey = std::make_unique<QImage>(int(levels.size()), 1, QImage::Format_Indexed8);
+    grey->setColorTable({0xFF000000, 0xFFFFFFFF});
+    for (int x = 0; x < levels.size(); ++x)
+        grey->scanLine(0)[x] = uchar(levels[x]);
+    return grey;
 }
 
 QImage pictures::scene(QSize size, QPoint origin, double exposure, uint32_t seed)

@@ -94,7 +94,7 @@ private slots:
 void ExposureMergeTest::emptyList_givesNull()
 {
     QVERIFY(!mergeExposures({}));
-    QVERIFY(!mergeExposuresPlain({}));
+    QVERIFY(!plain::mergeExposures({}));
 }
 
 void ExposureMergeTest::nullPointer_givesNull()
@@ -163,7 +163,7 @@ void ExposureMergeTest::laterPictureOfOtherSize_givesNull()
     const Picture a = uniform({8, 5}, qRgb(10, 20, 30));
     const Picture b = uniform({8, 5}, qRgb(30, 20, 10));
     const Picture odd = uniform(other, qRgb(1, 1, 1));
-    for (const auto merge : {mergeExposures, mergeExposuresPlain}) {
+    for (const auto merge : {mergeExposures, plain::mergeExposures}) {
         QVERIFY(!merge({a.get(), odd.get(), b.get()}));
         QVERIFY(!merge({a.get(), b.get(), odd.get()}));
     }
@@ -221,7 +221,7 @@ void ExposureMergeTest::pixels_followTheDefinition()
                 std::make_unique<QImage>(pictures::noise({61, 40}, QImage::Format_ARGB32, random)));
         const QList<QImage *> list = pictures::list(owned);
         const Picture merged(mergeExposures(list));
-        const Picture plain(mergeExposuresPlain(list));
+        const Picture plain(plain::mergeExposures(list));
         for (int y = 0; y < 40; ++y) {
             for (int x = 0; x < 61; ++x) {
                 QCOMPARE(plain->pixel(x, y), expectedPixel(list, x, y));
@@ -231,7 +231,8 @@ void ExposureMergeTest::pixels_followTheDefinition()
     }
 }
 
-/// FNV-1a over the bytes of the weights, the lowest first, from the start that was recorded with it.
+/// FNV-1a over the bytes of the weights, the lowest first, from the start that was recorded with
+/// it.
 void ExposureMergeTest::weights_ofEveryPair_areTheRecordedOnes()
 {
     const auto addTo = [](quint64 &hash, float weight) {
@@ -302,7 +303,7 @@ void ExposureMergeTest::everyPairOfLargestAndSmallestChannel_equalsThePlainCode(
         QVERIFY2(forced.isRunning(), hwy::TargetName(target));
         for (const QList<QImage *> &list : {QList<QImage *>{&pairs}, {&pairs, &mirrored}}) {
             const Picture merged(mergeExposures(list));
-            const Picture plain(mergeExposuresPlain(list));
+            const Picture plain(plain::mergeExposures(list));
             QVERIFY2(*merged == *plain, hwy::TargetName(target));
         }
     }
@@ -326,7 +327,7 @@ void ExposureMergeTest::randomPicturesOfAllFormats_equalThePlainCode()
         const vectorTargets::Forced forced(targets[size_t(round) % targets.size()]);
         QVERIFY(forced.isRunning());
         const Picture merged(mergeExposures(list));
-        const Picture plain(mergeExposuresPlain(list));
+        const Picture plain(plain::mergeExposures(list));
         QVERIFY2(*merged == *plain, qPrintable(QStringLiteral("round %1, %2 pictures, %3 x %4")
                                                    .arg(round)
                                                    .arg(count)
@@ -342,7 +343,7 @@ void ExposureMergeTest::threadCounts_giveTheSamePixels()
     for (int i = 0; i < 3; ++i)
         owned.push_back(
             std::make_unique<QImage>(pictures::noise({101, 211}, QImage::Format_RGB32, random)));
-    const Picture plain(mergeExposuresPlain(pictures::list(owned)));
+    const Picture plain(plain::mergeExposures(pictures::list(owned)));
     for (const int threads : {1, 2, 3, 7, 64}) {
         parallel::setThreadLimit(threads);
         const Picture merged(mergeExposures(pictures::list(owned)));
@@ -362,7 +363,7 @@ void ExposureMergeTest::paddedRows_areNotRead()
     QImage padded(buffer.data() + 4, width, height, bytesPerLine, QImage::Format_RGB32);
     QImage tight = padded.copy();
     const Picture merged(mergeExposures({&padded, &tight}));
-    const Picture plain(mergeExposuresPlain({&tight, &tight}));
+    const Picture plain(plain::mergeExposures({&tight, &tight}));
     QCOMPARE(*merged, *plain);
 }
 
@@ -382,7 +383,7 @@ void ExposureMergeTest::photographs_equalThePlainCode()
     pictures::Owned owned;
     for (const QString &path : paths.mid(0, 3))
         owned.push_back(std::make_unique<QImage>(QImageReader(path).read()));
-    const Picture plain(mergeExposuresPlain(pictures::list(owned)));
+    const Picture plain(plain::mergeExposures(pictures::list(owned)));
     for (const int64_t target : vectorTargets::all()) {
         const vectorTargets::Forced forced(target);
         QVERIFY2(forced.isRunning(), hwy::TargetName(target));
