@@ -23,6 +23,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QColorSpace>
 #include <QListWidget>
 #include <QProcess>
 #include <QtTest>
@@ -144,6 +145,8 @@ private slots:
     void apply_success_removesTheOldDocumentAndDeletesItLater();
     void apply_success_mergesWhatTheFlagsSay_data();
     void apply_success_mergesWhatTheFlagsSay();
+    void apply_success_keepsProfileAndResolutionOfTheFirstFile_data();
+    void apply_success_keepsProfileAndResolutionOfTheFirstFile();
     void apply_freshTool_alignsAndMergesOnTheDevice();
     void apply_success_callsTheEditorInOrder();
     void apply_histogram_isRefreshedOnlyWhenVisible_data();
@@ -255,6 +258,41 @@ void TestMergeCommand::apply_success_mergesWhatTheFlagsSay()
     MessageBoxAnswerer boxes;
     clickOk(session);
     QCOMPARE(mergedPicture(), mergedByHand(paths, align));
+}
+
+void TestMergeCommand::apply_success_keepsProfileAndResolutionOfTheFirstFile_data()
+{
+    QTest::addColumn<bool>("useOpenCL");
+    QTest::newRow("processor") << false;
+    QTest::newRow("OpenCL") << true;
+}
+
+/// What the editor saves is the layer's picture.
+void TestMergeCommand::apply_success_keepsProfileAndResolutionOfTheFirstFile()
+{
+    QFETCH(bool, useOpenCL);
+    constexpr int k300Dpi = 11811;
+    ToolSession session;
+    QStringList paths;
+    for (const QString &path : session.writePictures(3, kSize)) {
+        QImage picture(path);
+        picture.setColorSpace(QColorSpace::DisplayP3);
+        picture.setDotsPerMeterX(k300Dpi);
+        picture.setDotsPerMeterY(k300Dpi);
+        paths += path + QStringLiteral(".png");
+        QVERIFY(picture.save(paths.last()));
+    }
+    fill(session, paths);
+    session.tool->setCuda(useOpenCL);
+    MessageBoxAnswerer boxes;
+    clickOk(session);
+    const auto *layer = qobject_cast<VeskLayer *>(currentDocument()->getLayerManager()->layerAt(0));
+    QVERIFY(layer);
+    const QImage merged = layer->getVeskPictureHost()->getImage();
+    QVERIFY(merged.colorSpace().isValid());
+    QCOMPARE(merged.colorSpace().primaries(), QColorSpace::Primaries::DciP3D65);
+    QCOMPARE(merged.dotsPerMeterX(), k300Dpi);
+    QCOMPARE(merged.dotsPerMeterY(), k300Dpi);
 }
 
 void TestMergeCommand::apply_freshTool_alignsAndMergesOnTheDevice()
