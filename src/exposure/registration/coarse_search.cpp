@@ -1,0 +1,161 @@
+#include "coarse_search.h"
+
+#include "correlation.h"
+#include "parallel_rows.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace registration {
+namespace {
+
+constexpr int kSmallestShare = 3; ///< shifts reach a third of the picture
+
+/// A level as numbers to multiply, zero where there is nothing, with sums of squares.
+class CoarseView
+{
+public:
+    CoarseView(int columns, int lines)
+        : width(columns)
+        , height(lines)
+        , values(size_t(columns) * size_t(lines))
+        , sums(size_t(columns + 1) * size_t(lines + 1))
+    {
+    }
+
+    int16_t *row(int y) { return values.data() + size_t(y) * size_t(width); }
+    const int16_t *row(int y) const { return values.data() + size_t(y) * size_t(width); }
+
+    /// To call when all values are there.
+    void sumUp()
+    {
+        for (int y = 0; y < height; ++y) {
+            int64_t line = 0;
+            for (int x = 0; x < width; ++x) {
+                line += row(y)[x] * row(y)[x];
+                sumAt(x + 1, y + 1) = sumAt(x + 1, y) + line;
+            }
+        }
+    }
+
+    int64_t squaresIn(int x, int y, QSize size) const
+    {
+        const auto at = [this](int column, int line) {
+            return sums[size_t(line) * size_t(width + 1) + size_t(column)];
+        };
+        const int right = x + size.width();
+        const int bottom = y + size.height();
+        return at(right, bottom) - at(x, bottom) - at(right, y) + at(x, y);
+    }
+
+    const int width;
+    const int height;
+
+private:
+    int64_t &sumAt(int x, int y) { return sums[size_t(y) * size_t(width + 1) + size_t(x)]; }
+
+    std::vector<int16_t> values;
+    std::vector<int64_t> sums; ///< of the squares above and to the left
+};
+
+CoarseView straightView(const NormalisedPlane &plane)
+{
+    CoarseView view(plane.width, plane.height);
+    for (int y = 0; y < plane.height; ++y) {
+        for (int x = 0; x < plane.width; ++x)
+            view.row(y)[x] = plane.row(y)[x] != kNothing ? plane.row(y)[x] : int8_t{0};
+    }
+    view.sumUp();
+    return view;
+}
+
+/// A turn about the middle of a plane of this size, from the view to the plane.
+Matrix turnAbout(QSizeF size, double degrees)
+{
+    const double angle = degrees * 3.14159265358979323846 / 180.0;
+    const double c = std::cos(angle);
+    const double s = std::sin(angle);
+    const double x = (size.width() - 1) / 2.0;
+    const double y = (size.height() - 1) / 2.0;
+    return {c, -s, x - c * x + s * y, s, c, y - s * x - c * y, 0, 0, 1};
+}
+
+CoarseView turnedView(const NormalisedPlane &plane, double degrees)
+{
+    CoarseView view(plane.width, plane.height);
+    const Matrix turn = turnAbout(QSizeF(plane.width, plane.height), degrees);
+    for (int y = 0; y < plane.height; ++y) {
+        for (int x = 0; x < plane.width; ++x) {
+            const QPoint from = mapped(turn, QPointF(x, y)).toPoint();
+            const bool isInside = from.x() >= 0 && from.y() >= 0 && from.x() < plane.width
+                                  && from.y() < plane.height;
+            const int8_t value = isInside ? plane.row(from.y())[from.x()] : kNothing;
+            view.row(y)[x] = value != kNothing ? value : int8_t{0};
+        }
+    }
+    view.sumUp();
+    return view;
+}
+
+struct Shift
+{
+    int x = 0;
+    int y = 0;
+    double score = -1.0;
+    double rank = -1.0; ///< the score, less where little overlaps
+};
+
+Shift shiftScore(const CoarseView &reference, const CoarseView &shot, int dx, int dy)
+{
+    const int left = std::max(0, -dx);
+    const int top = std::max(0, -dy);
+    const QSize common(std::min(reference.width, shot.width - dx) - left,
+                       std::min(reference.height, shot.height - dy) - top);
+    if (common.isEmpty())
+        return {};
+    int64_t products = 0;
+    for (int y = top; y < top + common.height(); ++y) {
+        products += dotProduct(reference.row(y) + left, shot.row(y + dy) + left + dx,
+                               static_cast<size_t>(common.width()));
+    }
+    const double squares = double(reference.squaresIn(left, top, common))
+                           * double(shot.squaresIn(left + dx, top + dy, common));
+    const double score = double(products) / std::sqrt(std::max(1.0, squares));
+    const double share = double(common.width()) * common.height()
+                         / (double(reference.width) * reference.height);
+    return {dx, dy, score, score * std::sqrt(share)};
+}
+
+Shift bestShift(const CoarseView &reference, const CoarseView &shot,
+                const std::atomic<bool> &isCancelled)
+{
+    const int reachX = reference.width / kSmallestShare;
+    const int reachY = reference.height / kSmallestShare;
+    std::vector<Shift> best(static_cast<size_t>(2 * reachY + 1));
+    parallel::each(2 * reachY + 1, [&](int i) {
+        for (int dx = -reachX; dx <= reachX && !isCancelled; ++dx) {
+            const Shift shift = shiftScore(reference, shot, dx, i - reachY);
+            if (shift.rank > best[size_t(i)].rank)
+                best[size_t(i)] = shift;
+        }
+    });
+    return *std::max_element(best.begin(), best.end(),
+                             [](const Shift &a, const Shift &b) { return a.rank < b.rank; });
+}
+
+} // namespace
+
+CoarseStart coarseStart(const ShotPyramid &reference, const ShotPyramid &shot, double degrees,
+                        const std::atomic<bool> &isCancelled)
+{
+    const size_t level = std::min(reference.levels.size(), shot.levels.size()) - 1;
+    const CoarseView referenceView = straightView(reference.levels[level]);
+    const NormalisedPlane &plane = shot.levels[level];
+    const CoarseView shotView = degrees == 0.0 ? straightView(plane) : turnedView(plane, degrees);
+    const Shift shift = bestShift(referenceView, shotView, isCancelled);
+    const double scale = reference.scale(level);
+    const Matrix turn = turnAbout(QSizeF(shot.size), degrees);
+    return {product(turn, shiftMatrix(shift.x * scale, shift.y * scale)), shift.score};
+}
+
+} // namespace registration

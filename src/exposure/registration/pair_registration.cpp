@@ -1,0 +1,169 @@
+#include "pair_registration.h"
+
+#include "coarse_search.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace registration {
+namespace {
+
+constexpr int kLeastSide = 16;           ///< of the finest level
+constexpr double kSettled = 0.5;         ///< confidence that needs no other start
+constexpr double kOtherTurns[] = {-5.0, 5.0, -10.0, 10.0};
+constexpr double kWholeShiftPixels = 0.2; ///< that a whole-pixel shift may set a corner apart
+constexpr int kLeastTextured = 6;
+constexpr double kLeastStretch = 0.7; ///< of an area, by a hand-held camera
+constexpr double kMostStretch = 1.4;
+
+/// The search at one level.
+MatchSearch searchAt(const ShotPyramid &reference, size_t level)
+{
+    const NormalisedPlane &plane = reference.levels[level];
+    const int sixth = std::min(plane.width, plane.height) / 6 / 16 * 16;
+    MatchSearch search;
+    search.level = level;
+    search.side = std::clamp(sixth, 16, level == 0 ? 96 : 64);
+    search.radius = level == 0 && reference.levels.size() > 2 ? 3 : 6;
+    return search;
+}
+
+bool isPlausible(const Matrix &map, QSize size)
+{
+    constexpr double kStep = 4.0;
+    for (QPointF corner : corners(size)) {
+        const QPointF origin = mapped(map, corner);
+        const QPointF x = (mapped(map, corner + QPointF(kStep, 0)) - origin) / kStep;
+        const QPointF y = (mapped(map, corner + QPointF(0, kStep)) - origin) / kStep;
+        const double stretch = x.x() * y.y() - x.y() * y.x();
+        if (!(stretch > kLeastStretch && stretch < kMostStretch))
+            return false;
+    }
+    return true;
+}
+
+/// Rises from 0 to 1 between two values.
+double ramp(double value, double from, double to)
+{
+    return std::clamp((value - from) / (to - from), 0.0, 1.0);
+}
+
+/// Three doubts, each of which can bring it down: that too small a part of the tiles agrees (up to
+/// a third of the picture may move), that too few do, that they are not alike.
+double confidenceOf(const MotionFit &fit, int textured)
+{
+    const double share = double(fit.inliers) / std::max(1, textured);
+    return ramp(share, 0.1, 0.55) * ramp(fit.inliers, 3, 12) * ramp(fit.meanScore, 0.2, 0.5)
+           * ramp(fit.coverage, 0.0, 0.2);
+}
+
+class Refinement
+{
+public:
+    Refinement(const ShotPyramid &referencePyramid, const ShotPyramid &shotPyramid, Kind most,
+               const std::atomic<bool> &cancelFlag)
+        : reference(referencePyramid)
+        , shot(shotPyramid)
+        , mostly(most)
+        , isCancelled(cancelFlag)
+    {
+    }
+
+    PairResult from(const Matrix &start)
+    {
+        map = start;
+        const size_t levels = std::min(reference.levels.size(), shot.levels.size());
+        double wideConfidence = 1.0;
+        for (size_t level = levels; level-- > 0 && !isCancelled;) {
+            step(searchAt(reference, level));
+            if (level <= 1)
+                wideConfidence = std::min(wideConfidence, confidenceOf(fit, textured));
+        }
+        MatchSearch polish = searchAt(reference, 0);
+        polish.radius = 2;
+        step(polish);
+        return isCancelled ? PairResult() : result(wideConfidence);
+    }
+
+private:
+    void step(const MatchSearch &search)
+    {
+        const MatchResult found = findMatches(reference, shot, map, search, isCancelled);
+        textured = found.textured;
+        fit = fitMotion(found.matches, map, reference.size, reference.scale(search.level), mostly);
+        if (fit.kind != Kind::Unaligned && isPlausible(fit.toShot, reference.size))
+            map = fit.toShot;
+        else
+            fit.kind = Kind::Unaligned;
+    }
+
+    PairResult result(double wideConfidence) const
+    {
+        PairResult pair;
+        if (fit.kind == Kind::Unaligned) {
+            pair.reason = textured < kLeastTextured ? Reason::NoDetail : Reason::NoMatch;
+            return pair;
+        }
+        pair.confidence = std::min(wideConfidence, confidenceOf(fit, textured));
+        pair.residualPixels = fit.residual;
+        if (fit.isWholeShiftAsGood
+            || cornerDistance(fit.wholeShift, fit.toShot, reference.size) <= kWholeShiftPixels)
+            takeWholeShift(pair);
+        else
+            take(pair, fit.kind, fit.toShot);
+        if (pair.confidence < kLeastConfidence)
+            pair.reason = textured < kLeastTextured ? Reason::NoDetail : Reason::NoMatch;
+        return pair;
+    }
+
+    static void take(PairResult &pair, Kind kind, const Matrix &toShot)
+    {
+        pair.kind = kind;
+        pair.toShot = toShot;
+        pair.reason = Reason::None;
+    }
+
+    void takeWholeShift(PairResult &pair) const
+    {
+        const bool isIdentity = fit.wholeShift == identityMatrix();
+        take(pair, isIdentity ? Kind::Identity : Kind::Shift, fit.wholeShift);
+    }
+
+    const ShotPyramid &reference;
+    const ShotPyramid &shot;
+    const Kind mostly;
+    const std::atomic<bool> &isCancelled;
+    Matrix map = identityMatrix();
+    MotionFit fit;
+    int textured = 0;
+};
+
+bool isTooSmall(const ShotPyramid &pyramid)
+{
+    return pyramid.levels.empty()
+           || std::min(pyramid.levels[0].width, pyramid.levels[0].height) < kLeastSide;
+}
+
+} // namespace
+
+PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
+                        const std::atomic<bool> &isCancelled)
+{
+    PairResult best;
+    best.reason = Reason::TooSmall;
+    if (isTooSmall(reference) || isTooSmall(shot))
+        return best;
+    Refinement refinement(reference, shot, mostly, isCancelled);
+    best = refinement.from(coarseStart(reference, shot, 0.0, isCancelled).toShot);
+    for (double degrees : kOtherTurns) {
+        if (best.confidence >= kSettled || isCancelled)
+            break;
+        const PairResult other =
+            refinement.from(coarseStart(reference, shot, degrees, isCancelled).toShot);
+        if (other.confidence > best.confidence)
+            best = other;
+    }
+    return best;
+}
+
+} // namespace registration

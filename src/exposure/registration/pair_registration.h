@@ -1,0 +1,24 @@
+#pragma once
+
+#include "motion_fit.h"
+
+namespace registration {
+
+/// How one shot lies over another, as found from the two alone.
+struct PairResult
+{
+    Kind kind = Kind::Unaligned;
+    Matrix toShot = identityMatrix(); ///< from the reference's pixel centres to the shot's
+    double confidence = 0.0;
+    double residualPixels = 0.0;
+    Reason reason = Reason::NoMatch;
+};
+
+/// From a coarse shift, level by level, to the motion: tiles of the reference are found in the
+/// shot, a motion is fitted, and the next level starts from it. When that ends in doubt, it is
+/// tried again from turns of some degrees. mostly: Kind::Rigid or Kind::Perspective. Any thread, reentrant; uses all cores inside.
+/// Throws std::bad_alloc. Returns an unaligned pair when cancelled.
+PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
+                        const std::atomic<bool> &isCancelled);
+
+} // namespace registration
