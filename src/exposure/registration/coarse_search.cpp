@@ -11,20 +11,35 @@ namespace {
 
 constexpr int kSmallestShare = 3; ///< shifts reach a third of the picture
 
-/// A level as numbers to multiply, zero where there is nothing, with sums of squares.
+int reachOf(int length)
+{
+    return length / kSmallestShare;
+}
+
+size_t padded(int length)
+{
+    return (size_t(length) + kRowPadding - 1) / kRowPadding * kRowPadding;
+}
+
+/// A level as numbers to multiply, zero where there is nothing and in margins all around, as wide
+/// as the search reaches; with sums of squares.
 class CoarseView
 {
 public:
-    CoarseView(int columns, int lines)
+    /// span: that rows can be read over, not counting the margins; at least the columns.
+    CoarseView(int columns, int lines, int span, int reach)
         : width(columns)
         , height(lines)
-        , values(size_t(columns) * size_t(lines))
+        , margin(reach)
+        , stride(padded(span) + 2 * size_t(reach))
+        , values(stride * size_t(lines))
         , sums(size_t(columns + 1) * size_t(lines + 1))
     {
     }
 
-    int16_t *row(int y) { return values.data() + size_t(y) * size_t(width); }
-    const int16_t *row(int y) const { return values.data() + size_t(y) * size_t(width); }
+    /// The first value; `margin` zeros before it, and behind the last as many after the padding.
+    int16_t *row(int y) { return values.data() + size_t(y) * stride + margin; }
+    const int16_t *row(int y) const { return values.data() + size_t(y) * stride + margin; }
 
     /// To call when all values are there.
     void sumUp()
@@ -50,17 +65,19 @@ public:
 
     const int width;
     const int height;
+    const int margin;
 
 private:
     int64_t &sumAt(int x, int y) { return sums[size_t(y) * size_t(width + 1) + size_t(x)]; }
 
+    const size_t stride;
     std::vector<int16_t> values;
     std::vector<int64_t> sums; ///< of the squares above and to the left
 };
 
-CoarseView straightView(const NormalisedPlane &plane)
+CoarseView straightView(const NormalisedPlane &plane, int span, int reach)
 {
-    CoarseView view(plane.width, plane.height);
+    CoarseView view(plane.width, plane.height, span, reach);
     for (int y = 0; y < plane.height; ++y) {
         for (int x = 0; x < plane.width; ++x)
             view.row(y)[x] = plane.row(y)[x] != kNothing ? plane.row(y)[x] : int8_t{0};
@@ -80,9 +97,9 @@ Matrix turnAbout(QSizeF size, double degrees)
     return {c, -s, x - c * x + s * y, s, c, y - s * x - c * y, 0, 0, 1};
 }
 
-CoarseView turnedView(const NormalisedPlane &plane, double degrees)
+CoarseView turnedView(const NormalisedPlane &plane, int span, int reach, double degrees)
 {
-    CoarseView view(plane.width, plane.height);
+    CoarseView view(plane.width, plane.height, span, reach);
     const Matrix turn = turnAbout(QSizeF(plane.width, plane.height), degrees);
     for (int y = 0; y < plane.height; ++y) {
         for (int x = 0; x < plane.width; ++x) {
@@ -114,10 +131,8 @@ Shift shiftScore(const CoarseView &reference, const CoarseView &shot, int dx, in
     if (common.isEmpty())
         return {};
     int64_t products = 0;
-    for (int y = top; y < top + common.height(); ++y) {
-        products += dotProduct(reference.row(y) + left, shot.row(y + dy) + left + dx,
-                               static_cast<size_t>(common.width()));
-    }
+    for (int y = top; y < top + common.height(); ++y)
+        products += dotProduct(reference.row(y), shot.row(y + dy) + dx, padded(reference.width));
     const double squares = double(reference.squaresIn(left, top, common))
                            * double(shot.squaresIn(left + dx, top + dy, common));
     const double score = double(products) / std::sqrt(std::max(1.0, squares));
@@ -129,8 +144,8 @@ Shift shiftScore(const CoarseView &reference, const CoarseView &shot, int dx, in
 Shift bestShift(const CoarseView &reference, const CoarseView &shot,
                 const std::atomic<bool> &isCancelled)
 {
-    const int reachX = reference.width / kSmallestShare;
-    const int reachY = reference.height / kSmallestShare;
+    const int reachX = reference.margin;
+    const int reachY = reachOf(reference.height);
     std::vector<Shift> best(static_cast<size_t>(2 * reachY + 1));
     parallel::each(2 * reachY + 1, [&](int i) {
         for (int dx = -reachX; dx <= reachX && !isCancelled; ++dx) {
@@ -149,9 +164,12 @@ CoarseStart coarseStart(const ShotPyramid &reference, const ShotPyramid &shot, d
                         const std::atomic<bool> &isCancelled)
 {
     const size_t level = std::min(reference.levels.size(), shot.levels.size()) - 1;
-    const CoarseView referenceView = straightView(reference.levels[level]);
     const NormalisedPlane &plane = shot.levels[level];
-    const CoarseView shotView = degrees == 0.0 ? straightView(plane) : turnedView(plane, degrees);
+    const int reach = reachOf(reference.levels[level].width);
+    const int span = std::max(reference.levels[level].width, plane.width);
+    const CoarseView referenceView = straightView(reference.levels[level], span, reach);
+    const CoarseView shotView = degrees == 0.0 ? straightView(plane, span, reach)
+                                               : turnedView(plane, span, reach, degrees);
     const Shift shift = bestShift(referenceView, shotView, isCancelled);
     const double scale = reference.scale(level);
     const Matrix turn = turnAbout(QSizeF(shot.size), degrees);

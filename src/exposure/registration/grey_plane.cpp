@@ -81,30 +81,7 @@ void readDeep(const QImage &picture, bool isHalved, int begin, int end, GreyPlan
     }
 }
 
-uint16_t meanOf(uint16_t a, uint16_t b, uint16_t c, uint16_t d)
-{
-    constexpr uint32_t kReciprocals[] = {0, 0, 32768, 21846, 16384}; ///< 65536 / count, rounded up
-    const uint32_t count = (a != kNoGrey) + (b != kNoGrey) + (c != kNoGrey) + (d != kNoGrey);
-    const uint32_t sum = (a != kNoGrey ? a : 0U) + (b != kNoGrey ? b : 0U) + (c != kNoGrey ? c : 0U)
-                         + (d != kNoGrey ? d : 0U);
-    return count < 2 ? kNoGrey : static_cast<uint16_t>((sum * kReciprocals[count] + 32768) >> 16);
-}
-
-void halveRow(const uint16_t *upper, const uint16_t *lower, int width, uint16_t *out)
-{
-    for (int x = 0; x < width; ++x)
-        out[x] = meanOf(upper[2 * x], upper[2 * x + 1], lower[2 * x], lower[2 * x + 1]);
-}
-
 } // namespace
-
-GreyPlane::GreyPlane(int columns, int lines)
-    : width(columns)
-    , height(lines)
-    , stride((static_cast<size_t>(columns) + kRowPadding - 1) / kRowPadding * kRowPadding)
-    , values(stride * static_cast<size_t>(lines), kNoGrey)
-{
-}
 
 bool isDeep(const QImage &picture)
 {
@@ -116,7 +93,7 @@ bool isDeep(const QImage &picture)
 GreyPlane greyPlane(const QImage &picture, bool isHalved, const std::atomic<bool> &isCancelled)
 {
     const int side = isHalved ? 2 : 1;
-    GreyPlane plane(picture.width() / side, picture.height() / side);
+    GreyPlane plane(picture.width() / side, picture.height() / side, kNoGrey);
     const bool deep = isDeep(picture);
     const QImage source = deep ? readable(picture, QImage::Format_RGBA64) : asWords(picture);
     parallel::rows({plane.width, plane.height}, [&](int begin, int end) {
@@ -133,10 +110,10 @@ GreyPlane greyPlane(const QImage &picture, bool isHalved, const std::atomic<bool
 
 GreyPlane halved(const GreyPlane &plane)
 {
-    GreyPlane half(plane.width / 2, plane.height / 2);
+    GreyPlane half(plane.width / 2, plane.height / 2, kNoGrey);
     parallel::rows({half.width, half.height}, [&](int begin, int end) {
         for (int y = begin; y < end; ++y)
-            halveRow(plane.row(2 * y), plane.row(2 * y + 1), half.width, half.row(y));
+            halveRow(plane.row(2 * y), plane.row(2 * y + 1), size_t(half.width), half.row(y));
     });
     return half;
 }

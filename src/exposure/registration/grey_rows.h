@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 
-// One row of a GreyPlane out of pixels 0xAARRGGBB: sums of red + 2 green + blue. The plain
-// functions are the definition; the others give the same to the bit, with vector instructions.
-// Any thread, reentrant.
+// Rows of a GreyPlane: out of pixels 0xAARRGGBB as sums of red + 2 green + blue, halved, and added
+// up. The plain functions are the definition; the others give the same to the bit, with vector
+// instructions. Any thread, reentrant.
 namespace registration {
 
 /// Pixels with a channel from here on are clipped to white.
@@ -26,10 +26,29 @@ void greyOfWords(const WordRows &rows, uint16_t *out);
 /// A value for each 2 x 2 pixels.
 void greyOfPairs(const WordRows &rows, uint16_t *out);
 
+/// `width` means, each of 2 x 2 greys: of those that are there, kNoGrey for fewer than two. That of
+/// three is rounded down, the others to the nearest.
+void halveRow(const uint16_t *upper, const uint16_t *lower, size_t width, uint16_t *out);
+
+constexpr size_t kCellSide = 8;
+
+/// Of the greys that are there in a cell of kCellSide squared.
+struct CellSums
+{
+    uint32_t count = 0;
+    uint32_t sum = 0;
+    uint32_t squares = 0; ///< 64 * kWhite squared fits
+};
+
+/// The sums of `cells` cells in a row. greys: their first row; lines: of them, 1..kCellSide.
+void sumCells(const uint16_t *greys, size_t stride, size_t lines, size_t cells, CellSums *out);
+
 namespace plain {
 
 void greyOfWords(const WordRows &rows, uint16_t *out);
 void greyOfPairs(const WordRows &rows, uint16_t *out);
+void halveRow(const uint16_t *upper, const uint16_t *lower, size_t width, uint16_t *out);
+void sumCells(const uint16_t *greys, size_t stride, size_t lines, size_t cells, CellSums *out);
 
 } // namespace plain
 } // namespace registration

@@ -9,7 +9,7 @@
 namespace registration {
 namespace {
 
-constexpr int kMostPairs = 400;
+constexpr int kMostPairs = 150;
 constexpr int kRounds = 6;             ///< of fitting and weighing anew
 constexpr double kLooseTolerance = 2.5; ///< times the tolerance, for the consensus: it knows no tilt
 constexpr double kWeightLimit = 1.5;    ///< times the tolerance
@@ -35,10 +35,45 @@ std::vector<std::pair<size_t, size_t>> pairsOf(size_t count)
     return pairs;
 }
 
-double agreement(const Matrix &map, const std::vector<Match> &matches, double tolerance)
+/// A turn and shift of the plane.
+struct RigidMap
 {
-    const std::vector<double> weights = biweights(map, matches, tolerance);
-    return std::accumulate(weights.begin(), weights.end(), 0.0);
+    double c = 1.0;
+    double s = 0.0;
+    QPointF shift;
+
+    QPointF mapped(QPointF p) const
+    {
+        return QPointF(c * p.x() - s * p.y(), s * p.x() + c * p.y()) + shift;
+    }
+    Matrix matrix() const { return {c, -s, shift.x(), s, c, shift.y(), 0, 0, 1}; }
+};
+
+/// The one that takes the middle of two places, and the direction between them, to those found.
+RigidMap rigidThrough(const Match &a, const Match &b)
+{
+    const QPointF from = b.reference - a.reference;
+    const QPointF to = b.shot - a.shot;
+    const double along = from.x() * to.x() + from.y() * to.y();
+    const double across = from.x() * to.y() - from.y() * to.x();
+    const double length = std::hypot(along, across);
+    RigidMap map;
+    if (length > 0) {
+        map.c = along / length;
+        map.s = across / length;
+    }
+    map.shift = (a.shot + b.shot) / 2 - map.mapped((a.reference + b.reference) / 2);
+    return map;
+}
+
+double agreement(const RigidMap &map, const std::vector<Match> &matches, double tolerance)
+{
+    double sum = 0;
+    for (const Match &match : matches) {
+        const QPointF error = map.mapped(match.reference) - match.shot;
+        sum += biweight(error.x() * error.x() + error.y() * error.y(), tolerance);
+    }
+    return sum;
 }
 
 /// What the matches say once the start is taken out: where each place would go in the reference.
@@ -55,18 +90,17 @@ std::vector<Match> withoutStart(const std::vector<Match> &matches, const Matrix 
 Matrix consensus(const std::vector<Match> &matches, const Matrix &start, double tolerance)
 {
     const std::vector<Match> moved = withoutStart(matches, start);
-    Matrix best = identityMatrix();
+    RigidMap best;
     double bestAgreement = agreement(best, moved, tolerance);
     for (const auto &[a, b] : pairsOf(moved.size())) {
-        const std::vector<Match> pair{moved[a], moved[b]};
-        const Matrix map = *rigidFit({pair, {1.0, 1.0}});
+        const RigidMap map = rigidThrough(moved[a], moved[b]);
         const double agrees = agreement(map, moved, tolerance);
         if (agrees > bestAgreement) {
             best = map;
             bestAgreement = agrees;
         }
     }
-    return product(start, best);
+    return product(start, best.matrix());
 }
 
 /// A model with its weights, from fits that each weigh by the one before.

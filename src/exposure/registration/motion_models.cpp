@@ -10,7 +10,7 @@ namespace registration {
 namespace {
 
 constexpr size_t kParameters = 8;
-constexpr int kSteps = 4;
+constexpr int kSteps = 2; // each round of weighing takes as many again
 
 using Row = std::array<double, kParameters>;
 
@@ -40,9 +40,10 @@ struct NormalEquations
     void add(const Row &row, double error, double weight)
     {
         for (size_t i = 0; i < kParameters; ++i) {
-            right[i] += weight * row[i] * error;
+            const double weighted = weight * row[i];
+            right[i] += weighted * error;
             for (size_t k = 0; k < kParameters; ++k)
-                matrix[i * kParameters + k] += weight * row[i] * row[k];
+                matrix[i * kParameters + k] += weighted * row[k];
         }
     }
 };
@@ -112,29 +113,31 @@ Matrix UnitFrame::inUnits(const Matrix &pixelMap) const
     return product(inverse(toPixels), product(pixelMap, toPixels));
 }
 
-double distance(const Matrix &toShot, const Match &match)
+double squaredDistance(const Matrix &toShot, const Match &match)
 {
     const QPointF error = mapped(toShot, match.reference) - match.shot;
-    return std::hypot(error.x(), error.y());
+    return error.x() * error.x() + error.y() * error.y();
 }
 
 double squaredError(const Matrix &toShot, const WeightedMatches &matches)
 {
     double sum = 0;
-    for (size_t i = 0; i < matches.matches.size(); ++i) {
-        const double error = distance(toShot, matches.matches[i]);
-        sum += matches.weights[i] * error * error;
-    }
+    for (size_t i = 0; i < matches.matches.size(); ++i)
+        sum += matches.weights[i] * squaredDistance(toShot, matches.matches[i]);
     return sum;
+}
+
+double biweight(double squaredDistance, double limit)
+{
+    const double rest = std::max(0.0, 1 - squaredDistance / (limit * limit));
+    return rest * rest;
 }
 
 std::vector<double> biweights(const Matrix &toShot, const std::vector<Match> &matches, double limit)
 {
     std::vector<double> weights;
-    for (const Match &match : matches) {
-        const double share = distance(toShot, match) / limit;
-        weights.push_back(share < 1.0 ? (1 - share * share) * (1 - share * share) : 0.0);
-    }
+    for (const Match &match : matches)
+        weights.push_back(biweight(squaredDistance(toShot, match), limit));
     return weights;
 }
 

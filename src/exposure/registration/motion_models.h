@@ -28,12 +28,13 @@ struct UnitFrame
     double scale;
 };
 
-double distance(const Matrix &toShot, const Match &match);
+double squaredDistance(const Matrix &toShot, const Match &match);
 
 /// Weighted sum of squared distances.
 double squaredError(const Matrix &toShot, const WeightedMatches &matches);
 
 /// Tukey's biweight: (1 - (distance / limit)^2)^2, 0 beyond the limit.
+double biweight(double squaredDistance, double limit);
 std::vector<double> biweights(const Matrix &toShot, const std::vector<Match> &matches, double limit);
 
 /// The turn and shift with the least weighted squares. Nothing when all weights are 0.

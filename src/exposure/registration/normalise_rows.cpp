@@ -1,5 +1,6 @@
 #include "normalise_rows.h"
 
+#include "grey_rows.h"
 #include "normalised_plane.h"
 
 #undef HWY_TARGET_INCLUDE
@@ -13,7 +14,7 @@ namespace registration_normalise {
 namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
-using registration::kNodeDistance;
+using registration::kCellSide;
 using registration::kNoGrey;
 using registration::kNothing;
 using registration::kRounder;
@@ -36,7 +37,7 @@ HWY_INLINE hn::Vec<I> normalisedValues(D floats, I integers, hn::Vec<I> greys, V
 void normaliseRow(const uint16_t *grey, size_t groups, const float *means, const float *scales,
                   int8_t *out)
 {
-    const hn::CappedTag<float, kNodeDistance> floats;
+    const hn::CappedTag<float, kCellSide> floats;
     const hn::Rebind<int32_t, decltype(floats)> integers;
     const hn::Rebind<uint16_t, decltype(floats)> halves;
     const hn::Rebind<int8_t, decltype(floats)> bytes;
@@ -45,8 +46,8 @@ void normaliseRow(const uint16_t *grey, size_t groups, const float *means, const
         const auto scale = hn::Set(floats, scales[group]);
         const auto meanStep = hn::Set(floats, means[group + 1] - means[group]);
         const auto scaleStep = hn::Set(floats, scales[group + 1] - scales[group]);
-        for (size_t i = 0; i < kNodeDistance; i += hn::Lanes(floats)) {
-            const size_t x = group * kNodeDistance + i;
+        for (size_t i = 0; i < kCellSide; i += hn::Lanes(floats)) {
+            const size_t x = group * kCellSide + i;
             const auto share = hn::LoadU(floats, kShares + i);
             const auto greys = hn::PromoteTo(integers, hn::LoadU(halves, grey + x));
             const auto values =

@@ -8,7 +8,7 @@
 // in the same order and never fused. Any thread, reentrant.
 namespace registration {
 
-/// Of `groups` * kNodeDistance greys. means, scales: groups + 1 numbers at the ends of the groups.
+/// Of `groups` * kCellSide greys. means, scales: groups + 1 numbers at the ends of the groups.
 void normaliseRow(const uint16_t *grey, size_t groups, const float *means, const float *scales,
                   int8_t *out);
 

@@ -1,3 +1,4 @@
+#include "grey_rows.h"
 #include "normalise_rows.h"
 #include "normalised_plane.h"
 
@@ -23,8 +24,8 @@ void plain::normaliseRow(const uint16_t *grey, size_t groups, const float *means
     for (size_t group = 0; group < groups; ++group) {
         const float meanStep = means[group + 1] - means[group];
         const float scaleStep = scales[group + 1] - scales[group];
-        for (size_t i = 0; i < kNodeDistance; ++i) {
-            const size_t x = group * kNodeDistance + i;
+        for (size_t i = 0; i < kCellSide; ++i) {
+            const size_t x = group * kCellSide + i;
             out[x] = normalisedValue(grey[x], means[group] + meanStep * kShares[i],
                                      scales[group] + scaleStep * kShares[i]);
         }

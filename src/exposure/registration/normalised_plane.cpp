@@ -1,23 +1,18 @@
 #include "normalised_plane.h"
 
+#include "grey_rows.h"
 #include "normalise_rows.h"
 #include "parallel_rows.h"
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace registration {
 namespace {
 
+constexpr int kSide = kCellSide;
 constexpr int kCellsAround = 2; ///< on each side of a node
-
-/// Of the values that are there in a cell of kNodeDistance squared.
-struct CellSums
-{
-    uint32_t count = 0;
-    uint32_t sum = 0;
-    uint32_t squares = 0; ///< 64 * kWhite squared fits
-};
 
 struct CellGrid
 {
@@ -25,11 +20,8 @@ struct CellGrid
     int lines;
     std::vector<CellSums> cells;
 
-    const CellSums &at(int x, int y) const
-    {
-        return cells[static_cast<size_t>(y) * static_cast<size_t>(columns)
-                     + static_cast<size_t>(x)];
-    }
+    const CellSums *line(int y) const { return cells.data() + size_t(y) * size_t(columns); }
+    CellSums *line(int y) { return cells.data() + size_t(y) * size_t(columns); }
 };
 
 /// Mean and reciprocal deviation at the points where four cells meet, borders included.
@@ -40,33 +32,35 @@ struct NodeGrid
     std::vector<float> scales;
 };
 
-void addToCells(const uint16_t *row, int width, CellSums *cells)
-{
-    for (int first = 0; first < width; first += kNodeDistance) {
-        CellSums &cell = cells[first / kNodeDistance];
-        for (int x = first; x < first + kNodeDistance; ++x) { // the padding is kNoGrey
-            const uint32_t isThere = row[x] != kNoGrey;
-            const uint32_t value = isThere != 0 ? row[x] : 0U;
-            cell.count += isThere;
-            cell.sum += value;
-            cell.squares += value * value;
-        }
-    }
-}
-
 CellGrid cellGrid(const GreyPlane &grey)
 {
-    CellGrid grid{(grey.width + kNodeDistance - 1) / kNodeDistance,
-                  (grey.height + kNodeDistance - 1) / kNodeDistance, {}};
+    CellGrid grid{(grey.width + kSide - 1) / kSide, (grey.height + kSide - 1) / kSide, {}};
     grid.cells.resize(static_cast<size_t>(grid.columns) * static_cast<size_t>(grid.lines));
-    const auto line = [&](int y) { return grid.cells.data() + size_t(y) * size_t(grid.columns); };
-    parallel::rows({grey.width * kNodeDistance, grid.lines}, [&](int begin, int end) {
-        const int stop = std::min(end * kNodeDistance, grey.height);
-        for (int y = begin * kNodeDistance; y < stop; ++y)
-            addToCells(grey.row(y), grey.width, line(y / kNodeDistance));
+    parallel::rows({grey.width * kSide, grid.lines}, [&](int begin, int end) {
+        for (int y = begin; y < end; ++y) {
+            const int lines = std::min(kSide, grey.height - y * kSide);
+            sumCells(grey.row(y * kSide), grey.stride, size_t(lines), size_t(grid.columns),
+                     grid.line(y));
+        }
     });
     return grid;
 }
+
+/// Sums over several cells.
+struct Sums
+{
+    uint64_t count = 0;
+    uint64_t sum = 0;
+    uint64_t squares = 0;
+
+    template <typename Other>
+    void add(const Other &other)
+    {
+        count += other.count;
+        sum += other.sum;
+        squares += other.squares;
+    }
+};
 
 struct Statistics
 {
@@ -74,38 +68,51 @@ struct Statistics
     float scale = 0.0F;
 };
 
-Statistics statisticsAround(const CellGrid &grid, int nodeX, int nodeY)
+Statistics statisticsOf(const Sums &sums)
 {
-    uint64_t count = 0;
-    uint64_t sum = 0;
-    uint64_t squares = 0;
-    for (int y = std::max(0, nodeY - kCellsAround); y < std::min(grid.lines, nodeY + kCellsAround); ++y) {
-        for (int x = std::max(0, nodeX - kCellsAround); x < std::min(grid.columns, nodeX + kCellsAround); ++x) {
-            count += grid.at(x, y).count;
-            sum += grid.at(x, y).sum;
-            squares += grid.at(x, y).squares;
-        }
-    }
-    if (count == 0)
+    if (sums.count == 0)
         return {};
-    const double mean = double(sum) / double(count);
-    const double variance = std::max(0.0, double(squares) / double(count) - mean * mean);
-    return {float(mean), float(kStepsPerDeviation / (std::sqrt(variance) + kNoiseFloor))};
+    const double mean = double(sums.sum) / double(sums.count);
+    const double variance = double(sums.squares) / double(sums.count) - mean * mean;
+    const double deviation = std::sqrt(std::max(0.0, variance));
+    return {float(mean), float(kStepsPerDeviation / (deviation + kNoiseFloor))};
+}
+
+/// Of the cells above and below a line of nodes.
+std::vector<Sums> columnSums(const CellGrid &grid, int node)
+{
+    std::vector<Sums> columns(size_t(grid.columns));
+    const int end = std::min(grid.lines, node + kCellsAround);
+    for (int y = std::max(0, node - kCellsAround); y < end; ++y) {
+        for (int x = 0; x < grid.columns; ++x)
+            columns[size_t(x)].add(grid.line(y)[x]);
+    }
+    return columns;
+}
+
+void fillNodes(const std::vector<Sums> &columns, float *means, float *scales)
+{
+    const int count = static_cast<int>(columns.size());
+    for (int node = 0; node <= count; ++node) {
+        Sums around;
+        const int end = std::min(count, node + kCellsAround);
+        for (int x = std::max(0, node - kCellsAround); x < end; ++x)
+            around.add(columns[size_t(x)]);
+        const Statistics statistics = statisticsOf(around);
+        means[node] = statistics.mean;
+        scales[node] = statistics.scale;
+    }
 }
 
 NodeGrid nodeGrid(const CellGrid &cells)
 {
     NodeGrid nodes{static_cast<size_t>(cells.columns) + 1, {}, {}};
-    const size_t count = nodes.columns * (static_cast<size_t>(cells.lines) + 1);
-    nodes.means.resize(count);
-    nodes.scales.resize(count);
-    parallel::rows({cells.columns * kNodeDistance * kNodeDistance, cells.lines + 1}, [&](int begin, int end) {
+    nodes.means.resize(nodes.columns * (static_cast<size_t>(cells.lines) + 1));
+    nodes.scales.resize(nodes.means.size());
+    parallel::rows({cells.columns * kSide * kSide, cells.lines + 1}, [&](int begin, int end) {
         for (int y = begin; y < end; ++y) {
-            for (int x = 0; x <= cells.columns; ++x) {
-                const Statistics at = statisticsAround(cells, x, y);
-                nodes.means[size_t(y) * nodes.columns + size_t(x)] = at.mean;
-                nodes.scales[size_t(y) * nodes.columns + size_t(x)] = at.scale;
-            }
+            const size_t first = size_t(y) * nodes.columns;
+            fillNodes(columnSums(cells, y), &nodes.means[first], &nodes.scales[first]);
         }
     });
     return nodes;
@@ -114,9 +121,9 @@ NodeGrid nodeGrid(const CellGrid &cells)
 /// Values between two lines of nodes.
 void blend(const std::vector<float> &nodes, size_t columns, int y, std::vector<float> &out)
 {
-    const float *upper = &nodes[size_t(y / kNodeDistance) * columns];
+    const float *upper = &nodes[size_t(y / kSide) * columns];
     const float *lower = upper + columns;
-    const float share = (float(y % kNodeDistance) + 0.5F) / float(kNodeDistance);
+    const float share = (float(y % kSide) + 0.5F) / float(kSide);
     for (size_t i = 0; i < columns; ++i)
         out[i] = upper[i] + (lower[i] - upper[i]) * share;
 }
@@ -137,8 +144,7 @@ void normaliseRows(const GreyPlane &grey, const NodeGrid &nodes, int begin, int 
 
 NormalisedPlane normalised(const GreyPlane &grey, const std::atomic<bool> &isCancelled)
 {
-    NormalisedPlane plane{grey.width, grey.height, grey.stride, {}};
-    plane.values.resize(grey.values.size(), kNothing);
+    NormalisedPlane plane(grey.width, grey.height, kNothing);
     const NodeGrid nodes = nodeGrid(cellGrid(grey));
     parallel::rows({grey.width, grey.height}, [&](int begin, int end) {
         normaliseRows(grey, nodes, begin, end, isCancelled, plane);

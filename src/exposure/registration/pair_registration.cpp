@@ -12,6 +12,7 @@ constexpr int kLeastSide = 16;           ///< of the finest level
 constexpr double kSettled = 0.5;         ///< confidence that needs no other start
 constexpr double kOtherTurns[] = {-5.0, 5.0, -10.0, 10.0};
 constexpr double kWholeShiftPixels = 0.2; ///< that a whole-pixel shift may set a corner apart
+constexpr double kSettledPixels = 1.0; ///< of the finest level: more is worth another look
 constexpr int kLeastTextured = 6;
 constexpr double kLeastStretch = 0.7; ///< of an area, by a hand-held camera
 constexpr double kMostStretch = 1.4;
@@ -24,7 +25,8 @@ MatchSearch searchAt(const ShotPyramid &reference, size_t level)
     MatchSearch search;
     search.level = level;
     search.side = std::clamp(sixth, 16, level == 0 ? 96 : 64);
-    search.radius = level == 0 && reference.levels.size() > 2 ? 3 : 6;
+    const size_t levelsAbove = reference.levels.size() - 1 - level;
+    search.radius = levelsAbove < 2 ? 6 : level == 0 ? 3 : 4;
     return search;
 }
 
@@ -79,15 +81,22 @@ public:
             if (level <= 1)
                 wideConfidence = std::min(wideConfidence, confidenceOf(fit, textured));
         }
-        MatchSearch polish = searchAt(reference, 0);
-        polish.radius = 2;
-        step(polish);
+        if (lastChange > kSettledPixels * reference.finestScale)
+            polish();
         return isCancelled ? PairResult() : result(wideConfidence);
     }
 
 private:
+    void polish()
+    {
+        MatchSearch search = searchAt(reference, 0);
+        search.radius = 2;
+        step(search);
+    }
+
     void step(const MatchSearch &search)
     {
+        const Matrix before = map;
         const MatchResult found = findMatches(reference, shot, map, search, isCancelled);
         textured = found.textured;
         fit = fitMotion(found.matches, map, reference.size, reference.scale(search.level), mostly);
@@ -95,6 +104,7 @@ private:
             map = fit.toShot;
         else
             fit.kind = Kind::Unaligned;
+        lastChange = cornerDistance(map, before, reference.size);
     }
 
     PairResult result(double wideConfidence) const
@@ -136,6 +146,7 @@ private:
     Matrix map = identityMatrix();
     MotionFit fit;
     int textured = 0;
+    double lastChange = 0.0; ///< by which the last step moved a corner, in pixels
 };
 
 bool isTooSmall(const ShotPyramid &pyramid)

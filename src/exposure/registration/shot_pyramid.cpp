@@ -11,8 +11,8 @@ constexpr int kLeastSide = 16; ///< of a level
 
 GreyPlane finestGrey(const QImage &shot, int scale, const std::atomic<bool> &isCancelled)
 {
-    const GreyPlane grey = greyPlane(shot, scale > 1, isCancelled);
-    return scale > 2 ? halved(grey) : grey;
+    GreyPlane grey = greyPlane(shot, scale > 1, isCancelled);
+    return scale > 2 ? halved(grey) : std::move(grey);
 }
 
 } // namespace

@@ -24,6 +24,6 @@ int finestScale(QSize size);
 /// Throws std::bad_alloc.
 ShotPyramid shotPyramid(const QImage &shot, int finestScale, const std::atomic<bool> &isCancelled);
 
-constexpr int kCoarsestSide = 128; ///< the longer side of the last level is within this
+constexpr int kCoarsestSide = 100; ///< the longer side of the last level is within this
 
 } // namespace registration

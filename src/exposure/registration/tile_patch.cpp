@@ -1,46 +1,16 @@
 #include "tile_patch.h"
 
+#include "patch_rows.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace registration {
 namespace {
 
-constexpr int kSegment = 8;
-constexpr int kFractions = 32;
-
-struct Fraction
+int64_t fixedPoint(double position)
 {
-    int whole;
-    int part; ///< of kFractions
-};
-
-Fraction fraction(double position)
-{
-    const double steps = std::floor(position * kFractions + 0.5);
-    const double whole = std::floor(steps / kFractions);
-    return {static_cast<int>(whole), static_cast<int>(steps - whole * kFractions)};
-}
-
-/// Interpolated values; 0 where one of the four around is missing. Returns how many are there.
-int interpolate(const int8_t *upper, const int8_t *lower, int partX, int partY, int16_t *out)
-{
-    int there = 0;
-    for (int i = 0; i < kSegment; ++i) {
-        const bool isThere = upper[i] != kNothing && upper[i + 1] != kNothing
-                             && lower[i] != kNothing && lower[i + 1] != kNothing;
-        const int above = upper[i] * (kFractions - partX) + upper[i + 1] * partX;
-        const int below = lower[i] * (kFractions - partX) + lower[i + 1] * partX;
-        const int value = (above * (kFractions - partY) + below * partY + 512) >> 10;
-        out[i] = static_cast<int16_t>(isThere ? value : 0);
-        there += isThere ? 1 : 0;
-    }
-    return there;
-}
-
-bool isInside(const NormalisedPlane &plane, double x, double y)
-{
-    return x >= 0 && y >= 0 && x + kSegment + 1 < plane.width && y + 2 < plane.height;
+    return std::llround(position * (1 << kPositionBits));
 }
 
 } // namespace
@@ -61,6 +31,7 @@ double TilePatch::readTile(const NormalisedPlane &plane, int x, int y)
             to[i] = static_cast<int16_t>(from[i] != kNothing ? from[i] : 0);
             there += from[i] != kNothing ? 1 : 0;
         }
+        std::fill(to + side, to + kTileStride, int16_t{0});
     }
     return double(there) / (side * side);
 }
@@ -68,32 +39,24 @@ double TilePatch::readTile(const NormalisedPlane &plane, int x, int y)
 double TilePatch::readPatch(const NormalisedPlane &plane, QPointF centre,
                             const std::array<double, 4> &turn)
 {
+    constexpr double kToMiddle = (kSegment - 1) / 2.0; // of a segment, which itself is not turned
     const int reach = side + 2 * radius;
     const double middle = (reach - 1) / 2.0;
-    patchThere = 0;
-    for (int line = 0; line < reach; ++line) {
-        const double dy = line - middle;
-        for (int first = 0; first < reach; first += kSegment) {
-            constexpr double kToMiddle = (kSegment - 1) / 2.0;
-            const double dx = first + kToMiddle - middle;
-            readSegment(plane, centre.x() + turn[0] * dx + turn[1] * dy - kToMiddle,
-                        centre.y() + turn[2] * dx + turn[3] * dy,
-                        &patch[static_cast<size_t>(line) * kPatchStride + size_t(first)]);
-        }
-    }
-    return double(patchThere) / (reach * reach);
-}
-
-void TilePatch::readSegment(const NormalisedPlane &plane, double x, double y, int16_t *out)
-{
-    if (!isInside(plane, x, y)) {
-        std::fill_n(out, kSegment, int16_t{0});
-        return;
-    }
-    const Fraction fx = fraction(x);
-    const Fraction fy = fraction(y);
-    patchThere += interpolate(plane.row(fy.whole) + fx.whole, plane.row(fy.whole + 1) + fx.whole,
-                              fx.part, fy.part, out);
+    const double dx = kToMiddle - middle;
+    const PatchInput input{plane.row(0),
+                           plane.stride,
+                           plane.width,
+                           plane.height,
+                           fixedPoint(centre.x() + turn[0] * dx - turn[1] * middle - kToMiddle),
+                           fixedPoint(centre.y() + turn[2] * dx - turn[3] * middle),
+                           fixedPoint(turn[0] * kSegment),
+                           fixedPoint(turn[2] * kSegment),
+                           fixedPoint(turn[1]),
+                           fixedPoint(turn[3]),
+                           (reach + kSegment - 1) / kSegment,
+                           reach,
+                           kPatchStride};
+    return double(registration::readPatch(input, patch.data())) / (reach * reach);
 }
 
 void TilePatch::sumSquares(std::array<int64_t, kMostOffsets * kMostOffsets> &squares) const

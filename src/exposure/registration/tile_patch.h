@@ -31,7 +31,6 @@ public:
     double tileContrast() const;
 
 private:
-    void readSegment(const NormalisedPlane &plane, double x, double y, int16_t *out);
     void sumSquares(std::array<int64_t, kMostOffsets * kMostOffsets> &squares) const;
 
     static constexpr size_t kTileStride = 96;
@@ -40,9 +39,7 @@ private:
 
     int side;
     int radius;
-    int tileThere = 0;
-    int patchThere = 0;
-    alignas(64) std::array<int16_t, kTileStride * kLargestTile> tile{};
+    alignas(64) std::array<int16_t, kTileStride * kLargestTile> tile; ///< rows padded with zeros
     alignas(64) std::array<int16_t, kPatchStride * kPatchLines> patch{};
 };
 
