@@ -11,8 +11,8 @@ namespace {
 
 constexpr int kMostPairs = 150;
 constexpr int kRounds = 6;             ///< of fitting and weighing anew
-constexpr double kLooseTolerance = 2.5; ///< times the tolerance, for the consensus: it knows no tilt
-constexpr double kWeightLimit = 1.5;    ///< times the tolerance
+constexpr double kLooseTolerance = 1.5; ///< times the tolerance, for the consensus: it knows no tilt
+constexpr double kWeightLimit = 1.25;    ///< times the tolerance
 constexpr int kLeastForRigid = 4;
 constexpr int kLeastForPerspective = 12;
 constexpr double kLeastF = 5.0;         ///< F(5, n), chance exceeds it once in 5000 times
@@ -199,6 +199,7 @@ MotionFit described(const WeightedMatches &matches, const Fitted &fitted, Kind k
     fit.residual = std::sqrt(error / total);
     fit.coverage = coverageOf(matches, size);
     fit.wholeShift = wholeShiftFit(matches);
+    fit.movement = cornerDistance(*rigidFit(matches), identityMatrix(), size);
     const int parameters = kind == Kind::Perspective ? 8 : 3;
     fit.isWholeShiftAsGood = !isBeyondChance(squaredError(fit.wholeShift, matches), error,
                                              parameters, freedomOf(fitted.weights, parameters));

@@ -21,10 +21,10 @@ constexpr double kMostStretch = 1.4;
 MatchSearch searchAt(const ShotPyramid &reference, size_t level)
 {
     const NormalisedPlane &plane = reference.levels[level];
-    const int sixth = std::min(plane.width, plane.height) / 6 / 16 * 16;
+    const int quarter = std::min(plane.width, plane.height) / 4 / 16 * 16;
     MatchSearch search;
     search.level = level;
-    search.side = std::clamp(sixth, 16, level == 0 ? 96 : 64);
+    search.side = std::clamp(quarter, 16, level == 0 ? 96 : 64);
     const size_t levelsAbove = reference.levels.size() - 1 - level;
     search.radius = levelsAbove < 2 ? 6 : level == 0 ? 3 : 4;
     return search;
@@ -116,6 +116,7 @@ private:
         }
         pair.confidence = std::min(wideConfidence, confidenceOf(fit, textured));
         pair.residualPixels = fit.residual;
+        pair.movement = fit.movement;
         if (fit.isWholeShiftAsGood
             || cornerDistance(fit.wholeShift, fit.toShot, reference.size) <= kWholeShiftPixels)
             takeWholeShift(pair);

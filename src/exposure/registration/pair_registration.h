@@ -12,6 +12,7 @@ struct PairResult
     double confidence = 0.0;
     double residualPixels = 0.0;
     Reason reason = Reason::NoMatch;
+    double movement = 0.0; ///< pixels by which a turn and shift alone moves a corner, at most
 };
 
 /// From a coarse shift, level by level, to the motion: tiles of the reference are found in the

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kLoopTolerance = 1.5; ///< pixels that the two ways to a shot may be apart
 constexpr double kContradicted = 0.7;  ///< of the confidence is left when they are further apart
-constexpr double kTripodPixels = 0.75; ///< that a tripod may give way, in all shots of a set
+constexpr double kTripodPixels = 1.0;  ///< that a tripod may give way, in all shots of a set
 
 bool isFound(const PairResult &pair)
 {
@@ -33,6 +33,7 @@ PairResult chained(const PairResult &toBefore, const PairResult &beforeToShot)
     result.confidence = std::min(toBefore.confidence, beforeToShot.confidence);
     result.residualPixels = std::hypot(toBefore.residualPixels, beforeToShot.residualPixels);
     result.reason = Reason::None;
+    result.movement = toBefore.movement + beforeToShot.movement;
     return result;
 }
 
@@ -68,6 +69,7 @@ PairResult reconciled(const PairResult &direct, const PairResult &chain, QSize s
         return needsNoResampling(direct) ? direct : chain;
     result.toShot = meanOf(direct, chain, size);
     result.kind = std::max(direct.kind, chain.kind);
+    result.movement = std::min(direct.movement, chain.movement);
     return result;
 }
 
@@ -85,19 +87,19 @@ Transform transformOf(const PairResult &pair)
     return transform;
 }
 
-/// A set in which nothing moves by as much as a pixel was taken from a tripod: it stays as it is.
-void keepTripodSet(std::vector<Transform> &transforms, QSize size)
+/// A set in which nothing is turned or shifted by more than a pixel was taken from a tripod, and
+/// stays as it is: hands move more than that. What a perspective fit finds in it is how the tiles
+/// of two exposures differ.
+void keepTripodSet(std::vector<PairResult> &results)
 {
-    const auto staysInPlace = [size](const Transform &transform) {
-        return transform.kind == Kind::Unaligned
-               || cornerDistance(transform.matrix, identityMatrix(), size) <= kTripodPixels;
+    const auto staysInPlace = [](const PairResult &pair) {
+        return !isFound(pair) || pair.movement <= kTripodPixels;
     };
-    if (!std::all_of(transforms.begin(), transforms.end(), staysInPlace))
+    if (!std::all_of(results.begin(), results.end(), staysInPlace))
         return;
-    for (Transform &transform : transforms) {
-        if (transform.kind != Kind::Unaligned)
-            transform.kind = Kind::Identity;
-        transform.matrix = identityMatrix();
+    for (PairResult &pair : results) {
+        if (isFound(pair))
+            pair.kind = Kind::Identity;
     }
 }
 
@@ -124,16 +126,16 @@ SetRegistration::SetRegistration(const QList<QImage> &pictures, int referenceInd
 
 std::vector<Transform> SetRegistration::run(const std::vector<int> &orderOfBrightness)
 {
-    results[size_t(reference)] = {Kind::Identity, identityMatrix(), 1.0, 0.0, Reason::None};
+    results[size_t(reference)] = {Kind::Identity, identityMatrix(), 1.0, 0.0, Reason::None, 0.0};
     referencePyramid = pyramid(reference);
     report();
     const auto middle = std::find(orderOfBrightness.begin(), orderOfBrightness.end(), reference);
     walk({std::make_reverse_iterator(middle), orderOfBrightness.rend()});
     walk({middle + 1, orderOfBrightness.end()});
+    keepTripodSet(results);
     std::vector<Transform> transforms;
     for (const PairResult &result : results)
         transforms.push_back(transformOf(result));
-    keepTripodSet(transforms, shots[reference].size());
     return transforms;
 }
 
