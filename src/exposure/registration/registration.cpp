@@ -1,6 +1,6 @@
 #include "registration.h"
 
-#include "set_registration.h"
+#include "SetRegistration.h"
 #include "shot_light.h"
 
 #include <algorithm>

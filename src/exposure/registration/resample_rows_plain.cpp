@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <numeric>
 
 namespace registration {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 constexpr int kLobes = 3;
+constexpr double kSharpening = 0.2; ///< half way between two pixels
 
 double sinc(double x)
 {
@@ -20,22 +22,51 @@ double lanczos(double x)
     return std::abs(x) < kLobes ? sinc(x) * sinc(x / kLobes) : 0.0;
 }
 
-TapWeights weightsOf(int phase)
+/// The cubic B-spline: a blur.
+double spline(double x)
 {
-    std::array<double, kTaps> exact{};
-    double sum = 0;
-    for (size_t i = 0; i < kTaps; ++i) {
-        exact[i] = lanczos(double(i) - (kLobes - 1) - double(phase) / kPhases);
-        sum += exact[i];
-    }
+    const double t = std::abs(x);
+    if (t >= 2.0)
+        return 0.0;
+    return t < 1.0 ? 2.0 / 3 - t * t + t * t * t / 2 : (2 - t) * (2 - t) * (2 - t) / 6;
+}
+
+using ExactWeights = std::array<double, kTaps>;
+
+template <typename Filter>
+ExactWeights filterAt(double phase, const Filter &filter)
+{
+    ExactWeights weights{};
+    for (size_t i = 0; i < kTaps; ++i)
+        weights[i] = filter(double(i) - (kLobes - 1) - phase);
+    const double sum = std::accumulate(weights.begin(), weights.end(), 0.0);
+    for (double &weight : weights)
+        weight /= sum;
+    return weights;
+}
+
+/// Whole numbers that add up to kWeightOne.
+TapWeights rounded(const ExactWeights &exact)
+{
     TapWeights weights{};
     int rest = kWeightOne;
     for (size_t i = 0; i < kTaps; ++i) {
-        weights[i] = static_cast<int16_t>(std::lround(exact[i] / sum * kWeightOne));
+        weights[i] = static_cast<int16_t>(std::lround(exact[i] * kWeightOne));
         rest -= weights[i];
     }
     *std::max_element(weights.begin(), weights.end()) += static_cast<int16_t>(rest);
     return weights;
+}
+
+TapWeights weightsOf(int number)
+{
+    const double phase = double(number) / kPhases;
+    const double sharpening = kSharpening * 4 * phase * (1 - phase);
+    const ExactWeights blurred = filterAt(phase, spline);
+    ExactWeights weights = filterAt(phase, lanczos);
+    for (size_t i = 0; i < kTaps; ++i)
+        weights[i] += sharpening * (weights[i] - blurred[i]);
+    return rounded(weights);
 }
 
 std::array<TapWeights, kPhases> makePhases()

@@ -1,7 +1,7 @@
 #include "tile_match.h"
 
 #include "parallel_rows.h"
-#include "tile_patch.h"
+#include "TilePatch.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "tile_patch.h"
+#include "TilePatch.h"
 
 #include "patch_rows.h"
 

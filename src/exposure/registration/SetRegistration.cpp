@@ -1,4 +1,4 @@
-#include "set_registration.h"
+#include "SetRegistration.h"
 
 #include "motion_models.h"
 
