@@ -126,7 +126,7 @@ SetRegistration::SetRegistration(const QList<QImage> &pictures, int referenceInd
 
 std::vector<Transform> SetRegistration::run(const std::vector<int> &orderOfBrightness)
 {
-    results[size_t(reference)] = {Kind::Identity, identityMatrix(), 1.0, 0.0, Reason::None, 0.0};
+    results[size_t(reference)] = {Kind::Identity, identityMatrix(), 1.0, 0.0, 1.0, Reason::None, 0.0};
     referencePyramid = pyramid(reference);
     report();
     const auto middle = std::find(orderOfBrightness.begin(), orderOfBrightness.end(), reference);

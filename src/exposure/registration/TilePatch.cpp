@@ -92,9 +92,20 @@ void TilePatch::score(std::array<double, kMostOffsets * kMostOffsets> &scores) c
 
 double TilePatch::tileContrast() const
 {
+    return contrastOf(tile.data(), kTileStride);
+}
+
+double TilePatch::patchContrast() const
+{
+    const auto margin = static_cast<size_t>(radius);
+    return contrastOf(patch.data() + margin * kPatchStride + margin, kPatchStride);
+}
+
+double TilePatch::contrastOf(const int16_t *values, size_t stride) const
+{
     int64_t sum = 0;
     for (int line = 0; line < side; ++line) {
-        const int16_t *row = &tile[static_cast<size_t>(line) * kTileStride];
+        const int16_t *row = values + static_cast<size_t>(line) * stride;
         sum += dotProduct(row, row, static_cast<size_t>(side));
     }
     return std::sqrt(double(sum)) / side;

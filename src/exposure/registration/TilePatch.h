@@ -27,10 +27,12 @@ public:
     /// Normalised correlation for every offset, (2 radius + 1) squared numbers.
     void score(std::array<double, kMostOffsets * kMostOffsets> &scores) const;
 
-    /// Root mean square of the tile.
+    /// Root mean square of the tile, and of the middle of the patch.
     double tileContrast() const;
+    double patchContrast() const;
 
 private:
+    double contrastOf(const int16_t *values, size_t stride) const;
     void sumSquares(std::array<int64_t, kMostOffsets * kMostOffsets> &squares) const;
 
     static constexpr size_t kTileStride = 96;

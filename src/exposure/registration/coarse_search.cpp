@@ -10,6 +10,7 @@ namespace registration {
 namespace {
 
 constexpr int kSmallestShare = 3; ///< shifts reach a third of the picture
+constexpr double kRivalShare = 0.7; ///< of the best rank, to be worth a closer look
 
 int reachOf(int length)
 {
@@ -141,27 +142,68 @@ Shift shiftScore(const CoarseView &reference, const CoarseView &shot, int dx, in
     return {dx, dy, score, score * std::sqrt(share)};
 }
 
-Shift bestShift(const CoarseView &reference, const CoarseView &shot,
-                const std::atomic<bool> &isCancelled)
+/// The scores of all shifts.
+struct ShiftMap
 {
-    const int reachX = reference.margin;
-    const int reachY = reachOf(reference.height);
-    std::vector<Shift> best(static_cast<size_t>(2 * reachY + 1));
-    parallel::each(2 * reachY + 1, [&](int i) {
-        for (int dx = -reachX; dx <= reachX && !isCancelled; ++dx) {
-            const Shift shift = shiftScore(reference, shot, dx, i - reachY);
-            if (shift.rank > best[size_t(i)].rank)
-                best[size_t(i)] = shift;
+    int reachX;
+    int reachY;
+    std::vector<Shift> shifts;
+
+    const Shift &at(int dx, int dy) const
+    {
+        const int columns = 2 * reachX + 1;
+        return shifts[size_t(dy + reachY) * size_t(columns) + size_t(dx + reachX)];
+    }
+
+    /// No neighbour is better.
+    bool isTop(const Shift &shift) const
+    {
+        for (int y = std::max(-reachY, shift.y - 1); y <= std::min(reachY, shift.y + 1); ++y) {
+            for (int x = std::max(-reachX, shift.x - 1); x <= std::min(reachX, shift.x + 1); ++x) {
+                if (at(x, y).rank > shift.rank)
+                    return false;
+            }
+        }
+        return true;
+    }
+};
+
+ShiftMap scoredShifts(const CoarseView &reference, const CoarseView &shot,
+                      const std::atomic<bool> &isCancelled)
+{
+    ShiftMap map{reference.margin, reachOf(reference.height), {}};
+    const int columns = 2 * map.reachX + 1;
+    const int lines = 2 * map.reachY + 1;
+    map.shifts.resize(size_t(columns) * size_t(lines));
+    parallel::each(lines, [&](int line) {
+        for (int i = 0; i < columns && !isCancelled; ++i) {
+            map.shifts[size_t(line) * size_t(columns) + size_t(i)] =
+                shiftScore(reference, shot, i - map.reachX, line - map.reachY);
         }
     });
-    return *std::max_element(best.begin(), best.end(),
-                             [](const Shift &a, const Shift &b) { return a.rank < b.rank; });
+    return map;
+}
+
+/// The tops that come close to the best one, which comes first.
+std::vector<Shift> tops(const ShiftMap &map)
+{
+    std::vector<Shift> found;
+    for (const Shift &shift : map.shifts) {
+        if (shift.rank > 0 && map.isTop(shift))
+            found.push_back(shift);
+    }
+    std::stable_sort(found.begin(), found.end(),
+                     [](const Shift &a, const Shift &b) { return a.rank > b.rank; });
+    const auto isFar = [&](const Shift &s) { return s.rank < kRivalShare * found.front().rank; };
+    found.erase(std::find_if(found.begin(), found.end(), isFar), found.end());
+    found.resize(std::min(found.size(), kMostStarts));
+    return found;
 }
 
 } // namespace
 
-CoarseStart coarseStart(const ShotPyramid &reference, const ShotPyramid &shot, double degrees,
-                        const std::atomic<bool> &isCancelled)
+std::vector<CoarseStart> coarseStarts(const ShotPyramid &reference, const ShotPyramid &shot,
+                                      double degrees, const std::atomic<bool> &isCancelled)
 {
     const size_t level = std::min(reference.levels.size(), shot.levels.size()) - 1;
     const NormalisedPlane &plane = shot.levels[level];
@@ -170,10 +212,12 @@ CoarseStart coarseStart(const ShotPyramid &reference, const ShotPyramid &shot, d
     const CoarseView referenceView = straightView(reference.levels[level], span, reach);
     const CoarseView shotView = degrees == 0.0 ? straightView(plane, span, reach)
                                                : turnedView(plane, span, reach, degrees);
-    const Shift shift = bestShift(referenceView, shotView, isCancelled);
     const double scale = reference.scale(level);
     const Matrix turn = turnAbout(QSizeF(shot.size), degrees);
-    return {product(turn, shiftMatrix(shift.x * scale, shift.y * scale)), shift.score};
+    std::vector<CoarseStart> starts;
+    for (const Shift &shift : tops(scoredShifts(referenceView, shotView, isCancelled)))
+        starts.push_back({product(turn, shiftMatrix(shift.x * scale, shift.y * scale)), shift.score});
+    return starts;
 }
 
 } // namespace registration

@@ -17,6 +17,7 @@ constexpr int kLeastForRigid = 4;
 constexpr int kLeastForPerspective = 12;
 constexpr double kLeastF = 5.0;         ///< F(5, n), chance exceeds it once in 5000 times
 constexpr double kClearOfUncertainty = 3.0;
+constexpr double kLeastBend = 0.25; ///< pixels at a corner; less is not worth eight parameters
 constexpr int kFields = 4;
 
 /// Every pair of matches, or kMostPairs spread evenly over them.
@@ -170,7 +171,8 @@ bool isPerspectiveBetter(const std::vector<Match> &matches, const Fitted &perspe
     const double deviation = std::sqrt(error / freedom);
     const double uncertainty =
         cornerUncertainty(weighted, perspective.toShot, frame, size, deviation);
-    return cornerDistance(perspective.toShot, *rigid, size) > kClearOfUncertainty * uncertainty;
+    return cornerDistance(perspective.toShot, *rigid, size)
+           > std::max(kLeastBend, kClearOfUncertainty * uncertainty);
 }
 
 double coverageOf(const WeightedMatches &matches, QSize size)

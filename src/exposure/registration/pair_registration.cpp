@@ -117,6 +117,7 @@ private:
         pair.confidence = std::min(wideConfidence, confidenceOf(fit, textured));
         pair.residualPixels = fit.residual;
         pair.movement = fit.movement;
+        pair.score = fit.meanScore;
         if (fit.isWholeShiftAsGood
             || cornerDistance(fit.wholeShift, fit.toShot, reference.size) <= kWholeShiftPixels)
             takeWholeShift(pair);
@@ -150,6 +151,20 @@ private:
     double lastChange = 0.0; ///< by which the last step moved a corner, in pixels
 };
 
+bool isBetter(const PairResult &a, const PairResult &b)
+{
+    return a.confidence * a.score > b.confidence * b.score;
+}
+
+void tryStarts(Refinement &refinement, const std::vector<CoarseStart> &starts, PairResult &best)
+{
+    for (const CoarseStart &start : starts) {
+        const PairResult pair = refinement.from(start.toShot);
+        if (!isBetter(best, pair))
+            best = pair;
+    }
+}
+
 bool isTooSmall(const ShotPyramid &pyramid)
 {
     return pyramid.levels.empty()
@@ -166,14 +181,14 @@ PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, K
     if (isTooSmall(reference) || isTooSmall(shot))
         return best;
     Refinement refinement(reference, shot, mostly, isCancelled);
-    best = refinement.from(coarseStart(reference, shot, 0.0, isCancelled).toShot);
+    best = PairResult();
+    tryStarts(refinement, coarseStarts(reference, shot, 0.0, isCancelled), best);
     for (double degrees : kOtherTurns) {
         if (best.confidence >= kSettled || isCancelled)
             break;
-        const PairResult other =
-            refinement.from(coarseStart(reference, shot, degrees, isCancelled).toShot);
-        if (other.confidence > best.confidence)
-            best = other;
+        std::vector<CoarseStart> starts = coarseStarts(reference, shot, degrees, isCancelled);
+        starts.resize(std::min<size_t>(1, starts.size()));
+        tryStarts(refinement, starts, best);
     }
     return best;
 }

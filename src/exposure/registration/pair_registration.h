@@ -11,13 +11,15 @@ struct PairResult
     Matrix toShot = identityMatrix(); ///< from the reference's pixel centres to the shot's
     double confidence = 0.0;
     double residualPixels = 0.0;
+    double score = 0.0; ///< mean correlation of the tiles that agree
     Reason reason = Reason::NoMatch;
     double movement = 0.0; ///< pixels by which a turn and shift alone moves a corner, at most
 };
 
 /// From a coarse shift, level by level, to the motion: tiles of the reference are found in the
-/// shot, a motion is fitted, and the next level starts from it. When that ends in doubt, it is
-/// tried again from turns of some degrees. mostly: Kind::Rigid or Kind::Perspective. Any thread, reentrant; uses all cores inside.
+/// shot, a motion is fitted, and the next level starts from it. Where things repeat, several shifts
+/// are followed to the end, and the one counts whose tiles are most alike. When all ends in doubt,
+/// it is tried again from turns of some degrees. mostly: Kind::Rigid or Kind::Perspective. Any thread, reentrant; uses all cores inside.
 /// Throws std::bad_alloc. Returns an unaligned pair when cancelled.
 PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
                         const std::atomic<bool> &isCancelled);

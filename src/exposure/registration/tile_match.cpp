@@ -177,7 +177,8 @@ public:
         const QPointF middle = QPointF(first) + QPointF(side - 1, side - 1) / 2;
         const QPointF place = scale.toPixels(middle);
         const QPointF expected = scale.toLevel(mapped(toShot, place));
-        if (patch.readPatch(shotPlane, expected, turnAt(toShot, place)) < kLeastShareThere)
+        if (patch.readPatch(shotPlane, expected, turnAt(toShot, place)) < kLeastShareThere
+            || patch.patchContrast() < kLeastContrast)
             return {};
         Scores scores;
         patch.score(scores);
