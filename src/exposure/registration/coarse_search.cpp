@@ -10,7 +10,7 @@ namespace registration {
 namespace {
 
 constexpr int kSmallestShare = 3; ///< shifts reach a third of the picture
-constexpr double kRivalShare = 0.7; ///< of the best rank, to be worth a closer look
+constexpr double kRivalShare = 0.8; ///< of the best rank, to be worth a closer look
 
 int reachOf(int length)
 {

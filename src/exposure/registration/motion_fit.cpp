@@ -16,7 +16,7 @@ constexpr double kWeightLimit = 1.25;    ///< times the tolerance
 constexpr int kLeastForRigid = 4;
 constexpr int kLeastForPerspective = 12;
 constexpr double kLeastF = 5.0;         ///< F(5, n), chance exceeds it once in 5000 times
-constexpr double kClearOfUncertainty = 3.0;
+constexpr double kClearOfUncertainty = 5.0;
 constexpr double kLeastBend = 0.25; ///< pixels at a corner; less is not worth eight parameters
 constexpr int kFields = 4;
 

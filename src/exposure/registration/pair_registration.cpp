@@ -117,7 +117,7 @@ private:
         pair.confidence = std::min(wideConfidence, confidenceOf(fit, textured));
         pair.residualPixels = fit.residual;
         pair.movement = fit.movement;
-        pair.score = fit.meanScore;
+        pair.agreement = fit.meanScore * fit.inliers;
         if (fit.isWholeShiftAsGood
             || cornerDistance(fit.wholeShift, fit.toShot, reference.size) <= kWholeShiftPixels)
             takeWholeShift(pair);
@@ -153,7 +153,7 @@ private:
 
 bool isBetter(const PairResult &a, const PairResult &b)
 {
-    return a.confidence * a.score > b.confidence * b.score;
+    return a.confidence * a.agreement > b.confidence * b.agreement;
 }
 
 void tryStarts(Refinement &refinement, const std::vector<CoarseStart> &starts, PairResult &best)

@@ -11,7 +11,7 @@ struct PairResult
     Matrix toShot = identityMatrix(); ///< from the reference's pixel centres to the shot's
     double confidence = 0.0;
     double residualPixels = 0.0;
-    double score = 0.0; ///< mean correlation of the tiles that agree
+    double agreement = 0.0; ///< summed correlation of the tiles that agree
     Reason reason = Reason::NoMatch;
     double movement = 0.0; ///< pixels by which a turn and shift alone moves a corner, at most
 };

@@ -10,7 +10,7 @@
 namespace registration {
 namespace {
 
-constexpr double kLeastShareThere = 0.5;
+constexpr double kLeastShareThere = 0.35;
 constexpr double kLeastContrast = 6.0;   ///< root mean square, of normalised values
 constexpr double kLeastScore = 0.25;
 constexpr double kLeastCurvature = 0.004; ///< of the score per value squared, in any direction

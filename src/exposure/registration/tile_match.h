@@ -20,7 +20,7 @@ struct MatchSearch
     size_t level = 0; ///< of both pyramids
     int side = 64;    ///< of a tile, in values of the level; at most kLargestTile
     int radius = 6;   ///< in values of the level, at most kLargestRadius
-    int tiles = 120;  ///< about so many, spread evenly
+    int tiles = 160;  ///< about so many, spread evenly
 };
 
 struct MatchResult

@@ -133,7 +133,8 @@ rendered::Scene rendered::houseFront()
         const double u = x / 60 - std::floor(x / 60);
         const double v = y / 75 - std::floor(y / 75);
         const bool isWindow = u > 0.25 && u < 0.75 && v > 0.2 && v < 0.8;
-        return (isWindow ? 0.03 : 0.25) + 0.05 * noise(x, y, 77);
+        const double curtain = hashed(int(std::floor(x / 60)), int(std::floor(y / 75)), 5);
+        return (isWindow ? 0.02 + 0.06 * curtain : 0.25) + 0.05 * noise(x, y, 77);
     });
 }
 

@@ -18,7 +18,7 @@ Scene texturedScene(unsigned seed);
 /// The same, with nothing to see above this line.
 Scene skyAbove(double line, unsigned seed);
 
-/// Windows in a wall, all alike; the wall's plaster is not.
+/// Windows in a wall, alike but for their curtains.
 Scene houseFront();
 
 /// What a picture shows, continued beyond it by its border.
