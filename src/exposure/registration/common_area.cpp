@@ -56,12 +56,14 @@ QRect largestShrunk(const Outlines &outlines, const QRect &whole)
     return covered < 1.0 ? shrunk(whole, covered) : QRect();
 }
 
+constexpr int kLargestStep = 1 << 16; // halved, such steps make up any distance
+
 using Move = std::array<int, 4>; ///< of the sides, as QRect::adjusted() has them
 
 /// Moves one side as far out as all stay covered.
 QRect grown(const Outlines &outlines, const QRect &whole, QRect area, const Move &out)
 {
-    for (int step = std::max(whole.width(), whole.height()); step > 0; step /= 2) {
+    for (int step = kLargestStep; step > 0; step /= 2) {
         const QRect wider =
             area.adjusted(out[0] * step, out[1] * step, out[2] * step, out[3] * step);
         if (whole.contains(wider) && areCovering(outlines, wider))

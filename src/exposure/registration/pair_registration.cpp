@@ -181,7 +181,7 @@ PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, K
     if (isTooSmall(reference) || isTooSmall(shot))
         return best;
     Refinement refinement(reference, shot, mostly, isCancelled);
-    best = PairResult();
+    best.reason = Reason::NoDetail; // unless there is a shift to start from
     tryStarts(refinement, coarseStarts(reference, shot, 0.0, isCancelled), best);
     for (double degrees : kOtherTurns) {
         if (best.confidence >= kSettled || isCancelled)
