@@ -79,8 +79,8 @@ Times timed(const Work &work, int runs)
 void printCorrelation(const char *name, const QImage &reference, const QImage &shot)
 {
     const LocalCorrelation full = localCorrelation(reference, shot);
-    const LocalCorrelation half = localCorrelation(reference.scaled(reference.size() / 2),
-                                                   shot.scaled(reference.size() / 2));
+    const LocalCorrelation half =
+        localCorrelation(reference.scaled(reference.size() / 2), shot.scaled(reference.size() / 2));
     std::printf("    %-9s correlation %.3f (%d windows), at half size %.3f (%d)\n", name, full.mean,
                 full.windows, half.mean, half.windows);
 }
@@ -111,8 +111,7 @@ void printEcc(const QImage &reference, const QImage &shot)
 #ifdef VESK_HAS_OPENCV
     Transform ecc;
     ecc.kind = registration::Kind::Perspective;
-    const Times times =
-        timed([&] { ecc.matrix = opencv::eccHomography(reference, shot); }, 1);
+    const Times times = timed([&] { ecc.matrix = opencv::eccHomography(reference, shot); }, 1);
     printCorrelation("ECC", reference, registration::resample(shot, ecc, reference.size()));
     std::printf("    ECC in %.1f ms (%.1f ms of processor)\n", times.wall, times.processor);
 #else

@@ -46,8 +46,8 @@ Matrix meanOf(const PairResult &a, const PairResult &b, QSize size)
     std::array<QPointF, 4> to;
     for (size_t i = 0; i < to.size(); ++i) {
         const QPointF from = corners(size)[i];
-        to[i] = (mapped(a.toShot, from) * weightA + mapped(b.toShot, from) * weightB)
-                / (weightA + weightB);
+        to[i] = (mapped(a.toShot, from) * weightA + mapped(b.toShot, from) * weightB) /
+                (weightA + weightB);
         matches.push_back({from, to[i]});
     }
     if (std::max(a.kind, b.kind) == Kind::Perspective)
@@ -126,7 +126,8 @@ SetRegistration::SetRegistration(const QList<QImage> &pictures, int referenceInd
 
 std::vector<Transform> SetRegistration::run(const std::vector<int> &orderOfBrightness)
 {
-    results[size_t(reference)] = {Kind::Identity, identityMatrix(), 1.0, 0.0, 1.0, Reason::None, 0.0};
+    results[size_t(reference)] = {
+        Kind::Identity, identityMatrix(), 1.0, 0.0, 1.0, Reason::None, 0.0};
     referencePyramid = pyramid(reference);
     report();
     const auto middle = std::find(orderOfBrightness.begin(), orderOfBrightness.end(), reference);

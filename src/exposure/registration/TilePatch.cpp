@@ -81,9 +81,9 @@ void TilePatch::score(std::array<double, kMostOffsets * kMostOffsets> &scores) c
     const size_t offsets = 2 * static_cast<size_t>(radius) + 1;
     std::array<int32_t, kMostOffsets * kMostOffsets> products;
     std::array<int64_t, kMostOffsets * kMostOffsets> squares;
-    correlate({tile.data(), patch.data(), static_cast<size_t>(side), kTileStride, kPatchStride,
-               offsets},
-              products.data());
+    correlate(
+        {tile.data(), patch.data(), static_cast<size_t>(side), kTileStride, kPatchStride, offsets},
+        products.data());
     sumSquares(squares);
     const double tileSquares = std::pow(tileContrast() * side, 2);
     for (size_t i = 0; i < offsets * offsets; ++i)

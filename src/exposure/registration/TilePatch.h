@@ -22,7 +22,8 @@ public:
     /// Takes the patch from where the affine map has it: centre is where the middle of the tile
     /// goes, turn the 2 x 2 matrix (row by row) around it. Eight values in a row share one fraction
     /// of a step, so that they can be interpolated at once. Returns the share that is there.
-    double readPatch(const NormalisedPlane &plane, QPointF centre, const std::array<double, 4> &turn);
+    double readPatch(const NormalisedPlane &plane, QPointF centre,
+                     const std::array<double, 4> &turn);
 
     /// Normalised correlation for every offset, (2 radius + 1) squared numbers.
     void score(std::array<double, kMostOffsets * kMostOffsets> &scores) const;

@@ -9,7 +9,7 @@
 namespace registration {
 namespace {
 
-constexpr int kSmallestShare = 3; ///< shifts reach a third of the picture
+constexpr int kSmallestShare = 3;   ///< shifts reach a third of the picture
 constexpr double kRivalShare = 0.8; ///< of the best rank, to be worth a closer look
 
 int reachOf(int length)
@@ -105,8 +105,8 @@ CoarseView turnedView(const NormalisedPlane &plane, int span, int reach, double 
     for (int y = 0; y < plane.height; ++y) {
         for (int x = 0; x < plane.width; ++x) {
             const QPoint from = mapped(turn, QPointF(x, y)).toPoint();
-            const bool isInside = from.x() >= 0 && from.y() >= 0 && from.x() < plane.width
-                                  && from.y() < plane.height;
+            const bool isInside =
+                from.x() >= 0 && from.y() >= 0 && from.x() < plane.width && from.y() < plane.height;
             const int8_t value = isInside ? plane.row(from.y())[from.x()] : kNothing;
             view.row(y)[x] = value != kNothing ? value : int8_t{0};
         }
@@ -134,11 +134,11 @@ Shift shiftScore(const CoarseView &reference, const CoarseView &shot, int dx, in
     int64_t products = 0;
     for (int y = top; y < top + common.height(); ++y)
         products += dotProduct(reference.row(y), shot.row(y + dy) + dx, padded(reference.width));
-    const double squares = double(reference.squaresIn(left, top, common))
-                           * double(shot.squaresIn(left + dx, top + dy, common));
+    const double squares = double(reference.squaresIn(left, top, common)) *
+                           double(shot.squaresIn(left + dx, top + dy, common));
     const double score = double(products) / std::sqrt(std::max(1.0, squares));
-    const double share = double(common.width()) * common.height()
-                         / (double(reference.width) * reference.height);
+    const double share =
+        double(common.width()) * common.height() / (double(reference.width) * reference.height);
     return {dx, dy, score, score * std::sqrt(share)};
 }
 
@@ -210,13 +210,14 @@ std::vector<CoarseStart> coarseStarts(const ShotPyramid &reference, const ShotPy
     const int reach = reachOf(reference.levels[level].width);
     const int span = std::max(reference.levels[level].width, plane.width);
     const CoarseView referenceView = straightView(reference.levels[level], span, reach);
-    const CoarseView shotView = degrees == 0.0 ? straightView(plane, span, reach)
-                                               : turnedView(plane, span, reach, degrees);
+    const CoarseView shotView =
+        degrees == 0.0 ? straightView(plane, span, reach) : turnedView(plane, span, reach, degrees);
     const double scale = reference.scale(level);
     const Matrix turn = turnAbout(QSizeF(shot.size), degrees);
     std::vector<CoarseStart> starts;
     for (const Shift &shift : tops(scoredShifts(referenceView, shotView, isCancelled)))
-        starts.push_back({product(turn, shiftMatrix(shift.x * scale, shift.y * scale)), shift.score});
+        starts.push_back(
+            {product(turn, shiftMatrix(shift.x * scale, shift.y * scale)), shift.score});
     return starts;
 }
 

@@ -16,8 +16,8 @@ struct Outline
     {
         constexpr double kSlack = 1.0 / 256; // what the resampling rounds away
         const QPointF at = mapped(toShot, point);
-        return at.x() >= -kSlack && at.y() >= -kSlack && at.x() <= size.width() - 1 + kSlack
-               && at.y() <= size.height() - 1 + kSlack;
+        return at.x() >= -kSlack && at.y() >= -kSlack && at.x() <= size.width() - 1 + kSlack &&
+               at.y() <= size.height() - 1 + kSlack;
     }
 };
 

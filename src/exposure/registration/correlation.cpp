@@ -34,9 +34,8 @@ HWY_INLINE void addRow(D16 values, D32 sums, const int16_t *a, const int16_t *b,
                        Sums<V> &total)
 {
     for (size_t x = 0; x < count; x += hn::Lanes(values)) {
-        total.first = hn::ReorderWidenMulAccumulate(sums, hn::LoadU(values, a + x),
-                                                    hn::LoadU(values, b + x), total.first,
-                                                    total.second);
+        total.first = hn::ReorderWidenMulAccumulate(
+            sums, hn::LoadU(values, a + x), hn::LoadU(values, b + x), total.first, total.second);
     }
 }
 
@@ -69,8 +68,8 @@ int32_t dotProduct(const int16_t *a, const int16_t *b, size_t count)
     const size_t inVectors = count - count % hn::Lanes(values);
     Sums<hn::Vec<decltype(wide)>> total{hn::Zero(wide), hn::Zero(wide)};
     addRow(values, wide, a, b, inVectors, total);
-    return totalOf(wide, total)
-           + registration::plain::dotProduct(a + inVectors, b + inVectors, count - inVectors);
+    return totalOf(wide, total) +
+           registration::plain::dotProduct(a + inVectors, b + inVectors, count - inVectors);
 }
 
 #endif

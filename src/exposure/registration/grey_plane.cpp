@@ -26,11 +26,11 @@ QImage readable(const QImage &picture, QImage::Format format)
 
 QImage asWords(const QImage &picture)
 {
-    if (picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_ARGB32
-        || picture.format() == QImage::Format_ARGB32_Premultiplied)
+    if (picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_ARGB32 ||
+        picture.format() == QImage::Format_ARGB32_Premultiplied)
         return picture;
-    return readable(picture, picture.hasAlphaChannel() ? QImage::Format_ARGB32
-                                                       : QImage::Format_RGB32);
+    return readable(picture,
+                    picture.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
 }
 
 void readWords(const QImage &picture, bool isHalved, int begin, int end, GreyPlane &plane)
@@ -51,8 +51,8 @@ void readWords(const QImage &picture, bool isHalved, int begin, int end, GreyPla
 bool saysNothing(QRgba64 pixel)
 {
     constexpr int kClipped = kFirstClipped * 257;
-    return pixel.alpha() < 0xFFFF || pixel.red() >= kClipped || pixel.green() >= kClipped
-           || pixel.blue() >= kClipped;
+    return pixel.alpha() < 0xFFFF || pixel.red() >= kClipped || pixel.green() >= kClipped ||
+           pixel.blue() >= kClipped;
 }
 
 /// Mean of side * side pixels from x, y on.
@@ -86,8 +86,8 @@ void readDeep(const QImage &picture, bool isHalved, int begin, int end, GreyPlan
 bool isDeep(const QImage &picture)
 {
     const QPixelFormat format = picture.pixelFormat();
-    return format.redSize() > 8 || format.blackSize() > 8
-           || picture.format() == QImage::Format_Grayscale16;
+    return format.redSize() > 8 || format.blackSize() > 8 ||
+           picture.format() == QImage::Format_Grayscale16;
 }
 
 GreyPlane greyPlane(const QImage &picture, bool isHalved, const std::atomic<bool> &isCancelled)

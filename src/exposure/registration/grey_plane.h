@@ -14,7 +14,7 @@ namespace registration {
 using GreyPlane = Plane<uint16_t>;
 
 constexpr uint16_t kNoGrey = 0xFFFF;
-constexpr int kWhite = 4080;        ///< sixteen steps for each of the 255 of a byte
+constexpr int kWhite = 4080; ///< sixteen steps for each of the 255 of a byte
 
 /// The picture at its own size, or where isHalved averaged 2 x 2 to half of it (an odd last column
 /// or row is left out). Pictures of more than 8 bits per channel are brought to 12 by a square

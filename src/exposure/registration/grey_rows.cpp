@@ -38,8 +38,8 @@ HWY_INLINE V nothing(D words, V pixels)
     const hn::Repartition<uint8_t, D> bytes;
     const V allowed = hn::Set(words, kLast << 16 | kLast << 8 | kLast);
     const V asked = hn::Xor(pixels, hn::Set(words, 0xFF000000U));
-    return hn::BitCast(words, hn::SaturatedSub(hn::BitCast(bytes, asked),
-                                               hn::BitCast(bytes, allowed)));
+    return hn::BitCast(words,
+                       hn::SaturatedSub(hn::BitCast(bytes, asked), hn::BitCast(bytes, allowed)));
 }
 
 /// Red and blue in 16 bits each.

@@ -14,8 +14,8 @@ uint32_t channel(uint32_t pixel, int shift)
 
 bool saysNothing(uint32_t pixel)
 {
-    return channel(pixel, 24) < 0xFF || channel(pixel, 16) >= kFirstClipped
-           || channel(pixel, 8) >= kFirstClipped || channel(pixel, 0) >= kFirstClipped;
+    return channel(pixel, 24) < 0xFF || channel(pixel, 16) >= kFirstClipped ||
+           channel(pixel, 8) >= kFirstClipped || channel(pixel, 0) >= kFirstClipped;
 }
 
 uint32_t brightness(uint32_t pixel)

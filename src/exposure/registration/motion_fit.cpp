@@ -10,12 +10,13 @@ namespace registration {
 namespace {
 
 constexpr int kMostPairs = 150;
-constexpr int kRounds = 6;             ///< of fitting and weighing anew
-constexpr double kLooseTolerance = 1.5; ///< times the tolerance, for the consensus: it knows no tilt
-constexpr double kWeightLimit = 1.25;    ///< times the tolerance
+constexpr int kRounds = 6; ///< of fitting and weighing anew
+constexpr double kLooseTolerance =
+    1.5;                              ///< times the tolerance, for the consensus: it knows no tilt
+constexpr double kWeightLimit = 1.25; ///< times the tolerance
 constexpr int kLeastForRigid = 4;
 constexpr int kLeastForPerspective = 12;
-constexpr double kLeastF = 5.0;         ///< F(5, n), chance exceeds it once in 5000 times
+constexpr double kLeastF = 5.0; ///< F(5, n), chance exceeds it once in 5000 times
 constexpr double kClearOfUncertainty = 5.0;
 constexpr double kLeastBend = 0.25; ///< pixels at a corner; less is not worth eight parameters
 constexpr int kFields = 4;
@@ -147,8 +148,8 @@ double sumOf(const std::vector<double> &weights)
 
 int inlierCount(const std::vector<double> &weights)
 {
-    return static_cast<int>(std::count_if(weights.begin(), weights.end(),
-                                          [](double weight) { return weight > 0.0; }));
+    return static_cast<int>(
+        std::count_if(weights.begin(), weights.end(), [](double weight) { return weight > 0.0; }));
 }
 
 /// Numbers that the matches settle beyond those of a model.
@@ -171,8 +172,8 @@ bool isPerspectiveBetter(const std::vector<Match> &matches, const Fitted &perspe
     const double deviation = std::sqrt(error / freedom);
     const double uncertainty =
         cornerUncertainty(weighted, perspective.toShot, frame, size, deviation);
-    return cornerDistance(perspective.toShot, *rigid, size)
-           > std::max(kLeastBend, kClearOfUncertainty * uncertainty);
+    return cornerDistance(perspective.toShot, *rigid, size) >
+           std::max(kLeastBend, kClearOfUncertainty * uncertainty);
 }
 
 double coverageOf(const WeightedMatches &matches, QSize size)

@@ -13,9 +13,9 @@ struct MotionFit
     bool isWholeShiftAsGood = false;      ///< the rest is no more than chance makes of it
     double movement = 0.0; ///< pixels by which a turn and shift alone moves a corner, at most
     int inliers = 0;
-    double residual = 0.0;   ///< root mean square distance of the inliers, in pixels
-    double meanScore = 0.0;  ///< of the inliers
-    double coverage = 0.0;   ///< share of 4 x 4 fields of the picture that hold an inlier
+    double residual = 0.0;  ///< root mean square distance of the inliers, in pixels
+    double meanScore = 0.0; ///< of the inliers
+    double coverage = 0.0;  ///< share of 4 x 4 fields of the picture that hold an inlier
 };
 
 /// start: to the shot, as the matches were searched. size: of the reference. tolerance: pixels

@@ -102,8 +102,8 @@ UnitFrame::UnitFrame(QSize size)
 
 Matrix UnitFrame::inPixels(const Matrix &unitMap) const
 {
-    const Matrix toUnits = {1 / scale, 0, -middle.x() / scale, 0, 1 / scale, -middle.y() / scale,
-                            0,         0, 1};
+    const Matrix toUnits = {1 / scale, 0, -middle.x() / scale, 0, 1 / scale, -middle.y() / scale, 0,
+                            0,         1};
     return product(inverse(toUnits), product(unitMap, toUnits));
 }
 

@@ -35,7 +35,8 @@ double squaredError(const Matrix &toShot, const WeightedMatches &matches);
 
 /// Tukey's biweight: (1 - (distance / limit)^2)^2, 0 beyond the limit.
 double biweight(double squaredDistance, double limit);
-std::vector<double> biweights(const Matrix &toShot, const std::vector<Match> &matches, double limit);
+std::vector<double> biweights(const Matrix &toShot, const std::vector<Match> &matches,
+                              double limit);
 
 /// The turn and shift with the least weighted squares. Nothing when all weights are 0.
 std::optional<Matrix> rigidFit(const WeightedMatches &matches);

@@ -25,11 +25,10 @@ template <class D, class I, class V = hn::Vec<D>>
 HWY_INLINE hn::Vec<I> normalisedValues(D floats, I integers, hn::Vec<I> greys, V mean, V scale)
 {
     const V value = hn::Mul(hn::Sub(hn::ConvertTo(floats, greys), mean), scale);
-    const V inside =
-        hn::Min(hn::Max(value, hn::Set(floats, -127.0F)), hn::Set(floats, 127.0F));
+    const V inside = hn::Min(hn::Max(value, hn::Set(floats, -127.0F)), hn::Set(floats, 127.0F));
     const V rounder = hn::Set(floats, kRounder);
-    const auto rounded = hn::Sub(hn::BitCast(integers, hn::Add(inside, rounder)),
-                                 hn::BitCast(integers, rounder));
+    const auto rounded =
+        hn::Sub(hn::BitCast(integers, hn::Add(inside, rounder)), hn::BitCast(integers, rounder));
     const auto isNothing = hn::Eq(greys, hn::Set(integers, int32_t{kNoGrey}));
     return hn::IfThenElse(isNothing, hn::Set(integers, int32_t{kNothing}), rounded);
 }

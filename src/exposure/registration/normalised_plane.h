@@ -8,8 +8,8 @@ namespace registration {
 
 /// A GreyPlane with local mean and contrast taken out, so that two exposures of a scene look alike:
 /// (grey - mean) / (deviation + kNoiseFloor), in steps of 1 / kStepsPerDeviation, within +-127;
-/// kNothing where there is no grey and in the padding. Mean and deviation are those of the 32 x 32 values around, taken
-/// every 8 values and interpolated between.
+/// kNothing where there is no grey and in the padding. Mean and deviation are those of the 32 x 32
+/// values around, taken every 8 values and interpolated between.
 using NormalisedPlane = Plane<int8_t>;
 
 constexpr int8_t kNothing = -128;

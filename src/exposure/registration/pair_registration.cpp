@@ -8,11 +8,11 @@
 namespace registration {
 namespace {
 
-constexpr int kLeastSide = 16;           ///< of the finest level
-constexpr double kSettled = 0.5;         ///< confidence that needs no other start
+constexpr int kLeastSide = 16;   ///< of the finest level
+constexpr double kSettled = 0.5; ///< confidence that needs no other start
 constexpr double kOtherTurns[] = {-5.0, 5.0, -10.0, 10.0};
 constexpr double kWholeShiftPixels = 0.2; ///< that a whole-pixel shift may set a corner apart
-constexpr double kSettledPixels = 1.0; ///< of the finest level: more is worth another look
+constexpr double kSettledPixels = 1.0;    ///< of the finest level: more is worth another look
 constexpr int kLeastTextured = 6;
 constexpr double kLeastStretch = 0.7; ///< of an area, by a hand-held camera
 constexpr double kMostStretch = 1.4;
@@ -55,8 +55,8 @@ double ramp(double value, double from, double to)
 double confidenceOf(const MotionFit &fit, int textured)
 {
     const double share = double(fit.inliers) / std::max(1, textured);
-    return ramp(share, 0.1, 0.55) * ramp(fit.inliers, 3, 12) * ramp(fit.meanScore, 0.2, 0.5)
-           * ramp(fit.coverage, 0.0, 0.2);
+    return ramp(share, 0.1, 0.55) * ramp(fit.inliers, 3, 12) * ramp(fit.meanScore, 0.2, 0.5) *
+           ramp(fit.coverage, 0.0, 0.2);
 }
 
 class Refinement
@@ -118,8 +118,8 @@ private:
         pair.residualPixels = fit.residual;
         pair.movement = fit.movement;
         pair.agreement = fit.meanScore * fit.inliers;
-        if (fit.isWholeShiftAsGood
-            || cornerDistance(fit.wholeShift, fit.toShot, reference.size) <= kWholeShiftPixels)
+        if (fit.isWholeShiftAsGood ||
+            cornerDistance(fit.wholeShift, fit.toShot, reference.size) <= kWholeShiftPixels)
             takeWholeShift(pair);
         else
             take(pair, fit.kind, fit.toShot);
@@ -167,8 +167,8 @@ void tryStarts(Refinement &refinement, const std::vector<CoarseStart> &starts, P
 
 bool isTooSmall(const ShotPyramid &pyramid)
 {
-    return pyramid.levels.empty()
-           || std::min(pyramid.levels[0].width, pyramid.levels[0].height) < kLeastSide;
+    return pyramid.levels.empty() ||
+           std::min(pyramid.levels[0].width, pyramid.levels[0].height) < kLeastSide;
 }
 
 } // namespace

@@ -19,8 +19,9 @@ struct PairResult
 /// From a coarse shift, level by level, to the motion: tiles of the reference are found in the
 /// shot, a motion is fitted, and the next level starts from it. Where things repeat, several shifts
 /// are followed to the end, and the one counts whose tiles are most alike. When all ends in doubt,
-/// it is tried again from turns of some degrees. mostly: Kind::Rigid or Kind::Perspective. Any thread, reentrant; uses all cores inside.
-/// Throws std::bad_alloc. Returns an unaligned pair when cancelled.
+/// it is tried again from turns of some degrees. mostly: Kind::Rigid or Kind::Perspective. Any
+/// thread, reentrant; uses all cores inside. Throws std::bad_alloc. Returns an unaligned pair when
+/// cancelled.
 PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
                         const std::atomic<bool> &isCancelled);
 

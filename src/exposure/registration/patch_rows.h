@@ -7,9 +7,9 @@
 // definition; the other gives the same to the bit, with vector instructions. Any thread, reentrant.
 namespace registration {
 
-constexpr int kSegment = 8;        ///< values in a row that share one fraction of a step
-constexpr int kPositionBits = 16;  ///< behind the point of positions
-constexpr int kFractionBits = 5;   ///< of them that are looked at
+constexpr int kSegment = 8;       ///< values in a row that share one fraction of a step
+constexpr int kPositionBits = 16; ///< behind the point of positions
+constexpr int kFractionBits = 5;  ///< of them that are looked at
 
 /// Lines of segments. Positions, times 2^kPositionBits, are those of a segment's first value.
 struct PatchInput

@@ -16,8 +16,8 @@ int interpolateSegment(const int8_t *upper, const int8_t *lower, const SegmentPl
         const bool isThere = std::min({upper[i], upper[i + 1], lower[i], lower[i + 1]}) != kNothing;
         const int above = upper[i] * (kParts - place.partX) + upper[i + 1] * place.partX;
         const int below = lower[i] * (kParts - place.partX) + lower[i + 1] * place.partX;
-        const int value = ((above + 2) >> 2) * (kParts - place.partY)
-                          + ((below + 2) >> 2) * place.partY;
+        const int value =
+            ((above + 2) >> 2) * (kParts - place.partY) + ((below + 2) >> 2) * place.partY;
         out[i] = static_cast<int16_t>(isThere ? (value + 128) >> 8 : 0);
         there += isThere ? 1 : 0;
     }

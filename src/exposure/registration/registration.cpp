@@ -29,8 +29,8 @@ Result registered(const QList<QImage> &shots, const Options &options)
 
 Result registerShots(const QList<QImage> &shots, const Options &options)
 {
-    const bool isAnyNull = std::any_of(shots.begin(), shots.end(),
-                                       [](const QImage &shot) { return shot.isNull(); });
+    const bool isAnyNull =
+        std::any_of(shots.begin(), shots.end(), [](const QImage &shot) { return shot.isNull(); });
     if (shots.isEmpty() || isAnyNull)
         return {};
     Result result;

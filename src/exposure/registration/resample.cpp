@@ -17,7 +17,7 @@ namespace {
 constexpr int kBlock = 16; ///< pixels in a row between whose ends positions are interpolated
 constexpr int kFractionBits = 16;
 constexpr double kFraction = 1 << kFractionBits;
-constexpr int kPhaseShift = 9;      ///< from fractions to phases
+constexpr int kPhaseShift = 9; ///< from fractions to phases
 constexpr int kTapsBefore = kTaps / 2 - 1;
 
 static_assert(kFraction / (1 << kPhaseShift) == kPhases);
@@ -52,8 +52,8 @@ TapPlace tapPlace(Position position, QSize shot)
     const int64_t x = (position.x + kHalfPhase) >> kPhaseShift;
     const int64_t y = (position.y + kHalfPhase) >> kPhaseShift;
     TapPlace place;
-    place.isCovered = x >= 0 && y >= 0 && x <= int64_t(shot.width() - 1) * kPhases
-                      && y <= int64_t(shot.height() - 1) * kPhases;
+    place.isCovered = x >= 0 && y >= 0 && x <= int64_t(shot.width() - 1) * kPhases &&
+                      y <= int64_t(shot.height() - 1) * kPhases;
     if (!place.isCovered)
         return place;
     place.x = static_cast<int>(x / kPhases) - kTapsBefore;
@@ -170,8 +170,8 @@ private:
     void filterRow(int y, std::vector<TapPlace> &places)
     {
         findPlaces(toShot, y, source.size(), places);
-        const SourcePixels pixels{source.constBits(), size_t(source.bytesPerLine()),
-                                  source.width(), source.height(), !source.hasAlphaChannel()};
+        const SourcePixels pixels{source.constBits(), size_t(source.bytesPerLine()), source.width(),
+                                  source.height(), !source.hasAlphaChannel()};
         uchar *out = result.scanLine(y);
         if (bytesPerPixel == sizeof(uint32_t))
             resampleWords(pixels, places.data(), places.size(), reinterpret_cast<uint32_t *>(out));

@@ -18,7 +18,8 @@ namespace registration {
 /// covers the reference and 0 (the whole pixel is 0) where it does not: what it covers in part, and
 /// what lies beside a transparent pixel of the shot, counts as not covered. Colour space and
 /// resolution are the shot's. A transform without motion (identity or unaligned) gives the shot
-/// itself back, in its own format, when the sizes agree; whole-pixel shifts copy pixels as they are.
+/// itself back, in its own format, when the sizes agree; whole-pixel shifts copy pixels as they
+/// are.
 ///
 /// The filter is Lanczos' with three lobes (Duchon, "Lanczos filtering in one and two dimensions",
 /// J. Appl. Meteorology 18, 1979; Turkowski, "Filters for common resampling tasks", Graphics Gems,

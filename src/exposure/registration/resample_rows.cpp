@@ -109,8 +109,8 @@ HWY_INLINE uint32_t resampled(const uint8_t *bits, size_t rowBytes, const TapWei
         return 0;
     const auto channels = filtered(bits, rowBytes, across, down);
     const auto narrow = hn::DemoteTo(hn::Rebind<uint8_t, Halves>(), channels);
-    const auto inside = hn::Min(hn::Max(hn::ZeroExtendVector(bytes, narrow), range.least),
-                                range.most);
+    const auto inside =
+        hn::Min(hn::Max(hn::ZeroExtendVector(bytes, narrow), range.least), range.most);
     return lowestWord(inside) | 0xFF000000U;
 }
 
@@ -125,8 +125,8 @@ void resampleWords(const SourcePixels &source, const TapPlace *places, size_t co
         if (!place.isCovered) {
             out[i] = 0;
         } else if (registration::isInner(source, place)) {
-            const uint8_t *bits = source.bits + size_t(place.y) * source.rowBytes
-                                  + size_t(place.x) * sizeof(uint32_t);
+            const uint8_t *bits = source.bits + size_t(place.y) * source.rowBytes +
+                                  size_t(place.x) * sizeof(uint32_t);
             out[i] = resampled(bits, source.rowBytes, across, down, opaque);
         } else {
             const BorderPixels<uint32_t> border(source, place);

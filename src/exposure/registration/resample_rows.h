@@ -9,8 +9,8 @@
 // reentrant.
 namespace registration {
 
-constexpr size_t kTaps = 6;      ///< pixels that a filter reads, across and down
-constexpr int kPhases = 128;     ///< places between two pixels
+constexpr size_t kTaps = 6;       ///< pixels that a filter reads, across and down
+constexpr int kPhases = 128;      ///< places between two pixels
 constexpr int kWeightOne = 16384; ///< the weights of a phase add up to it
 
 using TapWeights = std::array<int16_t, 8>; ///< kTaps weights and two zeros
@@ -21,7 +21,7 @@ const std::array<TapWeights, kPhases> &filterPhases();
 /// Where the pixels come from that make up one of the result.
 struct TapPlace
 {
-    int x = 0;           ///< of the first pixel read
+    int x = 0; ///< of the first pixel read
     int y = 0;
     uint16_t phaseX = 0;
     uint16_t phaseY = 0;
@@ -53,8 +53,8 @@ void resampleDeep(const SourcePixels &source, const TapPlace *places, size_t cou
 inline bool isInner(const SourcePixels &source, const TapPlace &place)
 {
     constexpr int kCount = kTaps;
-    return place.x >= 0 && place.y >= 0 && place.x + kCount <= source.width
-           && place.y + kCount <= source.height;
+    return place.x >= 0 && place.y >= 0 && place.x + kCount <= source.width &&
+           place.y + kCount <= source.height;
 }
 
 /// The pixels of a place at the border, those outside replaced by the nearest inside.

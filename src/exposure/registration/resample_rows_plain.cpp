@@ -105,8 +105,8 @@ int scaledProduct(int value, int weight)
 
 /// Down the columns first, then across: 8 bits, with as many bits behind the point as 16-bit lanes
 /// have room for.
-int filtered(const Window &window, size_t channel, const TapWeights &across,
-             const TapWeights &down, uint8_t)
+int filtered(const Window &window, size_t channel, const TapWeights &across, const TapWeights &down,
+             uint8_t)
 {
     int sum = 0;
     for (size_t x = 0; x < kTaps; ++x) {
@@ -118,8 +118,8 @@ int filtered(const Window &window, size_t channel, const TapWeights &across,
     return (sum + 16) >> 5;
 }
 
-int filtered(const Window &window, size_t channel, const TapWeights &across,
-             const TapWeights &down, uint16_t)
+int filtered(const Window &window, size_t channel, const TapWeights &across, const TapWeights &down,
+             uint16_t)
 {
     int64_t sum = 0;
     for (size_t x = 0; x < kTaps; ++x) {
@@ -171,8 +171,8 @@ void resampleRow(const SourcePixels &source, const TapPlace *places, size_t coun
         const TapPlace &place = places[i];
         Pixel<Channel> pixel{};
         if (place.isCovered && isInner(source, place)) {
-            const Window window{source.bits + size_t(place.y) * source.rowBytes
-                                    + size_t(place.x) * sizeof(Whole),
+            const Window window{source.bits + size_t(place.y) * source.rowBytes +
+                                    size_t(place.x) * sizeof(Whole),
                                 source.rowBytes};
             pixel = resampled<Channel>(window, place, source.isOpaque);
         } else if (place.isCovered) {

@@ -35,9 +35,10 @@ ShotLight shotLight(const QImage &shot)
 
 int bestExposed(const std::vector<ShotLight> &lights)
 {
-    const auto best = std::max_element(lights.begin(), lights.end(), [](const auto &a, const auto &b) {
-        return a.usableShare < b.usableShare;
-    });
+    const auto best =
+        std::max_element(lights.begin(), lights.end(), [](const auto &a, const auto &b) {
+            return a.usableShare < b.usableShare;
+        });
     return static_cast<int>(best - lights.begin());
 }
 

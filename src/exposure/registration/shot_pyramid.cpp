@@ -31,8 +31,8 @@ ShotPyramid shotPyramid(const QImage &shot, int finestScale, const std::atomic<b
     GreyPlane grey = finestGrey(shot, finestScale, isCancelled);
     while (!isCancelled) {
         pyramid.levels.push_back(normalised(grey, isCancelled));
-        if (std::max(grey.width, grey.height) <= kCoarsestSide
-            || std::min(grey.width, grey.height) < 2 * kLeastSide)
+        if (std::max(grey.width, grey.height) <= kCoarsestSide ||
+            std::min(grey.width, grey.height) < 2 * kLeastSide)
             break;
         grey = halved(grey);
     }

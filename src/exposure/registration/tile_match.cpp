@@ -1,7 +1,7 @@
 #include "tile_match.h"
 
-#include "parallel_rows.h"
 #include "TilePatch.h"
+#include "parallel_rows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +11,7 @@ namespace registration {
 namespace {
 
 constexpr double kLeastShareThere = 0.35;
-constexpr double kLeastContrast = 6.0;   ///< root mean square, of normalised values
+constexpr double kLeastContrast = 6.0; ///< root mean square, of normalised values
 constexpr double kLeastScore = 0.25;
 constexpr double kLeastCurvature = 0.004; ///< of the score per value squared, in any direction
 constexpr double kLeastRoundness = 0.08;  ///< smallest curvature over the largest: lines have none
@@ -31,10 +31,7 @@ struct ScoreMap
         const int offsets = 2 * radius + 1;
         return scores[static_cast<size_t>((dy + radius) * offsets + dx + radius)];
     }
-    bool isAtEdge(QPoint p) const
-    {
-        return std::abs(p.x()) >= radius || std::abs(p.y()) >= radius;
-    }
+    bool isAtEdge(QPoint p) const { return std::abs(p.x()) >= radius || std::abs(p.y()) >= radius; }
 };
 
 QPoint bestOffset(const ScoreMap &map)
@@ -116,8 +113,10 @@ struct LevelScale
 std::array<double, 4> turnAt(const Matrix &map, QPointF point)
 {
     constexpr double kStep = 8.0;
-    const QPointF x = mapped(map, point + QPointF(kStep, 0)) - mapped(map, point - QPointF(kStep, 0));
-    const QPointF y = mapped(map, point + QPointF(0, kStep)) - mapped(map, point - QPointF(0, kStep));
+    const QPointF x =
+        mapped(map, point + QPointF(kStep, 0)) - mapped(map, point - QPointF(kStep, 0));
+    const QPointF y =
+        mapped(map, point + QPointF(0, kStep)) - mapped(map, point - QPointF(0, kStep));
     return {x.x() / (2 * kStep), y.x() / (2 * kStep), x.y() / (2 * kStep), y.y() / (2 * kStep)};
 }
 
@@ -171,14 +170,14 @@ public:
     TileOutcome find(QPoint first, int side) const
     {
         TilePatch patch(side, radius);
-        if (patch.readTile(referencePlane, first.x(), first.y()) < kLeastShareThere
-            || patch.tileContrast() < kLeastContrast)
+        if (patch.readTile(referencePlane, first.x(), first.y()) < kLeastShareThere ||
+            patch.tileContrast() < kLeastContrast)
             return {};
         const QPointF middle = QPointF(first) + QPointF(side - 1, side - 1) / 2;
         const QPointF place = scale.toPixels(middle);
         const QPointF expected = scale.toLevel(mapped(toShot, place));
-        if (patch.readPatch(shotPlane, expected, turnAt(toShot, place)) < kLeastShareThere
-            || patch.patchContrast() < kLeastContrast)
+        if (patch.readPatch(shotPlane, expected, turnAt(toShot, place)) < kLeastShareThere ||
+            patch.patchContrast() < kLeastContrast)
             return {};
         Scores scores;
         patch.score(scores);
@@ -212,9 +211,8 @@ MatchResult collected(const std::vector<TileOutcome> &outcomes)
 
 } // namespace
 
-MatchResult findMatches(const ShotPyramid &reference, const ShotPyramid &shot,
-                        const Matrix &toShot, const MatchSearch &search,
-                        const std::atomic<bool> &isCancelled)
+MatchResult findMatches(const ShotPyramid &reference, const ShotPyramid &shot, const Matrix &toShot,
+                        const MatchSearch &search, const std::atomic<bool> &isCancelled)
 {
     const TileGrid grid = tileGrid(reference.levels[search.level], search);
     const TileFinder finder(reference, shot, toShot, search);

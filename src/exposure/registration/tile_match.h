@@ -36,8 +36,7 @@ constexpr int kLargestRadius = 6;
 /// within the radius, to a fraction of a value by a paraboloid through the best and its
 /// neighbours. Left out are tiles with too little to see, those found at the edge of the search,
 /// and those that a line or a repetition leaves in doubt.
-MatchResult findMatches(const ShotPyramid &reference, const ShotPyramid &shot,
-                        const Matrix &toShot, const MatchSearch &search,
-                        const std::atomic<bool> &isCancelled);
+MatchResult findMatches(const ShotPyramid &reference, const ShotPyramid &shot, const Matrix &toShot,
+                        const MatchSearch &search, const std::atomic<bool> &isCancelled);
 
 } // namespace registration

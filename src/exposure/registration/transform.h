@@ -28,9 +28,9 @@ enum class Kind {
 /// Why a shot is unaligned.
 enum class Reason {
     None,
-    TooSmall,   ///< fewer pixels than the method needs
-    NoDetail,   ///< nothing to hold on to: flat, black, clipped
-    NoMatch,    ///< the two pictures do not show the same thing, or not enough of it
+    TooSmall,    ///< fewer pixels than the method needs
+    NoDetail,    ///< nothing to hold on to: flat, black, clipped
+    NoMatch,     ///< the two pictures do not show the same thing, or not enough of it
     TooDistorted ///< the motion found is none that a hand-held camera makes
 };
 
@@ -38,9 +38,10 @@ enum class Reason {
 struct Transform
 {
     Kind kind = Kind::Unaligned;
-    Matrix matrix = {1, 0, 0, 0, 1, 0, 0, 0, 1}; ///< from the shot's pixel centres to the reference's
-    double confidence = 0.0;                     ///< 0..1; below kLeastConfidence: unaligned
-    double residualPixels = 0.0;                 ///< root mean square over the places that agree
+    Matrix matrix = {1, 0, 0, 0, 1,
+                     0, 0, 0, 1}; ///< from the shot's pixel centres to the reference's
+    double confidence = 0.0;      ///< 0..1; below kLeastConfidence: unaligned
+    double residualPixels = 0.0;  ///< root mean square over the places that agree
     Reason reason = Reason::None;
 };
 

@@ -57,7 +57,8 @@ public:
     {
         for (int y = 0; y < kHeight; ++y) {
             for (int x = 0; x < kWidth; ++x)
-                values[size_t(y) * kWidth + size_t(x)] = float(scene(x / 2.0 - kFrame, y / 2.0 - kFrame));
+                values[size_t(y) * kWidth + size_t(x)] =
+                    float(scene(x / 2.0 - kFrame, y / 2.0 - kFrame));
         }
     }
 
@@ -69,7 +70,8 @@ public:
         const float *lower = upper + kWidth;
         const double u = px - std::floor(px);
         const double v = py - std::floor(py);
-        return (upper[0] * (1 - u) + upper[1] * u) * (1 - v) + (lower[0] * (1 - u) + lower[1] * u) * v;
+        return (upper[0] * (1 - u) + upper[1] * u) * (1 - v) +
+               (lower[0] * (1 - u) + lower[1] * u) * v;
     }
 
 private:
@@ -124,7 +126,8 @@ rendered::Scene rendered::texturedScene(unsigned seed)
 rendered::Scene rendered::skyAbove(double line, unsigned seed)
 {
     const Scene ground = texturedScene(seed);
-    return [=](double x, double y) { return y < line + 20 * std::sin(x / 60) ? 0.3 : ground(x, y); };
+    return
+        [=](double x, double y) { return y < line + 20 * std::sin(x / 60) ? 0.3 : ground(x, y); };
 }
 
 rendered::Scene rendered::houseFront()
@@ -151,7 +154,8 @@ rendered::Scene rendered::photograph(const QImage &picture)
         };
         const double u = px - left;
         const double v = py - top;
-        return (at(0, 0) * (1 - u) + at(1, 0) * u) * (1 - v) + (at(0, 1) * (1 - u) + at(1, 1) * u) * v;
+        return (at(0, 0) * (1 - u) + at(1, 0) * u) * (1 - v) +
+               (at(0, 1) * (1 - u) + at(1, 1) * u) * v;
     };
 }
 
@@ -164,7 +168,9 @@ QImage rendered::shot(const Scene &scene, const Camera &camera)
         auto *row = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
             const double level = 255 * encoded(lightAt(scene, camera, x, y));
-            const auto channel = [&] { return int(std::clamp(level + grain(random), 0.0, 255.0) + 0.5); };
+            const auto channel = [&] {
+                return int(std::clamp(level + grain(random), 0.0, 255.0) + 0.5);
+            };
             const int red = channel();
             const int green = channel();
             row[x] = qRgb(red, green, channel());

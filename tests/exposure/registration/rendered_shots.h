@@ -28,9 +28,9 @@ struct Camera
 {
     QSize size{640, 480};
     registration::Matrix toReference = registration::identityMatrix(); ///< from the shot's pixels
-    double stops = 0.0;  ///< more light than the reference gets
-    double noise = 0.0;  ///< standard deviation, in 8-bit levels
-    unsigned seed = 1;   ///< of the noise
+    double stops = 0.0; ///< more light than the reference gets
+    double noise = 0.0; ///< standard deviation, in 8-bit levels
+    unsigned seed = 1;  ///< of the noise
 };
 
 /// 8 bits, sRGB, clipped as a sensor clips.

@@ -56,8 +56,8 @@ bool areEqual(const Result &a, const Result &b)
     for (size_t i = 0; i < a.transforms.size(); ++i) {
         const Transform &p = a.transforms[i];
         const Transform &q = b.transforms[i];
-        if (p.kind != q.kind || p.matrix != q.matrix || p.confidence != q.confidence
-            || p.residualPixels != q.residualPixels)
+        if (p.kind != q.kind || p.matrix != q.matrix || p.confidence != q.confidence ||
+            p.residualPixels != q.residualPixels)
             return false;
     }
     return true;
@@ -140,7 +140,8 @@ void tst_registration::knownMotion_anyExposure_fitsAtTheCorners()
     QFETCH(double, stops);
     const auto scene = rendered::texturedScene(3);
     const QImage reference = rendered::shot(scene, movedCamera(identityMatrix()));
-    const Transform found = registeredPair(reference, rendered::shot(scene, movedCamera(truth, stops)));
+    const Transform found =
+        registeredPair(reference, rendered::shot(scene, movedCamera(truth, stops)));
     qInfo("error %.3f px, confidence %.2f", error(found, truth), found.confidence);
     QVERIFY(error(found, truth) <= 0.3);
 }
@@ -150,7 +151,8 @@ void tst_registration::turn_withoutTilt_isRigid()
     const auto scene = rendered::texturedScene(5);
     const Matrix truth = rendered::turned(kSize, 0.8, 5, 9);
     const QImage reference = rendered::shot(scene, movedCamera(identityMatrix()));
-    QCOMPARE(registeredPair(reference, rendered::shot(scene, movedCamera(truth, 1))).kind, Kind::Rigid);
+    QCOMPARE(registeredPair(reference, rendered::shot(scene, movedCamera(truth, 1))).kind,
+             Kind::Rigid);
 }
 
 void tst_registration::tilt_isPerspective()
@@ -185,7 +187,8 @@ void tst_registration::movingThird_isLeftOut()
     };
     const Matrix truth = rendered::turned(kSize, 0.2, 6.3, -4.1);
     const QImage reference = rendered::shot(scene(0), movedCamera(identityMatrix()));
-    const Transform found = registeredPair(reference, rendered::shot(scene(15), movedCamera(truth, 1)));
+    const Transform found =
+        registeredPair(reference, rendered::shot(scene(15), movedCamera(truth, 1)));
     QVERIFY2(error(found, truth) <= 0.3, qPrintable(QString::number(error(found, truth))));
 }
 
@@ -203,7 +206,8 @@ void tst_registration::flatSky_doesNotBendThePicture()
     const auto scene = rendered::skyAbove(260, 8);
     const Matrix truth = rendered::turned(kSize, 0.25, 9.1, -6.4);
     const QImage reference = rendered::shot(scene, movedCamera(identityMatrix()));
-    const Transform found = registeredPair(reference, rendered::shot(scene, movedCamera(truth, -1)));
+    const Transform found =
+        registeredPair(reference, rendered::shot(scene, movedCamera(truth, -1)));
     QVERIFY2(error(found, truth) <= 0.3, qPrintable(QString::number(error(found, truth))));
 }
 
@@ -365,7 +369,8 @@ void tst_registration::sizesDiffer_placesAreFound()
     for (QSize size : {QSize(571, 433), QSize(700, 500)}) {
         camera.size = size;
         const Transform found = registeredPair(reference, rendered::shot(scene, camera));
-        QVERIFY2(error(found, truth, size) <= 0.3, qPrintable(QString::number(error(found, truth))));
+        QVERIFY2(error(found, truth, size) <= 0.3,
+                 qPrintable(QString::number(error(found, truth))));
     }
 }
 
@@ -438,12 +443,14 @@ void tst_registration::photograph_knownMotion_fits()
     const QImage picture = readPicture(QStringLiteral("IMG_3873.jpeg"));
     if (picture.isNull())
         QSKIP("no photographs in VESK_TEST_PICTURES");
-    const auto photograph = rendered::photograph(picture.scaledToWidth(2000, Qt::SmoothTransformation));
+    const auto photograph =
+        rendered::photograph(picture.scaledToWidth(2000, Qt::SmoothTransformation));
     // Every pixel is the mean of 2 x 2, so that its own sharpness does not limit the rendering.
     const auto scene = [&](double x, double y) { return photograph(2 * x + 100.5, 2 * y + 80.5); };
     const Matrix truth = rendered::tilted(kSize, 0.6, -0.5, 0.2);
     const QImage reference = rendered::shot(scene, movedCamera(identityMatrix()));
-    const Transform found = registeredPair(reference, rendered::shot(scene, movedCamera(truth, stops)));
+    const Transform found =
+        registeredPair(reference, rendered::shot(scene, movedCamera(truth, stops)));
     qInfo("error %.3f px, confidence %.2f", error(found, truth), found.confidence);
     QVERIFY(error(found, truth) <= 0.3);
 }

@@ -161,8 +161,7 @@ void tst_registration_rows::correlation_equalsThePlainOne()
         for (size_t y = 0; y < side; ++y)
             std::fill(&tile[y * stride] + side, &tile[y * stride] + stride, int16_t{0});
         const size_t patchStride = stride + offsets;
-        const std::vector<int16_t> patch =
-            randomNumbers(patchStride * (side + offsets), random);
+        const std::vector<int16_t> patch = randomNumbers(patchStride * (side + offsets), random);
         const CorrelationInput input{tile.data(), patch.data(), side, stride, patchStride, offsets};
         std::vector<int32_t> expected(offsets * offsets);
         plain::correlate(input, expected.data());
@@ -184,10 +183,19 @@ void tst_registration_rows::readPatch_equalsThePlainOne()
         value = random() % 7 == 0 ? int8_t(-128) : int8_t(int(random() % 255) - 127);
     for (int round = 0; round < 50; ++round) {
         const auto step = [&] { return int64_t(random() % 4000) - 2000; };
-        const PatchInput input{plane.data(), kSide, kSide, kSide,
+        const PatchInput input{plane.data(),
+                               kSide,
+                               kSide,
+                               kSide,
                                int64_t(random() % (40 << 16)) - (10 << 16),
                                int64_t(random() % (40 << 16)) - (10 << 16),
-                               (8 << 16) + step(), step(), step(), (1 << 16) + step(), 7, 60, 64};
+                               (8 << 16) + step(),
+                               step(),
+                               step(),
+                               (1 << 16) + step(),
+                               7,
+                               60,
+                               64};
         std::vector<int16_t> expected(64 * 60);
         const int there = plain::readPatch(input, expected.data());
         onEveryTarget([&] {
@@ -204,8 +212,9 @@ void tst_registration_rows::resampleWords_equalsThePlainOne()
         const std::vector<uint32_t> pixels = randomPixels(size_t(width * height), random);
         std::vector<TapPlace> places(500);
         for (TapPlace &place : places) {
-            place = {int(random() % unsigned(width + 4)) - 4, int(random() % unsigned(height + 4)) - 4,
-                     uint16_t(random() % kPhases), uint16_t(random() % kPhases), random() % 9 != 0};
+            place = {int(random() % unsigned(width + 4)) - 4,
+                     int(random() % unsigned(height + 4)) - 4, uint16_t(random() % kPhases),
+                     uint16_t(random() % kPhases), random() % 9 != 0};
         }
         for (bool isOpaque : {false, true}) {
             const SourcePixels source{reinterpret_cast<const uint8_t *>(pixels.data()),
