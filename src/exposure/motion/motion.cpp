@@ -1,0 +1,170 @@
+#include "motion.h"
+
+#include "movement.h"
+#include "planes.h"
+#include "regions.h"
+#include "small_shot.h"
+
+#include <algorithm>
+#include <new>
+
+namespace {
+
+using motion::Control;
+using motion::Plane;
+using motion::Region;
+using motion::RegionChoice;
+using motion::Result;
+using motion::SmallShot;
+using motion::Status;
+
+constexpr size_t kMostShots = 64;
+constexpr int kMargin = 3;           ///< around what moved, at the small size
+constexpr int kSoftEdge = 2;         ///< likewise, within the margin
+constexpr size_t kLeastPlaces = 150; ///< of a region with its margin
+
+/// What tells the caller how far it got, and hears when to stop.
+class Steps
+{
+public:
+    explicit Steps(const Control &caller)
+        : control(caller)
+    {
+    }
+
+    /// False when the work is to end.
+    bool reached(double progress) const
+    {
+        if (control.cancelled != nullptr && *control.cancelled)
+            return false;
+        if (control.progress)
+            control.progress(progress);
+        return true;
+    }
+
+private:
+    const Control &control;
+};
+
+bool canBeSearched(const std::vector<QImage> &shots, int reference)
+{
+    const bool isCountRight = shots.size() >= 2 && shots.size() <= kMostShots;
+    if (!isCountRight || reference >= static_cast<int>(shots.size()))
+        return false;
+    return std::all_of(shots.begin(), shots.end(), [&](const QImage &shot) {
+        return !shot.isNull() && shot.size() == shots.front().size();
+    });
+}
+
+QImage inFormat(const QImage &picture)
+{
+    switch (picture.format()) {
+    case QImage::Format_RGB32:
+    case QImage::Format_ARGB32:
+    case QImage::Format_ARGB32_Premultiplied:
+    case QImage::Format_RGBX64:
+    case QImage::Format_RGBA64:
+    case QImage::Format_RGBA64_Premultiplied:
+        return picture;
+    default:
+        return picture.convertToFormat(picture.hasAlphaChannel() ? QImage::Format_ARGB32
+                                                                 : QImage::Format_RGB32);
+    }
+}
+
+/// Takes a region's places from the shots that the choice leaves out, but those where the reference
+/// shows nothing and the shot agrees with that.
+void cut(const Region &region, const RegionChoice &choice, const std::vector<SmallShot> &shots,
+         const motion::Movement &movement, std::vector<Plane> &usable)
+{
+    const SmallShot &reference = shots[choice.reference];
+    for (size_t shot = 0; shot < shots.size(); ++shot) {
+        if (choice.kept[shot] != 0)
+            continue;
+        for (const size_t place : region)
+            if (!motion::isClipped(reference, place) ||
+                movement.disagree(shot, choice.reference, place))
+                usable[shot][place] = 0;
+    }
+}
+
+/// The plane as a picture of half the shots' size, null when it is all of one level.
+QImage asMask(const Plane &plane, const SmallShot &small, int side, QSize size, uint8_t neutral)
+{
+    if (std::all_of(plane.begin(), plane.end(), [=](uint8_t level) { return level == neutral; }))
+        return {};
+    const QSize half((size.width() + 1) / 2, (size.height() + 1) / 2);
+    const Plane soft = motion::planes::blurred(plane, small.width, small.height, kSoftEdge);
+    return motion::planes::enlarged(soft, small.width, small.height, side / 2, half);
+}
+
+std::vector<Region> movingRegions(const motion::Movement &movement, const SmallShot &small)
+{
+    const Plane grown =
+        motion::planes::crowded(movement.changes(), small.width, small.height, kMargin, 1);
+    std::vector<Region> regions = motion::touching(grown, small.width);
+    const auto isSmall = [](const Region &region) { return region.size() < kLeastPlaces; };
+    regions.erase(std::remove_if(regions.begin(), regions.end(), isSmall), regions.end());
+    return regions;
+}
+
+Result masksOf(const std::vector<SmallShot> &shots, int side, QSize size, int fixed,
+               const Steps &steps)
+{
+    Result result;
+    result.status = Status::Cancelled;
+    const motion::Movement movement(shots);
+    const std::vector<Region> regions = movingRegions(movement, shots[0]);
+    std::vector<Plane> usable(shots.size(), Plane(shots[0].covered.size(), 255));
+    Plane found(shots[0].covered.size());
+    for (size_t i = 0; i < regions.size(); ++i) {
+        if (!steps.reached(0.7 + 0.2 * double(i) / double(regions.size())))
+            return result;
+        cut(regions[i], motion::choose(regions[i], shots, movement, fixed), shots, movement,
+            usable);
+        for (const size_t place : regions[i])
+            found[place] = 255;
+    }
+    std::vector<QImage> masks;
+    for (const Plane &plane : usable)
+        masks.push_back(asMask(plane, shots[0], side, size, 255));
+    if (!steps.reached(1.0))
+        return result;
+    result = {masks, asMask(found, shots[0], side, size, 0), Status::Done};
+    return result;
+}
+
+Result search(const std::vector<QImage> &shots, int reference, const Steps &steps)
+{
+    Result result;
+    result.status = Status::Cancelled;
+    const QSize size = shots.front().size();
+    const int side = motion::blockSide(size);
+    std::vector<SmallShot> small;
+    for (const QImage &shot : shots) {
+        if (!steps.reached(0.5 * double(small.size()) / double(shots.size())))
+            return result;
+        const QImage picture = inFormat(shot);
+        if (picture.isNull())
+            throw std::bad_alloc();
+        small.push_back(motion::shrink(picture, side));
+    }
+    if (!steps.reached(0.5))
+        return result;
+    return masksOf(small, side, size, reference, steps);
+}
+
+} // namespace
+
+Result motion::find(const std::vector<QImage> &shots, int reference, const Control &control)
+{
+    if (!canBeSearched(shots, reference))
+        return {};
+    try {
+        return search(shots, reference, Steps(control));
+    } catch (const std::bad_alloc &) {
+        Result result;
+        result.status = Status::OutOfMemory;
+        return result;
+    }
+}

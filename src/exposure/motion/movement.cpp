@@ -1,0 +1,74 @@
+#include "movement.h"
+
+#include "planes.h"
+
+#include "parallel_rows.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+constexpr int kThreshold = 12; ///< levels of 255
+
+std::vector<size_t> orderByBrightness(const std::vector<motion::SmallShot> &shots)
+{
+    std::vector<uint64_t> sums;
+    for (const motion::SmallShot &shot : shots)
+        sums.push_back(std::accumulate(shot.levels[1].begin(), shot.levels[1].end(), uint64_t(0)));
+    std::vector<size_t> order(shots.size());
+    std::iota(order.begin(), order.end(), size_t(0));
+    std::stable_sort(order.begin(), order.end(),
+                     [&](size_t a, size_t b) { return sums[a] < sums[b]; });
+    return order;
+}
+
+} // namespace
+
+motion::Movement::Movement(const std::vector<SmallShot> &smallShots)
+    : shots(smallShots)
+    , maps(smallShots)
+    , order(orderByBrightness(smallShots))
+{
+}
+
+/// Of a level of `to` from the range that the surroundings in `from` have there.
+int motion::Movement::distance(size_t from, size_t to, size_t channel, size_t place) const
+{
+    const LevelMaps::Map &map = maps.map(from, to, channel);
+    const int level = shots[to].levels[channel][place];
+    const int below = map[shots[from].lowest[channel][place]] - level;
+    const int above = level - map[shots[from].highest[channel][place]];
+    return std::max(below, above);
+}
+
+bool motion::Movement::disagree(size_t first, size_t second, size_t place) const
+{
+    if (shots[first].covered[place] == 0 || shots[second].covered[place] == 0)
+        return false;
+    for (size_t channel = 0; channel < 3; ++channel)
+        if (distance(first, second, channel, place) > kThreshold &&
+            distance(second, first, channel, place) > kThreshold)
+            return true;
+    return false;
+}
+
+void motion::Movement::addChanges(size_t first, size_t second, Plane &changes) const
+{
+    const auto width = static_cast<size_t>(shots[0].width);
+    parallel::rows({shots[0].width * 4, shots[0].height}, [&](int begin, int end) {
+        for (size_t i = size_t(begin) * width; i < size_t(end) * width; ++i)
+            changes[i] |= static_cast<uint8_t>(disagree(first, second, i));
+    });
+}
+
+motion::Plane motion::Movement::changes() const
+{
+    constexpr size_t kNeighbours = 2; ///< in brightness, to compare with
+    Plane changes(shots[0].covered.size());
+    for (size_t i = 0; i < order.size(); ++i)
+        for (size_t j = i + 1; j <= i + kNeighbours && j < order.size(); ++j)
+            addChanges(order[i], order[j], changes);
+    constexpr int kLeastOf25 = 7;
+    return planes::crowded(changes, shots[0].width, shots[0].height, 2, kLeastOf25);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "level_maps.h"
+#include "small_shot.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace motion {
+
+/// A plane of flags or levels at the size at which movement is looked for.
+using Plane = std::vector<uint8_t>;
+
+/// Tells where shots disagree, beyond noise and beyond a pixel of misregistration. Borrows the
+/// shots. Any thread, reentrant.
+class Movement
+{
+public:
+    explicit Movement(const std::vector<SmallShot> &shots);
+
+    /// Whether at this place the shots differ by more than kThreshold levels, after one's levels
+    /// are mapped to the other's: the way with the smaller difference counts, so that a shot that
+    /// shows nothing there, being clipped or noisy, agrees.
+    bool disagree(size_t first, size_t second, size_t place) const;
+
+    /// 1 where shots that follow one another in brightness disagree, single places left out.
+    Plane changes() const;
+
+    /// Shots from the darkest to the brightest.
+    const std::vector<size_t> &byBrightness() const { return order; }
+
+private:
+    int distance(size_t from, size_t to, size_t channel, size_t place) const;
+    void addChanges(size_t first, size_t second, Plane &changes) const;
+
+    const std::vector<SmallShot> &shots;
+    LevelMaps maps;
+    std::vector<size_t> order;
+};
+
+} // namespace motion
