@@ -1,5 +1,6 @@
 #include "motion.h"
 
+#include "clipped_parts.h"
 #include "movement.h"
 #include "planes.h"
 #include "regions.h"
@@ -72,20 +73,20 @@ QImage inFormat(const QImage &picture)
     }
 }
 
-/// Takes a region's places from the shots that the choice leaves out, but those where the reference
-/// shows nothing and the shot agrees with that.
+/// Takes a region's places from the shots that the choice leaves out, but those where all that it
+/// keeps show nothing and another shot does.
 void cut(const Region &region, const RegionChoice &choice, const std::vector<SmallShot> &shots,
          const motion::Movement &movement, std::vector<Plane> &usable)
 {
-    const SmallShot &reference = shots[choice.reference];
-    for (size_t shot = 0; shot < shots.size(); ++shot) {
-        if (choice.kept[shot] != 0)
-            continue;
-        for (const size_t place : region)
-            if (!motion::isClipped(reference, place) ||
-                movement.disagree(shot, choice.reference, place))
+    for (size_t shot = 0; shot < shots.size(); ++shot)
+        if (choice.kept[shot] == 0)
+            for (const size_t place : region)
                 usable[shot][place] = 0;
-    }
+    for (const motion::ClippedPart &part : clippedParts(region, choice, shots, movement))
+        for (size_t shot = 0; shot < shots.size(); ++shot)
+            if (part.shots[shot] != 0)
+                for (const size_t place : part.places)
+                    usable[shot][place] = 255;
 }
 
 /// The plane as a picture of half the shots' size, null when it is all of one level.

@@ -16,14 +16,18 @@ using Plane = std::vector<uint8_t>;
 class Movement
 {
 public:
+    static constexpr int kThreshold = 12;
+    static constexpr int kFaint = 7;
+
     explicit Movement(const std::vector<SmallShot> &shots);
 
-    /// Whether at this place the shots differ by more than kThreshold levels, after one's levels
-    /// are mapped to the other's: the way with the smaller difference counts, so that a shot that
-    /// shows nothing there, being clipped or noisy, agrees.
-    bool disagree(size_t first, size_t second, size_t place) const;
+    /// Whether at this place the shots differ by more than `threshold` levels of 255, after one's
+    /// levels are mapped to the other's: the way with the smaller difference counts, so that a shot
+    /// that shows nothing there, being clipped or noisy, agrees.
+    bool disagree(size_t first, size_t second, size_t place, int threshold = kThreshold) const;
 
-    /// 1 where shots that follow one another in brightness disagree, single places left out.
+    /// 1 where shots that follow one another in brightness disagree by more than kThreshold, and
+    /// around there where they do by more than kFaint; single places are left out.
     Plane changes() const;
 
     /// Shots from the darkest to the brightest.
@@ -31,7 +35,8 @@ public:
 
 private:
     int distance(size_t from, size_t to, size_t channel, size_t place) const;
-    void addChanges(size_t first, size_t second, Plane &changes) const;
+    void addChanges(size_t first, size_t second, int threshold, Plane &changes) const;
+    Plane changesAbove(int threshold) const;
 
     const std::vector<SmallShot> &shots;
     LevelMaps maps;

@@ -21,7 +21,8 @@ float richness(const SmallShot &shot, size_t place)
         square += distance * distance;
     }
     const auto step = static_cast<float>(shot.highest[1][place] - shot.lowest[1][place]);
-    return std::exp(-2 * square) * (step + 4);
+    const float shown = motion::isClipped(shot, place) ? 0.1F : 1.0F;
+    return std::exp(-2 * square) * (step + 4) * shown;
 }
 
 std::vector<char> showSame(const Region &region, size_t shots, const Movement &movement,

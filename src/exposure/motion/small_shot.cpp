@@ -160,6 +160,12 @@ motion::SmallShot motion::shrink(const QImage &picture, int side)
         const auto i = static_cast<size_t>(channel);
         bestAround(small.levels[i], small.width, small.height, small.lowest[i], smaller);
         bestAround(small.levels[i], small.width, small.height, small.highest[i], larger);
+        for (size_t place = 0; place < places; ++place) {
+            const int level = small.levels[i][place];
+            small.lowest[i][place] = static_cast<uint8_t>((level + small.lowest[i][place]) / 2);
+            small.highest[i][place] =
+                static_cast<uint8_t>((level + small.highest[i][place] + 1) / 2);
+        }
     });
     return small;
 }

@@ -17,7 +17,7 @@ struct SmallShot
     int width = 0;
     int height = 0;
     Channels levels;
-    Channels lowest;  ///< of the 3 x 3 around each, so that a step of a pixel is no movement
+    Channels lowest;  ///< halfway to the lowest of the 3 x 3 around: half a place is no movement
     Channels highest; ///< likewise
     Levels covered;   ///< 1 where all pixels of the block are opaque
 };
