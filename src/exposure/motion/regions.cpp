@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -22,7 +23,7 @@ float richness(const SmallShot &shot, size_t place)
     }
     const auto step = static_cast<float>(shot.highest[1][place] - shot.lowest[1][place]);
     const float shown = motion::isClipped(shot, place) ? 0.1F : 1.0F;
-    return std::exp(-2 * square) * (step + 4) * shown;
+    return std::exp(-2 * square) * (step + 1) * shown;
 }
 
 std::vector<char> showSame(const Region &region, size_t shots, const Movement &movement,
@@ -48,7 +49,7 @@ double sumOfBest(const Region &region, const std::vector<SmallShot> &shots,
         for (size_t shot = 0; shot < shots.size(); ++shot)
             if (kept[shot] != 0)
                 best = std::max(best, richness(shots[shot], place));
-        sum += static_cast<double>(best);
+        sum += std::log(static_cast<double>(best));
     }
     return sum;
 }
@@ -104,7 +105,7 @@ motion::RegionChoice motion::choose(const Region &region, const std::vector<Smal
                                     const Movement &movement, int fixed)
 {
     RegionChoice best;
-    double bestSum = -1.0;
+    double bestSum = -std::numeric_limits<double>::infinity();
     for (size_t reference = 0; reference < shots.size(); ++reference) {
         if (fixed >= 0 && reference != static_cast<size_t>(fixed))
             continue;
