@@ -260,6 +260,7 @@ void fusion::FusionEngine<Rows>::fuseInto(QImage &out)
             blendLast(*rows, y, reinterpret_cast<Word *>(bits + y * rowBytes));
         };
     });
+    watch.finish();
 }
 
 template class fusion::FusionEngine<fusion::ByteRows>;

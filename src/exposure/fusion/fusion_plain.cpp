@@ -456,17 +456,32 @@ QImage PlainFusion<Arithmetic>::fused()
     return picture;
 }
 
+/// What tells shots apart at a pixel: nothing of uncovered ones.
+std::array<int, 4> pixelKey(const QImage &picture, int x, int y)
+{
+    if (!isCovered(picture, x, y))
+        return {};
+    const QRgba64 pixel = picture.pixelColor(x, y).rgba64();
+    return {1, pixel.red(), pixel.green(), pixel.blue()};
+}
+
 /// An order that depends on the pixels and masks alone, so that the caller's order does not matter.
 bool comesBefore(const Shot &first, const Shot &second)
 {
     for (int y = 0; y < first.picture.height(); ++y) {
         for (int x = 0; x < first.picture.width(); ++x) {
-            const QRgba64 a = first.picture.pixelColor(x, y).rgba64();
-            const QRgba64 b = second.picture.pixelColor(x, y).rgba64();
-            if (quint64(a) != quint64(b))
-                return quint64(a) < quint64(b);
+            const std::array<int, 4> a = pixelKey(first.picture, x, y);
+            const std::array<int, 4> b = pixelKey(second.picture, x, y);
+            if (a != b)
+                return a < b;
         }
     }
+    if (first.mask.isNull() || second.mask.isNull())
+        return first.mask.isNull() < second.mask.isNull();
+    for (int y = 0; y < first.mask.height(); ++y)
+        for (int x = 0; x < first.mask.width(); ++x)
+            if (first.mask.constScanLine(y)[x] != second.mask.constScanLine(y)[x])
+                return first.mask.constScanLine(y)[x] < second.mask.constScanLine(y)[x];
     return false;
 }
 

@@ -18,7 +18,7 @@ using Signed = hn::RebindToSigned<Numbers>;
 using NumberVector = hn::Vec<Numbers>;
 
 template <class D>
-HWY_INLINE void storeChannel(D words, hn::Vec<D> channel, uint16_t *out)
+HWY_INLINE void storeChannel(D /*words*/, hn::Vec<D> channel, uint16_t *out)
 {
     const hn::Rebind<uint16_t, D> half;
     const auto level = hn::BitCast(hn::RebindToSigned<D>(), channel);

@@ -26,6 +26,9 @@ public:
     /// share of the whole. Does nothing once cancelled.
     void rows(QSize size, double share, const MakeRowWork &makeRowWork);
 
+    /// All steps are done.
+    void finish() const { tell(1.0); }
+
 private:
     void rowsOfOneThread(int begin, int end, double share, const MakeRowWork &makeRowWork);
     void tell(double progress) const;

@@ -1,30 +1,49 @@
 #include "shot_order.h"
 
+#include <QRgba64>
+
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
-/// Less than 0, 0 or greater, as memcmp. Where the format has no alpha, its bits are not looked at.
-template <typename Word>
-int compareRows(const uchar *first, const uchar *second, int width, Word looked)
+/// What is compared of a pixel: coverage, then red, green, blue; of uncovered ones nothing.
+quint64 key(quint32 word, bool hasAlpha)
 {
-    const auto *a = reinterpret_cast<const Word *>(first);
-    const auto *b = reinterpret_cast<const Word *>(second);
-    for (int x = 0; x < width; ++x)
-        if ((a[x] & looked) != (b[x] & looked))
-            return (a[x] & looked) < (b[x] & looked) ? -1 : 1;
+    const bool isCovered = !hasAlpha || word >= 0xFF000000U;
+    return isCovered ? word | 0xFF000000U : 0;
+}
+
+quint64 key(quint64 word, bool hasAlpha)
+{
+    const QRgba64 pixel = QRgba64::fromRgba64(word);
+    if (hasAlpha && pixel.alpha() != 65535)
+        return 0;
+    return quint64(1) << 48 | quint64(pixel.red()) << 32 | quint64(pixel.green()) << 16 |
+           pixel.blue();
+}
+
+/// Less than 0, 0 or greater, as memcmp.
+template <typename Word>
+int compareRows(const QImage &first, const QImage &second, int y)
+{
+    const auto *a = reinterpret_cast<const Word *>(first.constScanLine(y));
+    const auto *b = reinterpret_cast<const Word *>(second.constScanLine(y));
+    const bool aHasAlpha = first.hasAlphaChannel();
+    const bool bHasAlpha = second.hasAlphaChannel();
+    for (int x = 0; x < first.width(); ++x) {
+        const quint64 aKey = key(a[x], aHasAlpha);
+        const quint64 bKey = key(b[x], bHasAlpha);
+        if (aKey != bKey)
+            return aKey < bKey ? -1 : 1;
+    }
     return 0;
 }
 
 int comparePictureRows(const QImage &first, const QImage &second, int y)
 {
-    const uchar *a = first.constScanLine(y);
-    const uchar *b = second.constScanLine(y);
-    const bool hasAlpha = first.hasAlphaChannel();
-    if (first.depth() == 64)
-        return compareRows<quint64>(a, b, first.width(), hasAlpha ? ~0ULL : 0xFFFFFFFFFFFFULL);
-    return compareRows<quint32>(a, b, first.width(), hasAlpha ? ~0U : 0xFFFFFFU);
+    return first.depth() == 64 ? compareRows<quint64>(first, second, y)
+                               : compareRows<quint32>(first, second, y);
 }
 
 int compareMasks(const QImage &first, const QImage &second)
