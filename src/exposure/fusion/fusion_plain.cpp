@@ -153,7 +153,7 @@ std::array<int, 3> levelsAt(const QImage &picture, int x, int y, int largest)
 
 bool isCovered(const QImage &picture, int x, int y)
 {
-    return !picture.hasAlphaChannel() || picture.pixelColor(x, y).alpha() == 255;
+    return !picture.hasAlphaChannel() || picture.pixelColor(x, y).rgba64().alpha() == 65535;
 }
 
 /// The column whose pixel stands for the one at x: itself, or the nearest covered one to the left,
