@@ -41,42 +41,43 @@ int motion::Movement::distance(size_t from, size_t to, size_t channel, size_t pl
     return std::max(below, above);
 }
 
-bool motion::Movement::disagree(size_t first, size_t second, size_t place, int threshold) const
+int motion::Movement::difference(size_t first, size_t second, size_t place) const
 {
     if (shots[first].covered[place] == 0 || shots[second].covered[place] == 0)
-        return false;
+        return 0;
+    int largest = 0;
     for (size_t channel = 0; channel < 3; ++channel)
-        if (distance(first, second, channel, place) > threshold &&
-            distance(second, first, channel, place) > threshold)
-            return true;
-    return false;
+        largest = std::max(largest, std::min(distance(first, second, channel, place),
+                                             distance(second, first, channel, place)));
+    return largest;
 }
 
-void motion::Movement::addChanges(size_t first, size_t second, int threshold, Plane &changes) const
+void motion::Movement::addDifferences(size_t first, size_t second, Plane &strongest) const
 {
     const auto width = static_cast<size_t>(shots[0].width);
     parallel::rows({shots[0].width * 4, shots[0].height}, [&](int begin, int end) {
         for (size_t i = size_t(begin) * width; i < size_t(end) * width; ++i)
-            if (changes[i] == 0)
-                changes[i] = static_cast<uint8_t>(disagree(first, second, i, threshold));
+            strongest[i] =
+                static_cast<uint8_t>(std::max<int>(strongest[i], difference(first, second, i)));
     });
-}
-
-motion::Plane motion::Movement::changesAbove(int threshold) const
-{
-    constexpr size_t kNeighbours = 2; ///< in brightness, to compare with
-    constexpr int kLeastOf25 = 7;
-    Plane changes(shots[0].covered.size());
-    for (size_t i = 0; i < order.size(); ++i)
-        for (size_t j = i + 1; j <= i + kNeighbours && j < order.size(); ++j)
-            addChanges(order[i], order[j], threshold, changes);
-    return planes::crowded(changes, shots[0].width, shots[0].height, 2, kLeastOf25);
 }
 
 motion::Plane motion::Movement::changes() const
 {
-    const Plane clear = changesAbove(kThreshold);
-    Plane changes = changesAbove(kFaint);
+    constexpr size_t kNeighbours = 2; ///< in brightness, to compare with
+    constexpr int kLeastOf25 = 7;
+    Plane strongest(shots[0].covered.size());
+    for (size_t i = 0; i < order.size(); ++i)
+        for (size_t j = i + 1; j <= i + kNeighbours && j < order.size(); ++j)
+            addDifferences(order[i], order[j], strongest);
+    const auto above = [&](int threshold) {
+        Plane flags(strongest.size());
+        for (size_t i = 0; i < flags.size(); ++i)
+            flags[i] = static_cast<uint8_t>(strongest[i] > threshold);
+        return planes::crowded(flags, shots[0].width, shots[0].height, 2, kLeastOf25);
+    };
+    const Plane clear = above(kThreshold);
+    Plane changes = above(kFaint);
     for (const Region &region : touching(changes, shots[0].width))
         if (std::none_of(region.begin(), region.end(), [&](size_t i) { return clear[i] != 0; }))
             for (const size_t place : region)

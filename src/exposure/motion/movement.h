@@ -21,10 +21,15 @@ public:
 
     explicit Movement(const std::vector<SmallShot> &shots);
 
-    /// Whether at this place the shots differ by more than `threshold` levels of 255, after one's
-    /// levels are mapped to the other's: the way with the smaller difference counts, so that a shot
-    /// that shows nothing there, being clipped or noisy, agrees.
-    bool disagree(size_t first, size_t second, size_t place, int threshold = kThreshold) const;
+    /// By how many levels of 255 the shots differ at this place, after one's levels are mapped to
+    /// the other's: the way with the smaller difference counts, so that a shot that shows nothing
+    /// there, being clipped or noisy, agrees. 0 or less where they do not, or one does not cover.
+    int difference(size_t first, size_t second, size_t place) const;
+
+    bool disagree(size_t first, size_t second, size_t place) const
+    {
+        return difference(first, second, place) > kThreshold;
+    }
 
     /// 1 where shots that follow one another in brightness disagree by more than kThreshold, and
     /// around there where they do by more than kFaint; single places are left out.
@@ -35,8 +40,7 @@ public:
 
 private:
     int distance(size_t from, size_t to, size_t channel, size_t place) const;
-    void addChanges(size_t first, size_t second, int threshold, Plane &changes) const;
-    Plane changesAbove(int threshold) const;
+    void addDifferences(size_t first, size_t second, Plane &strongest) const;
 
     const std::vector<SmallShot> &shots;
     LevelMaps maps;

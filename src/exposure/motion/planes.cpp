@@ -2,6 +2,8 @@
 
 #include "parallel_rows.h"
 
+#include <QtAlgorithms>
+
 #include <algorithm>
 #include <new>
 
@@ -64,22 +66,23 @@ struct Between
     }
 };
 
-void enlargeRow(const Plane &levels, int width, int height, int factor, int y, QImage &picture,
-                uchar *out)
+/// The interpolation across and down; `columns` has one entry for each pixel of a row.
+void enlargeRow(const Plane &levels, int width, int height, const std::vector<Between> &columns,
+                int factor, int y, std::vector<int> &mixed, uchar *out)
 {
     const Between rows(y, factor, height);
-    const auto columns = static_cast<size_t>(width);
-    const uint8_t *first = &levels[static_cast<size_t>(rows.first) * columns];
-    const uint8_t *second = &levels[static_cast<size_t>(rows.second) * columns];
+    const uint8_t *first = &levels[static_cast<size_t>(rows.first) * static_cast<size_t>(width)];
+    const uint8_t *second = &levels[static_cast<size_t>(rows.second) * static_cast<size_t>(width)];
     const int full = 2 * factor;
-    const auto level = [&](int x) {
-        return first[x] * (full - rows.secondWeight) + second[x] * rows.secondWeight;
-    };
-    for (int x = 0; x < picture.width(); ++x) {
-        const Between place(x, factor, width);
-        const int sum = level(place.first) * (full - place.secondWeight) +
-                        level(place.second) * place.secondWeight;
-        out[x] = static_cast<uchar>((sum + full * full / 2) / (full * full));
+    for (size_t x = 0; x < mixed.size(); ++x)
+        mixed[x] = first[x] * (full - rows.secondWeight) + second[x] * rows.secondWeight;
+    const auto area = static_cast<unsigned>(full * full);
+    const int shift = static_cast<int>(qCountTrailingZeroBits(area));
+    for (size_t x = 0; x < columns.size(); ++x) {
+        const Between &place = columns[x];
+        const int sum = mixed[static_cast<size_t>(place.first)] * (full - place.secondWeight) +
+                        mixed[static_cast<size_t>(place.second)] * place.secondWeight;
+        out[x] = static_cast<uchar>((static_cast<unsigned>(sum) + area / 2) >> shift);
     }
 }
 
@@ -109,11 +112,15 @@ QImage motion::planes::enlarged(const Plane &levels, int width, int height, int 
     QImage picture(size, QImage::Format_Grayscale8);
     if (picture.isNull())
         throw std::bad_alloc();
+    std::vector<Between> columns;
+    for (int x = 0; x < size.width(); ++x)
+        columns.emplace_back(x, factor, width);
     uchar *bits = picture.bits();
     const qsizetype rowBytes = picture.bytesPerLine();
     parallel::rows(size, [&](int begin, int end) {
+        std::vector<int> mixed(static_cast<size_t>(width));
         for (int y = begin; y < end; ++y)
-            enlargeRow(levels, width, height, factor, y, picture, bits + y * rowBytes);
+            enlargeRow(levels, width, height, columns, factor, y, mixed, bits + y * rowBytes);
     });
     return picture;
 }

@@ -13,43 +13,68 @@ using motion::SmallShot;
 /// A shot shows the same as the reference when no more of the region's places disagree.
 constexpr double kLargestDisagreement = 0.04;
 
-/// How well exposed and how rich in contrast the shot is there, as the fusion weighs pixels.
-float richness(const SmallShot &shot, size_t place)
+/// How many places of a region are looked at to choose for it, evenly spread.
+constexpr size_t kMostSamples = 20000;
+
+/// Logarithm of how well exposed and how rich in contrast the shot is there, as the fusion weighs
+/// pixels.
+double richness(const SmallShot &shot, size_t place)
 {
-    float square = 0.0F;
+    constexpr double kClipped = -2.3; // a tenth
+    double square = 0.0;
     for (const SmallShot::Levels &channel : shot.levels) {
-        const float distance = static_cast<float>(channel[place]) / 255 - 0.5F;
+        const double distance = channel[place] / 255.0 - 0.5;
         square += distance * distance;
     }
-    const auto step = static_cast<float>(shot.highest[1][place] - shot.lowest[1][place]);
-    const float shown = motion::isClipped(shot, place) ? 0.1F : 1.0F;
-    return std::exp(-2 * square) * (step + 1) * shown;
+    const double step = shot.highest[1][place] - shot.lowest[1][place];
+    return -2 * square + std::log(step + 1) + (motion::isClipped(shot, place) ? kClipped : 0.0);
 }
 
-std::vector<char> showSame(const Region &region, size_t shots, const Movement &movement,
-                           size_t reference)
+Region samplesOf(const Region &region)
 {
-    std::vector<char> same(shots);
-    for (size_t shot = 0; shot < shots; ++shot) {
-        const auto disagreeing = std::count_if(region.begin(), region.end(), [&](size_t place) {
-            return shot != reference && movement.disagree(shot, reference, place);
-        });
-        same[shot] = static_cast<double>(disagreeing) <=
-                     kLargestDisagreement * static_cast<double>(region.size());
+    const size_t step = (region.size() + kMostSamples - 1) / kMostSamples;
+    Region samples;
+    for (size_t i = 0; i < region.size(); i += step)
+        samples.push_back(region[i]);
+    return samples;
+}
+
+/// For each pair of shots, [i * shots + j]: they show the same.
+std::vector<char> samePairs(const Region &samples, size_t shots, const Movement &movement)
+{
+    std::vector<char> same(shots * shots, 1);
+    for (size_t i = 0; i < shots; ++i) {
+        for (size_t j = 0; j < i; ++j) {
+            const auto disagreeing =
+                std::count_if(samples.begin(), samples.end(),
+                              [&](size_t place) { return movement.disagree(i, j, place); });
+            const double most = kLargestDisagreement * static_cast<double>(samples.size());
+            same[i * shots + j] = same[j * shots + i] = static_cast<double>(disagreeing) <= most;
+        }
     }
     return same;
 }
 
-double sumOfBest(const Region &region, const std::vector<SmallShot> &shots,
-                 const std::vector<char> &kept)
+/// The samples' richness in each shot, shot after shot.
+std::vector<double> richnessOf(const Region &samples, const std::vector<SmallShot> &shots)
+{
+    std::vector<double> result;
+    for (const SmallShot &shot : shots)
+        for (const size_t place : samples)
+            result.push_back(richness(shot, place));
+    return result;
+}
+
+/// Over the samples, of the richest of the shots that are kept.
+double sumOfBest(const std::vector<double> &rich, size_t samples, const char *kept, size_t shots)
 {
     double sum = 0.0;
-    for (const size_t place : region) {
-        float best = 0.0F;
-        for (size_t shot = 0; shot < shots.size(); ++shot)
+    for (size_t i = 0; i < samples; ++i) {
+        double best = -std::numeric_limits<double>::infinity();
+        for (size_t shot = 0; shot < shots; ++shot)
             if (kept[shot] != 0)
-                best = std::max(best, richness(shots[shot], place));
-        sum += std::log(static_cast<double>(best));
+                best = std::max(best, rich[shot * samples + i]);
+        sum += best;
     }
     return sum;
 }
@@ -104,17 +129,20 @@ bool motion::isClipped(const SmallShot &shot, size_t place)
 motion::RegionChoice motion::choose(const Region &region, const std::vector<SmallShot> &shots,
                                     const Movement &movement, int fixed)
 {
-    RegionChoice best;
+    const size_t count = shots.size();
+    const Region samples = samplesOf(region);
+    const std::vector<char> same = samePairs(samples, count, movement);
+    const std::vector<double> rich = richnessOf(samples, shots);
+    size_t best = 0;
     double bestSum = -std::numeric_limits<double>::infinity();
-    for (size_t reference = 0; reference < shots.size(); ++reference) {
-        if (fixed >= 0 && reference != static_cast<size_t>(fixed))
-            continue;
-        const std::vector<char> kept = showSame(region, shots.size(), movement, reference);
-        const double sum = sumOfBest(region, shots, kept);
-        if (sum > bestSum) {
-            best = {reference, kept};
+    for (size_t reference = 0; reference < count; ++reference) {
+        const double sum = sumOfBest(rich, samples.size(), &same[reference * count], count);
+        const bool isFixed = fixed >= 0 && reference == static_cast<size_t>(fixed);
+        if (isFixed || (fixed < 0 && sum > bestSum)) {
+            best = reference;
             bestSum = sum;
         }
     }
-    return best;
+    const auto kept = same.begin() + static_cast<long>(best * count);
+    return {best, std::vector<char>(kept, kept + static_cast<long>(count))};
 }

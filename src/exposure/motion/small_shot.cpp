@@ -91,15 +91,15 @@ void shrinkRow(const QImage &picture, int side, int y, ColumnSums &sums, SmallSh
     }
 }
 
-/// Per number the best of its three neighbours in steps of `step`, within lines of `count`.
+/// Per number of a line the best of itself and its neighbours.
 template <typename Best>
-void bestOfThree(const uint8_t *from, size_t count, size_t step, uint8_t *to, Best best)
+void bestOfThree(const uint8_t *from, size_t count, uint8_t *to, Best best)
 {
-    for (size_t i = 0; i < count; ++i) {
-        const uint8_t before = from[(i > 0 ? i - 1 : i) * step];
-        const uint8_t after = from[(i + 1 < count ? i + 1 : i) * step];
-        to[i * step] = best(best(before, after), from[i * step]);
-    }
+    const size_t last = count - 1;
+    to[0] = best(from[0], from[last > 0 ? 1 : 0]);
+    for (size_t i = 1; i < last; ++i)
+        to[i] = best(best(from[i - 1], from[i + 1]), from[i]);
+    to[last] = best(from[last > 0 ? last - 1 : 0], from[last]);
 }
 
 template <typename Best>
@@ -109,7 +109,7 @@ void bestAround(const SmallShot::Levels &from, int width, int height, SmallShot:
     const auto columns = static_cast<size_t>(width);
     SmallShot::Levels rows(from.size());
     for (size_t y = 0; y < static_cast<size_t>(height); ++y)
-        bestOfThree(&from[y * columns], columns, 1, &rows[y * columns], best);
+        bestOfThree(&from[y * columns], columns, &rows[y * columns], best);
     to.resize(from.size());
     for (size_t y = 0; y < static_cast<size_t>(height); ++y) {
         const uint8_t *above = &rows[(y > 0 ? y - 1 : y) * columns];
@@ -120,14 +120,14 @@ void bestAround(const SmallShot::Levels &from, int width, int height, SmallShot:
     }
 }
 
-uint8_t smaller(uint8_t a, uint8_t b)
+/// The level at each place halfway to the best of the 3 x 3 around; `rounding` 0 or 1.
+template <typename Best>
+void halfwayToBest(const SmallShot::Levels &levels, int width, int height, int rounding,
+                   SmallShot::Levels &to, Best best)
 {
-    return std::min(a, b);
-}
-
-uint8_t larger(uint8_t a, uint8_t b)
-{
-    return std::max(a, b);
+    bestAround(levels, width, height, to, best);
+    for (size_t i = 0; i < to.size(); ++i)
+        to[i] = static_cast<uint8_t>((levels[i] + to[i] + rounding) / 2);
 }
 
 } // namespace
@@ -156,16 +156,12 @@ motion::SmallShot motion::shrink(const QImage &picture, int side)
         for (int y = begin; y < end; ++y)
             shrinkRow(picture, side, y, sums, small);
     });
+    const auto smaller = [](uint8_t a, uint8_t b) { return a < b ? a : b; };
+    const auto larger = [](uint8_t a, uint8_t b) { return a > b ? a : b; };
     parallel::each(3, [&](int channel) {
         const auto i = static_cast<size_t>(channel);
-        bestAround(small.levels[i], small.width, small.height, small.lowest[i], smaller);
-        bestAround(small.levels[i], small.width, small.height, small.highest[i], larger);
-        for (size_t place = 0; place < places; ++place) {
-            const int level = small.levels[i][place];
-            small.lowest[i][place] = static_cast<uint8_t>((level + small.lowest[i][place]) / 2);
-            small.highest[i][place] =
-                static_cast<uint8_t>((level + small.highest[i][place] + 1) / 2);
-        }
+        halfwayToBest(small.levels[i], small.width, small.height, 0, small.lowest[i], smaller);
+        halfwayToBest(small.levels[i], small.width, small.height, 1, small.highest[i], larger);
     });
     return small;
 }
