@@ -52,13 +52,37 @@ int motion::Movement::difference(size_t first, size_t second, size_t place) cons
     return largest;
 }
 
+/// As difference, of one channel at adjoining places.
+void motion::Movement::addChannelDifferences(size_t first, size_t second, size_t channel,
+                                             size_t begin, size_t end, uint8_t *strongest) const
+{
+    const SmallShot &a = shots[first];
+    const SmallShot &b = shots[second];
+    const uint8_t *toSecond = maps.map(first, second, channel).data();
+    const uint8_t *toFirst = maps.map(second, first, channel).data();
+    const uint8_t *aLevels = a.levels[channel].data();
+    const uint8_t *bLevels = b.levels[channel].data();
+    const uint8_t *aLowest = a.lowest[channel].data();
+    const uint8_t *bLowest = b.lowest[channel].data();
+    const uint8_t *aHighest = a.highest[channel].data();
+    const uint8_t *bHighest = b.highest[channel].data();
+    for (size_t i = begin; i < end; ++i) {
+        const int there =
+            std::max(toSecond[aLowest[i]] - bLevels[i], bLevels[i] - toSecond[aHighest[i]]);
+        const int back =
+            std::max(toFirst[bLowest[i]] - aLevels[i], aLevels[i] - toFirst[bHighest[i]]);
+        const int difference = std::min(there, back) * (a.covered[i] & b.covered[i]);
+        strongest[i] = static_cast<uint8_t>(std::max<int>(strongest[i], difference));
+    }
+}
+
 void motion::Movement::addDifferences(size_t first, size_t second, Plane &strongest) const
 {
     const auto width = static_cast<size_t>(shots[0].width);
     parallel::rows({shots[0].width * 4, shots[0].height}, [&](int begin, int end) {
-        for (size_t i = size_t(begin) * width; i < size_t(end) * width; ++i)
-            strongest[i] =
-                static_cast<uint8_t>(std::max<int>(strongest[i], difference(first, second, i)));
+        for (size_t channel = 0; channel < 3; ++channel)
+            addChannelDifferences(first, second, channel, size_t(begin) * width,
+                                  size_t(end) * width, strongest.data());
     });
 }
 

@@ -40,6 +40,8 @@ public:
 
 private:
     int distance(size_t from, size_t to, size_t channel, size_t place) const;
+    void addChannelDifferences(size_t first, size_t second, size_t channel, size_t begin,
+                               size_t end, uint8_t *strongest) const;
     void addDifferences(size_t first, size_t second, Plane &strongest) const;
 
     const std::vector<SmallShot> &shots;

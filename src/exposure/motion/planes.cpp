@@ -28,21 +28,22 @@ void slide(const From *from, int count, size_t step, int radius, To *to)
     }
 }
 
-/// Sums over the window.
-std::vector<uint32_t> windowSums(const Plane &plane, int width, int height, int radius)
+/// Sums over the window: 15 x 15 of 255 fit.
+std::vector<uint16_t> windowSums(const Plane &plane, int width, int height, int radius)
 {
     const auto columns = static_cast<size_t>(width);
     std::vector<uint16_t> across(plane.size());
-    std::vector<uint32_t> sums(plane.size());
+    std::vector<uint16_t> sums(plane.size());
     for (int y = 0; y < height; ++y)
         slide(&plane[static_cast<size_t>(y) * columns], width, 1, radius,
               &across[static_cast<size_t>(y) * columns]);
     for (int y = 0; y < height; ++y) {
-        uint32_t *out = &sums[static_cast<size_t>(y) * columns];
+        uint16_t *__restrict out = &sums[static_cast<size_t>(y) * columns];
         for (int row = y - radius; row <= y + radius; ++row) {
             const size_t source = static_cast<size_t>(std::clamp(row, 0, height - 1));
+            const uint16_t *from = &across[source * columns];
             for (size_t x = 0; x < columns; ++x)
-                out[x] += across[source * columns + x];
+                out[x] = static_cast<uint16_t>(out[x] + from[x]);
         }
     }
     return sums;
@@ -73,6 +74,13 @@ void enlargeRow(const Plane &levels, int width, int height, const std::vector<Be
     const Between rows(y, factor, height);
     const uint8_t *first = &levels[static_cast<size_t>(rows.first) * static_cast<size_t>(width)];
     const uint8_t *second = &levels[static_cast<size_t>(rows.second) * static_cast<size_t>(width)];
+    const auto isFull = [width](const uint8_t *row) {
+        return std::all_of(row, row + width, [](uint8_t level) { return level == 255; });
+    };
+    if (isFull(first) && isFull(second)) {
+        std::fill(out, out + columns.size(), uchar(255));
+        return;
+    }
     const int full = 2 * factor;
     for (size_t x = 0; x < mixed.size(); ++x)
         mixed[x] = first[x] * (full - rows.secondWeight) + second[x] * rows.secondWeight;
@@ -90,7 +98,7 @@ void enlargeRow(const Plane &levels, int width, int height, const std::vector<Be
 
 Plane motion::planes::crowded(const Plane &flags, int width, int height, int radius, int least)
 {
-    const std::vector<uint32_t> sums = windowSums(flags, width, height, radius);
+    const std::vector<uint16_t> sums = windowSums(flags, width, height, radius);
     Plane result(flags.size());
     for (size_t i = 0; i < result.size(); ++i)
         result[i] = static_cast<uint8_t>(sums[i] >= static_cast<uint32_t>(least));
@@ -99,7 +107,7 @@ Plane motion::planes::crowded(const Plane &flags, int width, int height, int rad
 
 Plane motion::planes::blurred(const Plane &levels, int width, int height, int radius)
 {
-    const std::vector<uint32_t> sums = windowSums(levels, width, height, radius);
+    const std::vector<uint16_t> sums = windowSums(levels, width, height, radius);
     const auto window = static_cast<uint32_t>((2 * radius + 1) * (2 * radius + 1));
     Plane result(levels.size());
     for (size_t i = 0; i < result.size(); ++i)

@@ -93,7 +93,7 @@ void shrinkRow(const QImage &picture, int side, int y, ColumnSums &sums, SmallSh
 
 /// Per number of a line the best of itself and its neighbours.
 template <typename Best>
-void bestOfThree(const uint8_t *from, size_t count, uint8_t *to, Best best)
+void bestOfThree(const uint8_t *from, size_t count, uint8_t *__restrict to, Best best)
 {
     const size_t last = count - 1;
     to[0] = best(from[0], from[last > 0 ? 1 : 0]);
@@ -102,21 +102,24 @@ void bestOfThree(const uint8_t *from, size_t count, uint8_t *to, Best best)
     to[last] = best(from[last > 0 ? last - 1 : 0], from[last]);
 }
 
+/// Per place the best of the 3 x 3 around. The pointers spare the compiler the fear of overlap.
 template <typename Best>
 void bestAround(const SmallShot::Levels &from, int width, int height, SmallShot::Levels &to,
                 Best best)
 {
     const auto columns = static_cast<size_t>(width);
+    const auto last = static_cast<size_t>(height) - 1;
     SmallShot::Levels rows(from.size());
-    for (size_t y = 0; y < static_cast<size_t>(height); ++y)
+    for (size_t y = 0; y <= last; ++y)
         bestOfThree(&from[y * columns], columns, &rows[y * columns], best);
     to.resize(from.size());
-    for (size_t y = 0; y < static_cast<size_t>(height); ++y) {
+    for (size_t y = 0; y <= last; ++y) {
         const uint8_t *above = &rows[(y > 0 ? y - 1 : y) * columns];
         const uint8_t *here = &rows[y * columns];
-        const uint8_t *below = &rows[(y + 1 < static_cast<size_t>(height) ? y + 1 : y) * columns];
+        const uint8_t *below = &rows[(y < last ? y + 1 : y) * columns];
+        uint8_t *__restrict out = &to[y * columns];
         for (size_t x = 0; x < columns; ++x)
-            to[y * columns + x] = best(best(above[x], below[x]), here[x]);
+            out[x] = best(best(above[x], below[x]), here[x]);
     }
 }
 
@@ -126,8 +129,10 @@ void halfwayToBest(const SmallShot::Levels &levels, int width, int height, int r
                    SmallShot::Levels &to, Best best)
 {
     bestAround(levels, width, height, to, best);
+    const uint8_t *own = levels.data();
+    uint8_t *__restrict out = to.data();
     for (size_t i = 0; i < to.size(); ++i)
-        to[i] = static_cast<uint8_t>((levels[i] + to[i] + rounding) / 2);
+        out[i] = static_cast<uint8_t>((own[i] + out[i] + rounding) / 2);
 }
 
 } // namespace
