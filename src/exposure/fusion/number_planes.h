@@ -1,5 +1,7 @@
 #pragma once
 
+#include "large_memory.h"
+
 #include <hwy/aligned_allocator.h>
 
 #include <QSize>
@@ -27,11 +29,10 @@ public:
     NumberPlanes(QSize planeSize, size_t planes)
         : size(planeSize)
         , stride(strideOf(static_cast<size_t>(planeSize.width())))
-        , numbers(hwy::AllocateAligned<Number>(
-              stride * static_cast<size_t>(planeSize.height()) * planes + kRowSlack))
+        , memory(
+              largeMemory((stride * static_cast<size_t>(planeSize.height()) * planes + kRowSlack) *
+                          sizeof(Number)))
     {
-        if (!numbers)
-            throw std::bad_alloc();
     }
 
     int width() const { return size.width(); }
@@ -40,7 +41,7 @@ public:
 
     Number *row(size_t plane, int y) const
     {
-        return numbers.get() +
+        return static_cast<Number *>(memory.get()) +
                (plane * static_cast<size_t>(size.height()) + static_cast<size_t>(y)) * stride;
     }
 
@@ -53,7 +54,7 @@ private:
 
     QSize size;
     size_t stride = 0;
-    hwy::AlignedFreeUniquePtr<Number[]> numbers;
+    LargeMemory memory;
 };
 
 /// A few rows to work in, each with padding that repeats its first and last number. Owns them.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -109,7 +110,7 @@ std::vector<Region> motion::touching(const Plane &flags, int width)
         left[start] = 0;
         for (size_t i = 0; i < region.size(); ++i)
             takeNeighbours(left, static_cast<size_t>(width), region[i], region);
-        regions.push_back(region);
+        regions.push_back(std::move(region));
     }
     return regions;
 }
