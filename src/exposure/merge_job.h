@@ -1,0 +1,88 @@
+#pragma once
+
+#include "adjustment.h"
+#include "fusion_options.h"
+#include "transform.h"
+
+#include <QImage>
+#include <QList>
+#include <QRect>
+
+#include <atomic>
+#include <functional>
+#include <vector>
+
+/// From the decoded shots of a bracket to the picture worth keeping: aligns them, finds what moved,
+/// fuses, adjusts. The one entry for the command line and the editor.
+namespace exposure {
+
+enum class Alignment {
+    None,
+    Shift,      ///< whole pixels, onto the first shot, as the "Merge to HDR" tool does
+    Perspective ///< each shot onto the reference, with the least motion that explains it
+};
+
+enum class Ghosts {
+    Keep,  ///< moving things are blended like all else
+    Remove ///< each moving thing comes from one shot, whole
+};
+
+constexpr int kAutomatic = -1;
+
+struct Options
+{
+    Alignment alignment = Alignment::Perspective;
+    int reference = kAutomatic; ///< index of the shot that the others are aligned to
+    Ghosts ghosts = Ghosts::Remove;
+    int ghostReference = kAutomatic; ///< index of the shot that moving things come from
+    bool crop = false;               ///< to the area that every shot covers
+    fusion::Options weights;
+    Adjustment adjustment;
+};
+
+enum class Step { Register, Resample, FindGhosts, Fuse };
+
+/// The caller's hand on a running job. Neither is required.
+struct Control
+{
+    const std::atomic<bool> *cancelled = nullptr; ///< ends the job within 100 ms
+    std::function<void(Step, double)> progress;   ///< of a step, 0..1, on the calling thread
+};
+
+enum class Error {
+    None,
+    Cancelled,
+    NoMemory,
+    NoPictures, ///< none, one of them null, or more than fusion::kMostShots
+    DifferentSizes,
+    NothingCovered ///< cropping leaves nothing
+};
+
+/// What was done, step by step.
+struct Report
+{
+    int reference = 0;
+    std::vector<registration::Transform> transforms; ///< onto the reference; one for each shot
+    QRect area;                                      ///< of the reference that the picture shows
+    bool hasGhosts = false;                          ///< something moved
+    qint64 registerMs = 0;                           ///< resampling included
+    qint64 ghostsMs = 0;
+    qint64 fuseMs = 0;
+};
+
+struct Outcome
+{
+    QImage picture; ///< null unless error is None; profile and resolution are the reference's
+    /// What moved: Format_Grayscale8 of the picture's size, 255 where; null when nothing did.
+    QImage ghosts;
+    Report report;
+    Error error = Error::None;
+};
+
+/// shots: 1 to fusion::kMostShots upright pictures of one size, 8 or 16 bits per channel; the job
+/// takes them over and lets go of each as early as it can. The result has their depth:
+/// Format_RGB32, or Format_RGBX64 when one of them has more than 8 bits.
+/// Any thread, reentrant; uses all cores inside the call, which change no pixel. Throws nothing.
+Outcome merge(QList<QImage> shots, const Options &options = {}, const Control &control = {});
+
+} // namespace exposure
