@@ -6,6 +6,8 @@
 #include <QSet>
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace {
 
@@ -46,6 +48,193 @@ ParsedMergeOptions problem(const QString &text, const QString &file = {})
     return {{}, file, text};
 }
 
+/// The words of one option and what they mean.
+template <typename Value>
+struct Choice
+{
+    const char *word;
+    Value value;
+};
+
+template <typename Value, size_t count>
+std::optional<Value> chosen(const QString &word, const Choice<Value> (&choices)[count])
+{
+    for (const Choice<Value> &choice : choices) {
+        if (word == QLatin1String(choice.word))
+            return choice.value;
+    }
+    return {};
+}
+
+constexpr Choice<MergeMethod> kMethods[] = {{"fusion", MergeMethod::Fusion},
+                                            {"mean", MergeMethod::Mean}};
+constexpr Choice<exposure::Alignment> kAlignments[] = {
+    {"perspective", exposure::Alignment::Perspective},
+    {"shift", exposure::Alignment::Shift},
+    {"none", exposure::Alignment::None}};
+
+/// An option whose value is a number within bounds.
+struct NumberOption
+{
+    QCommandLineOption option;
+    double least;
+    double most;
+    double exposure::Adjustment::*adjustment = nullptr; ///< what it sets: this
+    double fusion::Options::*weight = nullptr;          ///< or that
+};
+
+NumberOption numberOption(const char *name, double least, double most)
+{
+    return {QCommandLineOption(QLatin1String(name), {}, QStringLiteral("number")), least, most};
+}
+
+NumberOption adjusting(const char *name, double least, double most,
+                       double exposure::Adjustment::*member)
+{
+    NumberOption number = numberOption(name, least, most);
+    number.adjustment = member;
+    return number;
+}
+
+NumberOption weighing(const char *name, double fusion::Options::*member)
+{
+    NumberOption number = numberOption(name, 0.0, 4.0);
+    number.weight = member;
+    return number;
+}
+
+/// The options that only exposure fusion has.
+class FusionOptions
+{
+public:
+    FusionOptions()
+        : numbers{adjusting("exposure", -4.0, 4.0, &exposure::Adjustment::exposure),
+                  adjusting("contrast", -1.0, 1.0, &exposure::Adjustment::contrast),
+                  adjusting("saturation", 0.0, 3.0, &exposure::Adjustment::saturation),
+                  weighing("exposure-weight", &fusion::Options::exposureWeight),
+                  weighing("contrast-weight", &fusion::Options::contrastWeight),
+                  weighing("saturation-weight", &fusion::Options::saturationWeight)}
+    {
+    }
+
+    void addTo(QCommandLineParser &parser) const
+    {
+        parser.addOptions({reference, ghosts, ghostMask});
+        for (const NumberOption &number : numbers)
+            parser.addOption(number.option);
+    }
+
+    /// Sets what was given; the problem in words, or nothing.
+    QString read(const QCommandLineParser &parser, MergeOptions &options) const
+    {
+        QString problem = readNumbers(parser, options);
+        if (problem.isEmpty())
+            problem = readReferences(parser, options);
+        if (problem.isEmpty() && parser.isSet(ghostMask)) {
+            options.ghostMask = parser.value(ghostMask);
+            if (!formatOfSuffix(options.ghostMask))
+                problem = QStringLiteral("the name of the ghost mask must end in .png, .jpg, "
+                                         ".jpeg, .tif or .tiff");
+        }
+        return problem;
+    }
+
+    /// Name of the first of them that was given; empty when none was.
+    QString firstGiven(const QCommandLineParser &parser) const
+    {
+        QList<QCommandLineOption> all{reference, ghosts, ghostMask};
+        for (const NumberOption &number : numbers)
+            all += number.option;
+        for (const QCommandLineOption &option : all) {
+            if (parser.isSet(option))
+                return QStringLiteral("--") + option.names().constFirst();
+        }
+        return {};
+    }
+
+private:
+    QString readNumbers(const QCommandLineParser &parser, MergeOptions &options) const
+    {
+        for (const NumberOption &number : numbers) {
+            if (!parser.isSet(number.option))
+                continue;
+            bool isNumber = false;
+            const double value = parser.value(number.option).toDouble(&isNumber);
+            if (!isNumber || !(value >= number.least && value <= number.most))
+                return QStringLiteral("--%1 must be a number from %2 to %3")
+                    .arg(number.option.names().constFirst())
+                    .arg(number.least)
+                    .arg(number.most);
+            if (number.adjustment)
+                options.fusion.adjustment.*number.adjustment = value;
+            else
+                options.fusion.weights.*number.weight = value;
+        }
+        return {};
+    }
+
+    QString readReferences(const QCommandLineParser &parser, MergeOptions &options) const
+    {
+        const QString ghostWord = parser.value(ghosts);
+        if (ghostWord == QLatin1String("off"))
+            options.fusion.ghosts = exposure::Ghosts::Keep;
+        const bool isPicture = parser.isSet(ghosts) && ghostWord != QLatin1String("off") &&
+                               ghostWord != QLatin1String("auto");
+        if (isPicture)
+            options.fusion.ghostReference = indexOf(ghostWord, options.pictures);
+        if (parser.isSet(reference))
+            options.fusion.reference = indexOf(parser.value(reference), options.pictures);
+        if (isPicture && options.fusion.ghostReference < 0)
+            return QStringLiteral("--ghosts takes off, auto or one of the pictures");
+        if (parser.isSet(reference) && options.fusion.reference < 0)
+            return QStringLiteral("--reference takes one of the pictures");
+        return {};
+    }
+
+    static int indexOf(const QString &path, const QStringList &pictures)
+    {
+        const auto isIt = [&path](const QString &picture) {
+            return identity(picture) == identity(path);
+        };
+        const auto found = std::find_if(pictures.begin(), pictures.end(), isIt);
+        return found == pictures.end() ? exposure::kAutomatic : int(found - pictures.begin());
+    }
+
+    const QCommandLineOption reference{QStringLiteral("reference"), {}, QStringLiteral("file")};
+    const QCommandLineOption ghosts{QStringLiteral("ghosts"), {}, QStringLiteral("which")};
+    const QCommandLineOption ghostMask{QStringLiteral("ghost-mask"), {}, QStringLiteral("file")};
+    const std::vector<NumberOption> numbers;
+};
+
+/// The method and the alignment; the problem in words, or nothing.
+QString readMethod(const QCommandLineParser &parser, const QString &method, const QString &align,
+                   bool noAlign, const FusionOptions &ofFusion, MergeOptions &options)
+{
+    // Devices know the mean only.
+    const QString fallback =
+        options.device.isEmpty() ? QStringLiteral("fusion") : QStringLiteral("mean");
+    const std::optional<MergeMethod> chosenMethod =
+        chosen(method.isEmpty() ? fallback : method, kMethods);
+    if (!chosenMethod)
+        return QStringLiteral("the method is fusion or mean");
+    options.method = *chosenMethod;
+    const bool isMean = options.method == MergeMethod::Mean;
+    const auto usual = QString::fromLatin1(isMean ? "shift" : "perspective");
+    const std::optional<exposure::Alignment> alignment = chosen(noAlign ? QStringLiteral("none")
+                                                                : align.isEmpty() ? usual
+                                                                                  : align,
+                                                                kAlignments);
+    if (!alignment || (noAlign && !align.isEmpty() && align != QLatin1String("none")))
+        return QStringLiteral("the pictures are aligned by perspective, shift or none");
+    options.fusion.alignment = *alignment;
+    if (isMean && *alignment == exposure::Alignment::Perspective)
+        return QStringLiteral("the mean is aligned by shift or none");
+    if (!isMean && !options.device.isEmpty())
+        return QStringLiteral("--device goes with --method mean");
+    const QString stray = isMean ? ofFusion.firstGiven(parser) : QString();
+    return stray.isEmpty() ? QString() : stray + QStringLiteral(" goes with --method fusion");
+}
+
 ParsedMergeOptions check(const MergeOptions &options)
 {
     if (options.pictures.isEmpty())
@@ -53,6 +242,10 @@ ParsedMergeOptions check(const MergeOptions &options)
     if (options.pictures.size() == 1)
         return problem(QStringLiteral("only one picture given, merging needs two or more"),
                        options.pictures.first());
+    if (options.method == MergeMethod::Fusion &&
+        size_t(options.pictures.size()) > fusion::kMostShots)
+        return problem(QStringLiteral("merge: fusion takes %1 pictures at most, --method mean more")
+                           .arg(fusion::kMostShots));
     if (options.output.isEmpty())
         return problem(QStringLiteral("merge: no output file given, name it with -o"));
     if (!formatOfSuffix(options.output))
@@ -80,6 +273,8 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     const QCommandLineOption megapixels(QStringLiteral("max-megapixels"), {},
                                         QStringLiteral("number"));
     const QCommandLineOption device(QStringLiteral("device"), {}, QStringLiteral("name"));
+    const QCommandLineOption method(QStringLiteral("method"), {}, QStringLiteral("name"));
+    const QCommandLineOption align(QStringLiteral("align"), {}, QStringLiteral("how"));
     const QCommandLineOption noAlign(QStringLiteral("no-align"));
     const QCommandLineOption keepOrder(QStringLiteral("keep-order"));
     const QCommandLineOption crop(QStringLiteral("crop"));
@@ -87,8 +282,10 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     const QCommandLineOption json(QStringLiteral("json"));
     const QCommandLineOption verbose(QStringLiteral("verbose"));
     QCommandLineParser parser;
-    parser.addOptions(
-        {output, quality, megapixels, device, noAlign, keepOrder, crop, force, json, verbose});
+    parser.addOptions({output, quality, megapixels, device, method, align, noAlign, keepOrder, crop,
+                       force, json, verbose});
+    const FusionOptions ofFusion;
+    ofFusion.addTo(parser);
     if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words))
         return problem(QStringLiteral("merge: ") + parser.errorText());
     if (parser.values(output).size() > 1)
@@ -107,8 +304,14 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
         options.pixelLimit = qint64(parser.value(megapixels).toInt()) * kMegapixel;
     if (parser.value(device) != QLatin1String("processor"))
         options.device = parser.value(device);
-    options.align = !parser.isSet(noAlign);
+    QString wrong = readMethod(parser, parser.value(method), parser.value(align),
+                               parser.isSet(noAlign), ofFusion, options);
+    if (wrong.isEmpty())
+        wrong = ofFusion.read(parser, options);
+    if (!wrong.isEmpty())
+        return problem(QStringLiteral("merge: ") + wrong);
     options.crop = parser.isSet(crop);
+    options.fusion.crop = options.crop;
     options.mayReplace = parser.isSet(force);
     options.json = parser.isSet(json);
     options.verbose = parser.isSet(verbose);

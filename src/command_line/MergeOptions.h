@@ -1,10 +1,16 @@
 #pragma once
 
+#include "merge_job.h"
 #include "picture_decoder.h"
 #include "picture_writer.h"
 
 #include <QString>
 #include <QStringList>
+
+enum class MergeMethod {
+    Fusion, ///< exposure::merge
+    Mean    ///< the "Merge to HDR" tool's merge, to the bit
+};
 
 /// What the words after "veskhdr merge" ask for.
 struct MergeOptions
@@ -13,9 +19,11 @@ struct MergeOptions
     QString output;
     PictureFormat format = PictureFormat::Png;
     int quality = kDefaultQuality;
-    bool isQualityUnused = false; ///< given, but the format has none
+    bool isQualityUnused = false;           ///< given, but the format has none
     qint64 pixelLimit = kDefaultPixelLimit; ///< of each picture to merge
-    bool align = true;
+    MergeMethod method = MergeMethod::Fusion;
+    exposure::Options fusion; ///< its alignment counts for both methods
+    QString ghostMask;        ///< file for what moved; empty: none
     bool keepOrder = false;
     bool crop = false;
     bool mayReplace = false;

@@ -31,12 +31,36 @@ QJsonArray shiftsToJson(const MergeReport &report)
     return shifts;
 }
 
+/// Each shot's 3 x 3 matrix onto the reference, row by row.
+QJsonArray transformsToJson(const MergeReport &report)
+{
+    QJsonArray transforms;
+    for (size_t i = 0; i < report.fusion.transforms.size(); ++i) {
+        const registration::Transform &transform = report.fusion.transforms[i];
+        QJsonArray matrix;
+        for (int row = 0; row < 3; ++row) {
+            QJsonArray numbers;
+            for (int column = 0; column < 3; ++column)
+                numbers.append(transform.matrix[size_t(3 * row + column)]);
+            matrix.append(numbers);
+        }
+        transforms.append(QJsonObject{
+            {QStringLiteral("picture"), report.inputs[static_cast<int>(i)]},
+            {QStringLiteral("kind"), registration::kindName(transform.kind)},
+            {QStringLiteral("matrix"), matrix},
+            {QStringLiteral("confidence"), transform.confidence},
+            {QStringLiteral("residualPixels"), transform.residualPixels},
+        });
+    }
+    return transforms;
+}
+
 QJsonObject timesToJson(const MergeReport::Times &times)
 {
     return {
         {QStringLiteral("decode"), times.decode}, {QStringLiteral("align"), times.align},
-        {QStringLiteral("merge"), times.merge},   {QStringLiteral("encode"), times.encode},
-        {QStringLiteral("total"), times.total},
+        {QStringLiteral("ghosts"), times.ghosts}, {QStringLiteral("merge"), times.merge},
+        {QStringLiteral("encode"), times.encode}, {QStringLiteral("total"), times.total},
     };
 }
 
@@ -60,6 +84,20 @@ QString timeLine(const QString &step, qint64 milliseconds)
     return QStringLiteral("%1 %2 ms\n").arg(step, -7).arg(milliseconds, 6);
 }
 
+QString transformLines(const MergeReport &report)
+{
+    QString lines;
+    for (size_t i = 0; i < report.fusion.transforms.size(); ++i) {
+        const registration::Transform &transform = report.fusion.transforms[i];
+        lines +=
+            QStringLiteral("align   %1: %2, confidence %3, residual %4 pixels\n")
+                .arg(report.inputs[static_cast<int>(i)], registration::kindName(transform.kind))
+                .arg(transform.confidence, 0, 'f', 2)
+                .arg(transform.residualPixels, 0, 'f', 2);
+    }
+    return lines;
+}
+
 } // namespace
 
 bool MergeReport::isAtLimit(size_t i) const
@@ -71,7 +109,10 @@ bool MergeReport::isAtLimit(size_t i) const
 
 QString toJson(const MergeReport &report)
 {
-    const QJsonObject object{
+    const bool isMean = report.method == MergeMethod::Mean;
+    QJsonObject object{
+        {QStringLiteral("method"), isMean ? QStringLiteral("mean") : QStringLiteral("fusion")},
+        {QStringLiteral("reference"), report.inputs[report.fusion.reference]},
         {QStringLiteral("inputs"), QJsonArray::fromStringList(report.inputs)},
         {QStringLiteral("size"), sizeToJson(report.area.size())},
         {QStringLiteral("area"), areaToJson(report.area)},
@@ -83,6 +124,12 @@ QString toJson(const MergeReport &report)
         {QStringLiteral("milliseconds"), timesToJson(report.milliseconds)},
         {QStringLiteral("output"), report.output},
     };
+    if (!isMean) {
+        object.insert(QStringLiteral("transforms"), transformsToJson(report));
+        object.insert(QStringLiteral("ghosts"), report.fusion.hasGhosts);
+        object.insert(QStringLiteral("ghostMask"),
+                      report.ghostMask.isEmpty() ? QJsonValue() : QJsonValue(report.ghostMask));
+    }
     return QString::fromUtf8(QJsonDocument(object).toJson()).trimmed();
 }
 
@@ -91,6 +138,8 @@ QString toLines(const MergeReport &report)
     QString lines = timeLine(QStringLiteral("decode"), report.milliseconds.decode);
     if (report.isAligned)
         lines += timeLine(QStringLiteral("align"), report.milliseconds.align);
+    if (report.method == MergeMethod::Fusion)
+        lines += timeLine(QStringLiteral("ghosts"), report.milliseconds.ghosts);
     lines += timeLine(QStringLiteral("merge"), report.milliseconds.merge) +
              timeLine(QStringLiteral("encode"), report.milliseconds.encode) +
              timeLine(QStringLiteral("total"), report.milliseconds.total);
@@ -98,10 +147,11 @@ QString toLines(const MergeReport &report)
         lines += QStringLiteral("shift   %1: %2 from the picture before, %3 from the first\n")
                      .arg(report.inputs[static_cast<int>(i) + 1], pointToText(report.pairShifts[i]),
                           pointToText(report.summedShifts[i]));
-    return lines + QStringLiteral("output  %1: %2 x %3 pixels")
-                       .arg(report.output)
-                       .arg(report.area.width())
-                       .arg(report.area.height());
+    return lines + transformLines(report) +
+           QStringLiteral("output  %1: %2 x %3 pixels")
+               .arg(report.output)
+               .arg(report.area.width())
+               .arg(report.area.height());
 }
 
 QString toSummary(const MergeReport &report)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MergeOptions.h"
+
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -15,12 +17,16 @@ struct MergeReport
     {
         qint64 decode = 0;
         qint64 align = 0;
+        qint64 ghosts = 0;
         qint64 merge = 0;
         qint64 encode = 0;
         qint64 total = 0;
     };
 
-    QStringList inputs; ///< in merge order
+    MergeMethod method = MergeMethod::Fusion;
+    QStringList inputs;      ///< in merge order
+    exposure::Report fusion; ///< without transforms unless the method is fusion
+    QString ghostMask;       ///< file; empty: none
     QString output;
     QString device; ///< name of the OpenCL device that merged; empty: the processor
     QSize inputSize;

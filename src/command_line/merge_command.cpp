@@ -88,23 +88,31 @@ public:
 
 private:
     ExitCode checkOutput();
+    ExitCode checkTarget(const QString &path);
     ExitCode findDevice();
     ExitCode decode();
     ExitCode checkSizes();
     ExitCode checkDevice();
     void begin(merge::Step step);
     ExitCode mergePictures();
+    ExitCode fusePictures();
+    ExitCode fusionFailure(exposure::Error error);
+    void showFusion(exposure::Step step, double done);
+    ExitCode writeGhostMask();
+    void warnOfUnaligned();
     ExitCode crop();
     ExitCode encode();
     ExitCode timed(ExitCode (Merge::*step)(), qint64 &milliseconds);
     ExitCode refuse(ExitCode code, const QString &file, const QString &reason);
     void warnOfLimits();
+    bool isAligning() const { return options.fusion.alignment != exposure::Alignment::None; }
     void tell();
 
     const MergeOptions &options;
     QList<QImage *> pictures;      ///< in merge order; owned
     cl_device_id device = nullptr; ///< null: the processor merges
     std::unique_ptr<QImage> merged;
+    QImage ghosts; ///< what moved; null when nothing did
     MergeReport report;
     ProgressBar bar;
     QElapsedTimer stepTimer;
@@ -140,12 +148,15 @@ ExitCode Merge::run()
         code = checkSizes();
     if (code == ExitCode::Ok)
         code = checkDevice();
+    const bool isMean = options.method == MergeMethod::Mean;
     if (code == ExitCode::Ok)
-        code = mergePictures();
-    if (code == ExitCode::Ok && options.crop)
+        code = isMean ? mergePictures() : fusePictures();
+    if (code == ExitCode::Ok && isMean && options.crop)
         code = crop();
     if (code == ExitCode::Ok)
         code = timed(&Merge::encode, times.encode);
+    if (code == ExitCode::Ok && !options.ghostMask.isEmpty())
+        code = writeGhostMask();
     times.total = timer.elapsed();
     if (code == ExitCode::Ok)
         tell();
@@ -154,16 +165,26 @@ ExitCode Merge::run()
 
 ExitCode Merge::checkOutput()
 {
-    OutputFile output(options.output, options.mayReplace);
+    const ExitCode code = checkTarget(options.output);
+    if (code != ExitCode::Ok || options.ghostMask.isEmpty())
+        return code;
+    if (options.ghostMask == options.output || isSameFile(options.ghostMask, options.output))
+        return refuse(ExitCode::Usage, options.ghostMask,
+                      QStringLiteral("is the merged picture, too"));
+    return checkTarget(options.ghostMask);
+}
+
+ExitCode Merge::checkTarget(const QString &path)
+{
+    OutputFile output(path, options.mayReplace);
     if (output.check() != OutputFile::Error::None)
-        return refuse(exitCodeOf(output.error()), options.output,
+        return refuse(exitCodeOf(output.error()), path,
                       output.error() == OutputFile::Error::Exists
                           ? output.reason() + QStringLiteral(", --force replaces it")
                           : output.reason());
     for (const QString &picture : options.pictures) {
-        if (isSameFile(picture, options.output))
-            return refuse(ExitCode::Usage, options.output,
-                          QStringLiteral("is one of the pictures to merge"));
+        if (isSameFile(picture, path))
+            return refuse(ExitCode::Usage, path, QStringLiteral("is one of the pictures to merge"));
     }
     return ExitCode::Ok;
 }
@@ -235,7 +256,7 @@ void Merge::begin(merge::Step step)
         stepTimer.start();
         return;
     }
-    if (options.align)
+    if (isAligning())
         report.milliseconds.align = stepTimer.elapsed();
     bar.show(kAligned, QStringLiteral("Merging"));
     stepTimer.start();
@@ -244,7 +265,7 @@ void Merge::begin(merge::Step step)
 ExitCode Merge::mergePictures()
 {
     merge::Options how;
-    how.align = options.align;
+    how.align = isAligning();
     how.onDevice = device != nullptr;
     how.device = device;
     how.mayReusePixels = true;
@@ -256,13 +277,75 @@ ExitCode Merge::mergePictures()
     if (outcome.error != merge::Error::None)
         return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
     merged = std::move(outcome.picture);
-    report.isAligned = options.align;
-    if (options.align)
+    report.isAligned = isAligning();
+    if (report.isAligned)
         report.largestFindableShift =
             mtb::largestFindableShift(mtb::pyramidLevels(report.inputSize));
     report.pairShifts = std::move(outcome.pairShifts);
     report.summedShifts = std::move(outcome.summedShifts);
     return ExitCode::Ok;
+}
+
+void Merge::showFusion(exposure::Step step, double done)
+{
+    switch (step) {
+    case exposure::Step::Register:
+    case exposure::Step::Resample:
+        return bar.show(kDecoded, QStringLiteral("Aligning"));
+    case exposure::Step::FindGhosts:
+        return bar.show(kAligned, QStringLiteral("Looking for what moved"));
+    case exposure::Step::Fuse:
+        return bar.show(kAligned + (kMerged - kAligned) * done, QStringLiteral("Fusing"));
+    }
+}
+
+ExitCode Merge::fusePictures()
+{
+    QList<QImage> shots;
+    for (QImage *picture : std::as_const(pictures))
+        shots += std::move(*picture);
+    qDeleteAll(pictures);
+    pictures.clear();
+    exposure::Control control;
+    control.progress = [this](exposure::Step step, double done) { showFusion(step, done); };
+    exposure::Outcome outcome = exposure::merge(std::move(shots), options.fusion, control);
+    if (outcome.error != exposure::Error::None)
+        return fusionFailure(outcome.error);
+    merged = std::make_unique<QImage>(std::move(outcome.picture));
+    ghosts = std::move(outcome.ghosts);
+    report.isAligned = options.fusion.alignment != exposure::Alignment::None;
+    report.area = outcome.report.area;
+    report.milliseconds.align = outcome.report.registerMs;
+    report.milliseconds.ghosts = outcome.report.ghostsMs;
+    report.milliseconds.merge = outcome.report.fuseMs;
+    report.fusion = std::move(outcome.report);
+    return ExitCode::Ok;
+}
+
+ExitCode Merge::fusionFailure(exposure::Error error)
+{
+    if (error == exposure::Error::NothingCovered)
+        return refuse(ExitCode::BadData, options.output,
+                      QStringLiteral("nothing is left to crop to, the pictures do not overlap"));
+    return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
+}
+
+/// Black where nothing moved.
+ExitCode Merge::writeGhostMask()
+{
+    if (ghosts.isNull()) {
+        ghosts = QImage(merged->size(), QImage::Format_Grayscale8);
+        ghosts.fill(0);
+    }
+    WriteOptions how;
+    how.quality = options.quality;
+    how.mayReplace = options.mayReplace;
+    how.temporaryName = interrupt::removeOnInterrupt;
+    const PictureFormat format = formatOfSuffix(options.ghostMask).value_or(PictureFormat::Png);
+    const WriteResult result = writePicture(ghosts, options.ghostMask, format, how);
+    return result.error == OutputFile::Error::None
+               ? ExitCode::Ok
+               : refuse(exitCodeOf(result.error), options.ghostMask, result.reason);
 }
 
 ExitCode Merge::crop()
@@ -281,7 +364,7 @@ ExitCode Merge::encode()
 {
     bar.show(kMerged, QStringLiteral("Writing"));
     WriteOptions writeOptions;
-    writeOptions.exif = exif::read(options.pictures.first());
+    writeOptions.exif = exif::read(options.pictures[report.fusion.reference]);
     writeOptions.quality = options.quality;
     writeOptions.mayReplace = options.mayReplace;
     writeOptions.progress = [this](double written) {
@@ -308,12 +391,26 @@ void Merge::warnOfLimits()
     }
 }
 
+void Merge::warnOfUnaligned()
+{
+    for (size_t i = 0; i < report.fusion.transforms.size(); ++i) {
+        const registration::Transform &transform = report.fusion.transforms[i];
+        if (transform.kind == registration::Kind::Unaligned)
+            console::complain(report.inputs[int(i)],
+                              QStringLiteral("warning: it was left unaligned: ") +
+                                  registration::reasonText(transform.reason));
+    }
+}
+
 void Merge::tell()
 {
     bar.clear();
     report.inputs = options.pictures;
     report.output = options.output;
+    report.method = options.method;
+    report.ghostMask = options.ghostMask;
     warnOfLimits();
+    warnOfUnaligned();
     if (options.json)
         console::print(toJson(report));
     else if (options.verbose)
@@ -349,17 +446,36 @@ QString mergeHelp()
 
 Merges two or more pictures of one scene, taken at different exposures, into one
 well-exposed picture. All must have the same size. They are read upright, whatever
-their names end in, ordered by path, and aligned to the first one.
+their names end in, ordered by path, aligned, and fused: each part of the picture
+comes mostly from the shots that show it best, and what moved from one shot alone.
 
 Options:
   -o, --output OUT  File to write: PNG, JPEG or TIFF by its suffix
                     (.png .jpg .jpeg .tif .tiff)
-  --no-align        Take the pictures as they are, e.g. from a tripod
-  --keep-order      Keep the order given; the first picture is the one that the
-                    others are aligned to and whose metadata is kept
+  --method HOW      "fusion", which is the default, or "mean": the weighted mean of
+                    the "Merge to HDR" tool, to the bit
+  --align HOW       "perspective" for hand-held shots, which is fusion's default;
+                    "shift" by whole pixels, which is the mean's, onto the first
+                    picture; "none" for shots from a tripod
+  --no-align        Short for --align none
+  --reference PICTURE
+                    Align to this one, and keep its metadata; otherwise to the one
+                    that shows most (fusion) or to the first (mean)
+  --ghosts HOW      What moved comes from one shot: "auto", which is the default,
+                    chooses it for each thing; a PICTURE is that shot; "off" blends
+  --ghost-mask FILE Write what moved, white on black
+  --exposure N      Brighten the result by so many stops, -4 to 4 (0)
+  --contrast N      Harden (up to 1) or soften (down to -1) it (0)
+  --saturation N    Colours from none (0) to vivid (3) (1)
+  --exposure-weight N, --contrast-weight N, --saturation-weight N
+                    How much a middle exposure (1), local contrast (1) and vivid
+                    colours (0) count in the fusion, 0 to 4
+  --keep-order      Keep the order given; the first picture is the one that
+                    "shift" aligns to
   --crop            Cut to the area that every picture covers after aligning
   --device NAME     Merge on that OpenCL device, see 'veskhdr devices', or on the
-                    "processor", which is the default; the pixels are the same
+                    "processor", which is the default; the pixels are the same.
+                    Devices make the mean
   --quality N       JPEG quality, 1 to 100 (95); from 90 on at full colour resolution
   --max-megapixels N
                     Refuse larger pictures before taking memory for them (512)

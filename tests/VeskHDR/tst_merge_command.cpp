@@ -797,8 +797,9 @@ void TestMergeCommand::wholeRoad_fivePhotographs_equalTheCommandLine()
 
     const QString out = session.path(QStringLiteral("out.png"));
     QProcess commandLine;
-    commandLine.start(program, QStringList{QStringLiteral("merge")} + paths +
-                                   QStringList{QStringLiteral("-o"), out});
+    commandLine.start(program, QStringList{QStringLiteral("merge"), QStringLiteral("--method"),
+                                           QStringLiteral("mean")} +
+                                   paths + QStringList{QStringLiteral("-o"), out});
     QVERIFY(commandLine.waitForFinished());
     QVERIFY2(commandLine.exitCode() == 0, commandLine.readAllStandardError());
     QCOMPARE(mergedPicture(), QImage(out).convertToFormat(QImage::Format_RGB32));

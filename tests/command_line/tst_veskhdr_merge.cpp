@@ -143,8 +143,11 @@ private:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    ProgramRun run(const QStringList &arguments) const
+    /// Merges by the mean, whose pixels the engine gives, too.
+    ProgramRun run(QStringList arguments) const
     {
+        if (arguments.value(0) == QLatin1String("merge"))
+            arguments.insert(1, QStringLiteral("--method=mean"));
         return runProgramIn(folder->path(), arguments);
     }
 

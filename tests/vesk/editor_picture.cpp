@@ -7,13 +7,13 @@
 
 #include "DocumentArea.h"
 #include "EditorActions.h"
-#include "editor_application.h"
 #include "FilmStrip.h"
 #include "FilmStripModel.h"
 #include "HistogramDock.h"
 #include "HistogramView.h"
 #include "MainWindow.h"
 #include "MessageBoxAnswerer.h"
+#include "editor_application.h"
 
 #include <VeskCanvas.h>
 #include <VeskFilterContainer.h>

@@ -24,9 +24,10 @@ constexpr int kPatienceMs = 500; // a window that obeys a close is gone long bef
 QImage mergedByCommandLine(const QStringList &paths, const QString &output)
 {
     QProcess program;
-    program.start(qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr"),
-                  QStringList{QStringLiteral("merge")} + paths +
-                      QStringList{QStringLiteral("--force"), QStringLiteral("-o"), output});
+    program.start(
+        qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr"),
+        QStringList{QStringLiteral("merge"), QStringLiteral("--method"), QStringLiteral("mean")} +
+            paths + QStringList{QStringLiteral("--force"), QStringLiteral("-o"), output});
     program.waitForFinished();
     return QImage(output).convertToFormat(QImage::Format_RGB32);
 }

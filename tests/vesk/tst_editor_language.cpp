@@ -1,15 +1,15 @@
 // The editor in each of its languages.
 
-#include "clipped_texts.h"
 #include "DocumentArea.h"
 #include "DocumentSaver.h"
-#include "editor_application.h"
 #include "JpegQualityDialog.h"
 #include "LanguageMenu.h"
 #include "MainWindow.h"
 #include "MessageBoxAnswerer.h"
 #include "StartPage.h"
 #include "TestPictures.h"
+#include "clipped_texts.h"
+#include "editor_application.h"
 
 #include <VeskActionManager.h>
 #include <VeskContext.h>
