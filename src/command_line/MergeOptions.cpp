@@ -210,11 +210,7 @@ private:
 QString readMethod(const QCommandLineParser &parser, const QString &method, const QString &align,
                    bool noAlign, const FusionOptions &ofFusion, MergeOptions &options)
 {
-    // Devices know the mean only.
-    const QString fallback =
-        options.device.isEmpty() ? QStringLiteral("fusion") : QStringLiteral("mean");
-    const std::optional<MergeMethod> chosenMethod =
-        chosen(method.isEmpty() ? fallback : method, kMethods);
+    const std::optional<MergeMethod> chosenMethod = chosen(method, kMethods);
     if (!chosenMethod)
         return QStringLiteral("the method is fusion or mean");
     options.method = *chosenMethod;
@@ -304,8 +300,10 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
         options.pixelLimit = qint64(parser.value(megapixels).toInt()) * kMegapixel;
     if (parser.value(device) != QLatin1String("processor"))
         options.device = parser.value(device);
-    QString wrong = readMethod(parser, parser.value(method), parser.value(align),
-                               parser.isSet(noAlign), ofFusion, options);
+    // Who names a device wants the mean: devices know no other, and all give the same pixels.
+    const QString usual = parser.isSet(device) ? QStringLiteral("mean") : QStringLiteral("fusion");
+    QString wrong = readMethod(parser, parser.isSet(method) ? parser.value(method) : usual,
+                               parser.value(align), parser.isSet(noAlign), ofFusion, options);
     if (wrong.isEmpty())
         wrong = ofFusion.read(parser, options);
     if (!wrong.isEmpty())

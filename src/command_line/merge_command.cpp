@@ -474,8 +474,7 @@ Options:
                     "shift" aligns to
   --crop            Cut to the area that every picture covers after aligning
   --device NAME     Merge on that OpenCL device, see 'veskhdr devices', or on the
-                    "processor", which is the default; the pixels are the same.
-                    Devices make the mean
+                    "processor"; the pixels are the same. The method is the mean then
   --quality N       JPEG quality, 1 to 100 (95); from 90 on at full colour resolution
   --max-megapixels N
                     Refuse larger pictures before taking memory for them (512)
