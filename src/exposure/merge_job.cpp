@@ -6,6 +6,7 @@
 #include "registration.h"
 #include "resample.h"
 
+#include <QColorSpace>
 #include <QElapsedTimer>
 
 #include <algorithm>
