@@ -20,6 +20,7 @@
 #include <VeskPictureHost.h>
 #include <VeskSelection.h>
 #include <VeskUIController.h>
+#include <layer_composition.h>
 
 #include <QAction>
 #include <QCheckBox>
@@ -100,8 +101,7 @@ VeskContext *documentBeside(const VeskContext *other)
 
 QImage mergedPicture()
 {
-    const VeskContext *document = currentDocument();
-    return document ? document->getLayerManager()->composedPicture() : QImage();
+    return composition::composedPicture(currentDocument());
 }
 
 /// Activates the tool, adds the files and chooses the processor.

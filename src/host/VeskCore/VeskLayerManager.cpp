@@ -2,8 +2,6 @@
 
 #include "VeskLayerBase.h"
 
-#include <QPainter>
-
 VeskLayerManager::VeskLayerManager(QObject *parent)
     : QObject(parent)
 {
@@ -46,33 +44,6 @@ QSize VeskLayerManager::size() const
     for (const VeskLayerBase *layer : layers)
         whole = whole.expandedTo(layer->picture().size());
     return whole;
-}
-
-QImage VeskLayerManager::composedPicture() const
-{
-    QList<const VeskLayerBase *> shown;
-    for (const VeskLayerBase *layer : layers)
-        if (layer->isVisible() && !layer->picture().isNull())
-            shown.append(layer);
-    if (shown.isEmpty())
-        return {};
-
-    const VeskLayerBase *only = shown.size() == 1 ? shown.first() : nullptr;
-    if (only && only->getAlpha() == 1.0F && only->picture().size() == size())
-        return only->picture();
-
-    QImage composed(size(), QImage::Format_ARGB32_Premultiplied);
-    if (composed.isNull())
-        return {};
-    composed.fill(Qt::transparent);
-    QPainter painter(&composed);
-    for (const VeskLayerBase *layer : qAsConst(shown)) {
-        QImage picture = layer->picture();
-        picture.setDevicePixelRatio(1.0);
-        painter.setOpacity(layer->getAlpha());
-        painter.drawImage(0, 0, picture);
-    }
-    return composed;
 }
 
 void VeskLayerManager::setCurrent(int index)

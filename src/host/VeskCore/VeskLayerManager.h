@@ -2,9 +2,9 @@
 
 #include "veskcore_export.h"
 
-#include <QImage>
 #include <QList>
 #include <QObject>
+#include <QSize>
 
 class VeskLayerBase;
 
@@ -39,11 +39,6 @@ public:
 
     /// Size in pixels that holds every layer.
     QSize size() const;
-
-    /// All visible layers, one over the other. Shares the pixels of a single opaque layer;
-    /// otherwise a new QImage::Format_ARGB32_Premultiplied image of size(). Null without a visible
-    /// picture.
-    QImage composedPicture() const;
 
 Q_SIGNALS:
     /// A layer has come, gone or changed.

@@ -99,7 +99,7 @@ bool PicturePyramid::buildStep(const TileKey &key, const std::vector<SourceLayer
         return buildFromChildren(key, layers);
     const QRect region = QRect(rect.topLeft() * 2, rect.size() * 2) & QRect(QPoint(0, 0), document);
     pixelsRead += qint64(region.width()) * region.height();
-    tiles.insert(key, new QImage(halved(composedRegion(layers, region))));
+    tiles.insert(key, new QImage(halved(composition::composedRegion(layers, region))));
     return true;
 }
 

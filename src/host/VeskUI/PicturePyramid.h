@@ -26,7 +26,7 @@ public:
         {
             return a.level == b.level && a.column == b.column && a.row == b.row;
         }
-        friend uint qHash(const TileKey &key, uint seed = 0)
+        friend size_t qHash(const TileKey &key, size_t seed = 0)
         {
             return ::qHash(
                 (quint64(key.level) << 48) ^ (quint64(key.column) << 24) ^ quint64(key.row), seed);

@@ -1,4 +1,5 @@
 #include "VeskCanvas.h"
+#include "FingerGrip.h"
 #include "canvas_painting.h"
 #include "picture_histogram.h"
 
@@ -7,7 +8,6 @@
 
 #include <QElapsedTimer>
 #include <QInputDevice>
-#include <QLineF>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
@@ -48,23 +48,6 @@ qreal stepped(qreal zoom, qreal factor)
     return isPassingActualSize
                ? 1
                : std::clamp(next, VeskCanvas::kMinimumZoom, VeskCanvas::kMaximumZoom);
-}
-
-// How fingers hold the picture: where, and how far apart.
-struct Grip
-{
-    QPointF center;
-    qreal spread = 0; // mean distance from the centre
-};
-
-Grip gripOf(const QList<QEventPoint> &points, QPointF (QEventPoint::*position)() const)
-{
-    Grip grip;
-    for (const QEventPoint &point : points)
-        grip.center += (point.*position)() / points.size();
-    for (const QEventPoint &point : points)
-        grip.spread += QLineF(grip.center, (point.*position)()).length() / points.size();
-    return grip;
 }
 
 } // namespace
@@ -124,6 +107,7 @@ void VeskCanvas::contentChanged()
     pyramid->reset(view->document());
     scheduleTiles();
     update();
+    reportPointer();
 }
 
 // --- Size, zoom and position ---
@@ -210,6 +194,7 @@ void VeskCanvas::viewChanged()
     update();
     scheduleTiles();
     updateCursor();
+    reportPointer();
     if (view->zoom() == reportedZoom)
         return;
     reportedZoom = view->zoom();
@@ -311,8 +296,8 @@ bool VeskCanvas::event(QEvent *event)
 // Read from the touch points themselves: Qt's pinch gesture counts steps twice.
 void VeskCanvas::followFingers(const QTouchEvent &event)
 {
-    const Grip before = gripOf(event.points(), &QEventPoint::lastPosition);
-    const Grip now = gripOf(event.points(), &QEventPoint::position);
+    const FingerGrip before(event.points(), &QEventPoint::lastPosition);
+    const FingerGrip now(event.points(), &QEventPoint::position);
     const bool isPinch = before.spread > 0 && now.spread > 0;
     if (!isPinch && isFitted())
         return; // nowhere to go
@@ -346,6 +331,7 @@ void VeskCanvas::mousePressEvent(QMouseEvent *event)
 
 void VeskCanvas::mouseMoveEvent(QMouseEvent *event)
 {
+    pointerPosition = event->position();
     if (isDragging) {
         const QPointF distance = event->position() - dragPosition;
         dragPosition = event->position();
@@ -353,7 +339,7 @@ void VeskCanvas::mouseMoveEvent(QMouseEvent *event)
         if (!isFitted())
             panBy(distance);
     }
-    reportPointer(event->position());
+    reportPointer();
 }
 
 void VeskCanvas::mouseReleaseEvent(QMouseEvent *event)
@@ -375,6 +361,7 @@ void VeskCanvas::mouseDoubleClickEvent(QMouseEvent *event)
 
 void VeskCanvas::leaveEvent(QEvent *)
 {
+    pointerPosition.reset();
     Q_EMIT pointerMoved(QPoint(-1, -1), QColor());
 }
 
@@ -396,9 +383,12 @@ void VeskCanvas::keyPressEvent(QKeyEvent *event)
     }
 }
 
-void VeskCanvas::reportPointer(const QPointF &widgetPosition)
+// Also when the pointer rests and the picture moves or changes under it.
+void VeskCanvas::reportPointer()
 {
-    const QPointF position = toDocument(widgetPosition);
+    if (!pointerPosition)
+        return;
+    const QPointF position = toDocument(*pointerPosition);
     const QPoint pixel(int(std::floor(position.x())), int(std::floor(position.y())));
     const QColor color = colorAt(pixel);
     Q_EMIT pointerMoved(color.isValid() ? pixel : QPoint(-1, -1), color);
@@ -408,7 +398,8 @@ QColor VeskCanvas::colorAt(const QPoint &documentPixel) const
 {
     if (!shownContext || !QRect(QPoint(0, 0), canvasSize()).contains(documentPixel))
         return QColor();
-    const QImage pixel = composedRegion(visibleLayers(shownContext), {documentPixel, QSize(1, 1)});
+    const QImage pixel = composition::composedRegion(composition::visibleLayers(shownContext),
+                                                     {documentPixel, QSize(1, 1)});
     return pixel.pixelColor(0, 0);
 }
 
@@ -429,12 +420,12 @@ void VeskCanvas::paintEvent(QPaintEvent *event)
     updateViewport();
     QPainter painter(this);
     painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
-    const std::vector<SourceLayer> layers = visibleLayers(shownContext);
+    const std::vector<SourceLayer> layers = composition::visibleLayers(shownContext);
     for (const QRect &part : event->region())
         paintPart(painter, layers, toDevice(part));
     if (!outlineRect().isEmpty())
-        paintOutline(painter, outlineRect(), outlinePhase,
-                     std::max(1, qRound(devicePixelRatioF())));
+        painting::paintOutline(painter, outlineRect(), outlinePhase,
+                               std::max(1, qRound(devicePixelRatioF())));
 }
 
 void VeskCanvas::paintPart(QPainter &painter, const std::vector<SourceLayer> &layers,
@@ -446,10 +437,11 @@ void VeskCanvas::paintPart(QPainter &painter, const std::vector<SourceLayer> &la
         return;
     painter.save();
     painter.setClipRect(shown);
-    if (!isOpaque(layers, canvasSize()))
-        paintCheckerboard(painter, shown, view->documentRect().topLeft(),
-                          qRound(kCheckerSquare * devicePixelRatioF()), isDark(palette()));
-    directPixelsRead += paintLayers(painter, *view, *pyramid, layers, shown);
+    if (!composition::isOpaque(layers, canvasSize()))
+        painting::paintCheckerboard(painter, shown, view->documentRect().topLeft(),
+                                    qRound(kCheckerSquare * devicePixelRatioF()),
+                                    isDark(palette()));
+    directPixelsRead += painting::paintLayers(painter, *view, *pyramid, layers, shown);
     painter.restore();
 }
 
@@ -470,15 +462,15 @@ void VeskCanvas::buildTiles()
 {
     QElapsedTimer spent;
     spent.start();
-    const std::vector<SourceLayer> layers = visibleLayers(shownContext);
-    for (const PicturePyramid::TileKey &key : tilesIn(*view, toDevice(rect()))) {
+    const std::vector<SourceLayer> layers = composition::visibleLayers(shownContext);
+    for (const PicturePyramid::TileKey &key : painting::tilesIn(*view, toDevice(rect()))) {
         if (pyramid->tile(key))
             continue;
         while (!pyramid->buildStep(key, layers)) {
             if (spent.elapsed() >= kTileBudgetMs)
                 return;
         }
-        update(toWidgetRect(levelTarget(*view, key.level, pyramid->tileRect(key))));
+        update(toWidgetRect(painting::levelTarget(*view, key.level, pyramid->tileRect(key))));
         if (spent.elapsed() >= kTileBudgetMs)
             return;
     }
@@ -566,7 +558,7 @@ QRect VeskCanvas::outlineRect() const
 {
     if (!shownSelection || shownSelection->isEmpty())
         return QRect();
-    return levelTarget(*view, 0, shownSelection->getRect());
+    return painting::levelTarget(*view, 0, shownSelection->getRect());
 }
 
 void VeskCanvas::moveOutline()
@@ -580,6 +572,6 @@ void VeskCanvas::moveOutline()
 
 void VeskCanvas::updateHistogram()
 {
-    levels = countLevels(visibleLayers(shownContext), canvasSize());
+    levels = histogram::countLevels(composition::visibleLayers(shownContext), canvasSize());
     Q_EMIT histogramChanged();
 }

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CanvasView;
@@ -126,8 +127,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     void zoomChanged(qreal factor);
     void histogramChanged();
-    /// The pointer is over that document pixel, which has that colour; (-1, -1) and an invalid
-    /// colour when it has left the document.
+    /// The pointer is over that document pixel, which has that colour: it has moved, or the picture
+    /// under it has. (-1, -1) and an invalid colour when it is not over the document.
     void pointerMoved(const QPoint &documentPixel, const QColor &color);
 
 protected:
@@ -156,7 +157,7 @@ private:
     void glideZoom(qreal factor, const QPointF &anchor);
     void followFingers(const QTouchEvent &event);
     void panBy(const QPointF &widgetDistance);
-    void reportPointer(const QPointF &widgetPosition);
+    void reportPointer();
     void updateCursor();
 
     void contentChanged();
@@ -178,6 +179,7 @@ private:
     QPointF glideAnchor;          // device pixels
     QPointF glideFixed;           // what stays at the anchor, document pixels
     qreal reportedZoom = 1;
+    std::optional<QPointF> pointerPosition; // of the mouse over the widget
     QPointF dragPosition;
     bool isDragging = false;
 

@@ -29,7 +29,7 @@ qint64 paintFromDocument(QPainter &painter, const CanvasView &view,
     const QRectF target(view.toViewport(region.topLeft()), QSizeF(region.size()) * view.zoom());
     painter.setRenderHint(QPainter::SmoothPixmapTransform,
                           view.zoom() != 1 && view.zoom() < kCrispZoom);
-    drawLayers(painter, target, layers, region);
+    composition::drawLayers(painter, target, layers, region);
     return area(region);
 }
 
@@ -41,13 +41,13 @@ qint64 paintRough(QPainter &painter, const CanvasView &view, const std::vector<S
     const QRect region = view.documentPixels(target);
     if (region.isEmpty())
         return 0;
-    drawLayers(painter, target, layers, region);
+    composition::drawLayers(painter, target, layers, region);
     return area(target & part);
 }
 
 } // namespace
 
-std::vector<PicturePyramid::TileKey> tilesIn(const CanvasView &view, const QRect &part)
+std::vector<PicturePyramid::TileKey> painting::tilesIn(const CanvasView &view, const QRect &part)
 {
     std::vector<PicturePyramid::TileKey> keys;
     const int level = PicturePyramid::levelForZoom(view.zoom());
@@ -62,7 +62,7 @@ std::vector<PicturePyramid::TileKey> tilesIn(const CanvasView &view, const QRect
     return keys;
 }
 
-QRect levelTarget(const CanvasView &view, int level, const QRect &levelRect)
+QRect painting::levelTarget(const CanvasView &view, int level, const QRect &levelRect)
 {
     const double unit = double(1 << level);
     const QPointF first = view.toViewport(QPointF(levelRect.topLeft()) * unit);
@@ -71,8 +71,8 @@ QRect levelTarget(const CanvasView &view, int level, const QRect &levelRect)
     return QRect(first.toPoint(), end.toPoint() - QPoint(1, 1));
 }
 
-void paintCheckerboard(QPainter &painter, const QRect &part, const QPoint &origin, int square,
-                       bool isDark)
+void painting::paintCheckerboard(QPainter &painter, const QRect &part, const QPoint &origin,
+                                 int square, bool isDark)
 {
     QPixmap pattern(2 * square, 2 * square);
     pattern.fill(isDark ? QColor(0x50, 0x50, 0x50) : QColor(0xff, 0xff, 0xff));
@@ -85,8 +85,9 @@ void paintCheckerboard(QPainter &painter, const QRect &part, const QPoint &origi
     painter.fillRect(part, QBrush(pattern));
 }
 
-qint64 paintLayers(QPainter &painter, const CanvasView &view, const PicturePyramid &pyramid,
-                   const std::vector<SourceLayer> &layers, const QRect &part)
+qint64 painting::paintLayers(QPainter &painter, const CanvasView &view,
+                             const PicturePyramid &pyramid, const std::vector<SourceLayer> &layers,
+                             const QRect &part)
 {
     const int level = PicturePyramid::levelForZoom(view.zoom());
     if (level == 0)
@@ -104,7 +105,7 @@ qint64 paintLayers(QPainter &painter, const CanvasView &view, const PicturePyram
     return pixelsRead;
 }
 
-void paintOutline(QPainter &painter, const QRect &rect, int phase, int lineWidth)
+void painting::paintOutline(QPainter &painter, const QRect &rect, int phase, int lineWidth)
 {
     const QRectF line =
         QRectF(rect).adjusted(lineWidth / 2.0, lineWidth / 2.0, -lineWidth / 2.0, -lineWidth / 2.0);

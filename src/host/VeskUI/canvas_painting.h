@@ -1,15 +1,16 @@
 #pragma once
 
 #include "CanvasView.h"
-#include "layer_composition.h"
 #include "PicturePyramid.h"
+#include "layer_composition.h"
 
 #include <vector>
 
 class QPainter;
 
-// What a canvas paints. All positions are device pixels of the canvas; the painter's units must be
-// device pixels too. GUI thread.
+/// What a canvas paints. All positions are device pixels of the canvas; the painter's units must be
+/// device pixels too. GUI thread.
+namespace painting {
 
 /// The tiles that show part, at the level that suits the zoom; none where the level is 0.
 std::vector<PicturePyramid::TileKey> tilesIn(const CanvasView &view, const QRect &part);
@@ -29,3 +30,5 @@ qint64 paintLayers(QPainter &painter, const CanvasView &view, const PicturePyram
 
 /// A dashed outline, visible on light and dark. phase moves the dashes; lineWidth: at least 1.
 void paintOutline(QPainter &painter, const QRect &rect, int phase, int lineWidth);
+
+} // namespace painting

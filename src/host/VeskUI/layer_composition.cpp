@@ -4,11 +4,12 @@
 #include <VeskLayerBase.h>
 #include <VeskLayerManager.h>
 
+#include <QColorSpace>
 #include <QPainter>
 
 #include <algorithm>
 
-std::vector<SourceLayer> visibleLayers(const VeskContext *context)
+std::vector<SourceLayer> composition::visibleLayers(const VeskContext *context)
 {
     std::vector<SourceLayer> layers;
     if (!context)
@@ -25,7 +26,7 @@ std::vector<SourceLayer> visibleLayers(const VeskContext *context)
     return layers;
 }
 
-bool isOpaque(const std::vector<SourceLayer> &layers, const QSize &documentSize)
+bool composition::isOpaque(const std::vector<SourceLayer> &layers, const QSize &documentSize)
 {
     const QRect document(QPoint(0, 0), documentSize);
     return std::any_of(layers.begin(), layers.end(), [&document](const SourceLayer &layer) {
@@ -34,7 +35,7 @@ bool isOpaque(const std::vector<SourceLayer> &layers, const QSize &documentSize)
     });
 }
 
-QImage composedRegion(const std::vector<SourceLayer> &layers, const QRect &region)
+QImage composition::composedRegion(const std::vector<SourceLayer> &layers, const QRect &region)
 {
     QImage composed(region.size(), QImage::Format_ARGB32_Premultiplied);
     if (composed.isNull())
@@ -45,8 +46,29 @@ QImage composedRegion(const std::vector<SourceLayer> &layers, const QRect &regio
     return composed;
 }
 
-void drawLayers(QPainter &painter, const QRectF &target, const std::vector<SourceLayer> &layers,
-                const QRect &region)
+QImage composition::composedPicture(const std::vector<SourceLayer> &layers,
+                                    const QSize &documentSize)
+{
+    if (layers.empty())
+        return {};
+    const SourceLayer &lowest = layers.front();
+    if (layers.size() == 1 && lowest.opacity >= 1 && lowest.picture.size() == documentSize)
+        return lowest.picture;
+    QImage composed = composedRegion(layers, QRect(QPoint(0, 0), documentSize));
+    composed.setColorSpace(lowest.picture.colorSpace());
+    composed.setDotsPerMeterX(lowest.picture.dotsPerMeterX());
+    composed.setDotsPerMeterY(lowest.picture.dotsPerMeterY());
+    return composed;
+}
+
+QImage composition::composedPicture(const VeskContext *context)
+{
+    const QSize size = context ? context->getLayerManager()->size() : QSize();
+    return composedPicture(visibleLayers(context), size);
+}
+
+void composition::drawLayers(QPainter &painter, const QRectF &target,
+                             const std::vector<SourceLayer> &layers, const QRect &region)
 {
     const qreal scaleX = target.width() / region.width();
     const qreal scaleY = target.height() / region.height();

@@ -30,14 +30,16 @@ void countRow(const QRgb *row, int width, VeskCanvas::Histogram &counts)
 
 } // namespace
 
-VeskCanvas::Histogram countLevels(const std::vector<SourceLayer> &layers, const QSize &document)
+VeskCanvas::Histogram histogram::countLevels(const std::vector<SourceLayer> &layers,
+                                             const QSize &document)
 {
     VeskCanvas::Histogram counts;
     if (document.isEmpty())
         return counts;
     for (int y = 0; y < document.height(); y += kStripRows) {
         const int rows = std::min(kStripRows, document.height() - y);
-        const QImage strip = composedRegion(layers, QRect(0, y, document.width(), rows));
+        const QImage strip =
+            composition::composedRegion(layers, QRect(0, y, document.width(), rows));
         for (int row = 0; row < strip.height(); ++row)
             countRow(reinterpret_cast<const QRgb *>(strip.constScanLine(row)), strip.width(),
                      counts);

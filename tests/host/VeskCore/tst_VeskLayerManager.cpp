@@ -33,7 +33,6 @@ private Q_SLOTS:
         QCOMPARE(layers.getCurrentLayer(), nullptr);
         QCOMPARE(layers.layerAt(0), nullptr);
         QCOMPARE(layers.size(), QSize(0, 0));
-        QVERIFY(layers.composedPicture().isNull());
     }
 
     void addLayer_firstBecomesCurrentLaterOnesOnlyOnRequest()
@@ -150,53 +149,6 @@ private Q_SLOTS:
         layers->addLayer(layer, true);
         layers.reset();
         QVERIFY(layer.isNull());
-    }
-
-    void composedPicture_oneOpaqueLayer_sharesItsPixels()
-    {
-        VeskLayerManager layers;
-        layers.addLayer(newLayer({2, 2}, Qt::red, QImage::Format_RGB32), true);
-        QCOMPARE(layers.composedPicture().constBits(), layers.layerAt(0)->picture().constBits());
-    }
-
-    void composedPicture_stacksVisibleLayersByOpacity()
-    {
-        VeskLayerManager layers;
-        layers.addLayer(newLayer({4, 2}, Qt::black), true);
-        layers.addLayer(newLayer({2, 3}, Qt::white), true);
-        layers.addLayer(newLayer({4, 3}, Qt::red), true);
-        layers.layerAt(1)->setAlpha(0.5F);
-        layers.layerAt(2)->setVisible(false);
-
-        const QImage composed = layers.composedPicture();
-        QCOMPARE(layers.size(), QSize(4, 3));
-        QCOMPARE(composed.size(), QSize(4, 3));
-        QVERIFY(qAbs(qRed(composed.pixel(0, 0)) - 128) <= 1);
-        QCOMPARE(qAlpha(composed.pixel(0, 0)), 255);
-        QCOMPARE(composed.pixelColor(3, 0), QColor(Qt::black));
-        QVERIFY(qAbs(qAlpha(composed.pixel(0, 2)) - 128) <= 1);
-        QCOMPARE(qAlpha(composed.pixel(3, 2)), 0);
-    }
-
-    void composedPicture_layerWithPixelRatio_fillsItsPixels()
-    {
-        QImage image(4, 4, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        image.setDevicePixelRatio(2.0);
-        VeskLayerManager layers;
-        layers.addLayer(newLayer({4, 4}, Qt::blue), true);
-        auto *const layer = new VeskLayer(QStringLiteral("high density"));
-        layer->setVeskPictureHost(new VeskPictureHost(image));
-        layers.addLayer(layer, true);
-        QCOMPARE(layers.composedPicture().pixelColor(3, 3), QColor(Qt::red));
-    }
-
-    void composedPicture_allHidden_isNull()
-    {
-        VeskLayerManager layers;
-        layers.addLayer(newLayer({2, 2}, Qt::red), true);
-        layers.layerAt(0)->setVisible(false);
-        QVERIFY(layers.composedPicture().isNull());
     }
 };
 

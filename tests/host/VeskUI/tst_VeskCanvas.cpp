@@ -8,9 +8,10 @@
 
 #include <QApplication>
 #include <QPainter>
-#include <QProxyStyle>
 #include <QPointingDevice>
+#include <QProxyStyle>
 #include <QWheelEvent>
+#include <QtMath>
 #include <QtTest>
 
 #include <memory>
@@ -150,6 +151,8 @@ private slots:
 
     void pointer_reportsPixelAndColour();
     void pointer_outsideOfTheDocument_reportsNothing();
+    void pointer_resting_isReportedAgainWhenThePictureMovesUnderIt();
+    void pointer_resting_isReportedAgainWhenTheLayersChange();
     void selection_isOutlined();
     void canvasTimer_movesTheOutlineOnly();
     void canvasTimer_zeroInterval_doesNotFloodTheLoop();
@@ -637,6 +640,36 @@ void CanvasTest::pointer_outsideOfTheDocument_reportsNothing()
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&document.canvas, &leave);
     QCOMPARE(moves.last().at(0).toPoint(), QPoint(-1, -1));
+}
+
+/// Ctrl+0 and Ctrl+1 leave the pointer where it is.
+void CanvasTest::pointer_resting_isReportedAgainWhenThePictureMovesUnderIt()
+{
+    Document document(twoHalves(QSize(4000, 3000)));
+    document.canvas.zoomToFit();
+    moveMouse(document.canvas, QPoint(300, 150), Qt::NoButton);
+    QSignalSpy moves(&document.canvas, &VeskCanvas::pointerMoved);
+    document.canvas.zoomToActualSize();
+    const QPointF under = document.canvas.toDocument(QPointF(300, 150));
+    QCOMPARE(moves.last().at(0).toPoint(), QPoint(qFloor(under.x()), qFloor(under.y())));
+    document.canvas.zoomToFit();
+    QCOMPARE(moves.last().at(0).toPoint(), QPoint(3000, 1500));
+
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&document.canvas, &leave);
+    moves.clear();
+    document.canvas.zoomToActualSize();
+    QVERIFY(moves.isEmpty());
+}
+
+void CanvasTest::pointer_resting_isReportedAgainWhenTheLayersChange()
+{
+    Document document(filled(kCanvasSize, Qt::red));
+    moveMouse(document.canvas, QPoint(200, 150), Qt::NoButton);
+    QSignalSpy moves(&document.canvas, &VeskCanvas::pointerMoved);
+    document.context.getLayerManager()->layerAt(0)->setVisible(false);
+    QCOMPARE(moves.size(), 1);
+    QCOMPARE(moves.last().at(1).value<QColor>().alpha(), 0);
 }
 
 void CanvasTest::selection_isOutlined()

@@ -5,6 +5,7 @@
 #include <VeskLayerManager.h>
 #include <VeskPictureHost.h>
 
+#include <QColorSpace>
 #include <QtTest>
 
 namespace {
@@ -38,6 +39,12 @@ private slots:
     void composedRegion_outsideOfALayer_isTransparent();
     void composedRegion_mixesByOpacity();
     void composedRegion_upperLayerCoversLower();
+    void composedPicture_oneOpaqueLayer_sharesItsPixels();
+    void composedPicture_stacksVisibleLayersByOpacity();
+    void composedPicture_severalLayers_keepsProfileAndResolutionOfTheLowest();
+    void composedPicture_layerWithPixelRatio_fillsItsPixels();
+    void composedPicture_allHidden_isNull();
+    void composedPicture_equalsWhatIsShownRegionByRegion();
     void isOpaque_needsOneFullOpaqueLayer();
 };
 
@@ -49,7 +56,7 @@ void LayerCompositionTest::visibleLayers_skipsHiddenAndTransparentAndEmptyOnes()
     addLayer(context, filled(QSize(4, 4), Qt::blue))->setAlpha(0);
     addLayer(context, QImage());
     addLayer(context, filled(QSize(5, 4), Qt::white))->setAlpha(0.5F);
-    const std::vector<SourceLayer> layers = visibleLayers(&context);
+    const std::vector<SourceLayer> layers = composition::visibleLayers(&context);
     QCOMPARE(int(layers.size()), 2);
     QCOMPARE(layers[0].picture.pixelColor(0, 0), QColor(Qt::red));
     QCOMPARE(layers[1].opacity, 0.5);
@@ -57,7 +64,7 @@ void LayerCompositionTest::visibleLayers_skipsHiddenAndTransparentAndEmptyOnes()
 
 void LayerCompositionTest::visibleLayers_withoutContext_isEmpty()
 {
-    QVERIFY(visibleLayers(nullptr).empty());
+    QVERIFY(composition::visibleLayers(nullptr).empty());
 }
 
 void LayerCompositionTest::composedRegion_equalsThePictureInsideTheRegion()
@@ -67,13 +74,14 @@ void LayerCompositionTest::composedRegion_equalsThePictureInsideTheRegion()
         for (int x = 0; x < picture.width(); ++x)
             picture.setPixel(x, y, qRgb(x * 5, y * 9, (x * y) % 256));
     const QRect region(5, 3, 20, 17);
-    const QImage composed = composedRegion({{picture, 1.0}}, region);
+    const QImage composed = composition::composedRegion({{picture, 1.0}}, region);
     QCOMPARE(composed.convertToFormat(QImage::Format_RGB32), picture.copy(region));
 }
 
 void LayerCompositionTest::composedRegion_outsideOfALayer_isTransparent()
 {
-    const QImage composed = composedRegion({{filled(QSize(4, 4), Qt::red), 1.0}}, {2, 2, 4, 4});
+    const QImage composed =
+        composition::composedRegion({{filled(QSize(4, 4), Qt::red), 1.0}}, {2, 2, 4, 4});
     QCOMPARE(composed.pixelColor(1, 1), QColor(Qt::red));
     QCOMPARE(composed.pixelColor(2, 2).alpha(), 0);
     QCOMPARE(composed.pixelColor(3, 1).alpha(), 0);
@@ -81,7 +89,7 @@ void LayerCompositionTest::composedRegion_outsideOfALayer_isTransparent()
 
 void LayerCompositionTest::composedRegion_mixesByOpacity()
 {
-    const QImage composed = composedRegion(
+    const QImage composed = composition::composedRegion(
         {{filled(QSize(1, 1), Qt::black), 1.0}, {filled(QSize(1, 1), Qt::white), 0.5}},
         {0, 0, 1, 1});
     QVERIFY(qAbs(composed.pixelColor(0, 0).red() - 128) <= 1);
@@ -89,21 +97,88 @@ void LayerCompositionTest::composedRegion_mixesByOpacity()
 
 void LayerCompositionTest::composedRegion_upperLayerCoversLower()
 {
-    const QImage composed = composedRegion(
+    const QImage composed = composition::composedRegion(
         {{filled(QSize(4, 4), Qt::red), 1.0}, {filled(QSize(2, 2), Qt::green), 1.0}}, {0, 0, 4, 4});
     QCOMPARE(composed.pixelColor(1, 1), QColor(Qt::green));
     QCOMPARE(composed.pixelColor(2, 2), QColor(Qt::red));
+}
+
+void LayerCompositionTest::composedPicture_oneOpaqueLayer_sharesItsPixels()
+{
+    VeskContext context;
+    const VeskLayer *layer = addLayer(context, filled({2, 2}, Qt::red, QImage::Format_RGB32));
+    QCOMPARE(composition::composedPicture(&context).constBits(), layer->picture().constBits());
+}
+
+void LayerCompositionTest::composedPicture_stacksVisibleLayersByOpacity()
+{
+    VeskContext context;
+    addLayer(context, filled({4, 2}, Qt::black));
+    addLayer(context, filled({2, 3}, Qt::white))->setAlpha(0.5F);
+    addLayer(context, filled({4, 3}, Qt::red))->setVisible(false);
+    const QImage composed = composition::composedPicture(&context);
+    QCOMPARE(composed.size(), QSize(4, 3));
+    QVERIFY(qAbs(qRed(composed.pixel(0, 0)) - 128) <= 1);
+    QCOMPARE(qAlpha(composed.pixel(0, 0)), 255);
+    QCOMPARE(composed.pixelColor(3, 0), QColor(Qt::black));
+    QVERIFY(qAbs(qAlpha(composed.pixel(0, 2)) - 128) <= 1);
+    QCOMPARE(qAlpha(composed.pixel(3, 2)), 0);
+}
+
+void LayerCompositionTest::composedPicture_severalLayers_keepsProfileAndResolutionOfTheLowest()
+{
+    QImage lowest = filled({4, 4}, Qt::red, QImage::Format_RGB32);
+    lowest.setColorSpace(QColorSpace::DisplayP3);
+    lowest.setDotsPerMeterX(11811);
+    lowest.setDotsPerMeterY(5906);
+    VeskContext context;
+    addLayer(context, lowest);
+    addLayer(context, filled({4, 4}, Qt::blue))->setAlpha(0.5F);
+    const QImage composed = composition::composedPicture(&context);
+    QCOMPARE(composed.colorSpace(), QColorSpace(QColorSpace::DisplayP3));
+    QCOMPARE(composed.dotsPerMeterX(), 11811);
+    QCOMPARE(composed.dotsPerMeterY(), 5906);
+}
+
+void LayerCompositionTest::composedPicture_layerWithPixelRatio_fillsItsPixels()
+{
+    QImage dense = filled({4, 4}, Qt::red, QImage::Format_RGB32);
+    dense.setDevicePixelRatio(2.0);
+    VeskContext context;
+    addLayer(context, filled({4, 4}, Qt::blue));
+    addLayer(context, dense);
+    QCOMPARE(composition::composedPicture(&context).pixelColor(3, 3), QColor(Qt::red));
+}
+
+void LayerCompositionTest::composedPicture_allHidden_isNull()
+{
+    VeskContext context;
+    QVERIFY(composition::composedPicture(&context).isNull());
+    addLayer(context, filled({2, 2}, Qt::red))->setVisible(false);
+    QVERIFY(composition::composedPicture(&context).isNull());
+    QVERIFY(composition::composedPicture(nullptr).isNull());
+}
+
+void LayerCompositionTest::composedPicture_equalsWhatIsShownRegionByRegion()
+{
+    VeskContext context;
+    addLayer(context, filled({7, 5}, QColor(10, 200, 30)));
+    addLayer(context, filled({3, 11}, QColor(250, 20, 130, 90)))->setAlpha(0.3F);
+    const QImage whole = composition::composedPicture(&context);
+    const QRect region(2, 1, 3, 7);
+    QCOMPARE(composition::composedRegion(composition::visibleLayers(&context), region),
+             whole.copy(region));
 }
 
 void LayerCompositionTest::isOpaque_needsOneFullOpaqueLayer()
 {
     const QSize size(4, 4);
     const QImage opaque = filled(size, Qt::red, QImage::Format_RGB32);
-    QVERIFY(isOpaque({{opaque, 1.0}}, size));
-    QVERIFY(!isOpaque({{opaque, 0.9}}, size));
-    QVERIFY(!isOpaque({{opaque, 1.0}}, QSize(5, 4)));
-    QVERIFY(!isOpaque({{filled(size, Qt::red), 1.0}}, size));
-    QVERIFY(!isOpaque({}, size));
+    QVERIFY(composition::isOpaque({{opaque, 1.0}}, size));
+    QVERIFY(!composition::isOpaque({{opaque, 0.9}}, size));
+    QVERIFY(!composition::isOpaque({{opaque, 1.0}}, QSize(5, 4)));
+    QVERIFY(!composition::isOpaque({{filled(size, Qt::red), 1.0}}, size));
+    QVERIFY(!composition::isOpaque({}, size));
 }
 
 QTEST_GUILESS_MAIN(LayerCompositionTest)

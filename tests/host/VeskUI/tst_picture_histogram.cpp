@@ -41,7 +41,7 @@ void PictureHistogramTest::everyPixel_isCountedInEveryChannel()
     for (int y = 0; y < 3; ++y)
         for (int x = 0; x < 256; ++x)
             picture.setPixel(x, y, qRgb(x, 255 - x, 7));
-    const VeskCanvas::Histogram counts = countLevels({{picture, 1.0}}, picture.size());
+    const VeskCanvas::Histogram counts = histogram::countLevels({{picture, 1.0}}, picture.size());
     for (int level = 0; level < 256; ++level) {
         QCOMPARE(counts.red[level], 3U);
         QCOMPARE(counts.green[level], 3U);
@@ -63,7 +63,7 @@ void PictureHistogramTest::luminosity_isRec709Luma()
     QFETCH(QColor, color);
     const int expected =
         int(std::lround(0.2126 * color.red() + 0.7152 * color.green() + 0.0722 * color.blue()));
-    const VeskCanvas::Histogram counts = countLevels({{one(color), 1.0}}, QSize(1, 1));
+    const VeskCanvas::Histogram counts = histogram::countLevels({{one(color), 1.0}}, QSize(1, 1));
     QCOMPARE(counts.luminosity[expected], 1U);
     QCOMPARE(sum(counts.luminosity), quint64(1));
 }
@@ -74,7 +74,7 @@ void PictureHistogramTest::transparentPixels_areNotCounted()
     QImage picture(3, 1, QImage::Format_ARGB32);
     picture.fill(Qt::white);
     picture.setPixelColor(1, 0, Qt::transparent);
-    const VeskCanvas::Histogram counts = countLevels({{picture, 1.0}}, QSize(10, 10));
+    const VeskCanvas::Histogram counts = histogram::countLevels({{picture, 1.0}}, QSize(10, 10));
     QCOMPARE(sum(counts.red), quint64(2));
     QCOMPARE(counts.luminosity[255], 2U);
 }
@@ -82,21 +82,21 @@ void PictureHistogramTest::transparentPixels_areNotCounted()
 void PictureHistogramTest::halfTransparentPixels_countWithTheirOwnColour()
 {
     const VeskCanvas::Histogram counts =
-        countLevels({{one(QColor(255, 255, 255, 128)), 1.0}}, QSize(1, 1));
+        histogram::countLevels({{one(QColor(255, 255, 255, 128)), 1.0}}, QSize(1, 1));
     QCOMPARE(counts.green[255], 1U);
 }
 
 void PictureHistogramTest::emptyDocument_countsNothing()
 {
-    QCOMPARE(sum(countLevels({}, QSize(0, 0)).luminosity), quint64(0));
-    QCOMPARE(sum(countLevels({}, QSize(5, 5)).luminosity), quint64(0));
+    QCOMPARE(sum(histogram::countLevels({}, QSize(0, 0)).luminosity), quint64(0));
+    QCOMPARE(sum(histogram::countLevels({}, QSize(5, 5)).luminosity), quint64(0));
 }
 
 void PictureHistogramTest::moreRowsThanAStrip_areAllCounted()
 {
     QImage picture(3, 131, QImage::Format_RGB32);
     picture.fill(QColor(9, 9, 9));
-    QCOMPARE(countLevels({{picture, 1.0}}, picture.size()).luminosity[9], 3U * 131U);
+    QCOMPARE(histogram::countLevels({{picture, 1.0}}, picture.size()).luminosity[9], 3U * 131U);
 }
 
 QTEST_GUILESS_MAIN(PictureHistogramTest)
