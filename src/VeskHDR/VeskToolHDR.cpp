@@ -20,10 +20,10 @@
 #include <QImage>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 namespace {
 
-constexpr int kMaxPictures = 5;
 constexpr QSize kIndicatorSize(60, 60);
 
 /// Keeps the indicator open until the worker closes it, whoever else asks before: the program that
@@ -75,6 +75,8 @@ VeskToolHDR::VeskToolHDR(QObject *parent)
     frame =
         new VeskFilterContainer(panel, VeskTitleWidget::TitleButtonFlag(0), false, nullptr, true);
     frame->setVisible(false);
+    // Escape and the title bar's cross.
+    connect(frame, &QDialog::rejected, this, &VeskToolHDR::dropPictures);
 }
 
 VeskToolHDR::~VeskToolHDR() = default;
@@ -273,8 +275,22 @@ const QMap<QString, QImage *> &VeskToolHDR::sourcePictures() const
     return sources;
 }
 
+/// The frame has been closed without the panel's buttons: that is Cancel, too.
+void VeskToolHDR::dropPictures()
+{
+    clear();
+    if (panel)
+        panel->hide();
+}
+
+QWidget *VeskToolHDR::panelFrame() const
+{
+    return frame;
+}
+
 void VeskToolHDR::apply()
 {
+    const QScopedValueRollback<QList<QString>> filesOfThisMerge(merging, fileList());
     VeskProgressIndicator indicator(kIndicatorSize, nullptr);
     indicator.startAnimation();
     CloseGuard guard;

@@ -15,6 +15,7 @@
 
 QT_BEGIN_NAMESPACE
 class QImage;
+class QWidget;
 QT_END_NAMESPACE
 class IVeskUIManager;
 class VeskContext;
@@ -34,6 +35,9 @@ class VESKHDR_EXPORT VeskToolHDR : public IVeskInsideTool
     Q_OBJECT
 
 public:
+    /// What the set holds at most.
+    static constexpr int kMaxPictures = 5;
+
     /// Installs the tool's translation and creates the panel and its frame, hidden.
     explicit VeskToolHDR(QObject *parent = nullptr);
     ~VeskToolHDR() override;
@@ -69,8 +73,15 @@ public:
     QList<QImage *> imageList() const;
     /// The paths in ascending order, as they were added.
     QList<QString> fileList() const;
+    /// The files of the merge under way in ascending order; empty while apply does not run. They
+    /// are known to the end of apply, when the set is empty already and the new document opens.
+    QList<QString> filesInMerge() const { return merging; }
     /// Paths and pictures in path order, borrowed; changes with the set.
     const QMap<QString, QImage *> &sourcePictures() const;
+
+    /// The frame around the panel, made by the constructor: it stays the editor's to delete. Null
+    /// once that has happened.
+    QWidget *panelFrame() const;
 
     /// Merges the pictures while a modal indicator keeps the user waiting, empties the set, and
     /// opens the result as a new document in place of the current one. The set must not be
@@ -85,10 +96,12 @@ private:
     void store(const QString &path, std::unique_ptr<QImage> picture);
     void forget(const QList<QImage *> &pictures);
     void refreshPanel();
+    void dropPictures();
     static void alert(const QString &text);
 
     QSize referenceSize;
     QMap<QString, QImage *> sources;
+    QList<QString> merging;
     QPointer<VeskToolHDRWidget> panel;
     QPointer<VeskFilterContainer> frame;
     QObject *parentObject = nullptr;

@@ -1,9 +1,10 @@
 #include "MessageBoxAnswerer.h"
 #include "ToolSession.h"
 
-#include "VeskToolHDRWidget.h"
 #include "VeskContext.h"
+#include "VeskContextManager.h"
 #include "VeskFilterContainer.h"
+#include "VeskToolHDRWidget.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -27,7 +28,10 @@ private slots:
     void remove_takesExactlyTheSelectedPicture();
     void remove_untilEmpty_disablesOkOnTheWay();
     void cancel_leavesTheEntriesUntilTheNextActivation();
+    void escapeOrCross_dropsThePicturesAsCancelDoes_data();
+    void escapeOrCross_dropsThePicturesAsCancelDoes();
     void ok_mergesAndEmptiesTheList();
+    void ok_tellsItsFilesUntilTheNewDocumentIsOpen();
 
 private:
     void activate(const QStringList &files = QStringList());
@@ -157,6 +161,32 @@ void TestPanelWithTool::cancel_leavesTheEntriesUntilTheNextActivation()
     QVERIFY(!session->button("okBtn")->isEnabled());
 }
 
+void TestPanelWithTool::escapeOrCross_dropsThePicturesAsCancelDoes_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("Escape") << true;
+    QTest::newRow("cross") << false;
+}
+
+/// Or the next bracket would be mixed into the one that was given up.
+void TestPanelWithTool::escapeOrCross_dropsThePicturesAsCancelDoes()
+{
+    QFETCH(bool, byKey);
+    activate(session->writePictures(2));
+    if (byKey)
+        QTest::keyClick(session->frame(), Qt::Key_Escape);
+    else
+        Q_EMIT session->frame()->titleBar()->closeRequested();
+    QVERIFY(session->frame()->isHidden());
+    QVERIFY(session->panel()->isHidden());
+    QCOMPARE(session->tool->fileList().size(), 0);
+
+    const QString other = session->writePicture("other.bmp", {30, 20}); // of another size
+    activate({other});
+    QCOMPARE(session->tool->fileList(), QList<QString>{other});
+    QVERIFY(session->panel()->isVisible());
+}
+
 void TestPanelWithTool::ok_mergesAndEmptiesTheList()
 {
     activate(session->writePictures(2));
@@ -167,6 +197,20 @@ void TestPanelWithTool::ok_mergesAndEmptiesTheList()
     QCOMPARE(boxes.shown().first().title, QStringLiteral("loaded"));
     QCOMPARE(list().count(), 0);
     QVERIFY(!session->button("okBtn")->isEnabled());
+}
+
+void TestPanelWithTool::ok_tellsItsFilesUntilTheNewDocumentIsOpen()
+{
+    const QStringList files = session->writePictures(2);
+    activate(files);
+    QVERIFY(session->tool->filesInMerge().isEmpty());
+    QList<QString> told;
+    connect(VeskContextManager::getInstance(), &VeskContextManager::contextAdded, this,
+            [&] { told = session->tool->filesInMerge(); });
+    MessageBoxAnswerer boxes;
+    click("okBtn");
+    QCOMPARE(told, QList<QString>(files));
+    QVERIFY(session->tool->filesInMerge().isEmpty());
 }
 
 int main(int argc, char **argv)
