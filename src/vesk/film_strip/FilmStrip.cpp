@@ -2,6 +2,7 @@
 #include "FilmStripDelegate.h"
 #include "FilmStripModel.h"
 
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -13,6 +14,11 @@ namespace {
 
 constexpr QSize kIconSize(120, 84);
 constexpr QSize kCellMargin(16, 12);
+
+QString folderOf(const QList<FolderEntry> &entries)
+{
+    return entries.isEmpty() ? QString() : QFileInfo(entries.constFirst().path).path();
+}
 
 } // namespace
 
@@ -41,6 +47,9 @@ FilmStrip::FilmStrip(QWidget *parent)
 void FilmStrip::setPictures(const QList<FolderEntry> &entries)
 {
     pictures->setPictures(entries);
+    const QString before = std::exchange(folder, folderOf(entries));
+    if (folder != before)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->minimum());
     selectWanted();
     viewport()->update(); // the hint for an empty folder
 }

@@ -14,6 +14,7 @@ class FilmStrip : public QListView
 public:
     explicit FilmStrip(QWidget *parent = nullptr);
 
+    /// Shows these; those of another folder from the start, or from what select wants.
     void setPictures(const QList<FolderEntry> &pictures);
     /// Paths of the selected files, in the order shown.
     QStringList selectedPaths() const;
@@ -38,5 +39,6 @@ private:
     void selectWanted();
 
     FilmStripModel *pictures;
+    QString folder;     // of what is shown
     QStringList wanted; // to be selected when they are listed
 };

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kKeptThumbnails = 600; // about 90 MB
+constexpr int kKeptThumbnails = 400; // at most 92 MB
 
 /// A sheet in the middle grey that fits light and dark themes alike; crossed out for a file that
 /// cannot be shown.

@@ -15,7 +15,7 @@ class FilmStripModel : public QAbstractListModel
     Q_OBJECT
 
 public:
-    static constexpr int kThumbnailSide = 192;     // pixels
+    static constexpr int kThumbnailSide = 240;     // pixels: enough for twice the density
     static constexpr int kPathRole = Qt::UserRole; // the file's path
 
     explicit FilmStripModel(QObject *parent = nullptr);

@@ -1,7 +1,8 @@
 #include "PictureFolder.h"
 #include "picture_kinds.h"
 
-#include <QCollator>
+#include <natural_order.h>
+
 #include <QDir>
 
 #include <algorithm>
@@ -10,32 +11,21 @@ namespace {
 
 constexpr int kPauseMs = 150;
 
-/// The C locale knows no numbers in names.
-QLocale localeForNames()
-{
-    const QLocale locale;
-    return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
-}
-
 } // namespace
 
-QList<FolderEntry> picturesIn(const QString &folder)
+QList<FolderEntry> pictures::inFolder(const QString &folder)
 {
-    QList<FolderEntry> pictures;
+    QList<FolderEntry> entries;
     const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files | QDir::Readable);
     for (const QFileInfo &file : files) {
-        if (pictures::hasPictureSuffix(file.filePath()))
-            pictures.append({file.absoluteFilePath(), file.lastModified()});
+        if (hasPictureSuffix(file.filePath()))
+            entries.append({file.absoluteFilePath(), file.lastModified()});
     }
-    QCollator order(localeForNames());
-    order.setNumericMode(true);
-    order.setCaseSensitivity(Qt::CaseInsensitive);
-    std::sort(pictures.begin(), pictures.end(),
-              [&order](const FolderEntry &a, const FolderEntry &b) {
-                  const int difference = order.compare(a.path, b.path);
-                  return difference != 0 ? difference < 0 : a.path < b.path;
-              });
-    return pictures;
+    const auto nameOf = [](const FolderEntry &entry) { return QFileInfo(entry.path).fileName(); };
+    std::sort(entries.begin(), entries.end(), [&](const FolderEntry &a, const FolderEntry &b) {
+        return isBeforeNaturally(nameOf(a), nameOf(b));
+    });
+    return entries;
 }
 
 PictureFolder::PictureFolder(QObject *parent)
@@ -72,7 +62,7 @@ void PictureFolder::list()
 {
     worker.clear();
     worker.start([this, asked = folder] {
-        const QList<FolderEntry> pictures = picturesIn(asked);
+        const QList<FolderEntry> pictures = pictures::inFolder(asked);
         QMetaObject::invokeMethod(
             this,
             [this, asked, pictures] {

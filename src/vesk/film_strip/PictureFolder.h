@@ -14,9 +14,13 @@ struct FolderEntry
     QDateTime modified;
 };
 
-/// The picture files of a folder, by name, numbers in names by value ("2.jpg" before "10.jpg").
-/// Empty when the folder cannot be read. Any thread.
-QList<FolderEntry> picturesIn(const QString &folder);
+namespace pictures {
+
+/// The picture files of a folder in natural order. Empty when the folder cannot be read. Any
+/// thread.
+QList<FolderEntry> inFolder(const QString &folder);
+
+} // namespace pictures
 
 /// The folder that the user is working in. Lists its picture files beside the GUI thread, again
 /// whenever the folder changes. GUI thread.

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void selectedPaths_areInTheOrderShown();
     void setPictures_keepsTheSelectionOfFilesThatStay();
     void select_beforeTheListing_isAppliedWithIt();
+    void otherFolder_isShownFromItsStart();
     void returnKey_opensAllSelected();
     void doubleClick_opensThatFile();
     void wheel_scrollsAlongTheRow();
@@ -27,7 +28,7 @@ private Q_SLOTS:
     void data_staleThumbnail_isDropped();
 
 private:
-    QList<FolderEntry> list() const { return picturesIn(pictures->folder()); }
+    QList<FolderEntry> list() const { return pictures::inFolder(pictures->folder()); }
 
     std::unique_ptr<TestPictures> pictures; // a.png, b.png and c.png
 };
@@ -96,6 +97,29 @@ void FilmStripTest::select_beforeTheListing_isAppliedWithIt()
     QCOMPARE(strip.selectedPaths(), QStringList{b});
 }
 
+/// And stays where the user is looking while the folder's files come and go.
+void FilmStripTest::otherFolder_isShownFromItsStart()
+{
+    const auto entries = [](const QString &folder, int count) {
+        QList<FolderEntry> all;
+        for (int i = 0; i < count; ++i)
+            all.append({folder + QStringLiteral("/%1.png").arg(100 + i), {}});
+        return all;
+    };
+    FilmStrip strip;
+    strip.resize(400, 150);
+    strip.setPictures(entries(QStringLiteral("/one"), 40));
+    strip.show();
+    strip.horizontalScrollBar()->setValue(900);
+    QCOMPARE(strip.horizontalScrollBar()->value(), 900);
+    strip.setPictures(entries(QStringLiteral("/one"), 41));
+    QCOMPARE(strip.horizontalScrollBar()->value(), 900);
+    strip.setPictures(entries(QStringLiteral("/two"), 40));
+    QCOMPARE(strip.horizontalScrollBar()->value(), 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(strip.horizontalScrollBar()->value(), 0);
+}
+
 void FilmStripTest::returnKey_opensAllSelected()
 {
     FilmStrip strip;
@@ -150,7 +174,7 @@ void FilmStripTest::data_makesThumbnailsWhenAsked()
     const TestPictures folder;
     folder.add(QStringLiteral("x.png"), {40, 30}, 3);
     FilmStripModel model;
-    model.setPictures(picturesIn(folder.folder()));
+    model.setPictures(pictures::inFolder(folder.folder()));
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
     QVERIFY(thumbnailOf(model, 0) != TestPictures::texture({40, 30}, 3));
     QTRY_COMPARE(thumbnailOf(model, 0), TestPictures::texture({40, 30}, 3));

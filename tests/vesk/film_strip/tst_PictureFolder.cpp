@@ -11,8 +11,8 @@ class PictureFolderTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void picturesIn_sortsNumbersByValueAndLeavesOtherFilesOut();
-    void picturesIn_missingFolder_isEmpty();
+    void inFolder_sortsNumbersByValueAndLeavesOtherFilesOut();
+    void inFolder_missingFolder_isEmpty();
     void setPath_listsLaterAndAgainAfterAChange();
     void setPath_twice_answersForTheLastOnly();
 };
@@ -25,7 +25,7 @@ static QStringList namesOf(const QList<FolderEntry> &entries)
     return names;
 }
 
-void PictureFolderTest::picturesIn_sortsNumbersByValueAndLeavesOtherFilesOut()
+void PictureFolderTest::inFolder_sortsNumbersByValueAndLeavesOtherFilesOut()
 {
     const TestPictures pictures;
     for (const char *name : {"10.png", "2.PNG", "1.jpg"})
@@ -34,13 +34,13 @@ void PictureFolderTest::picturesIn_sortsNumbersByValueAndLeavesOtherFilesOut()
     QVERIFY(text.open(QIODevice::WriteOnly));
     QVERIFY(QDir(pictures.folder()).mkdir(QStringLiteral("folder.png")));
     QCOMPARE(
-        namesOf(picturesIn(pictures.folder())),
+        namesOf(pictures::inFolder(pictures.folder())),
         (QStringList{QStringLiteral("1.jpg"), QStringLiteral("2.PNG"), QStringLiteral("10.png")}));
 }
 
-void PictureFolderTest::picturesIn_missingFolder_isEmpty()
+void PictureFolderTest::inFolder_missingFolder_isEmpty()
 {
-    QVERIFY(picturesIn(QStringLiteral("/no/such/folder")).isEmpty());
+    QVERIFY(pictures::inFolder(QStringLiteral("/no/such/folder")).isEmpty());
 }
 
 void PictureFolderTest::setPath_listsLaterAndAgainAfterAChange()
