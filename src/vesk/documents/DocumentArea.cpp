@@ -5,7 +5,7 @@
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskContextManager.h>
-#include <VeskLayerManager.h>
+#include <layer_composition.h>
 
 #include <QFileInfo>
 #include <QTimer>
@@ -27,6 +27,7 @@ DocumentArea::DocumentArea(QWidget *startPage, QWidget *parent)
     addWidget(tabs);
     connect(tabs, &DocumentTabs::documentChosen, this, &DocumentArea::makeCurrent);
     connect(tabs, &DocumentTabs::closeRequested, this, &DocumentArea::closeRequested);
+    connect(tabs, &DocumentTabs::closeOthersRequested, this, &DocumentArea::closeOthersRequested);
     connect(&manager(), &VeskContextManager::contextAdded, this, &DocumentArea::onAdded);
     connect(&manager(), &VeskContextManager::contextRemoved, this, &DocumentArea::onRemoved);
     connect(&manager(), &VeskContextManager::currentContextChanged, this,
@@ -63,6 +64,11 @@ void DocumentArea::close(VeskContext *document)
 void DocumentArea::makeCurrent(VeskContext *document)
 {
     manager().setCurrentContext(manager().indexOfContext(document));
+}
+
+void DocumentArea::allowReplacing(VeskContext *document)
+{
+    expendable = document;
 }
 
 VeskContext *DocumentArea::currentDocument() const
@@ -116,6 +122,10 @@ void DocumentArea::onAdded(VeskContext *context)
     const auto tell = [this, context] { Q_EMIT documentStateChanged(context); };
     connect(context, &VeskContext::fileNameChanged, this, tell);
     connect(context, &VeskContext::saveAbleChanged, this, tell);
+    connect(context, &VeskContext::saveAbleChanged, this, [this, context] {
+        if (context == expendable)
+            expendable = nullptr;
+    });
     connect(context, &VeskContext::canvasChanged, this, [this, context] {
         if (context == currentDocument())
             onCurrentChanged();
@@ -127,7 +137,7 @@ void DocumentArea::onRemoved(VeskContext *context)
 {
     context->disconnect(this);
     tabs->remove(context);
-    if (context->isSaveAble())
+    if (context->isSaveAble() && context != expendable)
         keepReplacedWork(context);
     if (context == blank)
         addBlank();
@@ -153,7 +163,7 @@ void DocumentArea::onCurrentChanged()
 /// of their own.
 void DocumentArea::keepReplacedWork(VeskContext *context)
 {
-    const QImage picture = context->getLayerManager()->composedPicture();
+    const QImage picture = composition::composedPicture(context);
     const QString name = context->getFileName();
     const QString path = context->getFilePath();
     const QString source = document::metadataSource(*context);

@@ -27,6 +27,9 @@ public:
     /// Closes document without asking.
     void close(VeskContext *document);
     void makeCurrent(VeskContext *document);
+    /// The user agrees that a tool replaces document with its unsaved changes; null takes that
+    /// back. The document keeps them until then. Saving it takes it back, too.
+    void allowReplacing(VeskContext *document);
 
     /// Null while the start page is shown.
     VeskContext *currentDocument() const;
@@ -42,6 +45,7 @@ Q_SIGNALS:
     /// Name, file or modified flag of a document.
     void documentStateChanged(VeskContext *document);
     void closeRequested(VeskContext *document);
+    void closeOthersRequested(VeskContext *document);
 
 private:
     void addBlank();
@@ -53,4 +57,5 @@ private:
 
     DocumentTabs *tabs;
     QPointer<VeskContext> blank;
+    QPointer<VeskContext> expendable; // may be replaced with its unsaved changes
 };

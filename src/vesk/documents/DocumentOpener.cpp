@@ -2,6 +2,8 @@
 #include "DocumentArea.h"
 #include "open_failure_box.h"
 
+#include <VeskContext.h>
+
 #include <QFileInfo>
 
 DocumentOpener::DocumentOpener(DocumentArea *area, QWidget *messageWindow)
@@ -18,19 +20,30 @@ void DocumentOpener::open(const QStringList &paths)
     QStringList files;
     for (const QString &path : paths) {
         const QFileInfo file(path);
-        VeskContext *document = documents->documentOf(path);
         if (file.isDir())
             Q_EMIT folderRequested(file.absoluteFilePath());
-        else if (document)
-            documents->makeCurrent(document);
-        else
+        else if (!showOpen(path))
             files.append(file.absoluteFilePath());
     }
-    if (files.isEmpty())
+    if (files.isEmpty()) {
+        if (!reader.isBusy() && !batch.isEmpty())
+            finish({});
         return;
+    }
     if (QFileInfo(QFileInfo(files.constFirst()).path()).isDir())
         Q_EMIT folderRequested(QFileInfo(files.constFirst()).path());
     reader.load(files);
+}
+
+/// False when no document has that file.
+bool DocumentOpener::showOpen(const QString &path)
+{
+    VeskContext *document = documents->documentOf(path);
+    if (!document)
+        return false;
+    documents->makeCurrent(document);
+    batch.append(document->getFilePath());
+    return true;
 }
 
 void DocumentOpener::take(const LoadedPicture &picture)
@@ -39,11 +52,10 @@ void DocumentOpener::take(const LoadedPicture &picture)
         Q_EMIT failed(picture.path);
         return;
     }
-    if (VeskContext *document = documents->documentOf(picture.path)) // asked for twice
-        documents->makeCurrent(document);
-    else
+    if (!showOpen(picture.path)) { // or it was asked for twice
         documents->open(picture.image, QFileInfo(picture.path).fileName(), picture.path);
-    batch.append(picture.path);
+        batch.append(picture.path);
+    }
     Q_EMIT opened(picture.path);
 }
 
@@ -51,5 +63,5 @@ void DocumentOpener::finish(const QList<LoadedPicture> &failures)
 {
     Q_EMIT finished(std::exchange(batch, {}));
     if (!failures.isEmpty())
-        showOpenFailures(failures, window);
+        document::showOpenFailures(failures, window);
 }

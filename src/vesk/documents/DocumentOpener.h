@@ -26,15 +26,17 @@ Q_SIGNALS:
     void folderRequested(const QString &path);
     void opened(const QString &path);
     void failed(const QString &path);
-    /// Nothing is being opened any more. paths: what was opened since it was last so.
+    /// Nothing is being opened any more. paths: what was asked for since it was last so and is open
+    /// now, whether it was before or not.
     void finished(const QStringList &paths);
 
 private:
+    bool showOpen(const QString &path);
     void take(const LoadedPicture &picture);
     void finish(const QList<LoadedPicture> &failures);
 
     DocumentArea *documents;
     QPointer<QWidget> window;
     DocumentLoader reader;
-    QStringList batch; // opened since the loader was last idle
+    QStringList batch; // asked for and open, since the loader was last idle
 };

@@ -4,7 +4,7 @@
 #include "picture_saving.h"
 
 #include <VeskContext.h>
-#include <VeskLayerManager.h>
+#include <layer_composition.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -19,6 +19,8 @@ DocumentSaver::DocumentSaver(QWidget *dialogWindow)
 
 bool DocumentSaver::save(VeskContext *document)
 {
+    if (refuseNothingVisible(*document))
+        return false;
     // Other kinds of file (camera raw files above all) are never overwritten.
     const QString path = document->getFilePath();
     const std::optional<PictureFormat> format = formatOfSuffix(path);
@@ -30,10 +32,13 @@ bool DocumentSaver::save(VeskContext *document)
 
 bool DocumentSaver::saveAs(VeskContext *document)
 {
+    if (refuseNothingVisible(*document))
+        return false;
     const QPointer<VeskContext> guard = document;
-    const QImage picture = document->getLayerManager()->composedPicture();
+    const QImage picture = composition::composedPicture(document);
     QString start = suggestedPath(*document);
-    while (const std::optional<SaveTarget> target = askSaveTarget(window, start, picture)) {
+    while (const std::optional<SaveTarget> target =
+               document::askSaveTarget(window, start, picture)) {
         if (!guard)
             return false;
         const Outcome outcome = write(*document, *target);
@@ -64,22 +69,36 @@ bool DocumentSaver::settleUnsavedChanges(VeskContext *document)
 
 DocumentSaver::Outcome DocumentSaver::write(VeskContext &document, const SaveTarget &target)
 {
-    const QImage picture = document.getLayerManager()->composedPicture();
+    const QImage picture = composition::composedPicture(&document);
     if (picture.isNull())
-        return reportFailure(target.path, tr("no layer is visible"));
+        return reportFailure(target.path, tr("not enough memory"));
     QStringList metadataSources{document::metadataSource(document), document.getFilePath()};
     metadataSources.removeAll({}); // a document without a file has none of its own
     const QPointer<VeskContext> guard = &document;
-    const WriteResult result = savePictureBeside(picture, target, metadataSources);
+    const WriteResult result = document::savePictureBeside(picture, target, metadataSources);
     if (result.error != OutputFile::Error::None)
         return reportFailure(target.path, result.reason);
     if (guard) {
         document.setFilePath(target.path);
         document.setFileName(QFileInfo(target.path).fileName());
-        document.setSaveAble(false);
+        document::markSaved(document);
     }
     Q_EMIT saved(target.path);
     return Outcome::Saved;
+}
+
+/// Another place would not help, so none is offered.
+bool DocumentSaver::refuseNothingVisible(const VeskContext &document)
+{
+    if (!composition::visibleLayers(&document).empty())
+        return false;
+    QMessageBox box(
+        QMessageBox::Warning, tr("Not Saved"),
+        tr("“%1” could not be saved: %2.").arg(document.getFileName(), tr("no layer is visible")),
+        QMessageBox::Ok, window);
+    box.setInformativeText(tr("Show a layer in the list of layers, then save again."));
+    box.exec();
+    return true;
 }
 
 DocumentSaver::Outcome DocumentSaver::reportFailure(const QString &path, const QString &reason)

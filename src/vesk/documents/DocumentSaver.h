@@ -35,6 +35,7 @@ private:
     enum class Outcome { Saved, Failed, SaveElsewhere };
 
     Outcome write(VeskContext &document, const SaveTarget &target);
+    bool refuseNothingVisible(const VeskContext &document);
     Outcome reportFailure(const QString &path, const QString &reason);
     QString suggestedPath(const VeskContext &document) const;
 

@@ -1,35 +1,60 @@
 #include "DocumentTabs.h"
 #include "DocumentPage.h"
+#include "DocumentTabBar.h"
+#include "tab_labels.h"
 
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 
-#include <QTabBar>
+#include <QMenu>
+#include <QToolButton>
+
+namespace {
+
+/// As menus and tabs show it: no letter of a name opens anything.
+QString plain(QString name)
+{
+    return name.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace
 
 DocumentTabs::DocumentTabs(QWidget *parent)
     : QTabWidget(parent)
+    , bar(new DocumentTabBar)
+    , listButton(new QToolButton)
+    , list(new QMenu(this))
 {
+    setTabBar(bar);
     setDocumentMode(true);
     setTabsClosable(true);
     setMovable(true);
     setElideMode(Qt::ElideMiddle);
-    connect(this, &QTabWidget::currentChanged, this, [this](int index) {
-        if (const DocumentPage *page = pageAt(index))
-            Q_EMIT documentChosen(page->context());
-    });
-    connect(this, &QTabWidget::tabCloseRequested, this, [this](int index) {
-        if (const DocumentPage *page = pageAt(index))
-            Q_EMIT closeRequested(page->context());
-    });
+    listButton->setArrowType(Qt::DownArrow);
+    listButton->setAutoRaise(true);
+    listButton->setToolTip(tr("All open documents"));
+    list->setToolTipsVisible(true);
+    listButton->hide();
+    setCornerWidget(listButton);
+    connect(listButton, &QToolButton::clicked, this, &DocumentTabs::showList);
+    const auto forward = [this](void (DocumentTabs::*tell)(VeskContext *)) {
+        return [this, tell](int index) {
+            if (const DocumentPage *page = pageAt(index))
+                Q_EMIT(this->*tell)(page->context());
+        };
+    };
+    connect(this, &QTabWidget::currentChanged, this, forward(&DocumentTabs::documentChosen));
+    connect(this, &QTabWidget::tabCloseRequested, this, forward(&DocumentTabs::closeRequested));
+    connect(bar, &DocumentTabBar::closeOthersRequested, this,
+            forward(&DocumentTabs::closeOthersRequested));
 }
 
 void DocumentTabs::add(VeskContext *context)
 {
     addTab(new DocumentPage(context), QString());
-    updateTab(context);
-    const auto update = [this, context] { updateTab(context); };
-    connect(context, &VeskContext::fileNameChanged, this, update);
-    connect(context, &VeskContext::saveAbleChanged, this, update);
+    labelTabs();
+    connect(context, &VeskContext::fileNameChanged, this, &DocumentTabs::labelTabs);
+    connect(context, &VeskContext::saveAbleChanged, this, &DocumentTabs::labelTabs);
     connect(context, &VeskContext::canvasChanged, this, [this, context] { moveCanvas(context); });
 }
 
@@ -43,6 +68,7 @@ void DocumentTabs::remove(VeskContext *context)
     vacatedPage = widget(index);
     removeTab(index);
     vacatedPage->deleteLater();
+    labelTabs();
 }
 
 void DocumentTabs::showDocument(VeskContext *context)
@@ -66,6 +92,12 @@ int DocumentTabs::indexOf(const VeskContext *context) const
     return -1;
 }
 
+QString DocumentTabs::nameAt(int index) const
+{
+    const VeskContext *context = pageAt(index)->context();
+    return !context || context->getFileName().isEmpty() ? tr("Untitled") : context->getFileName();
+}
+
 void DocumentTabs::moveCanvas(VeskContext *context)
 {
     VeskCanvas *canvas = context->getCanvas();
@@ -77,15 +109,42 @@ void DocumentTabs::moveCanvas(VeskContext *context)
     pageAt(indexOf(context))->hold(canvas);
 }
 
-void DocumentTabs::updateTab(const VeskContext *context)
+void DocumentTabs::resizeEvent(QResizeEvent *event)
 {
-    const int index = indexOf(context);
-    if (index < 0)
-        return;
-    const QString name = context->getFileName().isEmpty() ? tr("Untitled") : context->getFileName();
-    QString label = name;
-    label.replace(QLatin1Char('&'), QLatin1String("&&"));
-    //: A document with unsaved changes; %1 is its name.
-    setTabText(index, context->isSaveAble() ? tr("%1 •").arg(label) : label);
-    setTabToolTip(index, context->getFilePath().isEmpty() ? name : context->getFilePath());
+    QTabWidget::resizeEvent(event);
+    labelTabs();
+}
+
+void DocumentTabs::labelTabs()
+{
+    QStringList labels;
+    for (int index = 0; index < count(); ++index)
+        labels.append(nameAt(index));
+    if (bar->widthFor(labels) > width() - listButton->sizeHint().width())
+        labels = tab_labels::shortened(labels);
+    for (int index = 0; index < count(); ++index) {
+        const VeskContext *context = pageAt(index)->context();
+        const bool isModified = context && context->isSaveAble();
+        //: A document with unsaved changes; %1 is its name.
+        const QString label =
+            isModified ? tr("%1 •").arg(plain(labels.at(index))) : plain(labels.at(index));
+        if (tabText(index) != label)
+            setTabText(index, label);
+        const QString path = context ? context->getFilePath() : QString();
+        setTabToolTip(index, path.isEmpty() ? nameAt(index) : path);
+    }
+    listButton->setVisible(count() > 1);
+}
+
+void DocumentTabs::showList()
+{
+    list->clear();
+    for (int index = 0; index < count(); ++index) {
+        QAction *action =
+            list->addAction(plain(nameAt(index)), this, [this, index] { setCurrentIndex(index); });
+        action->setCheckable(true);
+        action->setChecked(index == currentIndex());
+        action->setToolTip(tabToolTip(index));
+    }
+    list->popup(listButton->mapToGlobal(listButton->rect().bottomLeft()));
 }

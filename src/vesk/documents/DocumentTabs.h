@@ -4,10 +4,14 @@
 #include <QTabWidget>
 
 class DocumentPage;
+class DocumentTabBar;
+class QMenu;
+class QToolButton;
 class VeskContext;
 
-/// One tab per document, with its name and a mark for unsaved changes. A document that takes over
-/// the canvas of one that has just gone also takes over its place. GUI thread.
+/// One tab per document, with its name and a mark for unsaved changes. Where the names do not fit,
+/// what they have in common is cut; a button beside the tabs lists the whole names. A document that
+/// takes over the canvas of one that has just gone also takes over its place. GUI thread.
 class DocumentTabs : public QTabWidget
 {
     Q_OBJECT
@@ -26,13 +30,22 @@ Q_SIGNALS:
     /// The user went to the tab of that document.
     void documentChosen(VeskContext *context);
     void closeRequested(VeskContext *context);
+    void closeOthersRequested(VeskContext *context);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     DocumentPage *pageAt(int index) const;
     int indexOf(const VeskContext *context) const; // -1 when it has no tab
+    QString nameAt(int index) const;
     void moveCanvas(VeskContext *context);
-    void updateTab(const VeskContext *context);
+    void labelTabs();
+    void showList();
 
+    DocumentTabBar *bar;
+    QToolButton *listButton;
+    QMenu *list;           // of all documents, below its button
     int vacatedIndex = -1; // of the tab removed last
     QPointer<QWidget> vacatedPage;
 };

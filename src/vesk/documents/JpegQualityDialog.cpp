@@ -63,7 +63,7 @@ int JpegQualityDialog::quality() const
     return slider->value();
 }
 
-std::optional<int> askJpegQuality(QWidget *window, int quality, bool isTransparent)
+std::optional<int> document::askJpegQuality(QWidget *window, int quality, bool isTransparent)
 {
     JpegQualityDialog dialog(quality, isTransparent, window);
     return dialog.exec() == QDialog::Accepted ? std::optional<int>(dialog.quality()) : std::nullopt;

@@ -21,5 +21,9 @@ private:
     QSlider *slider;
 };
 
+namespace document {
+
 /// Nothing when the user cancels.
 std::optional<int> askJpegQuality(QWidget *window, int quality, bool isTransparent);
+
+} // namespace document

@@ -27,7 +27,7 @@ QString fullLine(const LoadedPicture &failure)
 
 } // namespace
 
-void showOpenFailures(const QList<LoadedPicture> &failures, QWidget *window)
+void document::showOpenFailures(const QList<LoadedPicture> &failures, QWidget *window)
 {
     QStringList lines;
     QStringList details;

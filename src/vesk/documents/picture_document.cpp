@@ -13,12 +13,28 @@
 namespace {
 
 constexpr char kMetadataSource[] = "metadataSource";
+constexpr char kSavedLayers[] = "savedLayers";
 
 void addLayer(VeskContext &context, const QImage &picture)
 {
     auto *layer = new VeskLayer(QCoreApplication::translate("Document", "Background"));
     layer->setVeskPictureHost(new VeskPictureHost(picture));
     context.getLayerManager()->addLayer(layer, true);
+}
+
+/// Two equal ones give the same file.
+QString layerState(const VeskContext &context)
+{
+    QString state;
+    const VeskLayerManager *layers = context.getLayerManager();
+    for (int index = 0; index < layers->count(); ++index) {
+        const VeskLayerBase *layer = layers->layerAt(index);
+        state += QStringLiteral("%1 %2 %3;")
+                     .arg(layer->picture().cacheKey())
+                     .arg(double(layer->getAlpha()))
+                     .arg(layer->isVisible());
+    }
+    return state;
 }
 
 } // namespace
@@ -56,4 +72,21 @@ QString document::metadataSource(const VeskContext &context)
 void document::setMetadataSource(VeskContext &context, const QString &path)
 {
     context.setProperty(kMetadataSource, path);
+}
+
+void document::setLayerVisible(VeskContext &context, int index, bool isVisible)
+{
+    VeskLayerBase *layer = context.getLayerManager()->layerAt(index);
+    if (!layer || layer->isVisible() == isVisible)
+        return;
+    if (!context.isSaveAble())
+        markSaved(context);
+    layer->setVisible(isVisible);
+    context.setSaveAble(layerState(context) != context.property(kSavedLayers).toString());
+}
+
+void document::markSaved(VeskContext &context)
+{
+    context.setProperty(kSavedLayers, layerState(context));
+    context.setSaveAble(false);
 }

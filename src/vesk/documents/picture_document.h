@@ -22,4 +22,10 @@ void addCanvas(VeskContext &context, QWidget *canvasOwner);
 QString metadataSource(const VeskContext &context);
 void setMetadataSource(VeskContext &context, const QString &path);
 
+/// Shows or hides the layer at index. That modifies the document, until all its layers are again
+/// what its file holds.
+void setLayerVisible(VeskContext &context, int index, bool isVisible);
+/// The document's file holds what it shows now.
+void markSaved(VeskContext &context);
+
 } // namespace document

@@ -1,7 +1,7 @@
 #include "picture_saving.h"
 
-#include <exif_metadata.h>
 #include <VeskProgressIndicator.h>
+#include <exif_metadata.h>
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -26,8 +26,8 @@ ExifTags metadata(const QStringList &sources)
 
 } // namespace
 
-WriteResult savePicture(const QImage &picture, const SaveTarget &target,
-                        const QStringList &metadataSources)
+WriteResult document::savePicture(const QImage &picture, const SaveTarget &target,
+                                  const QStringList &metadataSources)
 {
     WriteOptions options;
     options.exif = metadata(metadataSources);
@@ -36,8 +36,8 @@ WriteResult savePicture(const QImage &picture, const SaveTarget &target,
     return writePicture(picture, target.path, target.format, options);
 }
 
-WriteResult savePictureBeside(const QImage &picture, const SaveTarget &target,
-                              const QStringList &metadataSources)
+WriteResult document::savePictureBeside(const QImage &picture, const SaveTarget &target,
+                                        const QStringList &metadataSources)
 {
     VeskProgressIndicator indicator(kIndicatorSize, nullptr);
     indicator.startAnimation();

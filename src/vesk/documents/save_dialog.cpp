@@ -1,6 +1,6 @@
 #include "save_dialog.h"
-#include "editor_settings.h"
 #include "JpegQualityDialog.h"
+#include "editor_settings.h"
 
 #include <picture_writer.h>
 
@@ -82,8 +82,8 @@ SaveTarget targetFor(const QString &path, const Kind &chosen)
 
 } // namespace
 
-std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath,
-                                        const QImage &picture)
+std::optional<SaveTarget> document::askSaveTarget(QWidget *window, const QString &suggestedPath,
+                                                  const QImage &picture)
 {
     QFileDialog dialog(window);
     setUp(dialog, suggestedPath);

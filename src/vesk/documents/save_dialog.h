@@ -18,8 +18,12 @@ struct SaveTarget
     bool mayReplace = false; ///< the user has agreed to replace a file of that name
 };
 
+namespace document {
+
 /// Asks for a file for picture (starting with suggestedPath) and, for JPEG, for the quality, which
 /// is remembered. The suffix decides on the format; where there is none, the chosen kind gives it.
 /// Nothing when the user cancels. GUI thread.
 std::optional<SaveTarget> askSaveTarget(QWidget *window, const QString &suggestedPath,
                                         const QImage &picture);
+
+} // namespace document

@@ -7,6 +7,7 @@
 #include <VeskContext.h>
 #include <VeskContextManager.h>
 #include <VeskLayerManager.h>
+#include <layer_composition.h>
 #include <merged_document.h>
 
 #include <QSignalSpy>
@@ -30,6 +31,9 @@ private Q_SLOTS:
     void merge_replacesTheDocumentInItsPlace();
     void merge_ofAClosedDocument_getsACanvasOfItsOwn();
     void merge_overUnsavedChanges_keepsThemInATabOfTheirOwn();
+    void merge_overChangesThatMayBeLost_replacesThem();
+    void allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved_data();
+    void allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved();
     void documentOf_findsTheFileUnderAnotherSpelling();
     void closing_releasesDocumentAndCanvas();
 
@@ -61,7 +65,7 @@ private:
 void DocumentAreaTest::init()
 {
     area = std::make_unique<DocumentArea>(new QWidget);
-    area->resize(400, 300);
+    area->resize(800, 300);
     area->show();
 }
 
@@ -170,9 +174,44 @@ void DocumentAreaTest::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
                                           QStringLiteral("work.png •")}));
     QCOMPARE(area->currentDocument()->getFileName(), QStringLiteral("Untitled Document"));
     const VeskContext *kept = area->documents().at(1);
-    QCOMPARE(kept->getLayerManager()->composedPicture(), TestPictures::texture({40, 30}, 4));
+    QCOMPARE(composition::composedPicture(kept), TestPictures::texture({40, 30}, 4));
     QCOMPARE(kept->getFilePath(), QStringLiteral("/pictures/work.png"));
     QCOMPARE(document::metadataSource(*kept), QStringLiteral("/pictures/camera.jpg"));
+}
+
+void DocumentAreaTest::merge_overChangesThatMayBeLost_replacesThem()
+{
+    VeskContext *modified = open(QStringLiteral("work.png"), 4);
+    modified->setSaveAble(true);
+    area->allowReplacing(modified);
+    QVERIFY(modified->isSaveAble()); // until something has replaced it
+    mergeOver(modified);
+    QCoreApplication::processEvents();
+    QCOMPARE(tabTexts(), QStringList{QStringLiteral("Untitled Document •")});
+}
+
+void DocumentAreaTest::allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved_data()
+{
+    QTest::addColumn<bool>("isSaved");
+    QTest::newRow("taken back") << false;
+    QTest::newRow("saved, and modified again") << true;
+}
+
+void DocumentAreaTest::allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved()
+{
+    QFETCH(bool, isSaved);
+    VeskContext *modified = open(QStringLiteral("work.png"), 4);
+    modified->setSaveAble(true);
+    area->allowReplacing(modified);
+    if (isSaved) {
+        modified->setSaveAble(false);
+        modified->setSaveAble(true);
+    } else {
+        area->allowReplacing(nullptr);
+    }
+    mergeOver(modified);
+    QTRY_COMPARE(tabTexts(), (QStringList{QStringLiteral("Untitled Document •"),
+                                          QStringLiteral("work.png •")}));
 }
 
 void DocumentAreaTest::documentOf_findsTheFileUnderAnotherSpelling()

@@ -9,10 +9,12 @@
 #include "picture_document.h"
 
 #include <VeskContext.h>
-#include <VeskLayerBase.h>
+#include <VeskLayer.h>
 #include <VeskLayerManager.h>
+#include <VeskPictureReader.h>
 #include <exif_metadata.h>
 
+#include <QColorSpace>
 #include <QDir>
 #include <QFileInfo>
 #include <QSignalSpy>
@@ -46,7 +48,9 @@ private Q_SLOTS:
     void save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace();
     void save_fullDisk_leavesTheOldFileAsItWas();
     void save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile();
-    void save_noVisibleLayer_isRefused();
+    void save_mergedPicture_keepsProfileAndResolution_data();
+    void save_mergedPicture_keepsProfileAndResolution();
+    void save_noVisibleLayer_isRefusedAndNoOtherPlaceOffered();
     void settle_unmodified_asksNothing();
     void settle_discard_allowsClosingAndWritesNothing();
     void settle_cancel_keepsTheDocument();
@@ -117,7 +121,7 @@ void DocumentSaverTest::save_untitled_asksForAFile()
     QCOMPARE(document->getFileName(), QStringLiteral("new.tif"));
 }
 
-static int namelessOpenings = 0; // what the toolkit has complained about
+static int namelessOpenings = 0; // what Qt has complained about
 
 void DocumentSaverTest::save_untitled_opensNoNamelessFile()
 {
@@ -331,7 +335,7 @@ void DocumentSaverTest::save_fullDisk_leavesTheOldFileAsItWas()
 /// The system would end the program, and unsaved work with it.
 void DocumentSaverTest::save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile()
 {
-    setUpEditor(*qApp);
+    workspace::setUpEditor(*qApp);
     const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
     struct rlimit before = {};
     QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -346,11 +350,48 @@ void DocumentSaverTest::save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile()
     QCOMPARE(pictures->names(), QStringList{QStringLiteral("own.png")});
 }
 
-void DocumentSaverTest::save_noVisibleLayer_isRefused()
+void DocumentSaverTest::save_mergedPicture_keepsProfileAndResolution_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("layers");
+    for (const char *name : {"merged.png", "merged.jpg", "merged.tif"}) {
+        QTest::addRow("%s", name) << QString::fromLatin1(name) << 1;
+        QTest::addRow("%s, two layers", name) << QString::fromLatin1(name) << 2;
+    }
+}
+
+/// As the tool hands its result to the document.
+void DocumentSaverTest::save_mergedPicture_keepsProfileAndResolution()
+{
+    QFETCH(QString, name);
+    QFETCH(int, layers);
+    QImage merged = picture;
+    merged.setColorSpace(QColorSpace::DisplayP3);
+    merged.setDotsPerMeterX(11811); // 300 dpi
+    merged.setDotsPerMeterY(11811);
+    makeDocument({})->getLayerManager()->removeLayer(0);
+    for (int i = 0; i < layers; ++i) {
+        auto *layer = new VeskLayer(QStringLiteral("layer"));
+        layer->setVeskPictureHost(VeskPictureReader().ReadImageToHost(merged));
+        document->getLayerManager()->addLayer(layer, true);
+    }
+    dialogs->answerNextWith(pictures->path(name));
+    QVERIFY(saver->save(document.get()));
+    const QImage read = loadPicture(pictures->path(name), neverCancelled).image;
+    QCOMPARE(read.colorSpace(), QColorSpace(QColorSpace::DisplayP3));
+    QCOMPARE(read.dotsPerMeterX(), 11811);
+    QCOMPARE(read.dotsPerMeterY(), 11811);
+}
+
+void DocumentSaverTest::save_noVisibleLayer_isRefusedAndNoOtherPlaceOffered()
 {
     const QString path = pictures->path(QStringLiteral("x.png"));
     makeDocument(path)->getLayerManager()->layerAt(0)->setVisible(false);
     QVERIFY(!saver->save(document.get()));
+    QVERIFY(!saver->saveAs(document.get()));
+    QVERIFY(dialogs->offered.isEmpty());
+    QCOMPARE(boxes->shown().size(), 2);
+    QCOMPARE(boxes->shown().first().standardButtons, QMessageBox::Ok);
     QVERIFY(!QFile::exists(path));
     QVERIFY(boxes->shown().first().text.contains(QStringLiteral("no layer is visible")));
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTabBar>
+
+/// The bar above the documents: no tab becomes too narrow to be read, rather the bar scrolls. The
+/// middle button closes a tab. GUI thread.
+class DocumentTabBar : public QTabBar
+{
+    Q_OBJECT
+
+public:
+    using QTabBar::QTabBar;
+
+    /// What tabs with these labels would take, in pixels.
+    int widthFor(const QStringList &labels) const;
+
+Q_SIGNALS:
+    void closeOthersRequested(int index);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    QSize minimumTabSizeHint(int index) const override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    int frameWidth() const;
+
+    int pressedIndex = -1; // by the middle button
+};
