@@ -1,5 +1,5 @@
-#include "editor_application.h"
 #include "MainWindow.h"
+#include "editor_application.h"
 
 #include <QCommandLineParser>
 
@@ -36,14 +36,14 @@ bool asksForText(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
-    nameEditor();
+    workspace::nameEditor();
     QCommandLineParser parser;
     if (asksForText(argc, argv)) {
         const QCoreApplication application(argc, argv);
         parse(parser, application); // ends the program
     }
     QApplication application(argc, argv);
-    setUpEditor(application);
+    workspace::setUpEditor(application);
     parse(parser, application);
     MainWindow window;
     window.show();

@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QStringList>
 
-/// Answers the toolkit's own file dialogs, and the question for the JPEG quality, as long as it
+/// Answers Qt's own file dialogs, and the question for the JPEG quality, as long as it
 /// lives. GUI thread.
 class FileDialogAnswerer : public QObject
 {

@@ -64,9 +64,9 @@ bool mergeAll(MainWindow &window, FilmStrip &strip)
 
 int main(int argc, char **argv)
 {
-    nameEditor();
+    workspace::nameEditor();
     QApplication application(argc, argv);
-    setUpEditor(application);
+    workspace::setUpEditor(application);
     if (argc != 3)
         return 64;
     MainWindow window;

@@ -110,7 +110,7 @@ void EditorLanguageTest::start(const QString &language)
 void EditorLanguageTest::restart()
 {
     end();
-    setUpEditor(*qApp);
+    workspace::setUpEditor(*qApp);
     window = std::make_unique<MainWindow>();
     window->resize(kSmallScreen);
     window->show();
@@ -230,9 +230,9 @@ void EditorLanguageTest::questionBeforeLosingWork_isTranslatedToTheButtons()
 {
     QFETCH(QString, language);
     const QString catalogues = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    QTranslator toolkit;
-    if (!language.isEmpty() && !toolkit.load(QStringLiteral("qtbase_") + language, catalogues))
-        QSKIP("the toolkit's own catalogues are not installed");
+    QTranslator qtTexts;
+    if (!language.isEmpty() && !qtTexts.load(QStringLiteral("qtbase_") + language, catalogues))
+        QSKIP("Qt's own catalogues are not installed");
     start(language);
     VeskContext *document = window->findChild<DocumentArea *>()->open(
         TestPictures::texture({8, 8}, 1), QStringLiteral("work.png"), {});
@@ -279,7 +279,7 @@ void EditorLanguageTest::reasonOfAFailedSave_isTranslated()
 
 int main(int argc, char **argv)
 {
-    nameEditor();
+    workspace::nameEditor();
     QApplication application(argc, argv);
     EditorLanguageTest test;
     return QTest::qExec(&test, argc, argv);

@@ -3,8 +3,6 @@
 #include "FilmStrip.h"
 #include "PictureFolder.h"
 
-#include <VeskContext.h>
-
 #include <QMainWindow>
 #include <QStatusBar>
 
@@ -39,6 +37,10 @@ void EditorUiManager::showStatusMessage(const QString &text, int milliseconds)
 
 void EditorUiManager::discardChanges()
 {
-    if (VeskContext *document = documents->currentDocument())
-        document->setSaveAble(false);
+    documents->allowReplacing(documents->currentDocument());
+}
+
+void EditorUiManager::forgetDiscards()
+{
+    documents->allowReplacing(nullptr);
 }

@@ -19,8 +19,10 @@ public:
     QWidget *mainWindow() const override;
     QString currentDir() const override;
     void showStatusMessage(const QString &text, int milliseconds) override;
-    /// The current document is not asked about any more: its changes may go.
+    /// A tool may replace the current document, changes and all. Until one does, it stays modified.
     void discardChanges() override;
+    /// Takes that back: the next tool asks anew.
+    void forgetDiscards();
 
 private:
     QMainWindow *window;

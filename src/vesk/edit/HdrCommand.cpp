@@ -1,40 +1,21 @@
 #include "HdrCommand.h"
+#include "EditorUiManager.h"
 #include "picture_document.h"
 
-#include <VeskToolHDR.h>
 #include <VeskContext.h>
 #include <VeskContextManager.h>
-#include <VeskFilterContainer.h>
+#include <VeskToolHDR.h>
 
-#include <QApplication>
-#include <QEvent>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QWidget>
 
-namespace {
-
-/// The frame around the tool's panel: the only one, as there is one tool of this kind.
-QWidget *frameOfPanel()
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        const auto *frame = qobject_cast<VeskFilterContainer *>(window);
-        if (frame && frame->contentWidget() &&
-            frame->contentWidget()->inherits("VeskToolHDRWidget"))
-            return window;
-    }
-    return nullptr;
-}
-
-} // namespace
-
-HdrCommand::HdrCommand(IVeskUIManager *manager, QObject *parent)
+HdrCommand::HdrCommand(EditorUiManager *manager, QObject *parent)
     : QObject(parent)
     , uiManager(manager)
     , hdr(std::make_unique<VeskToolHDR>())
-    , frame(frameOfPanel())
 {
     hdr->init();
-    if (frame)
-        frame->installEventFilter(this);
     connect(VeskContextManager::getInstance(), &VeskContextManager::contextAdded, this,
             &HdrCommand::nameMetadataSource);
 }
@@ -43,28 +24,45 @@ HdrCommand::~HdrCommand()
 {
     hdr->clear(); // the tool leaves pictures that it still has behind
     hdr->release();
-    delete frame; // with the panel: the tool leaves both to the editor
+    delete hdr->panelFrame(); // with the panel: the tool leaves both to the editor
 }
 
 void HdrCommand::activate()
 {
-    sources.clear();
+    if (!isSelectionAgreed())
+        return;
+    uiManager->forgetDiscards();
     hdr->active(VeskContextManager::getInstance()->getCurrentContext(), uiManager);
 }
 
-/// The panel's OK hides the frame while the tool still has its pictures; Cancel drops them before.
-bool HdrCommand::eventFilter(QObject *watched, QEvent *event)
+/// The tool leaves out what is beyond its limit without a word.
+bool HdrCommand::isSelectionAgreed() const
 {
-    if (watched == frame && event->type() == QEvent::Hide)
-        sources = hdr->fileList();
-    return QObject::eventFilter(watched, event);
+    const QStringList held = hdr->fileList();
+    QStringList added;
+    const QStringList selected = uiManager->selectedFiles();
+    for (const QString &path : selected) {
+        if (!held.contains(path))
+            added.append(QFileInfo(path).fileName());
+    }
+    const int room = VeskToolHDR::kMaxPictures - held.size();
+    if (added.size() <= room || room == 0) // a full set is what the tool itself speaks of
+        return true;
+    QMessageBox question(QMessageBox::Question, tr("Merge to HDR"),
+                         tr("%1 pictures are selected, but at most %2 can be merged.")
+                             .arg(held.size() + added.size())
+                             .arg(VeskToolHDR::kMaxPictures),
+                         QMessageBox::Ok | QMessageBox::Cancel, uiManager->mainWindow());
+    question.setInformativeText(
+        tr("Only these will be taken: %1").arg(added.mid(0, room).join(QStringLiteral(", "))));
+    return question.exec() == QMessageBox::Ok;
 }
 
-/// The tool opens its result as a document without a file, after its set of pictures is empty.
+/// What the tool opens while it merges is the merged picture, unless it has been read from a file:
+/// the editor goes on opening files meanwhile.
 void HdrCommand::nameMetadataSource(VeskContext *document)
 {
-    if (sources.isEmpty() || !document->getFilePath().isEmpty() || !hdr->fileList().isEmpty())
-        return;
-    document::setMetadataSource(*document, sources.first());
-    sources.clear();
+    const QStringList files = hdr->filesInMerge();
+    if (!files.isEmpty() && document->getFilePath().isEmpty())
+        document::setMetadataSource(*document, files.first());
 }

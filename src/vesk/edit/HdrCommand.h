@@ -1,13 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
-#include <QStringList>
 
 #include <memory>
 
-class IVeskUIManager;
-class QWidget;
+class EditorUiManager;
 class VeskContext;
 class VeskToolHDR;
 
@@ -19,20 +16,18 @@ class HdrCommand : public QObject
 
 public:
     /// Also installs the tool's translation. uiManager is borrowed.
-    explicit HdrCommand(IVeskUIManager *uiManager, QObject *parent = nullptr);
+    explicit HdrCommand(EditorUiManager *uiManager, QObject *parent = nullptr);
     ~HdrCommand() override;
 
-    /// Shows the tool's panel for the current document, with the files that are selected.
+    /// Shows the tool's panel for the current document, with the files that are selected. When they
+    /// are more than the tool takes, the user is told first, and may think again.
     void activate();
     VeskToolHDR &tool() { return *hdr; }
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
+    bool isSelectionAgreed() const;
     void nameMetadataSource(VeskContext *document);
 
-    IVeskUIManager *uiManager;
+    EditorUiManager *uiManager;
     std::unique_ptr<VeskToolHDR> hdr;
-    QPointer<QWidget> frame; // the tool's, top-level
-    QStringList sources;     // of the merge under way, in path order
 };

@@ -61,6 +61,25 @@
         <source>Untitled</source>
         <translation>Unbenannt</translation>
     </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
+    <message>
+        <source>Show a layer in the list of layers, then save again.</source>
+        <translation>Blenden Sie in der Liste der Ebenen eine Ebene ein und speichern Sie dann noch einmal.</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabBar</name>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Close &amp;Others</source>
+        <translation>&amp;Andere schließen</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabs</name>
@@ -72,6 +91,10 @@
         <source>%1 •</source>
         <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
         <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>All open documents</source>
+        <translation>Alle geöffneten Dokumente</translation>
     </message>
 </context>
 <context>
@@ -177,6 +200,21 @@
     <message>
         <source>No pictures in this folder</source>
         <translation>Keine Bilder in diesem Ordner</translation>
+    </message>
+</context>
+<context>
+    <name>HdrCommand</name>
+    <message>
+        <source>Merge to HDR</source>
+        <translation>Zu HDR zusammenfügen</translation>
+    </message>
+    <message>
+        <source>%1 pictures are selected, but at most %2 can be merged.</source>
+        <translation>%1 Bilder sind ausgewählt, aber höchstens %2 können zusammengefügt werden.</translation>
+    </message>
+    <message>
+        <source>Only these will be taken: %1</source>
+        <translation>Nur diese werden übernommen: %1</translation>
     </message>
 </context>
 <context>

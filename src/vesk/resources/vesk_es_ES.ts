@@ -61,6 +61,25 @@
         <source>Untitled</source>
         <translation>Sin título</translation>
     </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>no hay memoria suficiente</translation>
+    </message>
+    <message>
+        <source>Show a layer in the list of layers, then save again.</source>
+        <translation>Muestre una capa en la lista de capas y vuelva a guardar.</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabBar</name>
+    <message>
+        <source>&amp;Close</source>
+        <translation>C&amp;errar</translation>
+    </message>
+    <message>
+        <source>Close &amp;Others</source>
+        <translation>Cerrar las &amp;demás</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabs</name>
@@ -72,6 +91,10 @@
         <source>%1 •</source>
         <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
         <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>All open documents</source>
+        <translation>Todos los documentos abiertos</translation>
     </message>
 </context>
 <context>
@@ -177,6 +200,21 @@
     <message>
         <source>No pictures in this folder</source>
         <translation>No hay imágenes en esta carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>HdrCommand</name>
+    <message>
+        <source>Merge to HDR</source>
+        <translation>Combinar en HDR</translation>
+    </message>
+    <message>
+        <source>%1 pictures are selected, but at most %2 can be merged.</source>
+        <translation>Hay %1 imágenes seleccionadas, pero se pueden combinar %2 como máximo.</translation>
+    </message>
+    <message>
+        <source>Only these will be taken: %1</source>
+        <translation>Solo se tomarán estas: %1</translation>
     </message>
 </context>
 <context>

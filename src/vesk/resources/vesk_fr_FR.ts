@@ -61,6 +61,25 @@
         <source>Untitled</source>
         <translation>Sans titre</translation>
     </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>mémoire insuffisante</translation>
+    </message>
+    <message>
+        <source>Show a layer in the list of layers, then save again.</source>
+        <translation>Affichez un calque dans la liste des calques, puis enregistrez à nouveau.</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabBar</name>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Close &amp;Others</source>
+        <translation>Fermer les &amp;autres</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabs</name>
@@ -72,6 +91,10 @@
         <source>%1 •</source>
         <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
         <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>All open documents</source>
+        <translation>Tous les documents ouverts</translation>
     </message>
 </context>
 <context>
@@ -177,6 +200,21 @@
     <message>
         <source>No pictures in this folder</source>
         <translation>Aucune image dans ce dossier</translation>
+    </message>
+</context>
+<context>
+    <name>HdrCommand</name>
+    <message>
+        <source>Merge to HDR</source>
+        <translation>Fusion HDR</translation>
+    </message>
+    <message>
+        <source>%1 pictures are selected, but at most %2 can be merged.</source>
+        <translation>%1 images sont sélectionnées, mais %2 au plus peuvent être fusionnées.</translation>
+    </message>
+    <message>
+        <source>Only these will be taken: %1</source>
+        <translation>Seules celles-ci seront prises : %1</translation>
     </message>
 </context>
 <context>

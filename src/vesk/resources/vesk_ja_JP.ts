@@ -61,6 +61,25 @@
         <source>Untitled</source>
         <translation>無題</translation>
     </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>メモリーが足りません</translation>
+    </message>
+    <message>
+        <source>Show a layer in the list of layers, then save again.</source>
+        <translation>レイヤーの一覧でレイヤーを表示してから、もう一度保存してください。</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabBar</name>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close &amp;Others</source>
+        <translation>ほかを閉じる(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabs</name>
@@ -72,6 +91,10 @@
         <source>%1 •</source>
         <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
         <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>All open documents</source>
+        <translation>開いているすべてのドキュメント</translation>
     </message>
 </context>
 <context>
@@ -177,6 +200,21 @@
     <message>
         <source>No pictures in this folder</source>
         <translation>このフォルダーに画像はありません</translation>
+    </message>
+</context>
+<context>
+    <name>HdrCommand</name>
+    <message>
+        <source>Merge to HDR</source>
+        <translation>HDR に統合</translation>
+    </message>
+    <message>
+        <source>%1 pictures are selected, but at most %2 can be merged.</source>
+        <translation>%1 枚の画像が選択されていますが、統合できるのは %2 枚までです。</translation>
+    </message>
+    <message>
+        <source>Only these will be taken: %1</source>
+        <translation>次の画像だけを使います: %1</translation>
     </message>
 </context>
 <context>

@@ -61,6 +61,25 @@
         <source>Untitled</source>
         <translation>제목 없음</translation>
     </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>메모리가 부족합니다</translation>
+    </message>
+    <message>
+        <source>Show a layer in the list of layers, then save again.</source>
+        <translation>레이어 목록에서 레이어를 표시한 다음 다시 저장하십시오.</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabBar</name>
+    <message>
+        <source>&amp;Close</source>
+        <translation>닫기(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close &amp;Others</source>
+        <translation>다른 항목 닫기(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabs</name>
@@ -72,6 +91,10 @@
         <source>%1 •</source>
         <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
         <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>All open documents</source>
+        <translation>열려 있는 모든 문서</translation>
     </message>
 </context>
 <context>
@@ -177,6 +200,21 @@
     <message>
         <source>No pictures in this folder</source>
         <translation>이 폴더에 이미지가 없습니다</translation>
+    </message>
+</context>
+<context>
+    <name>HdrCommand</name>
+    <message>
+        <source>Merge to HDR</source>
+        <translation>HDR로 병합</translation>
+    </message>
+    <message>
+        <source>%1 pictures are selected, but at most %2 can be merged.</source>
+        <translation>이미지 %1개가 선택되었지만 최대 %2개까지 병합할 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Only these will be taken: %1</source>
+        <translation>다음 이미지만 사용합니다: %1</translation>
     </message>
 </context>
 <context>

@@ -61,6 +61,25 @@
         <source>Untitled</source>
         <translation>未命名</translation>
     </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>記憶體不足</translation>
+    </message>
+    <message>
+        <source>Show a layer in the list of layers, then save again.</source>
+        <translation>請在圖層清單中顯示一個圖層，然後再次儲存。</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentTabBar</name>
+    <message>
+        <source>&amp;Close</source>
+        <translation>關閉(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close &amp;Others</source>
+        <translation>關閉其他(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabs</name>
@@ -72,6 +91,10 @@
         <source>%1 •</source>
         <extracomment>A document with unsaved changes; %1 is its name.</extracomment>
         <translation>%1 •</translation>
+    </message>
+    <message>
+        <source>All open documents</source>
+        <translation>所有開啟的文件</translation>
     </message>
 </context>
 <context>
@@ -177,6 +200,21 @@
     <message>
         <source>No pictures in this folder</source>
         <translation>此資料夾中沒有影像</translation>
+    </message>
+</context>
+<context>
+    <name>HdrCommand</name>
+    <message>
+        <source>Merge to HDR</source>
+        <translation>合併為 HDR</translation>
+    </message>
+    <message>
+        <source>%1 pictures are selected, but at most %2 can be merged.</source>
+        <translation>已選取 %1 張圖片，但最多只能合併 %2 張。</translation>
+    </message>
+    <message>
+        <source>Only these will be taken: %1</source>
+        <translation>只會採用這些圖片：%1</translation>
     </message>
 </context>
 <context>

@@ -1,12 +1,12 @@
 #include "HistogramDock.h"
 #include "HistogramView.h"
 
-#include <layer_composition.h>
-#include <picture_histogram.h>
 #include <VeskContext.h>
 #include <VeskGlobalSettings.h>
 #include <VeskLayerManager.h>
 #include <VeskUIController.h>
+#include <layer_composition.h>
+#include <picture_histogram.h>
 
 #include <QAction>
 
@@ -78,11 +78,11 @@ void HistogramDock::refresh()
         histogram->clear();
         return;
     }
-    const std::vector<SourceLayer> layers = visibleLayers(shown);
+    const std::vector<SourceLayer> layers = composition::visibleLayers(shown);
     const QSize size = shown->getLayerManager()->size();
     worker.clear(); // counts that nobody waits for any more
     worker.start([this, asked = round, layers, size] {
-        const VeskCanvas::Histogram counts = countLevels(layers, size);
+        const VeskCanvas::Histogram counts = histogram::countLevels(layers, size);
         QMetaObject::invokeMethod(
             this,
             [this, asked, counts] {

@@ -1,4 +1,5 @@
 #include "LayerDock.h"
+#include "picture_document.h"
 
 #include <VeskContext.h>
 #include <VeskLayerBase.h>
@@ -69,13 +70,9 @@ void LayerDock::rebuild()
 
 void LayerDock::onItemChanged(const QListWidgetItem *item)
 {
-    VeskLayerBase *layer =
-        shown ? shown->getLayerManager()->layerAt(item->data(kIndexRole).toInt()) : nullptr;
-    const bool isVisible = item->checkState() == Qt::Checked;
-    if (!layer || layer->isVisible() == isVisible)
-        return;
-    layer->setVisible(isVisible);
-    shown->setSaveAble(true);
+    if (shown)
+        document::setLayerVisible(*shown, item->data(kIndexRole).toInt(),
+                                  item->checkState() == Qt::Checked);
 }
 
 void LayerDock::onRowChosen(int row)

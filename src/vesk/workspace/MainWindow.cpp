@@ -1,9 +1,7 @@
 #include "MainWindow.h"
-#include "about_box.h"
 #include "DocumentArea.h"
 #include "DocumentOpener.h"
 #include "DocumentSaver.h"
-#include "editor_settings.h"
 #include "EditorStatusBar.h"
 #include "EditorUiManager.h"
 #include "FilmStrip.h"
@@ -12,9 +10,12 @@
 #include "LanguageMenu.h"
 #include "LayerDock.h"
 #include "PictureFolder.h"
-#include "picture_kinds.h"
 #include "RecentFilesMenu.h"
 #include "StartPage.h"
+#include "about_box.h"
+#include "editor_settings.h"
+#include "first_window_size.h"
+#include "picture_kinds.h"
 
 #include <VeskCanvas.h>
 #include <VeskContext.h>
@@ -27,12 +28,12 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
+#include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
 
 namespace {
-
-constexpr QSize kFirstSize(1200, 800);
 
 QStringList localPaths(const QMimeData *data)
 {
@@ -57,6 +58,7 @@ MainWindow::MainWindow(QWidget *parent)
     , opener(new DocumentOpener(documents, this))
     , saver(new DocumentSaver(this))
     , status(new EditorStatusBar)
+    , leaveFullScreen(new QShortcut(Qt::Key_Escape, this))
     , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
     , hdr(std::make_unique<HdrCommand>(uiManager.get()))
 {
@@ -153,7 +155,7 @@ void MainWindow::addToolBar()
 
 void MainWindow::restoreWindow()
 {
-    resize(kFirstSize);
+    resize(workspace::firstWindowSize(screen()->availableSize()));
     restoreGeometry(settings::windowGeometry());
     restoreState(settings::windowLayout());
     histogramDock->setVisible(VeskGlobalSettings::getInstance()->isHistogramVisible());
@@ -181,10 +183,12 @@ void MainWindow::connectActions()
     onCanvas(actions->zoomToFit, &VeskCanvas::zoomToFit);
     onCanvas(actions->zoomToActualSize, &VeskCanvas::zoomToActualSize);
     connect(actions->fullScreen, &QAction::toggled, this, &MainWindow::showFullScreenOrNot);
+    leaveFullScreen->setEnabled(false); // the key is for others then
+    connect(leaveFullScreen, &QShortcut::activated, actions->fullScreen, &QAction::toggle);
     connect(actions->nextTab, &QAction::triggered, this, [this] { stepDocument(1); });
     connect(actions->previousTab, &QAction::triggered, this, [this] { stepDocument(-1); });
     connect(actions->merge, &QAction::triggered, this, [this] { hdr->activate(); });
-    connect(actions->about, &QAction::triggered, this, [this] { showAboutBox(this); });
+    connect(actions->about, &QAction::triggered, this, [this] { workspace::showAboutBox(this); });
     connect(actions->openSelected, &QAction::triggered, this,
             [this] { openPaths(filmStrip->selectedPaths()); });
 }
@@ -203,6 +207,7 @@ void MainWindow::connectDocuments()
             &MainWindow::showCurrentDocument);
     connect(documents, &DocumentArea::documentStateChanged, this, &MainWindow::showDocumentState);
     connect(documents, &DocumentArea::closeRequested, this, &MainWindow::closeDocument);
+    connect(documents, &DocumentArea::closeOthersRequested, this, &MainWindow::closeOthers);
     connect(saver, &DocumentSaver::saved, this, [this](const QString &path) {
         recentFiles->add(path);
         status->showMessage(tr("Saved %1").arg(QDir::toNativeSeparators(path)), 5000);
@@ -255,11 +260,29 @@ void MainWindow::chooseFolder()
         openPaths({path});
 }
 
-void MainWindow::closeDocument(VeskContext *document)
+/// False when the user wants to keep it open.
+bool MainWindow::closeDocument(VeskContext *document)
 {
     const QPointer<VeskContext> guard = document;
-    if (document && saver->settleUnsavedChanges(document) && guard)
+    if (!document || !saver->settleUnsavedChanges(document))
+        return false;
+    if (guard)
         documents->close(document);
+    return true;
+}
+
+void MainWindow::closeOthers(VeskContext *kept)
+{
+    const QList<VeskContext *> all = documents->documents();
+    for (VeskContext *document : all) {
+        if (document == kept)
+            continue;
+        if (document->isSaveAble()) // to be seen while it is asked about
+            documents->makeCurrent(document);
+        if (!closeDocument(document))
+            return;
+    }
+    documents->makeCurrent(kept);
 }
 
 void MainWindow::stepDocument(int distance)
@@ -297,6 +320,16 @@ void MainWindow::showDocumentState()
 }
 
 // --- Events ---
+
+/// The desktop has commands for full screen, too.
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange)
+        return;
+    actions->fullScreen->setChecked(isFullScreen());
+    leaveFullScreen->setEnabled(isFullScreen());
+}
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {

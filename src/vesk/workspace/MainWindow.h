@@ -16,6 +16,7 @@ class HistogramDock;
 class LanguageMenu;
 class LayerDock;
 class PictureFolder;
+class QShortcut;
 class RecentFilesMenu;
 class EditorUiManager;
 class VeskCanvas;
@@ -35,6 +36,7 @@ public:
     void openPaths(const QStringList &paths);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -52,7 +54,8 @@ private:
 
     void chooseFiles();
     void chooseFolder();
-    void closeDocument(VeskContext *document);
+    bool closeDocument(VeskContext *document);
+    void closeOthers(VeskContext *kept);
     void stepDocument(int distance);
     void showFullScreenOrNot(bool isFull);
     void showCurrentDocument(VeskContext *document);
@@ -69,6 +72,7 @@ private:
     LayerDock *layerDock = nullptr;
     QDockWidget *filmStripDock = nullptr;
     RecentFilesMenu *recentFiles = nullptr;
+    QShortcut *leaveFullScreen;
     std::unique_ptr<EditorUiManager> uiManager;
     std::unique_ptr<HdrCommand> hdr;
 };

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QIcon>
 #include <QLabel>
+#include <QPainter>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -11,6 +12,23 @@ namespace {
 constexpr int kIconSide = 96;
 constexpr int kButtonIconSide = 24;
 constexpr int kButtonWidth = 260;
+
+/// Gives way where the window is low: a small screen needs the buttons more.
+class Emblem : public QWidget
+{
+public:
+    QSize sizeHint() const override { return {kIconSide, kIconSide}; }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        icon.paint(&painter, rect());
+    }
+
+private:
+    const QIcon icon{QStringLiteral(":/vesk/vesk.svg")};
+};
 
 QToolButton *buttonFor(QAction *action)
 {
@@ -28,9 +46,6 @@ QToolButton *buttonFor(QAction *action)
 StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     : QWidget(parent)
 {
-    auto *picture = new QLabel;
-    picture->setPixmap(
-        QIcon(QStringLiteral(":/vesk/vesk.svg")).pixmap(QSize(kIconSide, kIconSide)));
     auto *hint = new QLabel(tr("Drop photographs or a folder here"));
     QFont font = hint->font();
     font.setPointSizeF(font.pointSizeF() * 1.3);
@@ -38,7 +53,7 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
 
     auto *column = new QVBoxLayout(this);
     column->addStretch();
-    column->addWidget(picture, 0, Qt::AlignHCenter);
+    column->addWidget(new Emblem, 0, Qt::AlignHCenter);
     column->addSpacing(8);
     column->addWidget(hint, 0, Qt::AlignHCenter);
     column->addSpacing(8);

@@ -15,7 +15,7 @@ struct AboutBox
 
 } // namespace
 
-void showAboutBox(QWidget *window)
+void workspace::showAboutBox(QWidget *window)
 {
     QMessageBox box(window);
     box.setWindowTitle(AboutBox::tr("About Vesk"));

@@ -24,7 +24,7 @@ void install(QApplication &application, const QString &catalogue, const QString 
 
 } // namespace
 
-void nameEditor()
+void workspace::nameEditor()
 {
     QCoreApplication::setApplicationName(QStringLiteral("vesk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VESK_VERSION));
@@ -32,7 +32,7 @@ void nameEditor()
     QGuiApplication::setDesktopFileName(QStringLiteral("vesk"));
 }
 
-void setUpEditor(QApplication &application)
+void workspace::setUpEditor(QApplication &application)
 {
     // A file size limit is an ordinary error when saving, no reason to end with unsaved work.
     std::signal(SIGXFSZ, SIG_IGN);

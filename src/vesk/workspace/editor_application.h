@@ -2,8 +2,12 @@
 
 #include <QApplication>
 
+namespace workspace {
+
 /// Names the program, so that its settings are found; before the application object is made.
 void nameEditor();
 
 /// Translators of the language in the settings, and the icon. application: the program's.
 void setUpEditor(QApplication &application);
+
+} // namespace workspace

@@ -1,18 +1,14 @@
 #include "DocumentArea.h"
-#include "editor_settings.h"
-#include "EditorUiManager.h"
-#include "FileDialogAnswerer.h"
+#include "DocumentOpener.h"
+#include "EditorActions.h"
+#include "EditorWindow.h"
 #include "FilmStrip.h"
 #include "MainWindow.h"
-#include "MessageBoxAnswerer.h"
-#include "PictureFolder.h"
-#include "TestPictures.h"
+#include "editor_settings.h"
+#include "first_window_size.h"
 
-#include <exif_metadata.h>
-#include <VeskActionManager.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
-#include <VeskContextManager.h>
 #include <VeskFilterContainer.h>
 #include <VeskGlobalSettings.h>
 
@@ -21,20 +17,22 @@
 #include <QDropEvent>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 
-class MainWindowTest : public QObject
+class MainWindowTest : public QObject, private EditorWindow
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
     void start_withoutSettings_showsTheStartPage();
     void open_files_becomeTabsAndAreSelectedInTheStrip();
+    void open_someOpenAlready_keepsTheStripsSelection();
+    void open_allOpenAlready_selectsThem();
     void open_sameFileTwice_bringsItsTabToTheFront();
     void open_failures_areNamedInOneMessageThatBlocksNothing();
     void open_folder_isListedInTheStrip();
@@ -48,93 +46,20 @@ private Q_SLOTS:
     void zoomCommands_zoomTheDocumentInFront();
     void nextAndPrevious_goRoundTheDocuments();
     void fullScreen_comesAndGoes();
+    void fullScreen_escapeLeavesIt();
+    void firstWindow_fitsALaptopScreen();
     void saveAs_hasKeysOnEveryDesktop();
-    void tools_areToldFolderAndSelection();
     void actions_followTheDocument();
-    void merge_withoutDocument_worksFromTheFilmStrip();
-    void merge_result_keepsItsSourcesNameAndIsUnsaved();
-    void merge_unsavedDocument_saveAnswerRunsTheSaveAction();
-    void merge_unsavedDocument_discardAnswerDropsTheMark();
     void close_unsavedDocument_cancelKeepsEverything();
+    void closeOthers_leavesOneDocument();
+    void closeOthers_cancelled_keepsTheRest();
     void close_remembersTheWindow();
     void close_remembersTheDocks();
 
 private:
-    VeskFilterContainer *panelFrame() const;
-    QPushButton *panelButton(const char *name) const;
-    void openAndWait(const QStringList &paths);
     /// False when the window does not take them.
     bool drop(const QList<QUrl> &urls);
-    void mergeSelected();
-    VeskContext *current() const { return documents->currentDocument(); }
-    QAction *action(const QString &name) const
-    {
-        return VeskActionManager::getInstance({})->getActionByName(name);
-    }
-    QAction *mergeAction() const;
-
-    std::unique_ptr<TestPictures> pictures;
-    std::unique_ptr<MessageBoxAnswerer> boxes;
-    std::unique_ptr<FileDialogAnswerer> dialogs;
-    std::unique_ptr<MainWindow> window;
-    DocumentArea *documents = nullptr;
-    FilmStrip *strip = nullptr;
 };
-
-void MainWindowTest::init()
-{
-    QFile::remove(VeskGlobalSettings::configFilePath());
-    pictures = std::make_unique<TestPictures>();
-    boxes = std::make_unique<MessageBoxAnswerer>();
-    dialogs = std::make_unique<FileDialogAnswerer>();
-    window = std::make_unique<MainWindow>();
-    window->show();
-    documents = window->findChild<DocumentArea *>();
-    strip = window->findChild<FilmStrip *>();
-}
-
-void MainWindowTest::cleanup()
-{
-    window.reset();
-    dialogs.reset();
-    boxes.reset();
-    pictures.reset();
-}
-
-VeskFilterContainer *MainWindowTest::panelFrame() const
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *candidate : windows) {
-        if (auto *frame = qobject_cast<VeskFilterContainer *>(candidate))
-            return frame;
-    }
-    return nullptr;
-}
-
-QPushButton *MainWindowTest::panelButton(const char *name) const
-{
-    return panelFrame()->findChild<QPushButton *>(QLatin1String(name));
-}
-
-QAction *MainWindowTest::mergeAction() const
-{
-    return window->findChild<EditorActions *>()->merge;
-}
-
-void MainWindowTest::openAndWait(const QStringList &paths)
-{
-    const int before = documents->documents().size();
-    window->openPaths(paths);
-    QTRY_COMPARE(documents->documents().size(), before + paths.size());
-}
-
-/// What is selected in the film strip, through the tool's panel.
-void MainWindowTest::mergeSelected()
-{
-    mergeAction()->trigger();
-    QTRY_VERIFY(panelButton("okBtn")->isEnabled());
-    QTest::mouseClick(panelButton("okBtn"), Qt::LeftButton);
-}
 
 void MainWindowTest::start_withoutSettings_showsTheStartPage()
 {
@@ -154,6 +79,29 @@ void MainWindowTest::open_files_becomeTabsAndAreSelectedInTheStrip()
     QTRY_COMPARE(strip->selectedPaths(), bracket);
     QCOMPARE(settings::recentFiles().size(), 3);
     QCOMPARE(settings::folder(), pictures->folder());
+}
+
+void MainWindowTest::open_someOpenAlready_keepsTheStripsSelection()
+{
+    const QStringList bracket = pictures->addBracket(4, {30, 20});
+    openAndWait({bracket.at(1)});
+    QTRY_COMPARE(strip->selectedPaths(), QStringList{bracket.at(1)});
+    const QStringList chosen = bracket.mid(0, 3);
+    strip->select(chosen);
+    window->openPaths(chosen);
+    QTRY_COMPARE(documents->documents().size(), 3);
+    QTRY_VERIFY(!window->findChild<DocumentOpener *>()->loader().isBusy());
+    QCOMPARE(strip->selectedPaths(), chosen);
+}
+
+void MainWindowTest::open_allOpenAlready_selectsThem()
+{
+    const QStringList bracket = pictures->addBracket(3, {30, 20});
+    openAndWait(bracket);
+    QTRY_COMPARE(strip->selectedPaths(), bracket);
+    window->openPaths(bracket.mid(0, 2));
+    QCOMPARE(strip->selectedPaths(), bracket.mid(0, 2));
+    QCOMPARE(documents->documents().size(), 3);
 }
 
 void MainWindowTest::open_sameFileTwice_bringsItsTabToTheFront()
@@ -326,22 +274,35 @@ void MainWindowTest::fullScreen_comesAndGoes()
     QVERIFY(!window->isFullScreen());
 }
 
+void MainWindowTest::fullScreen_escapeLeavesIt()
+{
+    QAction *fullScreen = window->findChild<EditorActions *>()->fullScreen;
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    fullScreen->trigger();
+    QTest::keyClick(window.get(), Qt::Key_Escape);
+    QVERIFY(!window->isFullScreen());
+    QVERIFY(!fullScreen->isChecked());
+    QTest::keyClick(window.get(), Qt::Key_Escape); // means nothing then
+    QVERIFY(!window->isFullScreen());
+}
+
+void MainWindowTest::firstWindow_fitsALaptopScreen()
+{
+    const QSize laptop(1366, 768);
+    const QSize size = workspace::firstWindowSize(laptop);
+    QVERIFY(size.height() <= laptop.height() - 48); // the desktop's frame and panel
+    QVERIFY(size.width() >= 1100);
+    const QSize enlarged = workspace::firstWindowSize(laptop / 1.5); // on a screen at 150 %
+    QVERIFY(window->minimumSizeHint().height() <= enlarged.height());
+    QVERIFY(window->minimumSizeHint().width() <= enlarged.width());
+    QVERIFY(window->width() <= window->screen()->availableSize().width());
+    QVERIFY(window->height() <= window->screen()->availableSize().height());
+}
+
 void MainWindowTest::saveAs_hasKeysOnEveryDesktop()
 {
     QVERIFY(!action(QStringLiteral("Save As"))->shortcut().isEmpty());
-}
-
-void MainWindowTest::tools_areToldFolderAndSelection()
-{
-    const QStringList bracket = pictures->addBracket(3, {30, 20});
-    window->openPaths({pictures->folder()});
-    QTRY_COMPARE(strip->model()->rowCount(), 3);
-    strip->select({bracket.at(2), bracket.at(1)});
-    const EditorUiManager manager(window.get(), documents, strip,
-                                  window->findChild<PictureFolder *>());
-    QCOMPARE(manager.selectedFiles(), bracket.mid(1)); // in the order shown
-    QCOMPARE(manager.currentDir(), pictures->folder());
-    QCOMPARE(manager.mainWindow(), window.get());
 }
 
 void MainWindowTest::actions_followTheDocument()
@@ -362,56 +323,6 @@ void MainWindowTest::actions_followTheDocument()
     QVERIFY(!action(QStringLiteral("Close"))->isEnabled());
 }
 
-void MainWindowTest::merge_withoutDocument_worksFromTheFilmStrip()
-{
-    const QStringList bracket = pictures->addBracket(3, {90, 70});
-    window->openPaths({pictures->folder()});
-    QTRY_COMPARE(strip->model()->rowCount(), 3);
-    strip->selectAll();
-    mergeSelected();
-    QCOMPARE(boxes->shown().size(), 1);
-    QCOMPARE(boxes->shown().first().title, QStringLiteral("loaded"));
-    QVERIFY(current());
-    QCOMPARE(documents->documents().size(), 1);
-    QCOMPARE(current()->getFileName(), QStringLiteral("Untitled Document"));
-    QCOMPARE(documents->currentCanvas()->canvasSize(), QSize(90, 70));
-}
-
-void MainWindowTest::merge_result_keepsItsSourcesNameAndIsUnsaved()
-{
-    const QStringList bracket = pictures->addBracket(2, {90, 70});
-    openAndWait(bracket);
-    QTRY_COMPARE(strip->selectedPaths(), bracket);
-    mergeSelected();
-    QCOMPARE(documents->documents().size(), 2); // took the place of the second
-    QVERIFY(action(QStringLiteral("Save"))->isEnabled());
-    QVERIFY(window->isWindowModified());
-    dialogs->answerNextWith(pictures->path(QStringLiteral("merged.png")));
-    action(QStringLiteral("Save"))->trigger();
-    QCOMPARE(dialogs->offered, QStringList{pictures->path(QStringLiteral("s1-HDR.jpg"))});
-    QVERIFY(QFile::exists(pictures->path(QStringLiteral("merged.png"))));
-}
-
-void MainWindowTest::merge_unsavedDocument_saveAnswerRunsTheSaveAction()
-{
-    openAndWait({pictures->add(QStringLiteral("work.png"))});
-    current()->setSaveAble(true);
-    boxes->answerNextWith(QMessageBox::Save);
-    mergeAction()->trigger();
-    QCOMPARE(boxes->shown().first().title, QStringLiteral("Alert"));
-    QVERIFY(!current()->isSaveAble());
-    QVERIFY(panelFrame()->isVisible());
-}
-
-void MainWindowTest::merge_unsavedDocument_discardAnswerDropsTheMark()
-{
-    openAndWait({pictures->add(QStringLiteral("work.png"))});
-    current()->setSaveAble(true);
-    boxes->answerNextWith(QMessageBox::Discard);
-    mergeAction()->trigger();
-    QVERIFY(!current()->isSaveAble());
-}
-
 void MainWindowTest::close_unsavedDocument_cancelKeepsEverything()
 {
     openAndWait({pictures->add(QStringLiteral("work.png"))});
@@ -424,6 +335,27 @@ void MainWindowTest::close_unsavedDocument_cancelKeepsEverything()
     QVERIFY(current());
     boxes->answerNextWith(QMessageBox::Discard);
     QVERIFY(window->close());
+}
+
+void MainWindowTest::closeOthers_leavesOneDocument()
+{
+    openAndWait(pictures->addBracket(4, {30, 20}));
+    VeskContext *kept = documents->documents().at(1);
+    Q_EMIT documents->closeOthersRequested(kept);
+    QCOMPARE(documents->documents(), QList<VeskContext *>{kept});
+    QCOMPARE(current(), kept);
+}
+
+void MainWindowTest::closeOthers_cancelled_keepsTheRest()
+{
+    openAndWait(pictures->addBracket(4, {30, 20}));
+    const QList<VeskContext *> all = documents->documents();
+    all.at(2)->setSaveAble(true);
+    boxes->answerNextWith(QMessageBox::Cancel);
+    Q_EMIT documents->closeOthersRequested(all.at(1));
+    QCOMPARE(documents->documents(), all.mid(1));
+    QCOMPARE(current(), all.at(2)); // what was asked about
+    all.at(2)->setSaveAble(false);
 }
 
 void MainWindowTest::close_remembersTheWindow()

@@ -35,6 +35,9 @@ private Q_SLOTS:
     void histogram_visibility_isTheSetting();
     void layers_areListedUppermostFirst();
     void layers_untick_hidesTheLayerAndMarksTheDocument();
+    void layers_offAndOn_leavesTheFileUnmodified();
+    void layers_offAndOn_ofUnsavedWork_leavesItModified();
+    void layers_onAfterSavingWithoutIt_modifiesTheFile();
     void layers_choice_isTheCurrentLayer();
     void statusBar_showsSizeZoomAndColour();
     void statusBar_namesWhatIsOpened();
@@ -165,6 +168,43 @@ void DocksTest::layers_untick_hidesTheLayerAndMarksTheDocument()
     QVERIFY(document->isSaveAble());
     QCoreApplication::processEvents(); // the list is built anew
     QCOMPARE(list->item(0)->checkState(), Qt::Unchecked);
+}
+
+void DocksTest::layers_offAndOn_leavesTheFileUnmodified()
+{
+    addLayer(QStringLiteral("over"), qRgb(0, 0, 0));
+    LayerDock dock;
+    dock.showDocument(document.get());
+    const auto tick = [&dock](int row, Qt::CheckState state) {
+        dock.findChild<QListWidget *>()->item(row)->setCheckState(state);
+        QCoreApplication::processEvents(); // the list is built anew
+    };
+    tick(0, Qt::Unchecked);
+    tick(1, Qt::Unchecked);
+    tick(0, Qt::Checked);
+    QVERIFY(document->isSaveAble());
+    tick(1, Qt::Checked);
+    QVERIFY(!document->isSaveAble());
+}
+
+void DocksTest::layers_offAndOn_ofUnsavedWork_leavesItModified()
+{
+    document->setSaveAble(true);
+    document::setLayerVisible(*document, 0, false);
+    document::setLayerVisible(*document, 0, true);
+    QVERIFY(document->isSaveAble());
+}
+
+void DocksTest::layers_onAfterSavingWithoutIt_modifiesTheFile()
+{
+    addLayer(QStringLiteral("over"), qRgb(0, 0, 0));
+    document::setLayerVisible(*document, 1, false);
+    document::markSaved(*document);
+    document->setSaveAble(true); // by a tool
+    document::setLayerVisible(*document, 1, true);
+    QVERIFY(document->isSaveAble());
+    document::setLayerVisible(*document, 1, false);
+    QVERIFY(!document->isSaveAble()); // what the file holds
 }
 
 void DocksTest::layers_choice_isTheCurrentLayer()
