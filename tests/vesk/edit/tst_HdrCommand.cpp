@@ -5,11 +5,13 @@
 #include "MainWindow.h"
 #include "PictureFolder.h"
 
+#include <LoadedPicture.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskFilterContainer.h>
 
 #include <QAction>
+#include <QColorSpace>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -26,6 +28,8 @@ private Q_SLOTS:
     void tools_areToldFolderAndSelection();
     void merge_withoutDocument_worksFromTheFilmStrip();
     void merge_result_keepsItsSourcesNameAndIsUnsaved();
+    void merge_profileAndResolution_arriveInTheSavedFile_data();
+    void merge_profileAndResolution_arriveInTheSavedFile();
     void merge_unsavedDocument_saveAnswerRunsTheSaveAction();
     void merge_unsavedDocument_discardedAndCancelled_staysModified();
     void merge_unsavedDocument_discarded_isReplacedForGood();
@@ -74,6 +78,38 @@ void HdrCommandTest::merge_result_keepsItsSourcesNameAndIsUnsaved()
     action(QStringLiteral("Save"))->trigger();
     QCOMPARE(dialogs->offered, QStringList{pictures->path(QStringLiteral("s1-HDR.jpg"))});
     QVERIFY(QFile::exists(pictures->path(QStringLiteral("merged.png"))));
+}
+
+void HdrCommandTest::merge_profileAndResolution_arriveInTheSavedFile_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"merged.png", "merged.jpg", "merged.tif"})
+        QTest::addRow("%s", name) << QString::fromLatin1(name);
+}
+
+void HdrCommandTest::merge_profileAndResolution_arriveInTheSavedFile()
+{
+    QFETCH(QString, name);
+    const QStringList bracket = pictures->addBracket(3, {90, 70});
+    for (const QString &path : bracket) {
+        QImage shot(path);
+        shot.setColorSpace(QColorSpace::DisplayP3);
+        shot.setDotsPerMeterX(11811); // 300 dpi
+        shot.setDotsPerMeterY(11811);
+        QVERIFY(shot.save(path));
+    }
+    window->openPaths({pictures->folder()});
+    QTRY_COMPARE(strip->model()->rowCount(), 3);
+    strip->selectAll();
+    mergeSelected();
+    dialogs->answerNextWith(pictures->path(name));
+    action(QStringLiteral("Save"))->trigger();
+    const std::atomic<bool> neverCancelled{false};
+    const QImage saved = loadPicture(pictures->path(name), neverCancelled).image;
+    QCOMPARE(saved.size(), QSize(90, 70));
+    QCOMPARE(saved.colorSpace(), QColorSpace(QColorSpace::DisplayP3));
+    QCOMPARE(saved.dotsPerMeterX(), 11811);
+    QCOMPARE(saved.dotsPerMeterY(), 11811);
 }
 
 void HdrCommandTest::merge_unsavedDocument_saveAnswerRunsTheSaveAction()
