@@ -73,9 +73,11 @@ void sortByTime(std::vector<Shot> &shots)
         QString stem;
     };
     QHash<QString, Key> keys;
-    for (const Shot &shot : shots)
-        keys.insert(shot.path, {QFileInfo(shot.path).lastModified(), stemOf(shot.path)});
-    std::sort(shots.begin(), shots.end(), [&keys](const Shot &one, const Shot &other) {
+    for (const Shot &shot : shots) {
+        const file_names::ReadablePath file(shot.path);
+        keys.insert(shot.path, {QFileInfo(file.path()).lastModified(), stemOf(shot.path)});
+    }
+    std::stable_sort(shots.begin(), shots.end(), [&keys](const Shot &one, const Shot &other) {
         if (one.takenAt != other.takenAt)
             return one.takenAt < other.takenAt;
         const Key oneKey = keys.value(one.path);
