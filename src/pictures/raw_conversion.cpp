@@ -11,36 +11,33 @@ struct PictureDecoder
     Q_DECLARE_TR_FUNCTIONS(PictureDecoder)
 };
 
-/// What VeskRaw says in words, as an error. The only place that knows these words.
-DecodeError errorOf(const QString &words)
+DecodeError errorOf(VeskRaw::Failure failure)
 {
-    static constexpr struct
-    {
-        const char *words;
-        DecodeError error;
-    } kErrors[] = {
-        {"Not enough memory", DecodeError::NoMemory},
-        {"Unsufficient memory", DecodeError::NoMemory},
-        {"The picture has more pixels than allowed", DecodeError::TooLarge},
-        {"Image too big for processing", DecodeError::TooLarge},
-        {"Cancelled by user callback", DecodeError::Cancelled},
-    };
-    for (const auto &known : kErrors) {
-        if (words == QCoreApplication::translate("VeskRaw", known.words))
-            return known.error;
+    switch (failure) {
+    case VeskRaw::Failure::NoMemory:
+        return DecodeError::NoMemory;
+    case VeskRaw::Failure::TooLarge:
+        return DecodeError::TooLarge;
+    case VeskRaw::Failure::Cancelled:
+        return DecodeError::Cancelled;
+    case VeskRaw::Failure::Unreadable:
+        return DecodeError::Unreadable;
+    default: // of the file, or of what converts it
+        return DecodeError::Damaged;
     }
-    return DecodeError::Damaged;
 }
 
 } // namespace
 
 DecodedPicture picture::convertRaw(const QString &path, const ReadOptions &options)
 {
-    VeskRaw::setPixelLimit(options.pixelLimit);
-    const bool isHalfEnough = options.side > 0;
-    VeskRaw::Conversion raw = VeskRaw::convert(path, isHalfEnough, options.cancelled);
+    VeskRaw::Options how;
+    how.quick = options.side > 0;
+    how.bitsPerChannel = options.depth == ReadOptions::Depth::AsStored ? 16 : 8;
+    how.pixelLimit = options.pixelLimit;
+    VeskRaw::Conversion raw = VeskRaw::convert(path, how, options.cancelled);
     if (!raw.picture.isNull())
         return {std::move(raw.picture), DecodeError::None, {}};
     const QString reason = PictureDecoder::tr("the camera raw file cannot be converted: %1");
-    return {{}, errorOf(raw.error), reason.arg(raw.error)};
+    return {{}, errorOf(raw.failure), reason.arg(raw.error)};
 }

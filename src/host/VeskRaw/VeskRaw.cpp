@@ -94,19 +94,24 @@ static_assert(int(raw::Failure::Library) == int(VeskRaw::Failure::Library) &&
               int(raw::Failure::Count) == int(VeskRaw::Failure::CannotStart));
 static_assert(int(raw::ColourSpace::DisplayP3) == int(VeskRaw::ColourSpace::DisplayP3));
 
+qint64 pixelLimitOf(const VeskRaw::Options &options)
+{
+    return options.pixelLimit > 0 ? options.pixelLimit : VeskRaw::pixelLimit();
+}
+
 QByteArrayList argumentsFor(const QString &path, const VeskRaw::Options &options)
 {
     return {QFile::encodeName(path),
-            QByteArray::number(VeskRaw::pixelLimit()),
+            QByteArray::number(pixelLimitOf(options)),
             QByteArray::number(int(options.quick)),
             QByteArray::number(options.bitsPerChannel == 16 ? 16 : 8),
             QByteArray::number(int(options.colourSpace)),
             QByteArray::number(VeskRaw::memoryLimit())};
 }
 
-bool isSensible(const ConverterAnswer &answer)
+bool isSensible(const ConverterAnswer &answer, qint64 pixelLimit)
 {
-    const qint64 limit = kLargestStretch * VeskRaw::pixelLimit();
+    const qint64 limit = kLargestStretch * pixelLimit;
     return answer.magic == ConverterAnswer::kMagic &&
            answer.failure < std::uint32_t(raw::Failure::Count) &&
            (answer.failure != 0 || (answer.width > 0 && answer.height > 0 &&
@@ -148,7 +153,7 @@ public:
             return failedWithoutAnswer();
         if (reading != ConverterProcess::Reading::Complete)
             return failedAs(reading);
-        if (!isSensible(answer))
+        if (!isSensible(answer, pixelLimitOf(options)))
             return failed(VeskRaw::Failure::Ended);
         return answer.failure != 0 ? failedAs(answer) : readPicture(answer);
     }

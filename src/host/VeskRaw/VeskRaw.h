@@ -42,6 +42,7 @@ public:
         /// 8 gives QImage::Format_RGB32, 16 QImage::Format_RGBX64.
         int bitsPerChannel = 8;
         ColourSpace colourSpace = ColourSpace::Srgb;
+        qint64 pixelLimit = 0; ///< as setPixelLimit, for this conversion alone; 0: that one
     };
 
     /// Outcome of a conversion: a picture, or a null picture and the reason, also in words for the
