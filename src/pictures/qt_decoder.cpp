@@ -111,8 +111,6 @@ QImage::Format wantedFormat(const QImage &picture, ReadOptions::Depth depth)
 {
     const bool isDeepWanted = depth == ReadOptions::Depth::AsStored;
     switch (picture.format()) {
-    case QImage::Format_ARGB32_Premultiplied:
-        return QImage::Format_ARGB32;
     case QImage::Format_RGBX64:
         return isDeepWanted ? QImage::Format_RGBX64 : QImage::Format_RGB32;
     case QImage::Format_RGBA64:
@@ -121,8 +119,12 @@ QImage::Format wantedFormat(const QImage &picture, ReadOptions::Depth depth)
     case QImage::Format_Grayscale16:
         return isDeepWanted ? QImage::Format_Grayscale16 : QImage::Format_Grayscale8;
     default:
-        return picture.format();
+        break;
     }
+    // The engine reads words of 32 bits as they stand, whatever they mean.
+    if (picture.depth() < 32)
+        return picture.format();
+    return picture.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32;
 }
 
 /// Colours that are not multiplied with alpha, and no more levels than are wanted. In place.
