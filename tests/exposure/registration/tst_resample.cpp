@@ -116,7 +116,7 @@ void tst_resample::wholeShift_copiesPixels_data()
 void tst_resample::wholeShift_copiesPixels()
 {
     QFETCH(int, format);
-    const QImage words = randomPicture({40, 30}, QImage::Format_RGB30);
+    const QImage words = randomPicture({40, 30}, QImage::Format_RGB888);
     const QImage shot = words.convertToFormat(QImage::Format(format));
     const QImage moved = resample(shot, bent(shiftMatrix(5, -3)), shot.size());
     for (int y = 0; y < 30; ++y) {
