@@ -6,7 +6,7 @@ namespace {
 
 constexpr int kSide = 15;
 constexpr int kStep = 8;
-constexpr double kLeastDeviation = 2.0;
+constexpr double kLeastDeviation = 6.0;
 constexpr int kDarkest = 3;
 constexpr int kBrightest = 252;
 

@@ -10,6 +10,6 @@ struct LocalCorrelation
 };
 
 /// Mean correlation of grey in windows of 15 x 15 pixels, eight pixels apart. Windows count where
-/// both pictures have texture (a deviation of two grey levels) and nothing in them is clipped or
+/// both pictures have texture (a deviation of six grey levels) and nothing in them is clipped or
 /// uncovered (alpha 0). Pictures of one size, any format.
 LocalCorrelation localCorrelation(const QImage &first, const QImage &second);

@@ -132,8 +132,6 @@ QString registration::reasonText(Reason reason)
         return QStringLiteral("there is too little detail that both pictures show");
     case Reason::NoMatch:
         return QStringLiteral("it does not show the same scene as the others");
-    case Reason::TooDistorted:
-        return QStringLiteral("no movement of a camera explains how it differs");
     }
     return {};
 }
