@@ -1,11 +1,11 @@
 #include "engine_pictures.h"
+#include "engine_targets.h"
 #include "little_memory.h"
 #include "mtb_alignment.h"
 #include "mtb_alignment_plain.h"
 #include "mtb_search.h"
 #include "mtb_shifts.h"
 #include "parallel_rows.h"
-#include "vector_targets.h"
 
 #include <QImageReader>
 #include <QProcess>
@@ -463,7 +463,7 @@ void MtbAlignmentTest::randomPictures_equalThePlainCode()
         QImage a = pictures::noise(size, formats[int(random() % 5)], random);
         QImage b = pictures::noise(size, formats[int(random() % 5)], random);
         const vectorTargets::Forced forced(targets[size_t(round) % targets.size()]);
-        QVERIFY(forced.isRunning());
+        QVERIFY(vectorTargets::isEngineRunning(forced));
         const int levels = int(random() % 4);
         QPoint fast;
         QPoint plain;
@@ -482,7 +482,7 @@ void MtbAlignmentTest::randomGreyImagesThresholdsAndLevels_equalThePlainCode()
         const QImage a = pictures::greyNoise(size, random);
         const QImage b = pictures::greyNoise(size, random);
         const vectorTargets::Forced forced(targets[size_t(round) % targets.size()]);
-        QVERIFY(forced.isRunning());
+        QVERIFY(vectorTargets::isEngineRunning(forced));
         const int threshold1 = int(random() % 270) - 6;
         const int threshold2 = int(random() % 270) - 6;
         const int tolerance = int(random() % 120) - 10;
@@ -540,7 +540,7 @@ void MtbAlignmentTest::photographs_equalThePlainCode()
     const std::vector<QPoint> plain = plain::pairShifts(list);
     for (const int64_t target : vectorTargets::all()) {
         const vectorTargets::Forced forced(target);
-        QVERIFY2(forced.isRunning(), hwy::TargetName(target));
+        QVERIFY2(vectorTargets::isEngineRunning(forced), hwy::TargetName(target));
         const std::vector<QPoint> fast = mtb::pairShifts(list);
         QVERIFY2(fast == plain, hwy::TargetName(target));
     }

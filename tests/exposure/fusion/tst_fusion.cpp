@@ -33,7 +33,7 @@ private:
 void tst_fusion::compareOnEveryTarget(const std::vector<Shot> &shots, const Options &options)
 {
     const QImage plain = fusePlain(shots, options);
-    for (const int64_t target : vectorTargets::supported()) {
+    for (const int64_t target : vectorTargets::all()) {
         const vectorTargets::Forced forced(target);
         const fusion::Result result = fusion::fuse(shots, options);
         QCOMPARE(result.status, fusion::Status::Done);

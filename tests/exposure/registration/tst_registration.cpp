@@ -396,7 +396,7 @@ void tst_registration::threadsAndTargets_giveEqualResults()
         QVERIFY(areEqual(registerShots(shots), expected));
     }
     parallel::setThreadLimit(0);
-    for (int64_t target : vectorTargets::supported()) {
+    for (int64_t target : vectorTargets::all()) {
         const vectorTargets::Forced forced(target);
         QVERIFY2(areEqual(registerShots(shots), expected), hwy::TargetName(target));
     }

@@ -20,7 +20,7 @@ constexpr size_t kWidths[] = {1, 2, 7, 8, 9, 15, 16, 17, 31, 32, 33, 63, 64, 67,
 template <typename Check>
 void onEveryTarget(const Check &check)
 {
-    for (int64_t target : vectorTargets::supported()) {
+    for (int64_t target : vectorTargets::all()) {
         const vectorTargets::Forced forced(target);
         QVERIFY2(check(), hwy::TargetName(target));
     }

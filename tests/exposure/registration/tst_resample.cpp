@@ -292,7 +292,7 @@ void tst_resample::threadsAndTargets_giveEqualPixels()
             QCOMPARE(resample(shot, bent(kHand), shot.size()), expected);
         }
         parallel::setThreadLimit(0);
-        for (int64_t target : vectorTargets::supported()) {
+        for (int64_t target : vectorTargets::all()) {
             const vectorTargets::Forced forced(target);
             QVERIFY2(resample(shot, bent(kHand), shot.size()) == expected, hwy::TargetName(target));
         }

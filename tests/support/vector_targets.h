@@ -1,8 +1,5 @@
 #pragma once
 
-#include "exposure_merge_rows.h"
-#include "mtb_rows.h"
-
 #include <hwy/targets.h>
 
 #include <vector>
@@ -35,11 +32,7 @@ public:
     Forced(const Forced &) = delete;
     Forced &operator=(const Forced &) = delete;
 
-    /// True when the engine really runs it, and nothing else under its name.
-    bool isRunning() const { return merge::rowTarget() == target && mtb::rowTarget() == target; }
-
-private:
-    int64_t target;
+    const int64_t target;
 };
 
 } // namespace vectorTargets
