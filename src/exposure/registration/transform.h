@@ -28,10 +28,9 @@ enum class Kind {
 /// Why a shot is unaligned.
 enum class Reason {
     None,
-    TooSmall,    ///< fewer pixels than the method needs
-    NoDetail,    ///< nothing to hold on to: flat, black, clipped
-    NoMatch,     ///< the two pictures do not show the same thing, or not enough of it
-    TooDistorted ///< the motion found is none that a hand-held camera makes
+    TooSmall, ///< fewer pixels than the method needs
+    NoDetail, ///< nothing to hold on to: flat, black, clipped
+    NoMatch   ///< the two pictures do not show the same thing, or not enough of it
 };
 
 /// How one shot lies over the reference.
