@@ -17,15 +17,15 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: decode_encode PICTURE... OUT.jpg\n");
         return 64;
     }
-    const auto decoded =
-        loadPictures(arguments.mid(1, arguments.size() - 2), kDefaultPixelLimit, [](int) {});
+    const auto decoded = command_line::loadPictures(arguments.mid(1, arguments.size() - 2),
+                                                    kDefaultPixelLimit, [](int) {});
     for (const DecodedPicture &picture : decoded) {
         if (picture.error != DecodeError::None)
             return 65;
     }
     WriteOptions options;
     options.mayReplace = true;
-    return writePicture(decoded.front().image, arguments.last(), PictureFormat::Jpeg, options)
+    return picture::write(decoded.front().image, arguments.last(), PictureFormat::Jpeg, options)
                    .reason.isEmpty()
                ? 0
                : 74;

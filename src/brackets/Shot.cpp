@@ -47,12 +47,12 @@ std::optional<double> Shot::exposureStops() const
     return std::log2(exposureSeconds * iso / (fNumber * fNumber));
 }
 
-ShotReading readShot(const QString &name)
+ShotReading brackets::readShot(const QString &name)
 {
     const file_names::ReadablePath file(name);
     const QString &path = file.path();
     ShotReading reading;
-    reading.shot = VeskRawType::isRaw(path) ? readRawShot(path) : readFromExif(path);
+    reading.shot = VeskRawType::isRaw(path) ? brackets::readRawShot(path) : readFromExif(path);
     const Shot &shot = reading.shot;
     reading.shot.path = name;
     if (!shot.takenAt.isValid())

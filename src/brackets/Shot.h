@@ -32,6 +32,10 @@ struct ShotReading
     QString problem; ///< empty on success
 };
 
+namespace brackets {
+
 /// Reads a picture's header: EXIF data of JPEG, PNG and TIFF files, and camera raw files through
 /// LibRaw. The pixels are not decoded. Any thread, reentrant.
 ShotReading readShot(const QString &path);
+
+} // namespace brackets

@@ -26,7 +26,7 @@ bool isBefore(const Shot &one, const Shot &other)
         return kind(one) < kind(other);
     if (one.takenAt != other.takenAt)
         return one.takenAt < other.takenAt;
-    return isBeforeNaturally(one.path, other.path);
+    return brackets::isBeforeNaturally(one.path, other.path);
 }
 
 bool continues(const Shot &earlier, const Shot &later, double largestGapSeconds)
@@ -127,7 +127,7 @@ void cut(Iterator first, Iterator last, int fewestPictures, std::vector<Bracket>
 
 } // namespace
 
-std::vector<Bracket> findBrackets(std::vector<Shot> shots, const BracketRules &rules)
+std::vector<Bracket> brackets::find(std::vector<Shot> shots, const BracketRules &rules)
 {
     std::sort(shots.begin(), shots.end(), isBefore);
     std::vector<Bracket> brackets;

@@ -13,6 +13,8 @@ struct BracketRules
 /// Shots in the order in which they were taken.
 using Bracket = std::vector<Shot>;
 
+namespace brackets {
+
 /// The brackets among these shots, by time; shots in none are left out.
 ///
 /// A bracket is a run of shots of one camera, size and orientation, with small gaps, whose
@@ -21,4 +23,6 @@ using Bracket = std::vector<Shot>;
 /// so that as many shots as possible belong to one with even steps. That tells brackets taken one
 /// after the other apart, in whatever order the camera takes them, and single shots just before or
 /// after one.
-std::vector<Bracket> findBrackets(std::vector<Shot> shots, const BracketRules &rules);
+std::vector<Bracket> find(std::vector<Shot> shots, const BracketRules &rules);
+
+} // namespace brackets

@@ -46,7 +46,7 @@ std::vector<PictureFile> picturesIn(const QString &folder)
     }
     std::stable_sort(pictures.begin(), pictures.end(),
                      [](const PictureFile &one, const PictureFile &other) {
-                         return isBeforeNaturally(stemOf(one.path), stemOf(other.path));
+                         return brackets::isBeforeNaturally(stemOf(one.path), stemOf(other.path));
                      });
     return pictures;
 }
@@ -82,8 +82,9 @@ void sortByTime(std::vector<Shot> &shots)
             return one.takenAt < other.takenAt;
         const Key oneKey = keys.value(one.path);
         const Key otherKey = keys.value(other.path);
-        return oneKey.written != otherKey.written ? oneKey.written < otherKey.written
-                                                  : isBeforeNaturally(oneKey.stem, otherKey.stem);
+        return oneKey.written != otherKey.written
+                   ? oneKey.written < otherKey.written
+                   : brackets::isBeforeNaturally(oneKey.stem, otherKey.stem);
     });
 }
 
@@ -135,12 +136,13 @@ private:
 
 } // namespace
 
-std::vector<Shot> readFolder(const QString &folder, const FolderRules &rules,
-                             const std::function<void(const QString &, const QString &)> &leftOut)
+std::vector<Shot>
+brackets::readFolder(const QString &folder, const FolderRules &rules,
+                     const std::function<void(const QString &, const QString &)> &leftOut)
 {
     std::vector<Shot> shots;
     for (const PictureFile &picture : withoutTwins(picturesIn(folder), rules.preferRaw)) {
-        const ShotReading reading = readShot(picture.path);
+        const ShotReading reading = brackets::readShot(picture.path);
         if (reading.problem.isEmpty())
             shots.push_back(reading.shot);
         else

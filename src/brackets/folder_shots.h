@@ -12,6 +12,8 @@ struct FolderRules
     bool preferRaw = false; ///< of a picture that was recorded both raw and developed
 };
 
+namespace brackets {
+
 /// Reads the pictures that lie in a folder, not those in folders below it. Hidden files and files
 /// that are no pictures are passed over. Of pictures that belong together one is taken: of a raw
 /// file and a developed file with the same base name, and of an original and what was made of it
@@ -20,3 +22,5 @@ struct FolderRules
 /// Returns them by time.
 std::vector<Shot> readFolder(const QString &folder, const FolderRules &rules,
                              const std::function<void(const QString &, const QString &)> &leftOut);
+
+} // namespace brackets

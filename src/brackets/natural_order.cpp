@@ -2,7 +2,7 @@
 
 #include <QCollator>
 
-bool isBeforeNaturally(const QString &one, const QString &other)
+bool brackets::isBeforeNaturally(const QString &one, const QString &other)
 {
     static thread_local const QCollator collator = [] {
         QCollator natural{QLocale(QLocale::English)}; // the C locale knows no numbers

@@ -58,7 +58,7 @@ int orientationOf(int flip)
 
 } // namespace
 
-Shot readRawShot(const QString &path)
+Shot brackets::readRawShot(const QString &path)
 {
     Shot shot;
     const auto raw = std::make_unique<LibRaw>(); // too large for the stack

@@ -77,7 +77,7 @@ std::unique_ptr<QImage> merged(const std::vector<QImage> &pictures, const merge:
 
 } // namespace
 
-DeviceCheck checkDevice(cl_device_id id)
+DeviceCheck command_line::checkDevice(cl_device_id id)
 {
     DeviceCheck check;
     check.problem = opencl::deviceProblem(id, kSize, kPictures);

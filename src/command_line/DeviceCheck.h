@@ -16,7 +16,11 @@ struct DeviceCheck
     bool isEqual() const { return problem.isEmpty() && differingBytes == 0; }
 };
 
+namespace command_line {
+
 /// Merges five pictures with every weight that there is, in several bands, on the device and on
 /// the processor. Both were warmed up when the time is taken; it is wall clock and the device's
 /// has the building of the program in it, as every merge has.
 DeviceCheck checkDevice(cl_device_id id);
+
+} // namespace command_line

@@ -132,7 +132,7 @@ public:
             problem = readReferences(parser, options);
         if (problem.isEmpty() && parser.isSet(ghostMask)) {
             options.ghostMask = parser.value(ghostMask);
-            if (!formatOfSuffix(options.ghostMask))
+            if (!picture::formatOfSuffix(options.ghostMask))
                 problem = QStringLiteral("the name of the ghost mask must end in .png, .jpg, "
                                          ".jpeg, .tif or .tiff");
         }
@@ -244,7 +244,7 @@ ParsedMergeOptions check(const MergeOptions &options)
                            .arg(fusion::kMostShots));
     if (options.output.isEmpty())
         return problem(QStringLiteral("merge: no output file given, name it with -o"));
-    if (!formatOfSuffix(options.output))
+    if (!picture::formatOfSuffix(options.output))
         return problem(
             QStringLiteral("unknown kind of output file, the name must end in .png, .jpg, .jpeg, "
                            ".tif or .tiff"),
@@ -261,7 +261,7 @@ ParsedMergeOptions check(const MergeOptions &options)
 
 } // namespace
 
-ParsedMergeOptions parseMergeOptions(const QStringList &words)
+ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
 {
     const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")}, {},
                                     QStringLiteral("file"));
@@ -293,7 +293,7 @@ ParsedMergeOptions parseMergeOptions(const QStringList &words)
     options.keepOrder = parser.isSet(keepOrder);
     options.pictures = inMergeOrder(parser.positionalArguments(), options.keepOrder);
     options.output = parser.value(output);
-    options.format = formatOfSuffix(options.output).value_or(PictureFormat::Png);
+    options.format = picture::formatOfSuffix(options.output).value_or(PictureFormat::Png);
     options.isQualityUnused = parser.isSet(quality) && options.format != PictureFormat::Jpeg;
     options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
     if (parser.isSet(megapixels))

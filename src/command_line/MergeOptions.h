@@ -40,4 +40,8 @@ struct ParsedMergeOptions
     QString problem; ///< empty when the options are all right
 };
 
+namespace command_line {
+
 ParsedMergeOptions parseMergeOptions(const QStringList &words);
+
+} // namespace command_line

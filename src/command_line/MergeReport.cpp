@@ -107,7 +107,7 @@ bool MergeReport::isAtLimit(size_t i) const
            std::abs(shift.y()) >= largestFindableShift;
 }
 
-QString toJson(const MergeReport &report)
+QString command_line::toJson(const MergeReport &report)
 {
     const bool isMean = report.method == MergeMethod::Mean;
     QJsonObject object{
@@ -133,7 +133,7 @@ QString toJson(const MergeReport &report)
     return QString::fromUtf8(QJsonDocument(object).toJson()).trimmed();
 }
 
-QString toLines(const MergeReport &report)
+QString command_line::toLines(const MergeReport &report)
 {
     QString lines = timeLine(QStringLiteral("decode"), report.milliseconds.decode);
     if (report.isAligned)
@@ -154,7 +154,7 @@ QString toLines(const MergeReport &report)
                .arg(report.area.height());
 }
 
-QString toSummary(const MergeReport &report)
+QString command_line::toSummary(const MergeReport &report)
 {
     return QStringLiteral("%1: %2 x %3 pixels from %4 pictures in %5 s")
         .arg(report.output)

@@ -41,6 +41,8 @@ struct MergeReport
     bool isAtLimit(size_t i) const;
 };
 
+namespace command_line {
+
 /// One JSON object, with a line break after each member.
 QString toJson(const MergeReport &report);
 
@@ -49,3 +51,5 @@ QString toLines(const MergeReport &report);
 
 /// One line for a person who waited for it.
 QString toSummary(const MergeReport &report);
+
+} // namespace command_line

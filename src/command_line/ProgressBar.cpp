@@ -17,13 +17,15 @@ constexpr int kBarWidth = 30;
 bool canRedraw()
 {
     const char *terminal = std::getenv("TERM");
-    return ::isatty(::fileno(ownErrorStream())) && terminal && std::strcmp(terminal, "dumb") != 0;
+    return ::isatty(::fileno(library_messages::ownErrorStream())) && terminal &&
+           std::strcmp(terminal, "dumb") != 0;
 }
 
 void redraw(const QString &line)
 {
-    std::fputs(("\r" + line.toLocal8Bit() + "\x1b[K").constData(), ownErrorStream());
-    std::fflush(ownErrorStream());
+    std::fputs(("\r" + line.toLocal8Bit() + "\x1b[K").constData(),
+               library_messages::ownErrorStream());
+    std::fflush(library_messages::ownErrorStream());
 }
 
 } // namespace

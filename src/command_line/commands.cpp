@@ -19,9 +19,12 @@ struct Command
 };
 
 constexpr std::array kCommands = {
-    Command{"merge", "Merge pictures of one scene into one", runMerge, mergeHelp},
-    Command{"devices", "List or check the OpenCL devices", runDevices, devicesHelp},
-    Command{"group", "Find the brackets in a folder", runGroup, groupHelp},
+    Command{"merge", "Merge pictures of one scene into one", command_line::runMerge,
+            command_line::mergeHelp},
+    Command{"devices", "List or check the OpenCL devices", command_line::runDevices,
+            command_line::devicesHelp},
+    Command{"group", "Find the brackets in a folder", command_line::runGroup,
+            command_line::groupHelp},
 };
 
 QString programHelp()
@@ -79,7 +82,7 @@ bool asksForHelp(const QStringList &words)
     });
 }
 
-ExitCode run(const QStringList &words)
+ExitCode runWords(const QStringList &words)
 {
     const QString &first = words.first();
     if (const Command *command = commandNamed(first))
@@ -93,13 +96,13 @@ ExitCode run(const QStringList &words)
 
 } // namespace
 
-ExitCode runProgram(const QStringList &words)
+ExitCode command_line::run(const QStringList &words)
 {
     if (words.isEmpty()) {
         console::complain({}, QStringLiteral("no command given, see 'veskhdr --help'"));
         return ExitCode::Usage;
     }
-    const ExitCode code = run(words);
+    const ExitCode code = runWords(words);
     const QString failure = console::outputFailure();
     if (failure.isEmpty())
         return code;

@@ -4,5 +4,9 @@
 
 #include <QStringList>
 
+namespace command_line {
+
 /// Runs what the words after the program's name ask for.
-ExitCode runProgram(const QStringList &words);
+ExitCode run(const QStringList &words);
+
+} // namespace command_line

@@ -37,7 +37,7 @@ void console::complain(const QString &file, const QString &reason)
     QString line = QStringLiteral("veskhdr: ");
     if (!file.isEmpty())
         line += file + QStringLiteral(": ");
-    write(ownErrorStream(), line + reason);
+    write(library_messages::ownErrorStream(), line + reason);
 }
 
 void console::print(const QString &line)

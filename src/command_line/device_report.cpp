@@ -60,7 +60,7 @@ QJsonValue textOrNull(const QString &text)
 
 } // namespace
 
-QString toLines(const VeskDeviceInfo::OpenCLDevice &device)
+QString command_line::toLines(const VeskDeviceInfo::OpenCLDevice &device)
 {
     return device.name + QLatin1Char('\n') + line("vendor", device.vendor) +
            line("driver version", device.driverVersion) +
@@ -78,7 +78,7 @@ QString toLines(const VeskDeviceInfo::OpenCLDevice &device)
                .prepend(QLatin1String("  "));
 }
 
-QJsonObject toJson(const VeskDeviceInfo::OpenCLDevice &device)
+QJsonObject command_line::toJson(const VeskDeviceInfo::OpenCLDevice &device)
 {
     return {
         {QStringLiteral("name"), device.name},

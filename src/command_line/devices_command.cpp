@@ -54,8 +54,8 @@ struct Outcome
 void list(const QList<Device> &devices, Outcome &outcome)
 {
     for (const Device &device : devices) {
-        outcome.json.append(toJson(device));
-        outcome.lines.append(toLines(device));
+        outcome.json.append(command_line::toJson(device));
+        outcome.lines.append(command_line::toLines(device));
     }
     if (devices.isEmpty())
         outcome.lines.append(QStringLiteral("There is no OpenCL device that the merge can use."));
@@ -100,8 +100,8 @@ QString times(const DeviceCheck &check)
 void checkEach(const QList<Device> &devices, Outcome &outcome)
 {
     for (const Device &device : devices) {
-        const DeviceCheck check = checkDevice(device.id);
-        QJsonObject object = toJson(device);
+        const DeviceCheck check = command_line::checkDevice(device.id);
+        QJsonObject object = command_line::toJson(device);
         object.insert(QStringLiteral("check"), toJson(check));
         outcome.json.append(object);
         if (check.isEqual())
@@ -140,7 +140,7 @@ QString documentOf(const VeskDeviceInfo &registry, const QJsonArray &devices)
 
 } // namespace
 
-ExitCode runDevices(const QStringList &words)
+ExitCode command_line::runDevices(const QStringList &words)
 {
     const DevicesOptions options = parse(words);
     if (!options.problem.isEmpty()) {
@@ -160,7 +160,7 @@ ExitCode runDevices(const QStringList &words)
     return outcome.code;
 }
 
-QString devicesHelp()
+QString command_line::devicesHelp()
 {
     return QStringLiteral(
         R"(Usage: veskhdr devices [--json]

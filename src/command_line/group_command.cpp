@@ -78,7 +78,7 @@ QStringList foldersFrom(const QString &folder, bool recursive)
                        QDirIterator::Subdirectories);
     while (below.hasNext())
         folders += below.next();
-    std::sort(folders.begin(), folders.end(), isBeforeNaturally);
+    std::sort(folders.begin(), folders.end(), brackets::isBeforeNaturally);
     return folders;
 }
 
@@ -115,17 +115,17 @@ QString toJsonLine(const Bracket &bracket)
 
 void group(const QString &folder, const GroupOptions &options)
 {
-    const std::vector<Shot> shots =
-        readFolder(folder, options.folder, [](const QString &path, const QString &reason) {
+    const std::vector<Shot> shots = brackets::readFolder(
+        folder, options.folder, [](const QString &path, const QString &reason) {
             console::complain(path, QStringLiteral("left out, ") + reason);
         });
-    for (const Bracket &bracket : findBrackets(shots, options.bracket))
+    for (const Bracket &bracket : brackets::find(shots, options.bracket))
         console::print(toJsonLine(bracket));
 }
 
 } // namespace
 
-ExitCode runGroup(const QStringList &words)
+ExitCode command_line::runGroup(const QStringList &words)
 {
     const GroupOptions options = parse(words);
     if (!options.problem.isEmpty()) {
@@ -149,7 +149,7 @@ ExitCode runGroup(const QStringList &words)
     return code;
 }
 
-QString groupHelp()
+QString command_line::groupHelp()
 {
     return QStringLiteral(
         R"(Usage: veskhdr group [options] FOLDER...

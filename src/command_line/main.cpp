@@ -9,12 +9,12 @@
 int main(int argc, char **argv)
 {
     console::keepClosedStreamsClosed();
-    silenceImageLibraries();
+    library_messages::silence();
     interrupt::install();
     // Before Qt sees them: it keeps no bytes that are not UTF-8, and file names may have some.
     QStringList words;
     for (int i = 1; i < argc; ++i)
         words += file_names::fromBytes(argv[i]);
     const QCoreApplication application(argc, argv);
-    return static_cast<int>(runProgram(words));
+    return static_cast<int>(command_line::run(words));
 }

@@ -205,7 +205,7 @@ ExitCode Merge::decode()
     bar.show(0.0, QStringLiteral("Reading"));
     const LibraryMute mute;
     const std::vector<DecodedPicture> decoded =
-        loadPictures(options.pictures, options.pixelLimit, [this](int count) {
+        command_line::loadPictures(options.pictures, options.pixelLimit, [this](int count) {
             bar.show(kDecoded * count / options.pictures.size(), QStringLiteral("Reading"));
         });
     ExitCode first = ExitCode::Ok;
@@ -341,8 +341,9 @@ ExitCode Merge::writeGhostMask()
     how.quality = options.quality;
     how.mayReplace = options.mayReplace;
     how.temporaryName = interrupt::removeOnInterrupt;
-    const PictureFormat format = formatOfSuffix(options.ghostMask).value_or(PictureFormat::Png);
-    const WriteResult result = writePicture(ghosts, options.ghostMask, format, how);
+    const PictureFormat format =
+        picture::formatOfSuffix(options.ghostMask).value_or(PictureFormat::Png);
+    const WriteResult result = picture::write(ghosts, options.ghostMask, format, how);
     return result.error == OutputFile::Error::None
                ? ExitCode::Ok
                : refuse(exitCodeOf(result.error), options.ghostMask, result.reason);
@@ -371,7 +372,8 @@ ExitCode Merge::encode()
         bar.show(kMerged + (1 - kMerged) * written, QStringLiteral("Writing"));
     };
     writeOptions.temporaryName = interrupt::removeOnInterrupt;
-    const WriteResult result = writePicture(*merged, options.output, options.format, writeOptions);
+    const WriteResult result =
+        picture::write(*merged, options.output, options.format, writeOptions);
     if (result.error != OutputFile::Error::None)
         return refuse(exitCodeOf(result.error), options.output, result.reason);
     for (const QString &loss : result.leftOut)
@@ -412,18 +414,18 @@ void Merge::tell()
     warnOfLimits();
     warnOfUnaligned();
     if (options.json)
-        console::print(toJson(report));
+        console::print(command_line::toJson(report));
     else if (options.verbose)
-        console::print(toLines(report));
+        console::print(command_line::toLines(report));
     else if (console::isTerminal())
-        console::print(toSummary(report));
+        console::print(command_line::toSummary(report));
 }
 
 } // namespace
 
-ExitCode runMerge(const QStringList &words)
+ExitCode command_line::runMerge(const QStringList &words)
 {
-    const ParsedMergeOptions parsed = parseMergeOptions(words);
+    const ParsedMergeOptions parsed = command_line::parseMergeOptions(words);
     if (!parsed.problem.isEmpty()) {
         console::complain(parsed.file, parsed.problem);
         return ExitCode::Usage;
@@ -439,7 +441,7 @@ ExitCode runMerge(const QStringList &words)
     }
 }
 
-QString mergeHelp()
+QString command_line::mergeHelp()
 {
     return QStringLiteral(
         R"(Usage: veskhdr merge [options] PICTURE... -o OUT

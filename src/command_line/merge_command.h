@@ -4,8 +4,12 @@
 
 #include <QStringList>
 
+namespace command_line {
+
 /// "veskhdr merge": words are those after the command's name.
 ExitCode runMerge(const QStringList &words);
 
 /// What "veskhdr merge --help" shows.
 QString mergeHelp();
+
+} // namespace command_line

@@ -16,8 +16,8 @@ DecodedPicture load(const QString &name, const ReadOptions &options)
 
 } // namespace
 
-std::vector<DecodedPicture> loadPictures(const QStringList &paths, qint64 pixelLimit,
-                                         const std::function<void(int)> &onDecoded)
+std::vector<DecodedPicture> command_line::loadPictures(const QStringList &paths, qint64 pixelLimit,
+                                                       const std::function<void(int)> &onDecoded)
 {
     ReadOptions options;
     options.pixelLimit = pixelLimit;

@@ -2,7 +2,7 @@
 
 #include <QFileInfo>
 
-std::optional<PictureFormat> formatOfSuffix(const QString &path)
+std::optional<PictureFormat> picture::formatOfSuffix(const QString &path)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (suffix == QLatin1String("png"))

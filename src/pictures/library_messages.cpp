@@ -23,14 +23,14 @@ void showOnlyFatal(QtMsgType type, const QMessageLogContext &, const QString &te
 
 } // namespace
 
-void silenceImageLibraries()
+void library_messages::silence()
 {
     qInstallMessageHandler(showOnlyFatal);
     TIFFSetWarningHandler(nullptr);
     TIFFSetErrorHandler(nullptr);
 }
 
-std::FILE *ownErrorStream()
+std::FILE *library_messages::ownErrorStream()
 {
     static std::FILE *const stream = [] {
         const int copy = copyOf(STDERR_FILENO);
@@ -42,7 +42,7 @@ std::FILE *ownErrorStream()
 
 LibraryMute::LibraryMute()
 {
-    ownErrorStream(); // before standard error is taken away
+    library_messages::ownErrorStream(); // before standard error is taken away
     original = copyOf(STDERR_FILENO);
     const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     if (original >= 0 && nowhere >= 0)

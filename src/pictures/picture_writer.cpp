@@ -130,7 +130,7 @@ QString encode(const QImage &picture, PictureFormat format, const PictureMetadat
 
 } // namespace
 
-bool hasTransparency(const QImage &picture)
+bool picture::hasTransparency(const QImage &picture)
 {
     if (!picture.hasAlphaChannel())
         return false;
@@ -138,8 +138,8 @@ bool hasTransparency(const QImage &picture)
                                                                      : QImage::Format_ARGB32));
 }
 
-WriteResult writePicture(const QImage &picture, const QString &path, PictureFormat format,
-                         const WriteOptions &options)
+WriteResult picture::write(const QImage &picture, const QString &path, PictureFormat format,
+                           const WriteOptions &options)
 {
     const QImage words = encodable(picture, format, options.bitsPerSample);
     if (words.isNull())

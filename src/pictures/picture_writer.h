@@ -29,6 +29,8 @@ struct WriteResult
     QStringList leftOut; ///< what the file does not keep of the metadata, in English, for reports
 };
 
+namespace picture {
+
 /// Whether a pixel of the picture is not opaque. Any thread.
 bool hasTransparency(const QImage &picture);
 
@@ -37,5 +39,7 @@ bool hasTransparency(const QImage &picture);
 /// nothing is left. picture: any format, upright. PNG and TIFF files keep the alpha channel of a
 /// picture that has a pixel which is not opaque, and 16 bits per sample; JPEG files have neither,
 /// so there it is laid on white and rounded to 8 bits. Any thread, reentrant.
-WriteResult writePicture(const QImage &picture, const QString &path, PictureFormat format,
-                         const WriteOptions &options);
+WriteResult write(const QImage &picture, const QString &path, PictureFormat format,
+                  const WriteOptions &options);
+
+} // namespace picture

@@ -53,7 +53,7 @@ QString toText(const std::vector<Bracket> &brackets)
 
 QString find(const std::vector<Shot> &shots, const BracketRules &rules = {})
 {
-    return toText(findBrackets(shots, rules));
+    return toText(brackets::find(shots, rules));
 }
 
 } // namespace
@@ -186,7 +186,7 @@ void TestBracketFinder::sameTime_isOrderedByNumberInTheName()
 void TestBracketFinder::manualExposure_inEvenSteps_isABracket()
 {
     const std::vector<Bracket> brackets =
-        findBrackets({timed(1.0 / 125, 0), timed(1.0 / 30, 1), timed(1.0 / 8, 2)}, {});
+        brackets::find({timed(1.0 / 125, 0), timed(1.0 / 30, 1), timed(1.0 / 8, 2)}, {});
     QCOMPARE(brackets.size(), size_t(1));
     QCOMPARE(brackets[0].size(), size_t(3));
 }
@@ -201,19 +201,19 @@ void TestBracketFinder::biasUnknown_fallsBackToTheExposure()
 {
     std::vector<Shot> shots{timed(1.0 / 64, 0), timed(1.0 / 16, 1), timed(1.0 / 4, 2)};
     shots[1].exposureBias.reset();
-    QCOMPARE(findBrackets(shots, {}).size(), size_t(1));
+    QCOMPARE(brackets::find(shots, {}).size(), size_t(1));
 }
 
 void TestBracketFinder::nothingKnown_isNoBracket()
 {
     std::vector<Shot> shots = burst({0, 0, 0});
     shots[1].exposureBias.reset();
-    QCOMPARE(findBrackets(shots, {}).size(), size_t(0));
+    QCOMPARE(brackets::find(shots, {}).size(), size_t(0));
 }
 
 void TestBracketFinder::noShots_giveNoBrackets()
 {
-    QCOMPARE(findBrackets({}, {}).size(), size_t(0));
+    QCOMPARE(brackets::find({}, {}).size(), size_t(0));
 }
 
 QTEST_GUILESS_MAIN(TestBracketFinder)

@@ -231,7 +231,9 @@ private slots:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("TERM", "xterm");
         program.setProcessEnvironment(environment);
-        QCOMPARE(program.run({"merge", "a.png", "b.png", "-o", "out.png"}).exitCode, int(Ok));
+        QCOMPARE(
+            program.run({"merge", "--method=mean", "a.png", "b.png", "-o", "out.png"}).exitCode,
+            int(Ok));
         const QByteArray bar = errors.shown();
         QVERIFY2(bar.contains("] Aligning") && bar.contains("] Writing"), bar.constData());
         QVERIFY2(bar.endsWith("\r\x1b[K"), bar.right(80).toHex(32).constData());
@@ -249,7 +251,9 @@ private slots:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("TERM", "dumb");
         program.setProcessEnvironment(environment);
-        QCOMPARE(program.run({"merge", "a.png", "b.png", "-o", "out.png"}).exitCode, int(Ok));
+        QCOMPARE(
+            program.run({"merge", "--method=mean", "a.png", "b.png", "-o", "out.png"}).exitCode,
+            int(Ok));
         QCOMPARE(errors.shown(), QByteArray());
     }
 
@@ -441,10 +445,12 @@ private slots:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("LC_ALL", "C");
         program.setProcessEnvironment(environment);
-        const ProgramRun merged = program.run({"merge", "b.png", name, "-o", "out.png"});
+        const ProgramRun merged =
+            program.run({"merge", "--method=mean", "b.png", name, "-o", "out.png"});
         QCOMPARE(merged.errors, QByteArray());
         QCOMPARE(merged.exitCode, int(Ok));
-        const ProgramRun refused = program.run({"merge", "b.png", name + "x", "-o", "no.png"});
+        const ProgramRun refused =
+            program.run({"merge", "--method=mean", "b.png", name + "x", "-o", "no.png"});
         QVERIFY2(refused.errors.startsWith("veskhdr: " + name.toUtf8() + "x: "), refused.errors);
     }
 
@@ -642,8 +648,8 @@ private slots:
             Program program;
             program.setWorkingDirectory(path({}));
             program.isOutputFull = true;
-            const ProgramRun full =
-                program.run({"merge", "a.png", "b.png", "--force", "-o", "o.png", report});
+            const ProgramRun full = program.run(
+                {"merge", "--method=mean", "a.png", "b.png", "--force", "-o", "o.png", report});
             QCOMPARE(full.exitCode, 74);
             QVERIFY(full.errors.contains("standard output cannot be written: "));
             QVERIFY(!pixelsOf(path("o.png")).isNull());
@@ -655,7 +661,9 @@ private slots:
         Program program;
         program.setWorkingDirectory(path({}));
         program.isOutputClosed = true;
-        QCOMPARE(program.run({"merge", "a.png", "b.png", "-o", "o.png", "--json"}).exitCode, 74);
+        QCOMPARE(program.run({"merge", "--method=mean", "a.png", "b.png", "-o", "o.png", "--json"})
+                     .exitCode,
+                 74);
         QCOMPARE(run({"merge", "a.png", "b.png", "-o", "good.png"}).exitCode, 0);
         QCOMPARE(bytesOf("o.png"), bytesOf("good.png"));
     }
@@ -736,8 +744,8 @@ private slots:
             Program program;
             program.addressSpaceBytes = bytes;
             program.setWorkingDirectory(folder->path());
-            const ProgramRun starved =
-                program.run({"merge", "--force", "a.png", "b.jpg", "c.tif", "-o", "out.png"});
+            const ProgramRun starved = program.run(
+                {"merge", "--method=mean", "--force", "a.png", "b.jpg", "c.tif", "-o", "out.png"});
             exitCode = starved.exitCode;
             constexpr int kLibrariesDoNotLoad = 127;
             if (exitCode == Ok || exitCode == kLibrariesDoNotLoad)
@@ -757,9 +765,9 @@ private slots:
 
     void merge_sixteenProcessesAtOneTarget_itIsAlwaysAWholePicture()
     {
-        const QStringList arguments = {"merge", "--force", "a.png", "b.png",
-                                       "c.png", "-o",      "o.png"};
-        QCOMPARE(run(arguments).exitCode, int(Ok));
+        const QStringList arguments = {"merge", "--method=mean", "--force", "a.png",
+                                       "b.png", "c.png",         "-o",      "o.png"};
+        QCOMPARE(runProgramIn(folder->path(), arguments).exitCode, int(Ok));
         const QImage expected(path("o.png"));
         std::vector<std::unique_ptr<Program>> programs;
         for (int i = 0; i < 16; ++i) {
@@ -867,7 +875,8 @@ private slots:
             Program program;
             program.largestFileBytes = limit;
             program.setWorkingDirectory(folder->path());
-            const ProgramRun refused = program.run({"merge", "a.png", "b.png", "-o", name});
+            const ProgramRun refused =
+                program.run({"merge", "--method=mean", "a.png", "b.png", "-o", name});
             QCOMPARE(refused.exitCode, int(WriteFailed));
             QCOMPARE(linesOf(refused.errors).size(), 1);
             QVERIFY2(refused.errors.startsWith("veskhdr: " + name.toUtf8() + ": "), refused.errors);
@@ -884,8 +893,10 @@ private slots:
         Program program;
         program.largestFileBytes = 4000;
         program.setWorkingDirectory(folder->path());
-        QCOMPARE(program.run({"merge", "--force", "a.png", "b.png", "-o", "out.png"}).exitCode,
-                 int(WriteFailed));
+        QCOMPARE(
+            program.run({"merge", "--method=mean", "--force", "a.png", "b.png", "-o", "out.png"})
+                .exitCode,
+            int(WriteFailed));
         QCOMPARE(bytesOf("out.png"), QByteArray("an older file"));
         QCOMPARE(files(), QStringList({"a.png", "b.png", "c.png", "out.png"}));
     }

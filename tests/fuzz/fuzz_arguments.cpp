@@ -1,8 +1,8 @@
 // The words after "veskhdr merge", one per line of the input.
 
+#include "MergeOptions.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "MergeOptions.h"
 
 #include <QCoreApplication>
 
@@ -18,7 +18,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     QStringList words;
     for (const QByteArray &line : input.split('\n'))
         words.append(QString::fromLocal8Bit(line));
-    const ParsedMergeOptions parsed = parseMergeOptions(words);
+    const ParsedMergeOptions parsed = command_line::parseMergeOptions(words);
     if (!parsed.problem.isEmpty())
         return 0;
     const MergeOptions &options = parsed.options;
@@ -27,7 +27,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     FUZZ_REQUIRE(pictures.removeDuplicates() == 0);
     for (const QString &picture : options.pictures)
         FUZZ_REQUIRE(words.contains(picture));
-    FUZZ_REQUIRE(formatOfSuffix(options.output) == options.format);
+    FUZZ_REQUIRE(picture::formatOfSuffix(options.output) == options.format);
     FUZZ_REQUIRE(options.pixelLimit >= 1000 * 1000);
     FUZZ_REQUIRE(options.quality >= 1 && options.quality <= 100);
     return 0;

@@ -41,7 +41,7 @@ void requireSound(const DecodedPicture &decoded)
 int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    silenceImageLibraries();
+    library_messages::silence();
     new QGuiApplication(*argc, *argv);
     return 0;
 }

@@ -34,7 +34,7 @@ void verifyUprightBlock(const QByteArray &block)
     QVERIFY(!camera_block::hasThumbnail(block));
 }
 
-QImage picture(QSize size)
+QImage plainPicture(QSize size)
 {
     QImage filled(size, QImage::Format_RGB32);
     for (int y = 0; y < size.height(); ++y) {
@@ -68,7 +68,7 @@ private:
         const PictureMetadata metadata{ExifTags::parse(block), {}};
         if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate))
             return {};
-        const QImage shot = picture({40, 30});
+        const QImage shot = plainPicture({40, 30});
         const QString problem =
             name.endsWith("jpg")   ? jpeg_file::encode(shot, metadata, 95, file, {})
             : name.endsWith("png") ? png_file::encode(shot, metadata, file, {})
@@ -80,12 +80,13 @@ private:
     WriteResult writeWith(const ExifTags &tags, const QString &name,
                           const QColorSpace &colours = {})
     {
-        QImage upright = picture({30, 40});
+        QImage upright = plainPicture({30, 40});
         upright.setColorSpace(colours);
         WriteOptions options;
         options.exif = tags;
         options.mayReplace = true;
-        return writePicture(upright, folder.filePath(name), *formatOfSuffix(name), options);
+        return picture::write(upright, folder.filePath(name), *picture::formatOfSuffix(name),
+                              options);
     }
     QByteArray blockOf(const QString &name) { return exif::read(folder.filePath(name)).block(); }
 
@@ -93,7 +94,7 @@ private slots:
     void forUprightPicture_resetsWhatNoLongerHolds()
     {
         const exif::Adapted adapted = exif::forUprightPicture(ExifTags::parse(camera_block::made()),
-                                                              picture({30, 40}), exif::kAnySize);
+                                                              plainPicture({30, 40}), exif::kAnySize);
         verifyUprightBlock(adapted.tags.block());
         QCOMPARE(adapted.leftOut, QStringList());
     }
@@ -101,7 +102,7 @@ private slots:
     void forUprightPicture_nothing_givesNothing()
     {
         const exif::Adapted adapted =
-            exif::forUprightPicture({}, picture({30, 40}), exif::kAnySize);
+            exif::forUprightPicture({}, plainPicture({30, 40}), exif::kAnySize);
         QVERIFY(adapted.tags.isEmpty());
         QCOMPARE(adapted.leftOut, QStringList());
     }
@@ -113,7 +114,7 @@ private slots:
             QByteArray damaged = block;
             damaged[i] = '\xFF';
             for (const QByteArray &bytes : {damaged, block.left(i)})
-                exif::forUprightPicture(ExifTags::parse(bytes), picture({3, 4}), exif::kAnySize);
+                exif::forUprightPicture(ExifTags::parse(bytes), plainPicture({3, 4}), exif::kAnySize);
         }
     }
 
@@ -264,7 +265,7 @@ private slots:
     {
         for (const char *format : {"png", "jpeg", "bmp"}) {
             const QString path = folder.filePath(QStringLiteral("plain"));
-            QVERIFY(picture({8, 8}).save(path, format));
+            QVERIFY(plainPicture({8, 8}).save(path, format));
             QVERIFY(exif::read(path).isEmpty());
         }
         QVERIFY(exif::read(folder.filePath(QStringLiteral("none"))).isEmpty());
@@ -287,7 +288,7 @@ private slots:
     {
         QFETCH(QString, suffix);
         QVERIFY(!saveShot("1.jpg").isEmpty());
-        QVERIFY(picture({30, 40}).save(folder.filePath("2.png")));
+        QVERIFY(plainPicture({30, 40}).save(folder.filePath("2.png")));
         const ProgramRun merged = runProgramIn(
             folder.path(), {"merge", "--no-align", "1.jpg", "2.png", "-o", "out." + suffix});
         QCOMPARE(merged.errors, QByteArray());
@@ -320,12 +321,12 @@ private slots:
     void merge_keepsColourProfileAndResolution()
     {
         QFETCH(QString, suffix);
-        QImage first = picture({30, 40});
+        QImage first = plainPicture({30, 40});
         first.setColorSpace(QColorSpace::AdobeRgb);
         first.setDotsPerMeterX(11811);
         first.setDotsPerMeterY(11811);
         QVERIFY(first.save(folder.filePath("1.png")));
-        QVERIFY(picture({30, 40}).save(folder.filePath("2.png")));
+        QVERIFY(plainPicture({30, 40}).save(folder.filePath("2.png")));
         const QString out = folder.filePath("profile." + suffix);
         QCOMPARE(runProgramIn(folder.path(), {"merge", "1.png", "2.png", "-o", out}).exitCode, 0);
         const QImage written(out);

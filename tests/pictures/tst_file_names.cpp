@@ -77,9 +77,9 @@ private slots:
         picture.fill(qRgb(0, 200, 0));
         WriteOptions options;
         options.exif = ExifTags::parse(camera_block::made());
-        const WriteResult result = writePicture(picture, path, PictureFormat::Jpeg, options);
+        const WriteResult result = picture::write(picture, path, PictureFormat::Jpeg, options);
         QVERIFY2(result.error == OutputFile::Error::None, qPrintable(result.reason));
-        QVERIFY(writePicture(picture, path, PictureFormat::Jpeg, options).error ==
+        QVERIFY(picture::write(picture, path, PictureFormat::Jpeg, options).error ==
                 OutputFile::Error::Exists);
         QCOMPARE(file_names::entriesOf(file_names::fromBytes(below)),
                  QStringList(file_names::fromBytes("gr\xFCn.jpg")));

@@ -156,7 +156,7 @@ private:
         WriteOptions options;
         options.quality = 100;
         options.mayReplace = true;
-        return writePicture(picture, target, format, options);
+        return picture::write(picture, target, format, options);
     }
     void write(const QImage &picture, PictureFormat format) const
     {
@@ -283,7 +283,7 @@ private slots:
         write(picture, format);
         const QImage read = QImageReader(target).read();
         QCOMPARE(read.pixel(29, 19), qRgb(1, 2, 3));
-        QVERIFY(!hasTransparency(read));
+        QVERIFY(!picture::hasTransparency(read));
         const QByteArray written = QImageReader(target).format();
         if (written == "png")
             QVERIFY(!read.hasAlphaChannel());
@@ -295,9 +295,9 @@ private slots:
     {
         QImage picture(17, 9, QImage::Format_ARGB32);
         picture.fill(Qt::red);
-        QVERIFY(!hasTransparency(picture));
+        QVERIFY(!picture::hasTransparency(picture));
         picture.setPixel(16, 8, qRgba(255, 0, 0, 254));
-        QVERIFY(hasTransparency(picture));
+        QVERIFY(picture::hasTransparency(picture));
         write(picture, PictureFormat::Png);
         QCOMPARE(QImage(target, "PNG").pixel(16, 8), qRgba(255, 0, 0, 254));
     }
@@ -391,7 +391,7 @@ private slots:
         options.bitsPerSample = 8;
         options.quality = 100;
         options.mayReplace = true;
-        QVERIFY(writePicture(picture, target, format, options).error == OutputFile::Error::None);
+        QVERIFY(picture::write(picture, target, format, options).error == OutputFile::Error::None);
         const QImage read = QImageReader(target).read();
         QCOMPARE(read.depth() > 32, false);
         const int tolerance = format == PictureFormat::Jpeg ? 1 : 0;
@@ -407,7 +407,7 @@ private slots:
         QImage picture(256, 1, QImage::Format_RGB32);
         for (int x = 0; x < 256; ++x)
             picture.setPixel(x, 0, qRgb(x, 255 - x, 7));
-        QVERIFY(writePicture(picture, target, PictureFormat::Png, options).reason.isEmpty());
+        QVERIFY(picture::write(picture, target, PictureFormat::Png, options).reason.isEmpty());
         const QImage read = QImageReader(target).read();
         QCOMPARE(read.depth(), 64);
         for (int x = 0; x < 256; ++x)

@@ -83,7 +83,7 @@ void readEntry(QDataStream &stream, TiffFirstDirectory &directory)
 
 } // namespace
 
-std::optional<TiffFirstDirectory> readTiffFirstDirectory(QIODevice &device)
+std::optional<TiffFirstDirectory> TiffFirstDirectory::read(QIODevice &device)
 {
     device.seek(0);
     QDataStream stream(&device);

@@ -14,8 +14,8 @@ struct TiffFirstDirectory
     /// Whether the samples are grey levels or colours that any viewer shows, not a sensor's mosaic.
     bool isViewable = false;
     bool isDng = false;
-};
 
-/// Reads it from device, open for reading and seekable; nothing when the file is no TIFF or is
-/// damaged there. Any thread.
-std::optional<TiffFirstDirectory> readTiffFirstDirectory(QIODevice &device);
+    /// Reads it from device, open for reading and seekable; nothing when the file is no TIFF or is
+    /// damaged there. Any thread.
+    static std::optional<TiffFirstDirectory> read(QIODevice &device);
+};

@@ -72,7 +72,7 @@ std::optional<QSize> rawSize(const QString &path)
 /// The backs of some studio cameras do store their data like that, but never in 8 bits.
 bool isOrdinaryTiff(QFile &file, const QSize &sensorSize, bool hasRawSuffix)
 {
-    const std::optional<TiffFirstDirectory> directory = readTiffFirstDirectory(file);
+    const std::optional<TiffFirstDirectory> directory = TiffFirstDirectory::read(file);
     return directory && directory->isViewable && !directory->isDng &&
            directory->size == sensorSize && (!hasRawSuffix || directory->bitsPerSample <= 8);
 }

@@ -23,7 +23,7 @@ bool DocumentSaver::save(VeskContext *document)
         return false;
     // Other kinds of file (camera raw files above all) are never overwritten.
     const QString path = document->getFilePath();
-    const std::optional<PictureFormat> format = formatOfSuffix(path);
+    const std::optional<PictureFormat> format = picture::formatOfSuffix(path);
     if (!format)
         return saveAs(document);
     const Outcome outcome = write(*document, {path, *format, settings::jpegQuality(), true});
@@ -116,7 +116,7 @@ DocumentSaver::Outcome DocumentSaver::reportFailure(const QString &path, const Q
 QString DocumentSaver::suggestedPath(const VeskContext &document) const
 {
     const QString own = document.getFilePath();
-    if (formatOfSuffix(own))
+    if (picture::formatOfSuffix(own))
         return own;
     if (!own.isEmpty())
         return QFileInfo(own).path() + QLatin1Char('/') + QFileInfo(own).completeBaseName() +

@@ -33,7 +33,7 @@ WriteResult document::savePicture(const QImage &picture, const SaveTarget &targe
     options.exif = metadata(metadataSources);
     options.quality = target.quality;
     options.mayReplace = target.mayReplace;
-    return writePicture(picture, target.path, target.format, options);
+    return picture::write(picture, target.path, target.format, options);
 }
 
 WriteResult document::savePictureBeside(const QImage &picture, const SaveTarget &target,

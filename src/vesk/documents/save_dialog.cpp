@@ -44,7 +44,7 @@ Kind kindOfFilter(const QString &filter)
 Kind kindOfFile(const QString &path)
 {
     const QList<Kind> all = kinds();
-    const std::optional<PictureFormat> format = formatOfSuffix(path);
+    const std::optional<PictureFormat> format = picture::formatOfSuffix(path);
     for (const Kind &kind : all) {
         if (kind.format == format)
             return kind;
@@ -74,7 +74,7 @@ void setUp(QFileDialog &dialog, const QString &suggestedPath)
 
 SaveTarget targetFor(const QString &path, const Kind &chosen)
 {
-    if (const std::optional<PictureFormat> format = formatOfSuffix(path))
+    if (const std::optional<PictureFormat> format = picture::formatOfSuffix(path))
         return {path, *format, settings::jpegQuality(), true};
     // The dialog has asked about replacing another name than this one.
     return {path + QLatin1Char('.') + chosen.suffix, chosen.format, settings::jpegQuality(), false};
@@ -94,7 +94,7 @@ std::optional<SaveTarget> document::askSaveTarget(QWidget *window, const QString
     if (target.format != PictureFormat::Jpeg)
         return target;
     const std::optional<int> quality =
-        askJpegQuality(window, target.quality, hasTransparency(picture));
+        askJpegQuality(window, target.quality, picture::hasTransparency(picture));
     if (!quality)
         return std::nullopt;
     settings::setJpegQuality(*quality);

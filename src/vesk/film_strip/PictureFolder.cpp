@@ -23,7 +23,7 @@ QList<FolderEntry> pictures::inFolder(const QString &folder)
     }
     const auto nameOf = [](const FolderEntry &entry) { return QFileInfo(entry.path).fileName(); };
     std::sort(entries.begin(), entries.end(), [&](const FolderEntry &a, const FolderEntry &b) {
-        return isBeforeNaturally(nameOf(a), nameOf(b));
+        return brackets::isBeforeNaturally(nameOf(a), nameOf(b));
     });
     return entries;
 }

@@ -9,7 +9,7 @@ constexpr qint64 kLargestPicture = 256LL * 1000 * 1000; // pixels
 
 } // namespace
 
-QImage makeThumbnail(const QString &path, int side, const std::atomic<bool> &cancelled)
+QImage thumbnail::make(const QString &path, int side, const std::atomic<bool> &cancelled)
 {
     if (cancelled)
         return {};
@@ -45,9 +45,9 @@ void ThumbnailLoader::startNext()
     while (running < kThreads && !waiting.isEmpty()) {
         ++running;
         workers.start([this, next = waiting.takeLast()] {
-            const QImage thumbnail = makeThumbnail(next.path, side, cancelled);
+            const QImage small = thumbnail::make(next.path, side, cancelled);
             QMetaObject::invokeMethod(
-                this, [=] { take(next, thumbnail); }, Qt::QueuedConnection);
+                this, [=] { take(next, small); }, Qt::QueuedConnection);
         });
     }
 }

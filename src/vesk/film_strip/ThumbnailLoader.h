@@ -7,10 +7,14 @@
 
 #include <atomic>
 
+namespace thumbnail {
+
 /// A small, upright copy of a picture file, at most side x side pixels and never enlarged; null
 /// when the file is no picture or would take too much memory. Raw conversions end soon after
 /// cancelled has become true. Any thread.
-QImage makeThumbnail(const QString &path, int side, const std::atomic<bool> &cancelled);
+QImage make(const QString &path, int side, const std::atomic<bool> &cancelled);
+
+} // namespace thumbnail
 
 /// Makes thumbnails beside the GUI thread. What was asked for last comes first: that is what the
 /// user is looking at. Destroying it waits for those under way. GUI thread.

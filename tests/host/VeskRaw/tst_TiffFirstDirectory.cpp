@@ -11,7 +11,7 @@ std::optional<TiffFirstDirectory> read(QByteArray file)
 {
     QBuffer buffer(&file);
     buffer.open(QIODevice::ReadOnly);
-    return readTiffFirstDirectory(buffer);
+    return TiffFirstDirectory::read(buffer);
 }
 
 } // namespace

@@ -152,7 +152,7 @@ void DocumentSaverTest::save_transparent_isReopenedToTheBit_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QImage::Format>("format"); // of the document's picture
     QTest::newRow("PNG") << "a.png" << QImage::Format_ARGB32;
-    QTest::newRow("TIFF") << "a.tif" << QImage::Format_ARGB32_Premultiplied;
+    QTest::newRow("TIFF") << "a.tif" << QImage::Format_ARGB32;
 }
 
 void DocumentSaverTest::save_transparent_isReopenedToTheBit()

@@ -25,13 +25,13 @@ private:
 void ThumbnailLoaderTest::makeThumbnail_landscape_fitsTheSide()
 {
     const QString path = pictures.add(QStringLiteral("landscape.jpg"), {800, 400});
-    QCOMPARE(makeThumbnail(path, 100, cancelled).size(), QSize(100, 50));
+    QCOMPARE(thumbnail::make(path, 100, cancelled).size(), QSize(100, 50));
 }
 
 void ThumbnailLoaderTest::makeThumbnail_smallPicture_isNotEnlarged()
 {
     const QString path = pictures.add(QStringLiteral("small.png"), {30, 20});
-    QCOMPARE(makeThumbnail(path, 100, cancelled).size(), QSize(30, 20));
+    QCOMPARE(thumbnail::make(path, 100, cancelled).size(), QSize(30, 20));
 }
 
 void ThumbnailLoaderTest::makeThumbnail_damagedFile_isNull()
@@ -40,15 +40,15 @@ void ThumbnailLoaderTest::makeThumbnail_damagedFile_isNull()
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("no picture");
     file.close();
-    QVERIFY(makeThumbnail(file.fileName(), 100, cancelled).isNull());
+    QVERIFY(thumbnail::make(file.fileName(), 100, cancelled).isNull());
 }
 
 void ThumbnailLoaderTest::makeThumbnail_thinPicture_isNotEmpty()
 {
     const QString path = pictures.add(QStringLiteral("thin.jpg"), {2000, 1});
-    const QImage thumbnail = makeThumbnail(path, 100, cancelled);
-    QCOMPARE(thumbnail.width(), 100);
-    QCOMPARE(thumbnail.height(), 1);
+    const QImage small = thumbnail::make(path, 100, cancelled);
+    QCOMPARE(small.width(), 100);
+    QCOMPARE(small.height(), 1);
 }
 
 void ThumbnailLoaderTest::request_answersWithItsNumber()
