@@ -1,10 +1,10 @@
 // A host of the "Merge to HDR" tool: one document, one canvas, and the pictures named on the
 // command line.
-#include <VeskToolHDR.h>
 #include <IVeskUIManager.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskContextManager.h>
+#include <VeskToolHDR.h>
 
 #include <QApplication>
 #include <QDir>

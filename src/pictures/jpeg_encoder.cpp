@@ -152,7 +152,7 @@ bool Compressor::write(const QImage &picture, const QByteArray &exif,
 } // namespace
 
 QString jpeg_file::encode(const QImage &picture, const PictureMetadata &metadata, int quality,
-                     QIODevice &device, const EncodeProgress &progress)
+                          QIODevice &device, const EncodeProgress &progress)
 {
     if (picture.width() > kLargestSide || picture.height() > kLargestSide)
         return PictureEncoder::tr("JPEG files hold at most %1 pixels in a row or column")

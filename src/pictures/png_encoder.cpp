@@ -170,7 +170,7 @@ bool write(PngWriter &writer, const QImage &picture, const QByteArray &exif,
 } // namespace
 
 QString png_file::encode(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
-                    const EncodeProgress &progress)
+                         const EncodeProgress &progress)
 {
     const Bytes stream = compress(filterRows(picture, progress));
     const QByteArray exif = metadata.exif.block();

@@ -1,10 +1,10 @@
 // Enciphered programs: what is damaged deciphers to nothing, and what was enciphered comes back.
 
+#include "InputFile.h"
+#include "VeskEnDecodeTool.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
-#include "InputFile.h"
 #include "opencl_merge.h"
-#include "VeskEnDecodeTool.h"
 
 #include <QCoreApplication>
 #include <QFile>

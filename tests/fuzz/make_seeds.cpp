@@ -1,8 +1,8 @@
 // Writes the inputs that fuzzing starts from: make_seeds FOLDER gives one folder for each target.
 // Everything is made here; the same version of the libraries gives the same files.
 
-#include "dng_writer.h"
 #include "VeskEnDecodeTool.h"
+#include "dng_writer.h"
 
 #include <QBuffer>
 #include <QColorSpace>

@@ -93,8 +93,8 @@ private:
 private slots:
     void forUprightPicture_resetsWhatNoLongerHolds()
     {
-        const exif::Adapted adapted = exif::forUprightPicture(ExifTags::parse(camera_block::made()),
-                                                              plainPicture({30, 40}), exif::kAnySize);
+        const exif::Adapted adapted = exif::forUprightPicture(
+            ExifTags::parse(camera_block::made()), plainPicture({30, 40}), exif::kAnySize);
         verifyUprightBlock(adapted.tags.block());
         QCOMPARE(adapted.leftOut, QStringList());
     }
@@ -114,7 +114,8 @@ private slots:
             QByteArray damaged = block;
             damaged[i] = '\xFF';
             for (const QByteArray &bytes : {damaged, block.left(i)})
-                exif::forUprightPicture(ExifTags::parse(bytes), plainPicture({3, 4}), exif::kAnySize);
+                exif::forUprightPicture(ExifTags::parse(bytes), plainPicture({3, 4}),
+                                        exif::kAnySize);
         }
     }
 

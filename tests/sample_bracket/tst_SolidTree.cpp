@@ -1,6 +1,6 @@
-#include "noise.h"
 #include "Room.h"
 #include "SolidTree.h"
+#include "noise.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
-#include "editor_settings.h"
 #include "RecentFilesMenu.h"
+#include "editor_settings.h"
 
 #include <QSignalSpy>
 #include <QTest>
