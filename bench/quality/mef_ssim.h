@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plane.h"
+#include "Plane.h"
 
 #include <QImage>
 

@@ -1,7 +1,7 @@
 #include "mef_ssimd.h"
 
+#include "Plane.h"
 #include "mef_ssim.h"
-#include "plane.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "adjustment.h"
+#include "Adjustment.h"
+#include "Transform.h"
 #include "fusion_options.h"
-#include "transform.h"
 
 #include <QImage>
 #include <QList>

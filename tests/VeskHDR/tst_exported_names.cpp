@@ -3,7 +3,7 @@
 
 /// The library's host may link its classes and functions by name: none of them may be inline only
 /// or hidden. The names are those of the Itanium C++ ABI.
-class ExportedNamesTest : public QObject
+class TestExportedNames : public QObject
 {
     Q_OBJECT
 
@@ -12,7 +12,7 @@ private slots:
     void name_isExported();
 };
 
-void ExportedNamesTest::name_isExported_data()
+void TestExportedNames::name_isExported_data()
 {
 #if !defined(__GNUC__) || !defined(__LP64__)
     QSKIP("the names are those of another ABI");
@@ -60,7 +60,7 @@ void ExportedNamesTest::name_isExported_data()
     add("VeskOpenCLDeviceSelection::setDevice", "_ZN25VeskOpenCLDeviceSelection9setDeviceEv");
 }
 
-void ExportedNamesTest::name_isExported()
+void TestExportedNames::name_isExported()
 {
     QFETCH(QByteArray, symbol);
     QLibrary library(qEnvironmentVariable("VESK_LIB_DIR") + QStringLiteral("/libVeskHDR"), 1);
@@ -68,5 +68,5 @@ void ExportedNamesTest::name_isExported()
     QVERIFY(library.resolve(symbol.constData()));
 }
 
-QTEST_GUILESS_MAIN(ExportedNamesTest)
+QTEST_GUILESS_MAIN(TestExportedNames)
 #include "tst_exported_names.moc"

@@ -69,7 +69,7 @@ QList<QImage *> bracket(QSize size, const QList<QPoint> &offsets)
 
 } // namespace
 
-class MtbAlignmentTest : public QObject
+class TestMtbAlignment : public QObject
 {
     Q_OBJECT
 
@@ -109,7 +109,7 @@ private slots:
     void photographs_equalThePlainCode();
 };
 
-void MtbAlignmentTest::wordsOfAnyFormat_areReadAsTheyStand()
+void TestMtbAlignment::wordsOfAnyFormat_areReadAsTheyStand()
 {
     std::mt19937 random(20);
     const QImage first = pictures::scene({150, 140}, {10, 10}, 1.0, 21);
@@ -142,7 +142,7 @@ void MtbAlignmentTest::wordsOfAnyFormat_areReadAsTheyStand()
     }
 }
 
-void MtbAlignmentTest::halving_roundsHalfUp_5x3GivesA3x2Level()
+void TestMtbAlignment::halving_roundsHalfUp_5x3GivesA3x2Level()
 {
     std::mt19937 random(2);
     const mtb::BitmapPyramid pyramid = mtb::bitmapPyramid(
@@ -151,7 +151,7 @@ void MtbAlignmentTest::halving_roundsHalfUp_5x3GivesA3x2Level()
     QCOMPARE(QSize(pyramid[2].threshold.width(), pyramid[2].threshold.height()), QSize(2, 1));
 }
 
-void MtbAlignmentTest::halving_takesQtsPixels()
+void TestMtbAlignment::halving_takesQtsPixels()
 {
     std::mt19937 random(3);
     for (const QSize size : {QSize(1, 1), QSize(5, 3), QSize(64, 65), QSize(127, 200),
@@ -173,7 +173,7 @@ void MtbAlignmentTest::halving_takesQtsPixels()
     }
 }
 
-void MtbAlignmentTest::identicalTexturedPictures_haveShiftZeroAndAnEqualCopy()
+void TestMtbAlignment::identicalTexturedPictures_haveShiftZeroAndAnEqualCopy()
 {
     const QImage picture = pictures::scene({300, 260}, {0, 0}, 1.0, 5);
     QCOMPARE(shiftBetween(picture, picture), QPoint(0, 0));
@@ -183,7 +183,7 @@ void MtbAlignmentTest::identicalTexturedPictures_haveShiftZeroAndAnEqualCopy()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::uniformPictures_takeTheFirstCandidateAtEveryLevel_data()
+void TestMtbAlignment::uniformPictures_takeTheFirstCandidateAtEveryLevel_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<int>("shift");
@@ -193,7 +193,7 @@ void MtbAlignmentTest::uniformPictures_takeTheFirstCandidateAtEveryLevel_data()
     QTest::newRow("512 pixels, level 3") << QSize(512, 513) << -15;
 }
 
-void MtbAlignmentTest::uniformPictures_takeTheFirstCandidateAtEveryLevel()
+void TestMtbAlignment::uniformPictures_takeTheFirstCandidateAtEveryLevel()
 {
     QFETCH(QSize, size);
     QFETCH(int, shift);
@@ -205,7 +205,7 @@ void MtbAlignmentTest::uniformPictures_takeTheFirstCandidateAtEveryLevel()
     QCOMPARE(plain::pairShifts({&a, &b}).front(), QPoint(shift, shift));
 }
 
-void MtbAlignmentTest::equalErrors_keepTheEarlierCandidate()
+void TestMtbAlignment::equalErrors_keepTheEarlierCandidate()
 {
     // Rows that are all alike: a vertical shift changes nothing inside the picture, so of the three
     // candidates with the right x the first, y = -1, is kept unless its border costs something.
@@ -220,7 +220,7 @@ void MtbAlignmentTest::equalErrors_keepTheEarlierCandidate()
     QCOMPARE(QPoint(x, y), QPoint(0, -1));
 }
 
-void MtbAlignmentTest::knownShifts_areFoundAndUndone()
+void TestMtbAlignment::knownShifts_areFoundAndUndone()
 {
     const QSize size(400, 300);
     QList<QImage *> list = bracket(size, {{50, 50}, {57, 46}, {52, 52}});
@@ -240,7 +240,7 @@ void MtbAlignmentTest::knownShifts_areFoundAndUndone()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::largestFindableShift_isFound()
+void TestMtbAlignment::largestFindableShift_isFound()
 {
     const QSize size(600, 520);
     const int largest = mtb::largestFindableShift(mtb::pyramidLevels(size));
@@ -253,7 +253,7 @@ void MtbAlignmentTest::largestFindableShift_isFound()
     }
 }
 
-void MtbAlignmentTest::pyramidLevels_followTheSmallerSide()
+void TestMtbAlignment::pyramidLevels_followTheSmallerSide()
 {
     QCOMPARE(mtb::pyramidLevels({1, 1}), 0);
     QCOMPARE(mtb::pyramidLevels({4000, 127}), 0);
@@ -264,7 +264,7 @@ void MtbAlignmentTest::pyramidLevels_followTheSmallerSide()
     QCOMPARE(mtb::pyramidLevels({0, 0}), 0);
 }
 
-void MtbAlignmentTest::skipSearch_leavesShiftsUnwrittenAndPicturesInPlace()
+void TestMtbAlignment::skipSearch_leavesShiftsUnwrittenAndPicturesInPlace()
 {
     const QImage a = pictures::scene({200, 200}, {0, 0}, 1.0, 5);
     const QImage b = pictures::scene({200, 200}, {3, 3}, 1.0, 5);
@@ -278,7 +278,7 @@ void MtbAlignmentTest::skipSearch_leavesShiftsUnwrittenAndPicturesInPlace()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::firstPicture_isNeverReplaced()
+void TestMtbAlignment::firstPicture_isNeverReplaced()
 {
     QList<QImage *> list = bracket({150, 140}, {{0, 0}, {1, 2}, {3, 1}, {2, 2}});
     const QList<QImage *> before = list;
@@ -290,7 +290,7 @@ void MtbAlignmentTest::firstPicture_isNeverReplaced()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::twoPictures_giveExactlyOneShiftedCopy()
+void TestMtbAlignment::twoPictures_giveExactlyOneShiftedCopy()
 {
     QList<QImage *> list = bracket({150, 140}, {{0, 0}, {1, 2}});
     mtb_alignment(false, list);
@@ -304,7 +304,7 @@ void MtbAlignmentTest::twoPictures_giveExactlyOneShiftedCopy()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::fewerThanTwoPictures_endTheProcessWithTheReport()
+void TestMtbAlignment::fewerThanTwoPictures_endTheProcessWithTheReport()
 {
     QProcess child;
     child.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(kAlignOnePicture)});
@@ -316,7 +316,7 @@ void MtbAlignmentTest::fewerThanTwoPictures_endTheProcessWithTheReport()
         QVERIFY2(report.contains(part), report.constData());
 }
 
-void MtbAlignmentTest::otherFormats_alignLikeTheir32BitCopies()
+void TestMtbAlignment::otherFormats_alignLikeTheir32BitCopies()
 {
     const QSize size(200, 180);
     const QImage a = pictures::scene(size, {20, 20}, 1.0, 11);
@@ -337,7 +337,7 @@ void MtbAlignmentTest::otherFormats_alignLikeTheir32BitCopies()
     }
 }
 
-void MtbAlignmentTest::borrowedPixels_areNotWrittenAndNotKept()
+void TestMtbAlignment::borrowedPixels_areNotWrittenAndNotKept()
 {
     const QSize size(60, 50);
     const QImage scene = pictures::scene(size, {11, 12}, 1.0, 5);
@@ -355,7 +355,7 @@ void MtbAlignmentTest::borrowedPixels_areNotWrittenAndNotKept()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::lackOfMemory_leavesPicturesAndShiftsAsTheyWere()
+void TestMtbAlignment::lackOfMemory_leavesPicturesAndShiftsAsTheyWere()
 {
     QList<QImage *> list = bracket({150, 140}, {{0, 0}, {1, 2}});
     const QList<QImage *> before = list;
@@ -374,7 +374,7 @@ void MtbAlignmentTest::lackOfMemory_leavesPicturesAndShiftsAsTheyWere()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::extremeThresholdsAndLevels_areDefined_data()
+void TestMtbAlignment::extremeThresholdsAndLevels_areDefined_data()
 {
     QTest::addColumn<int>("threshold");
     QTest::addColumn<int>("tolerance");
@@ -384,7 +384,7 @@ void MtbAlignmentTest::extremeThresholdsAndLevels_areDefined_data()
     }
 }
 
-void MtbAlignmentTest::extremeThresholdsAndLevels_areDefined()
+void TestMtbAlignment::extremeThresholdsAndLevels_areDefined()
 {
     QFETCH(int, threshold);
     QFETCH(int, tolerance);
@@ -401,7 +401,7 @@ void MtbAlignmentTest::extremeThresholdsAndLevels_areDefined()
 }
 
 /// Uniform pictures take the first candidate at every level: the largest shift there is.
-void MtbAlignmentTest::levelsBeyondTheMost_searchAsTheMost()
+void TestMtbAlignment::levelsBeyondTheMost_searchAsTheMost()
 {
     QImage uniform(3, 2, QImage::Format_RGB32);
     uniform.fill(qRgb(90, 90, 90));
@@ -418,7 +418,7 @@ void MtbAlignmentTest::levelsBeyondTheMost_searchAsTheMost()
     }
 }
 
-void MtbAlignmentTest::differentSizes_areSafeAndEqualThePlainCode()
+void TestMtbAlignment::differentSizes_areSafeAndEqualThePlainCode()
 {
     std::mt19937 random(12);
     for (const QSize other :
@@ -439,7 +439,7 @@ void MtbAlignmentTest::differentSizes_areSafeAndEqualThePlainCode()
     }
 }
 
-void MtbAlignmentTest::emptyPictures_leaveTheCallersShift()
+void TestMtbAlignment::emptyPictures_leaveTheCallersShift()
 {
     // No candidate has fewer differences than the picture has pixels.
     const QImage empty;
@@ -449,7 +449,7 @@ void MtbAlignmentTest::emptyPictures_leaveTheCallersShift()
     QCOMPARE(QPoint(x, y), QPoint(7, 8));
 }
 
-void MtbAlignmentTest::randomPictures_equalThePlainCode()
+void TestMtbAlignment::randomPictures_equalThePlainCode()
 {
     constexpr uint32_t seed = 777;
     qInfo("seed %u", seed);
@@ -473,7 +473,7 @@ void MtbAlignmentTest::randomPictures_equalThePlainCode()
     }
 }
 
-void MtbAlignmentTest::randomGreyImagesThresholdsAndLevels_equalThePlainCode()
+void TestMtbAlignment::randomGreyImagesThresholdsAndLevels_equalThePlainCode()
 {
     std::mt19937 random(778);
     const std::vector<int64_t> targets = vectorTargets::all();
@@ -496,7 +496,7 @@ void MtbAlignmentTest::randomGreyImagesThresholdsAndLevels_equalThePlainCode()
     }
 }
 
-void MtbAlignmentTest::shiftsUpToTheLargest_equalThePlainCode()
+void TestMtbAlignment::shiftsUpToTheLargest_equalThePlainCode()
 {
     const QSize size(260, 257);
     const QImage a = pictures::scene(size, {100, 100}, 1.0, 13);
@@ -509,7 +509,7 @@ void MtbAlignmentTest::shiftsUpToTheLargest_equalThePlainCode()
     }
 }
 
-void MtbAlignmentTest::threadCounts_giveTheSameShifts()
+void TestMtbAlignment::threadCounts_giveTheSameShifts()
 {
     QList<QImage *> list = bracket({300, 280}, {{20, 20}, {25, 22}, {17, 26}});
     const std::vector<QPoint> plain = plain::pairShifts(list);
@@ -520,14 +520,14 @@ void MtbAlignmentTest::threadCounts_giveTheSameShifts()
     qDeleteAll(list);
 }
 
-void MtbAlignmentTest::photographs_equalThePlainCode_data()
+void TestMtbAlignment::photographs_equalThePlainCode_data()
 {
     QTest::addColumn<QString>("names");
     QTest::newRow("hand-held bracket") << "IMG_387*.jpeg";
     QTest::newRow("church interior") << "test1_memorial*.png";
 }
 
-void MtbAlignmentTest::photographs_equalThePlainCode()
+void TestMtbAlignment::photographs_equalThePlainCode()
 {
     QFETCH(QString, names);
     const QStringList paths = pictures::photographs(names);
@@ -555,7 +555,7 @@ int main(int argc, char **argv)
         return 0;
     }
     QCoreApplication app(argc, argv);
-    MtbAlignmentTest test;
+    TestMtbAlignment test;
     return QTest::qExec(&test, argc, argv);
 }
 

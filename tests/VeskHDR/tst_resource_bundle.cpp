@@ -20,7 +20,7 @@ struct NoLeakCheck
 #endif
 
 /// The bundle of the library just built, which this program does not link.
-class ResourceBundleTest : public QObject
+class TestResourceBundle : public QObject
 {
     Q_OBJECT
 
@@ -165,12 +165,12 @@ private:
     void *library = nullptr;
 };
 
-const QStringList ResourceBundleTest::kFiles = {
+const QStringList TestResourceBundle::kFiles = {
     QStringLiteral("veskhdr_zh_TW.qm"), QStringLiteral("veskhdr_fr_FR.qm"),
     QStringLiteral("veskhdr_ko_KR.qm"), QStringLiteral("veskhdr_ja_JP.qm"),
     QStringLiteral("veskhdr_es_ES.qm"), QStringLiteral("veskhdr_zh_CN.qm"),
     QStringLiteral("veskhdr_de_DE.qm"), QStringLiteral("hdr.cl_"),
 };
 
-QTEST_GUILESS_MAIN(ResourceBundleTest)
+QTEST_GUILESS_MAIN(TestResourceBundle)
 #include "tst_resource_bundle.moc"

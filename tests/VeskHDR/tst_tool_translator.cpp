@@ -10,7 +10,7 @@
 #include <QtTest>
 
 /// A translator stays for the life of the application object, so each test has one of its own.
-class ToolTranslatorTest : public QObject
+class TestToolTranslator : public QObject
 {
     Q_OBJECT
 
@@ -166,5 +166,5 @@ private:
     }
 };
 
-QTEST_APPLESS_MAIN(ToolTranslatorTest)
+QTEST_APPLESS_MAIN(TestToolTranslator)
 #include "tst_tool_translator.moc"

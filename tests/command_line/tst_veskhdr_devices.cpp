@@ -71,7 +71,7 @@ QStringList words(const char *text)
 
 } // namespace
 
-class DevicesCommandTest : public QObject
+class TestDevicesCommand : public QObject
 {
     Q_OBJECT
 
@@ -337,5 +337,5 @@ private:
     bool hasDriver = false;
 };
 
-QTEST_GUILESS_MAIN(DevicesCommandTest)
+QTEST_GUILESS_MAIN(TestDevicesCommand)
 #include "tst_veskhdr_devices.moc"

@@ -125,7 +125,7 @@ class TestHostContract : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void initTestCase()
     {
 #if !defined(Q_OS_LINUX)

@@ -10,7 +10,7 @@ class TestIniFile : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init()
     {
         folder = std::make_unique<QTemporaryDir>();

@@ -21,7 +21,7 @@ class TestIniText : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void find_inEachPlace_isTheValue_data()
     {
         QTest::addColumn<QByteArray>("text");

@@ -8,7 +8,7 @@ class TestIniValue : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void readValue_ofEachNotation_isTheTextsOfIt_data()
     {
         QTest::addColumn<QByteArray>("bytes");

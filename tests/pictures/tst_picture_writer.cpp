@@ -56,7 +56,7 @@ bool isWithinOneLevel(QRgb a, QRgb b)
 
 using Tiff = std::unique_ptr<TIFF, decltype(&TIFFClose)>;
 
-/// What stands in the file: the toolkit multiplies with alpha while it reads.
+/// What stands in the file: Qt multiplies with alpha while it reads.
 QImage wordsOfTiff(TIFF *file)
 {
     QImage words(kSide, kSide, QImage::Format_ARGB32);

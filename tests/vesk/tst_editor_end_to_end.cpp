@@ -91,11 +91,11 @@ QString windowOf(const QString &path)
 
 } // namespace
 
-class EditorEndToEndTest : public QObject
+class TestEditorEndToEnd : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void cleanup();
     void openFiveMergeSave_equalsTheCommandLine();
@@ -117,7 +117,7 @@ private:
     QImage expected;
 };
 
-void EditorEndToEndTest::init()
+void TestEditorEndToEnd::init()
 {
     editor = std::make_unique<EditorSession>();
     const QString problem = editor->startDisplay();
@@ -130,7 +130,7 @@ void EditorEndToEndTest::init()
     QVERIFY(!expected.isNull());
 }
 
-void EditorEndToEndTest::cleanup()
+void TestEditorEndToEnd::cleanup()
 {
     if (QTest::currentTestFailed())
         qWarning("%s", qPrintable(editor->output()));
@@ -138,7 +138,7 @@ void EditorEndToEndTest::cleanup()
     pictures.reset();
 }
 
-void EditorEndToEndTest::openFiveMergeSave_equalsTheCommandLine()
+void TestEditorEndToEnd::openFiveMergeSave_equalsTheCommandLine()
 {
     const QString start = QStringLiteral("^Vesk$");
     const QString open = QStringLiteral("^Open Pictures");
@@ -163,7 +163,7 @@ void EditorEndToEndTest::openFiveMergeSave_equalsTheCommandLine()
 }
 
 /// The worker is held at the start of its merge until the indicator has been closed in vain.
-void EditorEndToEndTest::indicatorClosedByTheWindowManager_waitsForTheWorker()
+void TestEditorEndToEnd::indicatorClosedByTheWindowManager_waitsForTheWorker()
 {
     QFile hold(pictures->path(QStringLiteral("hold")));
     QVERIFY(hold.open(QIODevice::WriteOnly));
@@ -195,7 +195,7 @@ void EditorEndToEndTest::indicatorClosedByTheWindowManager_waitsForTheWorker()
     quit(*editor);
 }
 
-void EditorEndToEndTest::damagedFile_isNamedAndTheOthersOpen()
+void TestEditorEndToEnd::damagedFile_isNamedAndTheOthersOpen()
 {
     const QString damaged = pictures->addDamaged(QStringLiteral("half.png"));
     QVERIFY(editor->launch({damaged, bracket.first()}));
@@ -211,14 +211,14 @@ void EditorEndToEndTest::damagedFile_isNamedAndTheOthersOpen()
     quit(*editor);
 }
 
-void EditorEndToEndTest::mergeBracket()
+void TestEditorEndToEnd::mergeBracket()
 {
     QVERIFY(editor->launch(bracket));
     QVERIFY(editor->waitForWindow(windowOf(bracket.constLast())));
     merge(*editor, windowOf(bracket.constLast()));
 }
 
-void EditorEndToEndTest::failToSaveIn(const QString &folder)
+void TestEditorEndToEnd::failToSaveIn(const QString &folder)
 {
     saveMergedAs(*editor, folder + QStringLiteral("/result.png"));
     if (QTest::currentTestFailed())
@@ -229,7 +229,7 @@ void EditorEndToEndTest::failToSaveIn(const QString &folder)
     QVERIFY(editor->hasWindow(kMerged));
 }
 
-void EditorEndToEndTest::saveElsewhereAndQuit()
+void TestEditorEndToEnd::saveElsewhereAndQuit()
 {
     const QString result = pictures->path(QStringLiteral("elsewhere.png"));
     saveMergedAs(*editor, result);
@@ -240,7 +240,7 @@ void EditorEndToEndTest::saveElsewhereAndQuit()
     quit(*editor);
 }
 
-void EditorEndToEndTest::fullDisk_saveFailsThenSucceedsElsewhere()
+void TestEditorEndToEnd::fullDisk_saveFailsThenSucceedsElsewhere()
 {
     const SmallDisk disk(QStringLiteral("size=8k"));
     if (!disk.isMounted())
@@ -255,7 +255,7 @@ void EditorEndToEndTest::fullDisk_saveFailsThenSucceedsElsewhere()
     saveElsewhereAndQuit();
 }
 
-void EditorEndToEndTest::readOnlyFolder_saveFailsThenSucceedsElsewhere()
+void TestEditorEndToEnd::readOnlyFolder_saveFailsThenSucceedsElsewhere()
 {
     SmallDisk disk(QStringLiteral("size=1m"));
     if (!disk.makeReadOnly())
@@ -269,7 +269,7 @@ void EditorEndToEndTest::readOnlyFolder_saveFailsThenSucceedsElsewhere()
     saveElsewhereAndQuit();
 }
 
-void EditorEndToEndTest::quitWithUnsavedMerge_asksAndCancelKeepsIt()
+void TestEditorEndToEnd::quitWithUnsavedMerge_asksAndCancelKeepsIt()
 {
     mergeBracket();
     if (QTest::currentTestFailed())
@@ -289,7 +289,7 @@ void EditorEndToEndTest::quitWithUnsavedMerge_asksAndCancelKeepsIt()
     QCOMPARE(QImage(result).convertToFormat(QImage::Format_RGB32), expected);
 }
 
-void EditorEndToEndTest::versionWithoutDisplay_isAnswered()
+void TestEditorEndToEnd::versionWithoutDisplay_isAnswered()
 {
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -304,5 +304,5 @@ void EditorEndToEndTest::versionWithoutDisplay_isAnswered()
     QCOMPARE(program.readAllStandardOutput(), QByteArray("vesk 1.0.0\n"));
 }
 
-QTEST_GUILESS_MAIN(EditorEndToEndTest)
+QTEST_GUILESS_MAIN(TestEditorEndToEnd)
 #include "tst_editor_end_to_end.moc"

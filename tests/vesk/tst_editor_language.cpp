@@ -60,11 +60,11 @@ bool areUnique(QStringList texts)
 
 } // namespace
 
-class EditorLanguageTest : public QObject
+class TestEditorLanguage : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void cleanup() { end(); }
     void choiceInTheMenu_appliesAtTheNextStart();
     void englishAgain_appliesAtTheNextStart();
@@ -93,21 +93,21 @@ private:
     std::unique_ptr<MainWindow> window;
 };
 
-void EditorLanguageTest::addLanguages()
+void TestEditorLanguage::addLanguages()
 {
     QTest::addColumn<QString>("language");
     for (const char *language : {"", "de_DE", "es_ES", "fr_FR", "ja_JP", "ko_KR", "zh_CN", "zh_TW"})
         QTest::newRow(*language ? language : "English") << language;
 }
 
-void EditorLanguageTest::start(const QString &language)
+void TestEditorLanguage::start(const QString &language)
 {
     VeskGlobalSettings::getInstance()->setLanguage(language);
     restart();
 }
 
 /// What main() does.
-void EditorLanguageTest::restart()
+void TestEditorLanguage::restart()
 {
     end();
     workspace::setUpEditor(*qApp);
@@ -116,14 +116,14 @@ void EditorLanguageTest::restart()
     window->show();
 }
 
-void EditorLanguageTest::end()
+void TestEditorLanguage::end()
 {
     window.reset();
     delete VeskActionManager::getInstance({}); // with the actions that all windows share
     qDeleteAll(qApp->findChildren<QTranslator *>());
 }
 
-void EditorLanguageTest::choiceInTheMenu_appliesAtTheNextStart()
+void TestEditorLanguage::choiceInTheMenu_appliesAtTheNextStart()
 {
     start({});
     QCOMPARE(menuTitle(0), QStringLiteral("&File"));
@@ -138,7 +138,7 @@ void EditorLanguageTest::choiceInTheMenu_appliesAtTheNextStart()
              QStringLiteral("&Speichern"));
 }
 
-void EditorLanguageTest::englishAgain_appliesAtTheNextStart()
+void TestEditorLanguage::englishAgain_appliesAtTheNextStart()
 {
     start(QStringLiteral("ja_JP"));
     QCOMPARE(menuTitle(0), QStringLiteral("ファイル(&F)"));
@@ -148,7 +148,7 @@ void EditorLanguageTest::englishAgain_appliesAtTheNextStart()
     QCOMPARE(menuTitle(0), QStringLiteral("&File"));
 }
 
-void EditorLanguageTest::menus_areTranslated()
+void TestEditorLanguage::menus_areTranslated()
 {
     QFETCH(QString, language);
     if (language.isEmpty())
@@ -168,7 +168,7 @@ void EditorLanguageTest::menus_areTranslated()
     }
 }
 
-void EditorLanguageTest::mnemonics_areUniqueInEachMenu()
+void TestEditorLanguage::mnemonics_areUniqueInEachMenu()
 {
     QFETCH(QString, language);
     start(language);
@@ -186,7 +186,7 @@ void EditorLanguageTest::mnemonics_areUniqueInEachMenu()
 }
 
 /// East Asian menus append the letter: "保存(&S)".
-void EditorLanguageTest::buttons_showNoMnemonics()
+void TestEditorLanguage::buttons_showNoMnemonics()
 {
     QFETCH(QString, language);
     start(language);
@@ -199,7 +199,7 @@ void EditorLanguageTest::buttons_showNoMnemonics()
     QVERIFY(actions->open->toolTip().contains(QLatin1Char('O'))); // Ctrl+O
 }
 
-void EditorLanguageTest::window_clipsNoText()
+void TestEditorLanguage::window_clipsNoText()
 {
     QFETCH(QString, language);
     start(language);
@@ -214,7 +214,7 @@ void EditorLanguageTest::window_clipsNoText()
     QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join('\n')));
 }
 
-void EditorLanguageTest::qualityDialog_clipsNoText()
+void TestEditorLanguage::qualityDialog_clipsNoText()
 {
     QFETCH(QString, language);
     start(language);
@@ -226,7 +226,7 @@ void EditorLanguageTest::qualityDialog_clipsNoText()
     QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join('\n')));
 }
 
-void EditorLanguageTest::questionBeforeLosingWork_isTranslatedToTheButtons()
+void TestEditorLanguage::questionBeforeLosingWork_isTranslatedToTheButtons()
 {
     QFETCH(QString, language);
     const QString catalogues = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
@@ -250,7 +250,7 @@ void EditorLanguageTest::questionBeforeLosingWork_isTranslatedToTheButtons()
     QVERIFY(box.text.contains(QStringLiteral("work.png")));
 }
 
-void EditorLanguageTest::reasonOfAFailedOpen_isTranslated()
+void TestEditorLanguage::reasonOfAFailedOpen_isTranslated()
 {
     const TestPictures pictures;
     start(QStringLiteral("de_DE"));
@@ -265,7 +265,7 @@ void EditorLanguageTest::reasonOfAFailedOpen_isTranslated()
                             "„fehlt.png“: diese Datei gibt es nicht"));
 }
 
-void EditorLanguageTest::reasonOfAFailedSave_isTranslated()
+void TestEditorLanguage::reasonOfAFailedSave_isTranslated()
 {
     start(QStringLiteral("fr_FR"));
     VeskContext *document = window->findChild<DocumentArea *>()->open(
@@ -281,7 +281,7 @@ int main(int argc, char **argv)
 {
     workspace::nameEditor();
     QApplication application(argc, argv);
-    EditorLanguageTest test;
+    TestEditorLanguage test;
     return QTest::qExec(&test, argc, argv);
 }
 

@@ -8,7 +8,7 @@
 #include "still_bracket.h"
 
 #ifdef VESK_HAS_OPENCV
-#include "mertens_rival.h"
+#include "MertensRival.h"
 #endif
 
 #include "parallel_rows.h"

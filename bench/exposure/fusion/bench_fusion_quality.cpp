@@ -9,7 +9,7 @@
 #include "motion.h"
 
 #ifdef VESK_HAS_OPENCV
-#include "mertens_rival.h"
+#include "MertensRival.h"
 #endif
 
 #include <QDir>

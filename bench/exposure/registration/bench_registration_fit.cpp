@@ -2,7 +2,7 @@
 // OpenCV's findTransformECC where that is installed, and how long each pair takes:
 //   bench_registration_fit [--save FOLDER] [--reference N] [--no-ecc] PICTURE...
 
-#include "local_correlation.h"
+#include "LocalCorrelation.h"
 #include "registration.h"
 #include "resample.h"
 #ifdef VESK_HAS_OPENCV

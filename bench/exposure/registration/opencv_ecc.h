@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transform.h"
+#include "Transform.h"
 
 #include <QImage>
 

@@ -1,7 +1,7 @@
 #include "fusion.h"
 
-#include "deep_rows.h"
-#include "fusion_engine.h"
+#include "DeepRows.h"
+#include "FusionEngine.h"
 #include "fusion_rows.h"
 #include "fusion_watch.h"
 #include "large_memory.h"

@@ -1,10 +1,10 @@
 #include "motion.h"
 
+#include "Movement.h"
+#include "SmallShot.h"
 #include "clipped_parts.h"
-#include "movement.h"
 #include "planes.h"
 #include "regions.h"
-#include "small_shot.h"
 
 #include <algorithm>
 #include <new>

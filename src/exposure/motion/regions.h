@@ -1,7 +1,7 @@
 #pragma once
 
-#include "movement.h"
-#include "small_shot.h"
+#include "Movement.h"
+#include "SmallShot.h"
 
 #include <cstddef>
 #include <vector>

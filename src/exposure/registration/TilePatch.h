@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Transform.h"
 #include "correlation.h"
 #include "normalised_plane.h"
-#include "transform.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "motion_fit.h"
+#include "MotionFit.h"
 
 namespace registration {
 

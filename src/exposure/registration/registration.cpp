@@ -1,7 +1,7 @@
 #include "registration.h"
 
 #include "SetRegistration.h"
-#include "shot_light.h"
+#include "ShotLight.h"
 
 #include <algorithm>
 #include <new>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shot_pyramid.h"
-#include "transform.h"
+#include "ShotPyramid.h"
+#include "Transform.h"
 
 #include <vector>
 

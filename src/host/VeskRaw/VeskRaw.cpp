@@ -1,7 +1,7 @@
 #include "VeskRaw.h"
 
+#include "ConverterAnswer.h"
 #include "ConverterProcess.h"
-#include "converter_answer.h"
 #include "libraw_conversion.h"
 
 #include <libraw/libraw.h>

@@ -1,7 +1,7 @@
-// Converts one camera raw file for VeskRaw, see converter_answer.h. Whatever ends this program, its
+// Converts one camera raw file for VeskRaw, see ConverterAnswer.h. Whatever ends this program, its
 // caller goes on.
 
-#include "converter_answer.h"
+#include "ConverterAnswer.h"
 #include "libraw_conversion.h"
 
 #include <algorithm>

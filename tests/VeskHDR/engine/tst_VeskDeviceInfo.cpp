@@ -50,7 +50,7 @@ const QString kKey = QStringLiteral("OpenCLDevice");
 
 } // namespace
 
-class VeskDeviceInfoTest : public QObject
+class TestVeskDeviceInfo : public QObject
 {
     Q_OBJECT
 
@@ -412,5 +412,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(VeskDeviceInfoTest)
+QTEST_GUILESS_MAIN(TestVeskDeviceInfo)
 #include "tst_VeskDeviceInfo.moc"

@@ -61,7 +61,7 @@ QByteArray bytesOf(const QImage &picture)
 
 } // namespace
 
-class ExposureMergeTest : public QObject
+class TestExposureMerge : public QObject
 {
     Q_OBJECT
 
@@ -91,20 +91,20 @@ private slots:
     void photographs_equalThePlainCode();
 };
 
-void ExposureMergeTest::emptyList_givesNull()
+void TestExposureMerge::emptyList_givesNull()
 {
     QVERIFY(!mergeExposures({}));
     QVERIFY(!plain::mergeExposures({}));
 }
 
-void ExposureMergeTest::nullPointer_givesNull()
+void TestExposureMerge::nullPointer_givesNull()
 {
     const Picture picture = uniform({4, 4}, qRgb(1, 2, 3));
     QVERIFY(!mergeExposures({picture.get(), nullptr}));
     QVERIFY(!mergeExposures({nullptr, picture.get()}));
 }
 
-void ExposureMergeTest::singlePicture_isItselfUpToTruncation()
+void TestExposureMerge::singlePicture_isItselfUpToTruncation()
 {
     std::mt19937 random(1);
     QImage picture = pictures::noise({256, 64}, QImage::Format_RGB32, random);
@@ -124,7 +124,7 @@ void ExposureMergeTest::singlePicture_isItselfUpToTruncation()
     QVERIFY2(someChannelIsLower, "r * w / w never fell below r: was the quotient rounded?");
 }
 
-void ExposureMergeTest::transparentBlack_countsAsBlack()
+void TestExposureMerge::transparentBlack_countsAsBlack()
 {
     const Picture border = uniform({3, 3}, 0x00000000);
     const Picture grey = uniform({3, 3}, qRgb(128, 128, 128));
@@ -136,7 +136,7 @@ void ExposureMergeTest::transparentBlack_countsAsBlack()
     QVERIFY(expected < 128);
 }
 
-void ExposureMergeTest::weights_ofBlackWhiteAndMidGrey()
+void TestExposureMerge::weights_ofBlackWhiteAndMidGrey()
 {
     QCOMPARE(weights::of(qRgb(0, 0, 0)), expf(-0.25F));
     QCOMPARE(weights::of(qRgb(255, 255, 255)), expf(-0.25F));
@@ -146,7 +146,7 @@ void ExposureMergeTest::weights_ofBlackWhiteAndMidGrey()
     QVERIFY(qAbs(weights::of(qRgb(0, 0, 0)) - 0.7788F) < 0.0001F);
 }
 
-void ExposureMergeTest::laterPictureOfOtherSize_givesNull_data()
+void TestExposureMerge::laterPictureOfOtherSize_givesNull_data()
 {
     QTest::addColumn<QSize>("other");
     QTest::newRow("one column more") << QSize(9, 5);
@@ -157,7 +157,7 @@ void ExposureMergeTest::laterPictureOfOtherSize_givesNull_data()
     QTest::newRow("empty") << QSize(0, 0);
 }
 
-void ExposureMergeTest::laterPictureOfOtherSize_givesNull()
+void TestExposureMerge::laterPictureOfOtherSize_givesNull()
 {
     QFETCH(QSize, other);
     const Picture a = uniform({8, 5}, qRgb(10, 20, 30));
@@ -169,7 +169,7 @@ void ExposureMergeTest::laterPictureOfOtherSize_givesNull()
     }
 }
 
-void ExposureMergeTest::alphaOfInputs_isIgnoredAndOutputIsOpaque()
+void TestExposureMerge::alphaOfInputs_isIgnoredAndOutputIsOpaque()
 {
     const Picture clear = uniform({5, 2}, qRgba(90, 60, 30, 0));
     const Picture half = uniform({5, 2}, qRgba(90, 60, 30, 128));
@@ -181,7 +181,7 @@ void ExposureMergeTest::alphaOfInputs_isIgnoredAndOutputIsOpaque()
         QCOMPARE(reinterpret_cast<const QRgb *>(mixed->constScanLine(1))[x] >> 24, 0xFFU);
 }
 
-void ExposureMergeTest::result_isAnRgb32ImageOfTheFirstSize()
+void TestExposureMerge::result_isAnRgb32ImageOfTheFirstSize()
 {
     const Picture picture = uniform({17, 3}, qRgb(1, 2, 3), QImage::Format_RGB888);
     const Picture merged(mergeExposures({picture.get(), picture.get()}));
@@ -189,7 +189,7 @@ void ExposureMergeTest::result_isAnRgb32ImageOfTheFirstSize()
     QCOMPARE(merged->format(), QImage::Format_RGB32);
 }
 
-void ExposureMergeTest::inputs_areLeftAsTheyWere()
+void TestExposureMerge::inputs_areLeftAsTheyWere()
 {
     std::mt19937 random(2);
     QImage a = pictures::noise({33, 9}, QImage::Format_ARGB32, random);
@@ -202,7 +202,7 @@ void ExposureMergeTest::inputs_areLeftAsTheyWere()
     QCOMPARE(b.colorTable(), bBefore.colorTable());
 }
 
-void ExposureMergeTest::constantPictures_stayConstant()
+void TestExposureMerge::constantPictures_stayConstant()
 {
     const Picture a = uniform({131, 37}, qRgb(200, 10, 77));
     const Picture b = uniform({131, 37}, qRgb(20, 110, 250));
@@ -211,7 +211,7 @@ void ExposureMergeTest::constantPictures_stayConstant()
     QCOMPARE(*merged, constant);
 }
 
-void ExposureMergeTest::pixels_followTheDefinition()
+void TestExposureMerge::pixels_followTheDefinition()
 {
     std::mt19937 random(3);
     for (int count = 1; count <= 5; ++count) {
@@ -233,7 +233,7 @@ void ExposureMergeTest::pixels_followTheDefinition()
 
 /// FNV-1a over the bytes of the weights, the lowest first, from the start that was recorded with
 /// it.
-void ExposureMergeTest::weights_ofEveryPair_areTheRecordedOnes()
+void TestExposureMerge::weights_ofEveryPair_areTheRecordedOnes()
 {
     const auto addTo = [](quint64 &hash, float weight) {
         quint32 bits = 0;
@@ -260,7 +260,7 @@ void ExposureMergeTest::weights_ofEveryPair_areTheRecordedOnes()
 }
 
 /// What the other tests rely on: a target that the compiler did not make runs as another one.
-void ExposureMergeTest::forcedTarget_notCompiled_isNotTakenForRunning()
+void TestExposureMerge::forcedTarget_notCompiled_isNotTakenForRunning()
 {
     QVERIFY(!vectorTargets::all().empty());
     int64_t missing = 1;
@@ -270,7 +270,7 @@ void ExposureMergeTest::forcedTarget_notCompiled_isNotTakenForRunning()
     QVERIFY(!vectorTargets::isEngineRunning(forced));
 }
 
-void ExposureMergeTest::weightTable_holdsTheWeightOfEveryColour()
+void TestExposureMerge::weightTable_holdsTheWeightOfEveryColour()
 {
     // The table knows the largest and the smallest channel; the one between must not matter, nor
     // which channel is which.
@@ -286,7 +286,7 @@ void ExposureMergeTest::weightTable_holdsTheWeightOfEveryColour()
     }
 }
 
-void ExposureMergeTest::everyPairOfLargestAndSmallestChannel_equalsThePlainCode()
+void TestExposureMerge::everyPairOfLargestAndSmallestChannel_equalsThePlainCode()
 {
     QImage pairs(256, 256, QImage::Format_RGB32);
     QImage mirrored(256, 256, QImage::Format_RGB32);
@@ -309,7 +309,7 @@ void ExposureMergeTest::everyPairOfLargestAndSmallestChannel_equalsThePlainCode(
     }
 }
 
-void ExposureMergeTest::randomPicturesOfAllFormats_equalThePlainCode()
+void TestExposureMerge::randomPicturesOfAllFormats_equalThePlainCode()
 {
     constexpr uint32_t seed = 20201;
     qInfo("seed %u", seed);
@@ -336,7 +336,7 @@ void ExposureMergeTest::randomPicturesOfAllFormats_equalThePlainCode()
     }
 }
 
-void ExposureMergeTest::threadCounts_giveTheSamePixels()
+void TestExposureMerge::threadCounts_giveTheSamePixels()
 {
     std::mt19937 random(5);
     pictures::Owned owned;
@@ -351,7 +351,7 @@ void ExposureMergeTest::threadCounts_giveTheSamePixels()
     }
 }
 
-void ExposureMergeTest::paddedRows_areNotRead()
+void TestExposureMerge::paddedRows_areNotRead()
 {
     // Rows that start at odd places of a buffer, with rubbish between them.
     std::mt19937 random(6);
@@ -367,14 +367,14 @@ void ExposureMergeTest::paddedRows_areNotRead()
     QCOMPARE(*merged, *plain);
 }
 
-void ExposureMergeTest::photographs_equalThePlainCode_data()
+void TestExposureMerge::photographs_equalThePlainCode_data()
 {
     QTest::addColumn<QString>("names");
     QTest::newRow("hand-held bracket") << "IMG_387*.jpeg";
     QTest::newRow("church interior") << "test1_memorial*.png";
 }
 
-void ExposureMergeTest::photographs_equalThePlainCode()
+void TestExposureMerge::photographs_equalThePlainCode()
 {
     QFETCH(QString, names);
     const QStringList paths = pictures::photographs(names);
@@ -392,5 +392,5 @@ void ExposureMergeTest::photographs_equalThePlainCode()
     }
 }
 
-QTEST_GUILESS_MAIN(ExposureMergeTest)
+QTEST_GUILESS_MAIN(TestExposureMerge)
 #include "tst_exposure_merge.moc"

@@ -40,7 +40,7 @@ QImage mergedPlainly(bool align)
 } // namespace
 
 /// On the processor, and on a device that is none. tst_VeskHDRThread takes the road to a device.
-class MergePicturesTest : public QObject
+class TestMergePictures : public QObject
 {
     Q_OBJECT
 
@@ -55,7 +55,7 @@ private slots:
     void picturesThatCannotBeMerged_areKept();
 };
 
-void MergePicturesTest::merge_givesThePlainPixels_data()
+void TestMergePictures::merge_givesThePlainPixels_data()
 {
     QTest::addColumn<bool>("align");
     QTest::addColumn<bool>("mayReusePixels");
@@ -64,7 +64,7 @@ void MergePicturesTest::merge_givesThePlainPixels_data()
     QTest::newRow("aligned in place") << true << true;
 }
 
-void MergePicturesTest::merge_givesThePlainPixels()
+void TestMergePictures::merge_givesThePlainPixels()
 {
     QFETCH(bool, align);
     merge::Options options;
@@ -81,7 +81,7 @@ void MergePicturesTest::merge_givesThePlainPixels()
     QVERIFY(mergedPlainly(true) != mergedPlainly(false));
 }
 
-void MergePicturesTest::merge_tellsItsStepsAndShifts()
+void TestMergePictures::merge_tellsItsStepsAndShifts()
 {
     for (const bool align : {true, false}) {
         QList<merge::Step> steps;
@@ -99,12 +99,12 @@ void MergePicturesTest::merge_tellsItsStepsAndShifts()
     }
 }
 
-void MergePicturesTest::merge_keepsProfileAndResolutionOfTheFirstPicture_data()
+void TestMergePictures::merge_keepsProfileAndResolutionOfTheFirstPicture_data()
 {
     merge_givesThePlainPixels_data();
 }
 
-void MergePicturesTest::merge_keepsProfileAndResolutionOfTheFirstPicture()
+void TestMergePictures::merge_keepsProfileAndResolutionOfTheFirstPicture()
 {
     constexpr int k300Dpi = 11811;
     merge::Options options;
@@ -126,7 +126,7 @@ void MergePicturesTest::merge_keepsProfileAndResolutionOfTheFirstPicture()
     }
 }
 
-void MergePicturesTest::missingDevice_leavesOpaqueBlackAndIsTold()
+void TestMergePictures::missingDevice_leavesOpaqueBlackAndIsTold()
 {
     merge::Options options;
     options.onDevice = true;
@@ -140,7 +140,7 @@ void MergePicturesTest::missingDevice_leavesOpaqueBlackAndIsTold()
     QCOMPARE(*outcome.picture, black);
 }
 
-void MergePicturesTest::picturesThatCannotBeMerged_areKept_data()
+void TestMergePictures::picturesThatCannotBeMerged_areKept_data()
 {
     QTest::addColumn<QList<QSize>>("sizes");
     QTest::addColumn<bool>("onDevice");
@@ -153,7 +153,7 @@ void MergePicturesTest::picturesThatCannotBeMerged_areKept_data()
                                   << int(merge::Error::DifferentSizes);
 }
 
-void MergePicturesTest::picturesThatCannotBeMerged_areKept()
+void TestMergePictures::picturesThatCannotBeMerged_areKept()
 {
     QFETCH(QList<QSize>, sizes);
     QFETCH(bool, onDevice);
@@ -172,5 +172,5 @@ void MergePicturesTest::picturesThatCannotBeMerged_areKept()
     qDeleteAll(list);
 }
 
-QTEST_GUILESS_MAIN(MergePicturesTest)
+QTEST_GUILESS_MAIN(TestMergePictures)
 #include "tst_merge_pictures.moc"

@@ -44,7 +44,7 @@ QByteArray rowText(const QImage &bitmap, int y)
 
 } // namespace
 
-class MtbPrimitivesTest : public QObject
+class TestMtbPrimitives : public QObject
 {
     Q_OBJECT
 
@@ -71,7 +71,7 @@ private slots:
     void noMemoryForThePicture_endsTheProcessWithTheReport();
 };
 
-void MtbPrimitivesTest::getLum_weighsChannelsAndTruncates()
+void TestMtbPrimitives::getLum_weighsChannelsAndTruncates()
 {
     QImage picture(5, 1, QImage::Format_RGB32);
     const QList<QRgb> colors = {qRgb(255, 255, 255), qRgb(1, 1, 1), qRgb(255, 0, 0),
@@ -86,7 +86,7 @@ void MtbPrimitivesTest::getLum_weighsChannelsAndTruncates()
         QCOMPARE(int(lum.constScanLine(0)[x]), expected[x]);
 }
 
-void MtbPrimitivesTest::getLum_givesTheCumulativeHistogram()
+void TestMtbPrimitives::getLum_givesTheCumulativeHistogram()
 {
     QImage picture(4, 1, QImage::Format_RGB32);
     for (int x = 0; x < 4; ++x)
@@ -103,7 +103,7 @@ void MtbPrimitivesTest::getLum_givesTheCumulativeHistogram()
 
 /// Ten shares of a tenth add up to less than one: what a count of all pixels so far, times a tenth,
 /// would not show. The threshold hangs on it.
-void MtbPrimitivesTest::getLum_addsTheSharesOneAfterTheOther()
+void TestMtbPrimitives::getLum_addsTheSharesOneAfterTheOther()
 {
     QImage picture(10, 1, QImage::Format_RGB32);
     for (int x = 0; x < 10; ++x)
@@ -124,7 +124,7 @@ void MtbPrimitivesTest::getLum_addsTheSharesOneAfterTheOther()
     QCOMPARE(GreyHistogram::percentileLevel(fast, 1.0), 256);
 }
 
-void MtbPrimitivesTest::getLum_resizesTheHistogramTo256Entries()
+void TestMtbPrimitives::getLum_resizesTheHistogramTo256Entries()
 {
     QImage picture(2, 2, QImage::Format_RGB32);
     picture.fill(Qt::white);
@@ -137,7 +137,7 @@ void MtbPrimitivesTest::getLum_resizesTheHistogramTo256Entries()
     }
 }
 
-void MtbPrimitivesTest::getLum_givesTheGreyColourTable()
+void TestMtbPrimitives::getLum_givesTheGreyColourTable()
 {
     QImage picture(2, 2, QImage::Format_RGB32);
     picture.fill(Qt::white);
@@ -150,7 +150,7 @@ void MtbPrimitivesTest::getLum_givesTheGreyColourTable()
     QCOMPARE(lum.color(255), 0xFFFFFFFFU);
 }
 
-void MtbPrimitivesTest::setbitmap_hasTheTwoEntryColourTable()
+void TestMtbPrimitives::setbitmap_hasTheTwoEntryColourTable()
 {
     const Picture bitmap(setbitmap({7, 3}));
     QCOMPARE(bitmap->size(), QSize(7, 3));
@@ -158,7 +158,7 @@ void MtbPrimitivesTest::setbitmap_hasTheTwoEntryColourTable()
     QCOMPARE(bitmap->colorTable(), QVector<QRgb>({0xFF000000, 0xFFFFFFFF}));
 }
 
-void MtbPrimitivesTest::setThreshold_levelsAtToleranceAreTrustedThoseBetweenAreNot()
+void TestMtbPrimitives::setThreshold_levelsAtToleranceAreTrustedThoseBetweenAreNot()
 {
     const Picture grey = pictures::greyRow({95, 96, 97, 99, 100, 103, 104, 105});
     const Picture tb(setbitmap(grey->size()));
@@ -168,7 +168,7 @@ void MtbPrimitivesTest::setThreshold_levelsAtToleranceAreTrustedThoseBetweenAreN
     QCOMPARE(rowText(*eb, 0), QByteArray("11000011"));
 }
 
-void MtbPrimitivesTest::sumimage_countsTheOnes()
+void TestMtbPrimitives::sumimage_countsTheOnes()
 {
     QCOMPARE(sumimage(bitmapOf({"1011", "0001", "0000"}).get()), qint64(4));
     QImage bytes(3, 2, QImage::Format_Indexed8);
@@ -176,7 +176,7 @@ void MtbPrimitivesTest::sumimage_countsTheOnes()
     QCOMPARE(sumimage(&bytes), qint64(6 * 255));
 }
 
-void MtbPrimitivesTest::sumimage_moreThan32BitsHold_isExact()
+void TestMtbPrimitives::sumimage_moreThan32BitsHold_isExact()
 {
     QImage bytes(4200, 4100, QImage::Format_Indexed8);
     bytes.fill(255);
@@ -184,7 +184,7 @@ void MtbPrimitivesTest::sumimage_moreThan32BitsHold_isExact()
     QVERIFY(sumimage(&bytes) > qint64(UINT_MAX));
 }
 
-void MtbPrimitivesTest::setThreshold_extremeThresholdsAndTolerances_areExact_data()
+void TestMtbPrimitives::setThreshold_extremeThresholdsAndTolerances_areExact_data()
 {
     QTest::addColumn<int>("threshold");
     QTest::addColumn<int>("tolerance");
@@ -201,7 +201,7 @@ void MtbPrimitivesTest::setThreshold_extremeThresholdsAndTolerances_areExact_dat
         << INT_MAX << INT_MIN << QByteArray("00") << QByteArray("11");
 }
 
-void MtbPrimitivesTest::setThreshold_extremeThresholdsAndTolerances_areExact()
+void TestMtbPrimitives::setThreshold_extremeThresholdsAndTolerances_areExact()
 {
     QFETCH(int, threshold);
     QFETCH(int, tolerance);
@@ -215,7 +215,7 @@ void MtbPrimitivesTest::setThreshold_extremeThresholdsAndTolerances_areExact()
     QCOMPARE(rowText(*eb, 0), trusted);
 }
 
-void MtbPrimitivesTest::XORimages_readsExclusionBytesOnlyAtDifferingPixels()
+void TestMtbPrimitives::XORimages_readsExclusionBytesOnlyAtDifferingPixels()
 {
     // Columns 2 and 5 differ. They read bytes 0 and 1 of the first exclusion bitmap: the zeros at
     // columns 2 and 5 are never looked at.
@@ -228,7 +228,7 @@ void MtbPrimitivesTest::XORimages_readsExclusionBytesOnlyAtDifferingPixels()
     QCOMPARE(rowText(*out, 0), QByteArray("001001"));
 }
 
-void MtbPrimitivesTest::XORimages_secondExclusionBitmapAdvancesOnlyWhereTheFirstLetsPass()
+void TestMtbPrimitives::XORimages_secondExclusionBitmapAdvancesOnlyWhereTheFirstLetsPass()
 {
     // All columns differ. The first exclusion bitmap stops columns 0 and 2; the others read bytes
     // 0, 1 of the second one, which stops column 3.
@@ -241,7 +241,7 @@ void MtbPrimitivesTest::XORimages_secondExclusionBitmapAdvancesOnlyWhereTheFirst
     QCOMPARE(rowText(*out, 0), QByteArray("0100"));
 }
 
-void MtbPrimitivesTest::XORimages_startsAnewInEachRow()
+void TestMtbPrimitives::XORimages_startsAnewInEachRow()
 {
     const Picture tb1 = bitmapOf({"11", "11"});
     const Picture tb2 = bitmapOf({"00", "00"});
@@ -253,7 +253,7 @@ void MtbPrimitivesTest::XORimages_startsAnewInEachRow()
     QCOMPARE(rowText(*out, 1), QByteArray("10"));
 }
 
-void MtbPrimitivesTest::shiftimage_fillsUncoveredPixelsWithZero()
+void TestMtbPrimitives::shiftimage_fillsUncoveredPixelsWithZero()
 {
     const Picture in = bitmapOf({"111", "101", "111"});
     const Picture out = bitmapOf({"111", "111", "111"});
@@ -263,7 +263,7 @@ void MtbPrimitivesTest::shiftimage_fillsUncoveredPixelsWithZero()
     QCOMPARE(rowText(*out, 2), QByteArray("000"));
 }
 
-void MtbPrimitivesTest::shiftQImage_uncoveredPixelsAreTransparentBlack_data()
+void TestMtbPrimitives::shiftQImage_uncoveredPixelsAreTransparentBlack_data()
 {
     QTest::addColumn<QPoint>("shift");
     for (const QPoint shift :
@@ -273,7 +273,7 @@ void MtbPrimitivesTest::shiftQImage_uncoveredPixelsAreTransparentBlack_data()
         QTest::addRow("%d, %d", shift.x(), shift.y()) << shift;
 }
 
-void MtbPrimitivesTest::shiftQImage_uncoveredPixelsAreTransparentBlack()
+void TestMtbPrimitives::shiftQImage_uncoveredPixelsAreTransparentBlack()
 {
     QFETCH(QPoint, shift);
     std::mt19937 random(1);
@@ -290,7 +290,7 @@ void MtbPrimitivesTest::shiftQImage_uncoveredPixelsAreTransparentBlack()
     }
 }
 
-void MtbPrimitivesTest::shiftQImage_keepsWordsAndGivesArgb32()
+void TestMtbPrimitives::shiftQImage_keepsWordsAndGivesArgb32()
 {
     QImage in(2, 1, QImage::Format_RGB32);
     in.fill(0xFF123456);
@@ -299,7 +299,7 @@ void MtbPrimitivesTest::shiftQImage_keepsWordsAndGivesArgb32()
     QCOMPARE(reinterpret_cast<const QRgb *>(out->constScanLine(0))[1], 0xFF123456U);
 }
 
-void MtbPrimitivesTest::noMemoryForThePicture_endsTheProcessWithTheReport_data()
+void TestMtbPrimitives::noMemoryForThePicture_endsTheProcessWithTheReport_data()
 {
     QTest::addColumn<QString>("task");
     QTest::addColumn<QByteArrayList>("parts");
@@ -311,7 +311,7 @@ void MtbPrimitivesTest::noMemoryForThePicture_endsTheProcessWithTheReport_data()
                                               "src/VeskHDR/mtb_alignment.cpp:336:"};
 }
 
-void MtbPrimitivesTest::noMemoryForThePicture_endsTheProcessWithTheReport()
+void TestMtbPrimitives::noMemoryForThePicture_endsTheProcessWithTheReport()
 {
 #if !defined(__GLIBC__)
     QSKIP("the report's form is that of another C library");
@@ -334,7 +334,7 @@ int main(int argc, char **argv)
         runAsChild(QString::fromLatin1(argv[1]));
         return 0;
     }
-    MtbPrimitivesTest test;
+    TestMtbPrimitives test;
     return QTest::qExec(&test, argc, argv);
 }
 

@@ -256,7 +256,7 @@ private:
 
 } // namespace
 
-class OpenCLMergeTest : public QObject
+class TestOpenCLMerge : public QObject
 {
     Q_OBJECT
 
@@ -635,5 +635,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(OpenCLMergeTest)
+QTEST_GUILESS_MAIN(TestOpenCLMerge)
 #include "tst_opencl_merge.moc"

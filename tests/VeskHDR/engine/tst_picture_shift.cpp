@@ -13,7 +13,7 @@ using Picture = std::unique_ptr<QImage>;
 
 } // namespace
 
-class PictureShiftTest : public QObject
+class TestPictureShift : public QObject
 {
     Q_OBJECT
 
@@ -24,14 +24,14 @@ private slots:
     void shiftedInPlace_equalsShiftedCopy();
 };
 
-void PictureShiftTest::sharedPictures_areCopiedNotChanged_data()
+void TestPictureShift::sharedPictures_areCopiedNotChanged_data()
 {
     QTest::addColumn<bool>("inPlace");
     QTest::newRow("into new pictures") << false;
     QTest::newRow("in place") << true;
 }
 
-void PictureShiftTest::sharedPictures_areCopiedNotChanged()
+void TestPictureShift::sharedPictures_areCopiedNotChanged()
 {
     QFETCH(bool, inPlace);
     const QImage held = pictures::scene({40, 40}, {3, 3}, 1.0, 5);
@@ -44,7 +44,7 @@ void PictureShiftTest::sharedPictures_areCopiedNotChanged()
     qDeleteAll(list);
 }
 
-void PictureShiftTest::shiftedInPlace_equalsShiftedCopy_data()
+void TestPictureShift::shiftedInPlace_equalsShiftedCopy_data()
 {
     QTest::addColumn<QPoint>("shift");
     for (const QPoint shift :
@@ -54,7 +54,7 @@ void PictureShiftTest::shiftedInPlace_equalsShiftedCopy_data()
         QTest::addRow("%d, %d", shift.x(), shift.y()) << shift;
 }
 
-void PictureShiftTest::shiftedInPlace_equalsShiftedCopy()
+void TestPictureShift::shiftedInPlace_equalsShiftedCopy()
 {
     QFETCH(QPoint, shift);
     std::mt19937 random(14);
@@ -75,5 +75,5 @@ void PictureShiftTest::shiftedInPlace_equalsShiftedCopy()
     }
 }
 
-QTEST_GUILESS_MAIN(PictureShiftTest)
+QTEST_GUILESS_MAIN(TestPictureShift)
 #include "tst_picture_shift.moc"

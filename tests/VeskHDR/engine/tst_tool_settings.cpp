@@ -32,7 +32,7 @@ class TestToolSettings : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init()
     {
         const QString folder = QFileInfo(path()).path();

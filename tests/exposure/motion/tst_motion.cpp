@@ -1,7 +1,7 @@
+#include "MovingScene.h"
+#include "SmallShot.h"
 #include "fusion.h"
 #include "motion.h"
-#include "moving_scene.h"
-#include "small_shot.h"
 
 #include "parallel_rows.h"
 

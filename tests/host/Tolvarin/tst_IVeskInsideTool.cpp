@@ -45,7 +45,7 @@ class TestIVeskInsideTool : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void activeWithoutUiManager_doesNothing()
     {
         InsideTool tool;

@@ -35,7 +35,7 @@ class TestIVeskTool : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void newTool_isInactiveWithoutWidgetAndContext()
     {
         PlainTool tool;

@@ -33,7 +33,7 @@ class TestIVeskUIManager : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void optionalOperations_haveHarmlessDefaults()
     {
         PlainManager manager;

@@ -32,7 +32,7 @@ class TestVeskContext : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void newContext_isEmptyAndSaved()
     {
         const VeskContext context;

@@ -43,7 +43,7 @@ class TestVeskContextManager : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void cleanup()
     {
         while (VeskContext *const context = manager()->contextAt(0)) {

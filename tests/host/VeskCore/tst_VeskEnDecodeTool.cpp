@@ -30,7 +30,7 @@ class TestVeskEnDecodeTool : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void key_isTheSameEveryTimeAndNotEmpty()
     {
         QVERIFY(!hostKey().isEmpty());

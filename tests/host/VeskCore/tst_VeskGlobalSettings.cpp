@@ -24,7 +24,7 @@ class TestVeskGlobalSettings : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init() { QFile::remove(VeskGlobalSettings::configFilePath()); }
 
     void configFilePath_isConfigIniInTheDataLocation()

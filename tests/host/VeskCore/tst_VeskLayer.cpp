@@ -18,7 +18,7 @@ class TestVeskLayer : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void newLayer_hasNoPicture()
     {
         const VeskLayer layer(QStringLiteral("layer 0"));

@@ -20,7 +20,7 @@ class TestVeskLayerBase : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void newLayer_isOpaqueAndVisible()
     {
         const EmptyLayer layer(QStringLiteral("layer 0"));

@@ -24,7 +24,7 @@ class TestVeskLayerManager : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void newManager_hasNoLayerAndNoCurrent()
     {
         const VeskLayerManager layers;

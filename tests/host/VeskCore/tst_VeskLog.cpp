@@ -50,7 +50,7 @@ class TestVeskLog : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void initTestCase()
     {
         // The entries of these tests are of no interest on the terminal.

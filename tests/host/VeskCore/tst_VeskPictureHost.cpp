@@ -6,7 +6,7 @@ class TestVeskPictureHost : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void emptyHost_hasNoPictureAndSizeZero()
     {
         const VeskPictureHost host;

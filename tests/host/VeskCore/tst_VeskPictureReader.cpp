@@ -22,7 +22,7 @@ class TestVeskPictureReader : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void readImageToHost_outlivesTheImage()
     {
         auto image = std::make_unique<QImage>(markedImage());

@@ -6,7 +6,7 @@ class TestVeskSelection : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void newSelection_isEmptyAndSizedToTheDocument()
     {
         const VeskSelection selection(nullptr, 640, 480);

@@ -61,7 +61,7 @@ class TestVeskSettingsFile : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init()
     {
         QVERIFY(QDir().mkpath(folder()));

@@ -1,4 +1,4 @@
-#include "converter_answer.h"
+#include "ConverterAnswer.h"
 #include "dng_writer.h"
 
 #include <VeskRaw.h>
@@ -52,7 +52,7 @@ class TestConverterProcess : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init()
     {
         folder = std::make_unique<QTemporaryDir>();

@@ -20,7 +20,7 @@ class TestTiffFirstDirectory : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void greyPicture_isViewable()
     {
         const auto directory = read(plainTiff(5, 3, 1, 16, 7, "make", "model"));

@@ -50,7 +50,7 @@ class TestVeskRaw : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void cleanup() { VeskRaw::setPixelLimit(VeskRaw::kDefaultPixelLimit); }
 
     void getInstance_isAlwaysTheSame() { QCOMPARE(VeskRaw::getInstance(), converter()); }

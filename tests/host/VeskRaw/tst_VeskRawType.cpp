@@ -28,7 +28,7 @@ class TestVeskRawType : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void suffixes_areLowerCaseAndKnowTheCommonOnes()
     {
         const QStringList suffixes = VeskRawType::suffixes();

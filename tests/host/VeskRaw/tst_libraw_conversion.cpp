@@ -37,7 +37,7 @@ class TestLibRawConversion : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void program_givesThePixelsOfTheProcess_data()
     {
         QTest::addColumn<QString>("file");

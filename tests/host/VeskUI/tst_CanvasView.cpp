@@ -17,7 +17,7 @@ CanvasView viewOf(const QSize &document, const QSize &viewport)
 
 } // namespace
 
-class CanvasViewTest : public QObject
+class TestCanvasView : public QObject
 {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private slots:
     void emptyDocumentOrViewport_hasNoPixels();
 };
 
-void CanvasViewTest::fit_showsTheWholeDocument_data()
+void TestCanvasView::fit_showsTheWholeDocument_data()
 {
     QTest::addColumn<QSize>("document");
     QTest::addColumn<QSize>("viewport");
@@ -48,7 +48,7 @@ void CanvasViewTest::fit_showsTheWholeDocument_data()
     QTest::newRow("huge, at the lower bound") << QSize(1000000, 10) << QSize(400, 300) << kMinimum;
 }
 
-void CanvasViewTest::fit_showsTheWholeDocument()
+void TestCanvasView::fit_showsTheWholeDocument()
 {
     QFETCH(QSize, document);
     QFETCH(QSize, viewport);
@@ -62,7 +62,7 @@ void CanvasViewTest::fit_showsTheWholeDocument()
         QVERIFY(QRect(QPoint(0, 0), viewport).contains(view.documentRect()));
 }
 
-void CanvasViewTest::fit_isKeptThroughResizes()
+void TestCanvasView::fit_isKeptThroughResizes()
 {
     CanvasView view = viewOf(QSize(2000, 1000), QSize(400, 300));
     view.setViewport(QSize(800, 600));
@@ -71,13 +71,13 @@ void CanvasViewTest::fit_isKeptThroughResizes()
     QCOMPARE(view.zoom(), 0.2);
 }
 
-void CanvasViewTest::smallDocument_isCentred()
+void TestCanvasView::smallDocument_isCentred()
 {
     const CanvasView view = viewOf(QSize(100, 80), QSize(400, 300));
     QCOMPARE(view.documentRect(), QRect(150, 110, 100, 80));
 }
 
-void CanvasViewTest::setZoom_keepsWhatIsAtTheAnchor()
+void TestCanvasView::setZoom_keepsWhatIsAtTheAnchor()
 {
     CanvasView view = viewOf(QSize(4000, 3000), QSize(400, 300));
     view.setZoom(1, QPointF(200, 150));
@@ -90,7 +90,7 @@ void CanvasViewTest::setZoom_keepsWhatIsAtTheAnchor()
     }
 }
 
-void CanvasViewTest::setZoom_outOfBounds_isMovedInside()
+void TestCanvasView::setZoom_outOfBounds_isMovedInside()
 {
     CanvasView view = viewOf(QSize(4000, 3000), QSize(400, 300));
     view.setZoom(1e9, QPointF());
@@ -101,7 +101,7 @@ void CanvasViewTest::setZoom_outOfBounds_isMovedInside()
     QCOMPARE(view.zoom(), kMinimum);
 }
 
-void CanvasViewTest::setZoom_endsTheFit()
+void TestCanvasView::setZoom_endsTheFit()
 {
     CanvasView view = viewOf(QSize(4000, 3000), QSize(400, 300));
     view.setZoom(0.5, QPointF());
@@ -110,7 +110,7 @@ void CanvasViewTest::setZoom_endsTheFit()
     QCOMPARE(view.zoom(), 0.5);
 }
 
-void CanvasViewTest::panBy_stopsAtTheEdges()
+void TestCanvasView::panBy_stopsAtTheEdges()
 {
     CanvasView view = viewOf(QSize(1000, 1000), QSize(400, 300));
     view.setZoom(1, QPointF());
@@ -120,7 +120,7 @@ void CanvasViewTest::panBy_stopsAtTheEdges()
     QCOMPARE(view.documentRect().bottomRight(), QPoint(399, 299));
 }
 
-void CanvasViewTest::origin_isAWholePixel()
+void TestCanvasView::origin_isAWholePixel()
 {
     CanvasView view = viewOf(QSize(1001, 777), QSize(400, 301));
     for (const double zoom : {0.3, 1.0, 1.37, 4.0}) {
@@ -131,7 +131,7 @@ void CanvasViewTest::origin_isAWholePixel()
     }
 }
 
-void CanvasViewTest::resize_keepsTheMiddle()
+void TestCanvasView::resize_keepsTheMiddle()
 {
     CanvasView view = viewOf(QSize(4000, 3000), QSize(400, 300));
     view.setZoom(1, QPointF());
@@ -140,7 +140,7 @@ void CanvasViewTest::resize_keepsTheMiddle()
     QCOMPARE(view.toDocument(QPointF(300, 250)), QPointF(2000, 1500));
 }
 
-void CanvasViewTest::positions_mapThereAndBack()
+void TestCanvasView::positions_mapThereAndBack()
 {
     CanvasView view = viewOf(QSize(4000, 3000), QSize(400, 300));
     view.setZoom(0.37, QPointF(10, 20));
@@ -149,7 +149,7 @@ void CanvasViewTest::positions_mapThereAndBack()
     QVERIFY((back - position).manhattanLength() < 1e-9);
 }
 
-void CanvasViewTest::documentPixels_coverThePartAndStayInside()
+void TestCanvasView::documentPixels_coverThePartAndStayInside()
 {
     CanvasView view = viewOf(QSize(1000, 900), QSize(400, 300));
     view.setZoom(4, QPointF());
@@ -159,7 +159,7 @@ void CanvasViewTest::documentPixels_coverThePartAndStayInside()
     QCOMPARE(view.documentPixels(QRect(-50, -50, 1000, 1000)).bottomRight(), QPoint(999, 899));
 }
 
-void CanvasViewTest::emptyDocumentOrViewport_hasNoPixels()
+void TestCanvasView::emptyDocumentOrViewport_hasNoPixels()
 {
     const CanvasView noDocument = viewOf(QSize(0, 0), QSize(400, 300));
     QVERIFY(noDocument.documentPixels(QRect(0, 0, 400, 300)).isEmpty());
@@ -174,5 +174,5 @@ void CanvasViewTest::emptyDocumentOrViewport_hasNoPixels()
     QVERIFY(negative.document().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(CanvasViewTest)
+QTEST_GUILESS_MAIN(TestCanvasView)
 #include "tst_CanvasView.moc"

@@ -52,7 +52,7 @@ const QImage *built(PicturePyramid &pyramid, const PicturePyramid::TileKey &key,
 
 } // namespace
 
-class PicturePyramidTest : public QObject
+class TestPicturePyramid : public QObject
 {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ private slots:
     void tileOutside_isNoWork();
 };
 
-void PicturePyramidTest::levelForZoom_isTheSmallestThatIsLargeEnough_data()
+void TestPicturePyramid::levelForZoom_isTheSmallestThatIsLargeEnough_data()
 {
     QTest::addColumn<double>("zoom");
     QTest::addColumn<int>("level");
@@ -82,14 +82,14 @@ void PicturePyramidTest::levelForZoom_isTheSmallestThatIsLargeEnough_data()
     QTest::newRow("smallest") << 1.0 / 128 << 7;
 }
 
-void PicturePyramidTest::levelForZoom_isTheSmallestThatIsLargeEnough()
+void TestPicturePyramid::levelForZoom_isTheSmallestThatIsLargeEnough()
 {
     QFETCH(double, zoom);
     QFETCH(int, level);
     QCOMPARE(PicturePyramid::levelForZoom(zoom), level);
 }
 
-void PicturePyramidTest::levelSize_roundsUp()
+void TestPicturePyramid::levelSize_roundsUp()
 {
     PicturePyramid pyramid;
     pyramid.reset(QSize(1001, 1));
@@ -100,7 +100,7 @@ void PicturePyramidTest::levelSize_roundsUp()
     QVERIFY(pyramid.levelSize(1).isEmpty());
 }
 
-void PicturePyramidTest::tiles_equalThePlainMeans_data()
+void TestPicturePyramid::tiles_equalThePlainMeans_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::newRow("1 x 1") << QSize(1, 1);
@@ -112,7 +112,7 @@ void PicturePyramidTest::tiles_equalThePlainMeans_data()
     QTest::newRow("prime") << QSize(1103, 547);
 }
 
-void PicturePyramidTest::tiles_equalThePlainMeans()
+void TestPicturePyramid::tiles_equalThePlainMeans()
 {
     QFETCH(QSize, size);
     const QImage picture = randomPicture(size);
@@ -135,7 +135,7 @@ void PicturePyramidTest::tiles_equalThePlainMeans()
     }
 }
 
-void PicturePyramidTest::tileRect_outsideOfTheLevel_isEmpty()
+void TestPicturePyramid::tileRect_outsideOfTheLevel_isEmpty()
 {
     PicturePyramid pyramid;
     pyramid.reset(QSize(1024, 512));
@@ -144,7 +144,7 @@ void PicturePyramidTest::tileRect_outsideOfTheLevel_isEmpty()
     QVERIFY(pyramid.tileRect({1, 0, 1}).isEmpty());
 }
 
-void PicturePyramidTest::buildStep_readsOneTileAtMost()
+void TestPicturePyramid::buildStep_readsOneTileAtMost()
 {
     constexpr qint64 kTilePixels = 4LL * PicturePyramid::kTileSize * PicturePyramid::kTileSize;
     const QImage picture = randomPicture(QSize(2048, 2048));
@@ -160,7 +160,7 @@ void PicturePyramidTest::buildStep_readsOneTileAtMost()
     QCOMPARE(steps, 16 + 4 + 1);
 }
 
-void PicturePyramidTest::build_readsEveryPixelOnce()
+void TestPicturePyramid::build_readsEveryPixelOnce()
 {
     const QImage picture = randomPicture(QSize(1500, 1100));
     const std::vector<SourceLayer> layers{{picture, 1.0}};
@@ -173,7 +173,7 @@ void PicturePyramidTest::build_readsEveryPixelOnce()
     QCOMPARE(pyramid.sourcePixelsRead(), qint64(1500) * 1100);
 }
 
-void PicturePyramidTest::reset_dropsTheTiles()
+void TestPicturePyramid::reset_dropsTheTiles()
 {
     PicturePyramid pyramid;
     pyramid.reset(QSize(600, 600));
@@ -182,7 +182,7 @@ void PicturePyramidTest::reset_dropsTheTiles()
     QVERIFY(!pyramid.tile({1, 0, 0}));
 }
 
-void PicturePyramidTest::tileOutside_isNoWork()
+void TestPicturePyramid::tileOutside_isNoWork()
 {
     PicturePyramid pyramid;
     pyramid.reset(QSize(100, 100));
@@ -191,5 +191,5 @@ void PicturePyramidTest::tileOutside_isNoWork()
     QCOMPARE(pyramid.sourcePixelsRead(), qint64(0));
 }
 
-QTEST_GUILESS_MAIN(PicturePyramidTest)
+QTEST_GUILESS_MAIN(TestPicturePyramid)
 #include "tst_PicturePyramid.moc"

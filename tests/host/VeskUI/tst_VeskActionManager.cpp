@@ -5,7 +5,7 @@
 
 #include <memory>
 
-class ActionManagerTest : public QObject
+class TestActionManager : public QObject
 {
     Q_OBJECT
 
@@ -30,26 +30,26 @@ private:
     VeskActionManager *registry = nullptr;
 };
 
-void ActionManagerTest::init()
+void TestActionManager::init()
 {
     static int number = 0;
     registry = VeskActionManager::getInstance(QStringLiteral("test %1").arg(++number));
 }
 
-void ActionManagerTest::getInstance_sameName_isSameRegistry()
+void TestActionManager::getInstance_sameName_isSameRegistry()
 {
     QCOMPARE(VeskActionManager::getInstance(QString()), VeskActionManager::getInstance(QString()));
     QCOMPARE(VeskActionManager::getInstance(QString()), VeskActionManager::getInstance(""));
 }
 
-void ActionManagerTest::getInstance_otherName_isRegistryOfItsOwn()
+void TestActionManager::getInstance_otherName_isRegistryOfItsOwn()
 {
     VeskActionManager *main = VeskActionManager::getInstance(QString());
     QVERIFY(registry != main);
     QVERIFY(registry->getActionByName("Save") != main->getActionByName("Save"));
 }
 
-void ActionManagerTest::standardActions_areThereFromTheStart_data()
+void TestActionManager::standardActions_areThereFromTheStart_data()
 {
     QTest::addColumn<int>("id");
     QTest::addColumn<QString>("name");
@@ -58,7 +58,7 @@ void ActionManagerTest::standardActions_areThereFromTheStart_data()
     QTest::newRow("close") << 4 << "Close";
 }
 
-void ActionManagerTest::standardActions_areThereFromTheStart()
+void TestActionManager::standardActions_areThereFromTheStart()
 {
     QFETCH(int, id);
     QFETCH(QString, name);
@@ -69,14 +69,14 @@ void ActionManagerTest::standardActions_areThereFromTheStart()
     QVERIFY(!action->text().isEmpty());
 }
 
-void ActionManagerTest::getActionByName_unknownName_isNull()
+void TestActionManager::getActionByName_unknownName_isNull()
 {
     QVERIFY(!registry->getActionByName("Develop"));
     QVERIFY(!registry->getActionByName(QString()));
     QVERIFY(!registry->getActionByName("save")); // names are case-sensitive
 }
 
-void ActionManagerTest::setEnabled_byNumber_enablesAndDisables()
+void TestActionManager::setEnabled_byNumber_enablesAndDisables()
 {
     QAction *save = registry->getActionByName("Save");
     registry->setEnabled(0, true);
@@ -86,7 +86,7 @@ void ActionManagerTest::setEnabled_byNumber_enablesAndDisables()
     QVERIFY(!save->isEnabled());
 }
 
-void ActionManagerTest::setEnabled_unknownNumber_changesNothing()
+void TestActionManager::setEnabled_unknownNumber_changesNothing()
 {
     registry->setEnabled(77, true);
     registry->setEnabled(-1, true);
@@ -94,7 +94,7 @@ void ActionManagerTest::setEnabled_unknownNumber_changesNothing()
     QVERIFY(!registry->getAction(0)->isEnabled());
 }
 
-void ActionManagerTest::registerAction_newNumber_isFoundByNumberAndName()
+void TestActionManager::registerAction_newNumber_isFoundByNumberAndName()
 {
     QAction action;
     registry->registerAction(9, "Rotate", &action);
@@ -102,7 +102,7 @@ void ActionManagerTest::registerAction_newNumber_isFoundByNumberAndName()
     QCOMPARE(registry->getActionByName("Rotate"), &action);
 }
 
-void ActionManagerTest::registerAction_overStandardAction_replacesAndDeletesIt()
+void TestActionManager::registerAction_overStandardAction_replacesAndDeletesIt()
 {
     const QPointer<QAction> standard = registry->getActionByName("Save");
     QAction mine;
@@ -111,7 +111,7 @@ void ActionManagerTest::registerAction_overStandardAction_replacesAndDeletesIt()
     QVERIFY(!standard);
 }
 
-void ActionManagerTest::registerAction_sameNameOtherNumber_leavesTheOldNumberEmpty()
+void TestActionManager::registerAction_sameNameOtherNumber_leavesTheOldNumberEmpty()
 {
     QAction first;
     QAction second;
@@ -121,7 +121,7 @@ void ActionManagerTest::registerAction_sameNameOtherNumber_leavesTheOldNumberEmp
     QCOMPARE(registry->getActionByName("Rotate"), &second);
 }
 
-void ActionManagerTest::registerAction_sameActionAgain_keepsIt()
+void TestActionManager::registerAction_sameActionAgain_keepsIt()
 {
     const QPointer<QAction> save = registry->getActionByName("Save");
     registry->registerAction(VeskActionManager::SaveAction, "Store", save);
@@ -130,7 +130,7 @@ void ActionManagerTest::registerAction_sameActionAgain_keepsIt()
     QVERIFY(!registry->getActionByName("Save"));
 }
 
-void ActionManagerTest::deletedAction_isNullAndCanBeEnabledWithoutHarm()
+void TestActionManager::deletedAction_isNullAndCanBeEnabledWithoutHarm()
 {
     auto action = std::make_unique<QAction>();
     registry->registerAction(9, "Rotate", action.get());
@@ -143,7 +143,7 @@ void ActionManagerTest::deletedAction_isNullAndCanBeEnabledWithoutHarm()
     QCOMPARE(registry->getAction(9), &next);
 }
 
-void ActionManagerTest::trigger_runsTheSlotOfTheEditor()
+void TestActionManager::trigger_runsTheSlotOfTheEditor()
 {
     QAction *save = registry->getActionByName("Save");
     QSignalSpy triggered(save, &QAction::triggered);
@@ -152,5 +152,5 @@ void ActionManagerTest::trigger_runsTheSlotOfTheEditor()
     QCOMPARE(triggered.count(), 1);
 }
 
-QTEST_MAIN(ActionManagerTest)
+QTEST_MAIN(TestActionManager)
 #include "tst_VeskActionManager.moc"

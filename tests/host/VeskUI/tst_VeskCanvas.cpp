@@ -105,7 +105,7 @@ struct AnimationStyle : QProxyStyle
 
 } // namespace
 
-class CanvasTest : public QObject
+class TestCanvas : public QObject
 {
     Q_OBJECT
 
@@ -162,7 +162,7 @@ private slots:
 
 // --- Painting ---
 
-void CanvasTest::paint_actualSize_showsThePixelsAsTheyAre()
+void TestCanvas::paint_actualSize_showsThePixelsAsTheyAre()
 {
     QImage picture(kCanvasSize, QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y)
@@ -173,7 +173,7 @@ void CanvasTest::paint_actualSize_showsThePixelsAsTheyAre()
     QCOMPARE(document.shown(), picture);
 }
 
-void CanvasTest::paint_reduced_showsThePicture()
+void TestCanvas::paint_reduced_showsThePicture()
 {
     Document document(twoHalves(QSize(4000, 3000)));
     const QImage shown = document.shown(); // hidden canvas: nothing is prepared yet
@@ -181,7 +181,7 @@ void CanvasTest::paint_reduced_showsThePicture()
     QCOMPARE(shown.pixelColor(300, 150), QColor(Qt::blue));
 }
 
-void CanvasTest::paint_enlarged_showsPixelsAsSquares()
+void TestCanvas::paint_enlarged_showsPixelsAsSquares()
 {
     QImage picture = filled(QSize(10, 10), Qt::white);
     picture.setPixelColor(5, 5, Qt::black);
@@ -195,7 +195,7 @@ void CanvasTest::paint_enlarged_showsPixelsAsSquares()
     QCOMPARE(shown.pixelColor(first + QPoint(20, 20)), QColor(Qt::white));
 }
 
-void CanvasTest::paint_withoutContext_isNeutral()
+void TestCanvas::paint_withoutContext_isNeutral()
 {
     VeskCanvas canvas;
     canvas.resize(kCanvasSize);
@@ -206,7 +206,7 @@ void CanvasTest::paint_withoutContext_isNeutral()
     QCOMPARE(shown.pixelColor(0, 0), color);
 }
 
-void CanvasTest::paint_transparency_showsACheckerboard()
+void TestCanvas::paint_transparency_showsACheckerboard()
 {
     Document document(filled(QSize(64, 64), Qt::transparent, QImage::Format_ARGB32));
     const QImage shown = document.shown();
@@ -218,7 +218,7 @@ void CanvasTest::paint_transparency_showsACheckerboard()
     QCOMPARE(shown.pixelColor(first + QPoint(20, 4)), one);
 }
 
-void CanvasTest::paint_severalLayers_areFlattened()
+void TestCanvas::paint_severalLayers_areFlattened()
 {
     Document document(filled(QSize(100, 100), Qt::black));
     auto *upper = new VeskLayer("upper");
@@ -231,7 +231,7 @@ void CanvasTest::paint_severalLayers_areFlattened()
     QCOMPARE(shown.pixelColor(first + QPoint(75, 50)), QColor(Qt::black));
 }
 
-void CanvasTest::paint_layerChanged_isRepainted()
+void TestCanvas::paint_layerChanged_isRepainted()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.show();
@@ -242,7 +242,7 @@ void CanvasTest::paint_layerChanged_isRepainted()
     QCOMPARE(document.shown().pixelColor(200, 150), QColor(Qt::green));
 }
 
-void CanvasTest::paint_hugePicture_costsTheVisibleAreaOnly()
+void TestCanvas::paint_hugePicture_costsTheVisibleAreaOnly()
 {
     // 100 megapixels; one byte each keeps the test small.
     const QSize size(12500, 8000);
@@ -279,7 +279,7 @@ void CanvasTest::paint_hugePicture_costsTheVisibleAreaOnly()
     }
 }
 
-void CanvasTest::paint_reduced_endsAsTheMeanOfThePixels()
+void TestCanvas::paint_reduced_endsAsTheMeanOfThePixels()
 {
     QImage picture(QSize(3200, 2400), QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y) {
@@ -297,7 +297,7 @@ void CanvasTest::paint_reduced_endsAsTheMeanOfThePixels()
 
 // --- Zoom and position ---
 
-void CanvasTest::zoom_fitsAtFirstAndFollowsTheWidget()
+void TestCanvas::zoom_fitsAtFirstAndFollowsTheWidget()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     QVERIFY(document.canvas.isFitted());
@@ -307,7 +307,7 @@ void CanvasTest::zoom_fitsAtFirstAndFollowsTheWidget()
     QTRY_COMPARE(document.canvas.zoom(), 0.2);
 }
 
-void CanvasTest::zoom_steps_stopAtActualSize()
+void TestCanvas::zoom_steps_stopAtActualSize()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.canvas.setZoom(0.9);
@@ -322,7 +322,7 @@ void CanvasTest::zoom_steps_stopAtActualSize()
     QVERIFY(document.canvas.zoom() < 1.0);
 }
 
-void CanvasTest::zoom_outOfBounds_isMovedInside()
+void TestCanvas::zoom_outOfBounds_isMovedInside()
 {
     Document document(filled(QSize(40, 30), Qt::red));
     document.canvas.setZoom(1e12);
@@ -336,7 +336,7 @@ void CanvasTest::zoom_outOfBounds_isMovedInside()
     document.shown();
 }
 
-void CanvasTest::zoomChanged_isSentOncePerChange()
+void TestCanvas::zoomChanged_isSentOncePerChange()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     QSignalSpy changes(&document.canvas, &VeskCanvas::zoomChanged);
@@ -349,7 +349,7 @@ void CanvasTest::zoomChanged_isSentOncePerChange()
     QCOMPARE(changes.count(), 2);
 }
 
-void CanvasTest::wheel_zoomsAroundThePointer()
+void TestCanvas::wheel_zoomsAroundThePointer()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     AnimationStyle noAnimations(0);
@@ -366,7 +366,7 @@ void CanvasTest::wheel_zoomsAroundThePointer()
     document.canvas.setStyle(nullptr);
 }
 
-void CanvasTest::wheel_withAnimations_glidesToTheSameZoom()
+void TestCanvas::wheel_withAnimations_glidesToTheSameZoom()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     AnimationStyle animations(100);
@@ -383,7 +383,7 @@ void CanvasTest::wheel_withAnimations_glidesToTheSameZoom()
     document.canvas.setStyle(nullptr);
 }
 
-void CanvasTest::wheel_notchesDuringTheGlide_addUp()
+void TestCanvas::wheel_notchesDuringTheGlide_addUp()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     AnimationStyle animations(100);
@@ -395,7 +395,7 @@ void CanvasTest::wheel_notchesDuringTheGlide_addUp()
     document.canvas.setStyle(nullptr);
 }
 
-void CanvasTest::wheel_secondGlide_startsWhereTheViewIs()
+void TestCanvas::wheel_secondGlide_startsWhereTheViewIs()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     AnimationStyle animations(100);
@@ -410,7 +410,7 @@ void CanvasTest::wheel_secondGlide_startsWhereTheViewIs()
     document.canvas.setStyle(nullptr);
 }
 
-void CanvasTest::wheel_ofATrackpad_pans()
+void TestCanvas::wheel_ofATrackpad_pans()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.canvas.zoomToActualSize();
@@ -420,7 +420,7 @@ void CanvasTest::wheel_ofATrackpad_pans()
     QCOMPARE(document.canvas.toDocument(QPointF(0, 0)), before - QPointF(0, 60));
 }
 
-void CanvasTest::pinch_zoomsAroundTheFingers()
+void TestCanvas::pinch_zoomsAroundTheFingers()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.canvas.zoomToActualSize();
@@ -431,7 +431,7 @@ void CanvasTest::pinch_zoomsAroundTheFingers()
     QVERIFY((document.canvas.toWidget(before) - fingers).manhattanLength() <= 1);
 }
 
-void CanvasTest::pinch_onATouchScreen_zooms()
+void TestCanvas::pinch_onATouchScreen_zooms()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.show();
@@ -450,7 +450,7 @@ void CanvasTest::pinch_onATouchScreen_zooms()
     QCOMPARE(document.canvas.zoom(), 4.0);
 }
 
-void CanvasTest::finger_onATouchScreen_pans()
+void TestCanvas::finger_onATouchScreen_pans()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.show();
@@ -464,7 +464,7 @@ void CanvasTest::finger_onATouchScreen_pans()
     QCOMPARE(document.canvas.zoom(), 1.0);
 }
 
-void CanvasTest::doubleClick_changesBetweenFitAndActualSize()
+void TestCanvas::doubleClick_changesBetweenFitAndActualSize()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     const QPoint place(100, 100);
@@ -477,7 +477,7 @@ void CanvasTest::doubleClick_changesBetweenFitAndActualSize()
     QCOMPARE(document.canvas.zoom(), 0.1);
 }
 
-void CanvasTest::drag_pansAndStopsAtTheEdges()
+void TestCanvas::drag_pansAndStopsAtTheEdges()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.canvas.zoomToActualSize();
@@ -492,7 +492,7 @@ void CanvasTest::drag_pansAndStopsAtTheEdges()
     QCOMPARE(document.canvas.toDocument(QPointF(0, 0)), QPointF(0, 0));
 }
 
-void CanvasTest::drag_ofAFittedView_leavesItFitted()
+void TestCanvas::drag_ofAFittedView_leavesItFitted()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     QTest::mousePress(&document.canvas, Qt::LeftButton, {}, QPoint(200, 150));
@@ -500,7 +500,7 @@ void CanvasTest::drag_ofAFittedView_leavesItFitted()
     QVERIFY(document.canvas.isFitted());
 }
 
-void CanvasTest::arrowKeys_pan()
+void TestCanvas::arrowKeys_pan()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.canvas.zoomToActualSize();
@@ -513,7 +513,7 @@ void CanvasTest::arrowKeys_pan()
     QCOMPARE(document.canvas.toDocument(QPointF(0, 0)), before);
 }
 
-void CanvasTest::moveToCenter_showsTheMiddle()
+void TestCanvas::moveToCenter_showsTheMiddle()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.canvas.setZoomAt(2, QPointF(0, 0));
@@ -524,7 +524,7 @@ void CanvasTest::moveToCenter_showsTheMiddle()
 
 // --- Documents ---
 
-void CanvasTest::reSizeCanvas_withoutRefit_keepsTheZoom()
+void TestCanvas::reSizeCanvas_withoutRefit_keepsTheZoom()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     document.canvas.setZoom(2);
@@ -535,7 +535,7 @@ void CanvasTest::reSizeCanvas_withoutRefit_keepsTheZoom()
     QCOMPARE(document.canvas.zoom(), 0.1);
 }
 
-void CanvasTest::reSizeCanvas_negative_countsAsEmpty()
+void TestCanvas::reSizeCanvas_negative_countsAsEmpty()
 {
     Document document(filled(QSize(40, 30), Qt::red));
     document.canvas.reSizeCanvas(-7, 30, true);
@@ -545,7 +545,7 @@ void CanvasTest::reSizeCanvas_negative_countsAsEmpty()
     QCOMPARE(document.canvas.histogram().red[255], 0U);
 }
 
-void CanvasTest::resetCanvas_keepsContextSelectionAndZoom()
+void TestCanvas::resetCanvas_keepsContextSelectionAndZoom()
 {
     Document document(filled(QSize(4000, 3000), Qt::red));
     VeskSelection selection(nullptr, 4000, 3000);
@@ -561,7 +561,7 @@ void CanvasTest::resetCanvas_keepsContextSelectionAndZoom()
     QVERIFY(document.canvas.paintedPixelsRead() > before);
 }
 
-void CanvasTest::attachContext_otherDocument_showsItAndForgetsTheFirst()
+void TestCanvas::attachContext_otherDocument_showsItAndForgetsTheFirst()
 {
     Document first(filled(kCanvasSize, Qt::red));
     Document second(filled(kCanvasSize, Qt::green));
@@ -573,7 +573,7 @@ void CanvasTest::attachContext_otherDocument_showsItAndForgetsTheFirst()
     QVERIFY(first.shown().pixelColor(200, 150) != QColor(Qt::green));
 }
 
-void CanvasTest::context_deleted_leavesAnEmptyCanvas()
+void TestCanvas::context_deleted_leavesAnEmptyCanvas()
 {
     VeskCanvas canvas;
     canvas.resize(kCanvasSize);
@@ -591,7 +591,7 @@ void CanvasTest::context_deleted_leavesAnEmptyCanvas()
     QVERIFY(!canvas.colorAt(QPoint(1, 1)).isValid());
 }
 
-void CanvasTest::canvas_deleted_isForgottenByItsContext()
+void TestCanvas::canvas_deleted_isForgottenByItsContext()
 {
     VeskContext context;
     {
@@ -602,7 +602,7 @@ void CanvasTest::canvas_deleted_isForgottenByItsContext()
     QVERIFY(!context.getCanvas());
 }
 
-void CanvasTest::selection_deleted_isForgotten()
+void TestCanvas::selection_deleted_isForgotten()
 {
     Document document(filled(kCanvasSize, Qt::red));
     auto selection = std::make_unique<VeskSelection>(nullptr, 400, 300);
@@ -617,7 +617,7 @@ void CanvasTest::selection_deleted_isForgotten()
 
 // --- Pointer, selection, histogram ---
 
-void CanvasTest::pointer_reportsPixelAndColour()
+void TestCanvas::pointer_reportsPixelAndColour()
 {
     Document document(twoHalves(QSize(4000, 3000)));
     QSignalSpy moves(&document.canvas, &VeskCanvas::pointerMoved);
@@ -627,7 +627,7 @@ void CanvasTest::pointer_reportsPixelAndColour()
     QCOMPARE(moves.at(0).at(1).value<QColor>(), QColor(Qt::blue));
 }
 
-void CanvasTest::pointer_outsideOfTheDocument_reportsNothing()
+void TestCanvas::pointer_outsideOfTheDocument_reportsNothing()
 {
     Document document(filled(QSize(100, 100), Qt::red));
     QSignalSpy moves(&document.canvas, &VeskCanvas::pointerMoved);
@@ -643,7 +643,7 @@ void CanvasTest::pointer_outsideOfTheDocument_reportsNothing()
 }
 
 /// Ctrl+0 and Ctrl+1 leave the pointer where it is.
-void CanvasTest::pointer_resting_isReportedAgainWhenThePictureMovesUnderIt()
+void TestCanvas::pointer_resting_isReportedAgainWhenThePictureMovesUnderIt()
 {
     Document document(twoHalves(QSize(4000, 3000)));
     document.canvas.zoomToFit();
@@ -662,7 +662,7 @@ void CanvasTest::pointer_resting_isReportedAgainWhenThePictureMovesUnderIt()
     QVERIFY(moves.isEmpty());
 }
 
-void CanvasTest::pointer_resting_isReportedAgainWhenTheLayersChange()
+void TestCanvas::pointer_resting_isReportedAgainWhenTheLayersChange()
 {
     Document document(filled(kCanvasSize, Qt::red));
     moveMouse(document.canvas, QPoint(200, 150), Qt::NoButton);
@@ -672,7 +672,7 @@ void CanvasTest::pointer_resting_isReportedAgainWhenTheLayersChange()
     QCOMPARE(moves.last().at(1).value<QColor>().alpha(), 0);
 }
 
-void CanvasTest::selection_isOutlined()
+void TestCanvas::selection_isOutlined()
 {
     Document document(filled(kCanvasSize, Qt::red));
     VeskSelection selection(nullptr, 400, 300);
@@ -688,7 +688,7 @@ void CanvasTest::selection_isOutlined()
     QCOMPARE(document.shown(), filled(kCanvasSize, Qt::red));
 }
 
-void CanvasTest::canvasTimer_movesTheOutlineOnly()
+void TestCanvas::canvasTimer_movesTheOutlineOnly()
 {
     struct PaintedArea : QObject
     {
@@ -720,7 +720,7 @@ void CanvasTest::canvasTimer_movesTheOutlineOnly()
     QVERIFY(document.shown() != before);
 }
 
-void CanvasTest::canvasTimer_zeroInterval_doesNotFloodTheLoop()
+void TestCanvas::canvasTimer_zeroInterval_doesNotFloodTheLoop()
 {
     struct TimerCounter : QObject
     {
@@ -745,7 +745,7 @@ void CanvasTest::canvasTimer_zeroInterval_doesNotFloodTheLoop()
     QTRY_VERIFY(counter.ticks >= 1);
 }
 
-void CanvasTest::canvasTimer_stops()
+void TestCanvas::canvasTimer_stops()
 {
     VeskCanvas canvas;
     QVERIFY(!canvas.isCanvasTimerActive());
@@ -755,7 +755,7 @@ void CanvasTest::canvasTimer_stops()
     QVERIFY(!canvas.isCanvasTimerActive());
 }
 
-void CanvasTest::updateHistogram_countsTheDocumentAndTells()
+void TestCanvas::updateHistogram_countsTheDocumentAndTells()
 {
     Document document(twoHalves(QSize(400, 300)));
     QSignalSpy changes(&document.canvas, &VeskCanvas::histogramChanged);
@@ -767,5 +767,5 @@ void CanvasTest::updateHistogram_countsTheDocumentAndTells()
     QCOMPARE(document.canvas.histogram().green[0], 120000U);
 }
 
-QTEST_MAIN(CanvasTest)
+QTEST_MAIN(TestCanvas)
 #include "tst_VeskCanvas.moc"

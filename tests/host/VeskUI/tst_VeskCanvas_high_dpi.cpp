@@ -8,7 +8,7 @@
 #include <QtTest>
 
 // Runs on a screen of two device pixels per unit, which the platform takes from the environment.
-class CanvasHighDpiTest : public QObject
+class TestCanvasHighDpi : public QObject
 {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ private:
     QImage picture;
 };
 
-void CanvasHighDpiTest::initTestCase()
+void TestCanvasHighDpi::initTestCase()
 {
     picture = QImage(QSize(1600, 1200), QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y)
@@ -39,7 +39,7 @@ void CanvasHighDpiTest::initTestCase()
     QCOMPARE(canvas.devicePixelRatioF(), 2.0);
 }
 
-void CanvasHighDpiTest::actualSize_showsOneDocumentPixelPerDevicePixel()
+void TestCanvasHighDpi::actualSize_showsOneDocumentPixelPerDevicePixel()
 {
     canvas.zoomToActualSize();
     canvas.moveToCenter(false);
@@ -50,18 +50,18 @@ void CanvasHighDpiTest::actualSize_showsOneDocumentPixelPerDevicePixel()
     QCOMPARE(shown, expected);
 }
 
-void CanvasHighDpiTest::fit_countsDevicePixels()
+void TestCanvasHighDpi::fit_countsDevicePixels()
 {
     canvas.zoomToFit();
     QCOMPARE(canvas.zoom(), 0.5);
     QCOMPARE(canvas.toWidget(QPointF(1600, 1200)), QPointF(400, 300));
 }
 
-void CanvasHighDpiTest::pointer_mapsToTheDocument()
+void TestCanvasHighDpi::pointer_mapsToTheDocument()
 {
     canvas.zoomToFit();
     QCOMPARE(canvas.toDocument(QPointF(100, 30)), QPointF(400, 120));
 }
 
-QTEST_MAIN(CanvasHighDpiTest)
+QTEST_MAIN(TestCanvasHighDpi)
 #include "tst_VeskCanvas_high_dpi.moc"

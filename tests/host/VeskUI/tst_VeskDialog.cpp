@@ -10,7 +10,7 @@
 
 #include <memory>
 
-class DialogTest : public QObject
+class TestDialog : public QObject
 {
     Q_OBJECT
 
@@ -54,7 +54,7 @@ QWidget *panel()
 
 } // namespace
 
-void DialogTest::content_becomesADirectChildAndNoWindow()
+void TestDialog::content_becomesADirectChildAndNoWindow()
 {
     QWidget *content = panel();
     VeskDialog frame(content, kCloseOnly, false, nullptr, false);
@@ -66,7 +66,7 @@ void DialogTest::content_becomesADirectChildAndNoWindow()
     QCOMPARE(frame.contentWidget(), content);
 }
 
-void DialogTest::content_ownSizeAndMinimumSizeDecideTheFramesSize()
+void TestDialog::content_ownSizeAndMinimumSizeDecideTheFramesSize()
 {
     auto *content = new QWidget;
     content->setMinimumSize(300, 250);
@@ -78,7 +78,7 @@ void DialogTest::content_ownSizeAndMinimumSizeDecideTheFramesSize()
     QCOMPARE(content->size(), QSize(300, 250));
 }
 
-void DialogTest::content_withTooSmallAMinimum_getsTheRoomItsTextsNeed()
+void TestDialog::content_withTooSmallAMinimum_getsTheRoomItsTextsNeed()
 {
     auto *content = new QWidget;
     auto *column = new QVBoxLayout(content);
@@ -101,7 +101,7 @@ void DialogTest::content_withTooSmallAMinimum_getsTheRoomItsTextsNeed()
     QTRY_VERIFY(button->width() >= button->sizeHint().width());
 }
 
-void DialogTest::content_isDeletedWithTheFrame()
+void TestDialog::content_isDeletedWithTheFrame()
 {
     const QPointer<QWidget> content = panel();
     {
@@ -110,7 +110,7 @@ void DialogTest::content_isDeletedWithTheFrame()
     QVERIFY(!content);
 }
 
-void DialogTest::content_deletedBefore_leavesAnEmptyFrame()
+void TestDialog::content_deletedBefore_leavesAnEmptyFrame()
 {
     QWidget *content = panel();
     VeskDialog frame(content, kCloseOnly, false, nullptr, false);
@@ -122,7 +122,7 @@ void DialogTest::content_deletedBefore_leavesAnEmptyFrame()
     QVERIFY(!frame.isVisible());
 }
 
-void DialogTest::content_null_givesAnEmptyFrame()
+void TestDialog::content_null_givesAnEmptyFrame()
 {
     VeskDialog frame(nullptr, kCloseOnly, false, nullptr, false);
     frame.show(true);
@@ -130,7 +130,7 @@ void DialogTest::content_null_givesAnEmptyFrame()
     QVERIFY(!frame.contentWidget());
 }
 
-void DialogTest::title_followsTheContent()
+void TestDialog::title_followsTheContent()
 {
     QWidget *content = panel();
     content->setWindowTitle("Merge");
@@ -142,7 +142,7 @@ void DialogTest::title_followsTheContent()
     QCOMPARE(frame.windowTitle(), QStringLiteral("Fusionner"));
 }
 
-void DialogTest::closeButton_rejects()
+void TestDialog::closeButton_rejects()
 {
     VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
     QSignalSpy rejected(&frame, &QDialog::rejected);
@@ -152,7 +152,7 @@ void DialogTest::closeButton_rejects()
     QVERIFY(!frame.isVisible());
 }
 
-void DialogTest::escape_inTheContent_rejects()
+void TestDialog::escape_inTheContent_rejects()
 {
     VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
     QSignalSpy rejected(&frame, &QDialog::rejected);
@@ -162,7 +162,7 @@ void DialogTest::escape_inTheContent_rejects()
     QVERIFY(!frame.isVisible());
 }
 
-void DialogTest::accept_endsExec()
+void TestDialog::accept_endsExec()
 {
     VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
     QTimer::singleShot(0, &frame, [&frame] {
@@ -172,14 +172,14 @@ void DialogTest::accept_endsExec()
     QCOMPARE(frame.exec(), int(QDialog::Accepted));
 }
 
-void DialogTest::windowSystemClose_rejects()
+void TestDialog::windowSystemClose_rejects()
 {
     VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
     QTimer::singleShot(0, &frame, &QWidget::close);
     QCOMPARE(frame.exec(), int(QDialog::Rejected));
 }
 
-void DialogTest::show_true_raisesAndActivates()
+void TestDialog::show_true_raisesAndActivates()
 {
     QWidget window;
     window.show();
@@ -189,7 +189,7 @@ void DialogTest::show_true_raisesAndActivates()
     QVERIFY(QTest::qWaitForWindowActive(&frame));
 }
 
-void DialogTest::show_false_leavesTheKeyboardWhereItIs()
+void TestDialog::show_false_leavesTheKeyboardWhereItIs()
 {
     QWidget window;
     window.show();
@@ -202,7 +202,7 @@ void DialogTest::show_false_leavesTheKeyboardWhereItIs()
     QVERIFY(!frame.testAttribute(Qt::WA_ShowWithoutActivating));
 }
 
-void DialogTest::content_hiddenOnItsOwn_leavesTheFrame()
+void TestDialog::content_hiddenOnItsOwn_leavesTheFrame()
 {
     QWidget *content = panel();
     VeskDialog frame(content, kCloseOnly, false, nullptr, false);
@@ -213,7 +213,7 @@ void DialogTest::content_hiddenOnItsOwn_leavesTheFrame()
     QVERIFY(content->isVisible());
 }
 
-void DialogTest::reopened_frameKeepsItsPlace()
+void TestDialog::reopened_frameKeepsItsPlace()
 {
     VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
     frame.show(true);
@@ -223,7 +223,7 @@ void DialogTest::reopened_frameKeepsItsPlace()
     QCOMPARE(frame.pos(), QPoint(40, 60));
 }
 
-void DialogTest::fixedSize_cannotBeResized()
+void TestDialog::fixedSize_cannotBeResized()
 {
     auto *content = new QWidget;
     auto *row = new QHBoxLayout(content);
@@ -236,7 +236,7 @@ void DialogTest::fixedSize_cannotBeResized()
     QVERIFY(!frame.findChild<QSizeGrip *>());
 }
 
-void DialogTest::resizable_hasASizeGripAtTheCorner()
+void TestDialog::resizable_hasASizeGripAtTheCorner()
 {
     VeskDialog frame(panel(), kCloseOnly, false, nullptr, false);
     frame.show(true);
@@ -246,7 +246,7 @@ void DialogTest::resizable_hasASizeGripAtTheCorner()
     QCOMPARE(grip->geometry().bottomRight(), frame.rect().bottomRight());
 }
 
-void DialogTest::maximizeButton_maximizesAndRestores()
+void TestDialog::maximizeButton_maximizesAndRestores()
 {
     VeskDialog frame(panel(), VeskTitleWidget::MaximizeButton, false, nullptr, false);
     frame.show(true);
@@ -257,7 +257,7 @@ void DialogTest::maximizeButton_maximizesAndRestores()
     QVERIFY(!frame.isMaximized());
 }
 
-void DialogTest::staysOnTop_isAUtilityWindow()
+void TestDialog::staysOnTop_isAUtilityWindow()
 {
     VeskDialog dialog(panel(), kCloseOnly, false, nullptr, false);
     VeskDialog utility(panel(), kCloseOnly, false, nullptr, true);
@@ -273,7 +273,7 @@ void DialogTest::staysOnTop_isAUtilityWindow()
 }
 
 // Each is shown while the other is active; windows that are above each other hang Qt.
-void DialogTest::twoFrames_shownOverEachOther_makeNoCircle()
+void TestDialog::twoFrames_shownOverEachOther_makeNoCircle()
 {
     VeskDialog first(panel(), kCloseOnly, false, nullptr, true);
     VeskDialog second(panel(), kCloseOnly, false, nullptr, true);
@@ -289,7 +289,7 @@ void DialogTest::twoFrames_shownOverEachOther_makeNoCircle()
     QVERIFY(first.windowHandle()->transientParent() != second.windowHandle());
 }
 
-void DialogTest::noActiveWindow_staysAboveTheMainWindow()
+void TestDialog::noActiveWindow_staysAboveTheMainWindow()
 {
     QWidget editor;
     editor.setAttribute(Qt::WA_ShowWithoutActivating);
@@ -303,5 +303,5 @@ void DialogTest::noActiveWindow_staysAboveTheMainWindow()
     QVERIFY(editor.frameGeometry().contains(frame.geometry().center()));
 }
 
-QTEST_MAIN(DialogTest)
+QTEST_MAIN(TestDialog)
 #include "tst_VeskDialog.moc"

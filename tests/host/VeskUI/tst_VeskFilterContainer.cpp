@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
-class FilterContainerTest : public QObject
+class TestFilterContainer : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private slots:
     void panelFlags_areDroppedInsideTheFrame();
 };
 
-void FilterContainerTest::isModeless()
+void TestFilterContainer::isModeless()
 {
     VeskFilterContainer frame(new QWidget, VeskTitleWidget::CloseButtonOnly, false, nullptr, true);
     QVERIFY(!frame.isModal());
@@ -28,7 +28,7 @@ void FilterContainerTest::isModeless()
 
 // The way a tool uses its frame: it starts hidden, OK hides the panel's parent and then the panel,
 // the next activation shows the panel and then the frame.
-void FilterContainerTest::panelFlow_hidesBothAndShowsBothAgain()
+void TestFilterContainer::panelFlow_hidesBothAndShowsBothAgain()
 {
     auto *panel = new QWidget;
     VeskFilterContainer frame(panel, static_cast<VeskTitleWidget::TitleButtonFlag>(0), false,
@@ -47,7 +47,7 @@ void FilterContainerTest::panelFlow_hidesBothAndShowsBothAgain()
     }
 }
 
-void FilterContainerTest::closeButton_onlyHides()
+void TestFilterContainer::closeButton_onlyHides()
 {
     const QPointer<QWidget> panel = new QWidget;
     VeskFilterContainer frame(panel, VeskTitleWidget::CloseButtonOnly, false, nullptr, true);
@@ -59,7 +59,7 @@ void FilterContainerTest::closeButton_onlyHides()
     QVERIFY(panel->isVisible());
 }
 
-void FilterContainerTest::enter_pressesNoButtonOfThePanel()
+void TestFilterContainer::enter_pressesNoButtonOfThePanel()
 {
     auto *panel = new QWidget;
     auto *column = new QVBoxLayout(panel);
@@ -77,7 +77,7 @@ void FilterContainerTest::enter_pressesNoButtonOfThePanel()
     QVERIFY(frame.isVisible());
 }
 
-void FilterContainerTest::panelFlags_areDroppedInsideTheFrame()
+void TestFilterContainer::panelFlags_areDroppedInsideTheFrame()
 {
     auto *panel = new QWidget;
     panel->setWindowFlags(Qt::WindowFlags(0x4080B));
@@ -88,5 +88,5 @@ void FilterContainerTest::panelFlags_areDroppedInsideTheFrame()
     QVERIFY(!(panel->windowFlags() & Qt::WindowStaysOnTopHint));
 }
 
-QTEST_MAIN(FilterContainerTest)
+QTEST_MAIN(TestFilterContainer)
 #include "tst_VeskFilterContainer.moc"

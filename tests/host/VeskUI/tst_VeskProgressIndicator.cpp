@@ -47,7 +47,7 @@ bool closeByWindowSystem(VeskProgressIndicator &indicator)
 
 } // namespace
 
-class ProgressIndicatorTest : public QObject
+class TestProgressIndicator : public QObject
 {
     Q_OBJECT
 
@@ -67,7 +67,7 @@ private slots:
     void destroyed_withAClosePending_isHarmless();
 };
 
-void ProgressIndicatorTest::exec_closePostedByAnotherThreadMeanwhile_returns()
+void TestProgressIndicator::exec_closePostedByAnotherThreadMeanwhile_returns()
 {
     HangGuard guard;
     VeskProgressIndicator indicator(QSize(60, 60));
@@ -83,7 +83,7 @@ void ProgressIndicatorTest::exec_closePostedByAnotherThreadMeanwhile_returns()
     QVERIFY(!indicator.isVisible());
 }
 
-void ProgressIndicatorTest::exec_closePostedBeforeTheLoop_returnsAtOnce()
+void TestProgressIndicator::exec_closePostedBeforeTheLoop_returnsAtOnce()
 {
     HangGuard guard;
     VeskProgressIndicator indicator(QSize(60, 60));
@@ -95,7 +95,7 @@ void ProgressIndicatorTest::exec_closePostedBeforeTheLoop_returnsAtOnce()
     QVERIFY(!indicator.isVisible());
 }
 
-void ProgressIndicatorTest::exec_closeDeliveredBeforeTheLoop_returnsWithoutShowing()
+void TestProgressIndicator::exec_closeDeliveredBeforeTheLoop_returnsWithoutShowing()
 {
     HangGuard guard;
     VeskProgressIndicator indicator(QSize(60, 60));
@@ -116,7 +116,7 @@ void ProgressIndicatorTest::exec_closeDeliveredBeforeTheLoop_returnsWithoutShowi
     QCOMPARE(counter.shows, 0);
 }
 
-void ProgressIndicatorTest::exec_again_waitsForANewClose()
+void TestProgressIndicator::exec_again_waitsForANewClose()
 {
     HangGuard guard;
     VeskProgressIndicator indicator(QSize(60, 60));
@@ -135,7 +135,7 @@ void ProgressIndicatorTest::exec_again_waitsForANewClose()
 using UserAct = void (*)(VeskProgressIndicator &);
 Q_DECLARE_METATYPE(UserAct)
 
-void ProgressIndicatorTest::exec_userCannotEndTheWait_data()
+void TestProgressIndicator::exec_userCannotEndTheWait_data()
 {
     QTest::addColumn<UserAct>("act");
     QTest::newRow("escape") << UserAct(
@@ -160,7 +160,7 @@ void ProgressIndicatorTest::exec_userCannotEndTheWait_data()
            });
 }
 
-void ProgressIndicatorTest::exec_userCannotEndTheWait()
+void TestProgressIndicator::exec_userCannotEndTheWait()
 {
     QFETCH(UserAct, act);
     HangGuard guard;
@@ -182,7 +182,7 @@ void ProgressIndicatorTest::exec_userCannotEndTheWait()
     QVERIFY(!guard.hasFired);
 }
 
-void ProgressIndicatorTest::exec_hiddenByTheProgram_keepsWaiting()
+void TestProgressIndicator::exec_hiddenByTheProgram_keepsWaiting()
 {
     HangGuard guard;
     VeskProgressIndicator indicator(QSize(60, 60));
@@ -199,7 +199,7 @@ void ProgressIndicatorTest::exec_hiddenByTheProgram_keepsWaiting()
     QVERIFY(!guard.hasFired);
 }
 
-void ProgressIndicatorTest::exec_programAskedToQuit_keepsWaiting()
+void TestProgressIndicator::exec_programAskedToQuit_keepsWaiting()
 {
     HangGuard guard;
     VeskProgressIndicator indicator(QSize(60, 60));
@@ -224,7 +224,7 @@ void ProgressIndicatorTest::exec_programAskedToQuit_keepsWaiting()
     QVERIFY(!guard.hasFired);
 }
 
-void ProgressIndicatorTest::exec_isModalAndSized()
+void TestProgressIndicator::exec_isModalAndSized()
 {
     HangGuard guard;
     VeskProgressIndicator indicator(QSize(60, 60));
@@ -238,7 +238,7 @@ void ProgressIndicatorTest::exec_isModalAndSized()
     QVERIFY(!guard.hasFired);
 }
 
-void ProgressIndicatorTest::exec_endingWhileNoOtherWindowIsOpen_doesNotQuitTheProgram()
+void TestProgressIndicator::exec_endingWhileNoOtherWindowIsOpen_doesNotQuitTheProgram()
 {
     HangGuard guard;
     QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);
@@ -254,7 +254,7 @@ void ProgressIndicatorTest::exec_endingWhileNoOtherWindowIsOpen_doesNotQuitThePr
     QVERIFY(!guard.hasFired);
 }
 
-void ProgressIndicatorTest::animation_runsOnlyWhileVisible()
+void TestProgressIndicator::animation_runsOnlyWhileVisible()
 {
     VeskProgressIndicator indicator(QSize(60, 60));
     indicator.startAnimation();
@@ -269,7 +269,7 @@ void ProgressIndicatorTest::animation_runsOnlyWhileVisible()
     QVERIFY(!indicator.isAnimating());
 }
 
-void ProgressIndicatorTest::paint_isTranslucentOutsideOfTheRingAndTurns()
+void TestProgressIndicator::paint_isTranslucentOutsideOfTheRingAndTurns()
 {
     VeskProgressIndicator indicator(QSize(60, 60));
     const auto picture = [&indicator] {
@@ -284,7 +284,7 @@ void ProgressIndicatorTest::paint_isTranslucentOutsideOfTheRingAndTurns()
     QTRY_VERIFY_WITH_TIMEOUT(picture() != first, kLimitMs);
 }
 
-void ProgressIndicatorTest::destroyed_withAClosePending_isHarmless()
+void TestProgressIndicator::destroyed_withAClosePending_isHarmless()
 {
     auto indicator = std::make_unique<VeskProgressIndicator>(QSize(60, 60));
     postClose(*indicator);
@@ -292,5 +292,5 @@ void ProgressIndicatorTest::destroyed_withAClosePending_isHarmless()
     QCoreApplication::processEvents();
 }
 
-QTEST_MAIN(ProgressIndicatorTest)
+QTEST_MAIN(TestProgressIndicator)
 #include "tst_VeskProgressIndicator.moc"

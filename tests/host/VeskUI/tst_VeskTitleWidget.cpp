@@ -22,7 +22,7 @@ void moveMouse(QWidget &widget, const QPoint &position, Qt::MouseButtons buttons
 
 } // namespace
 
-class TitleWidgetTest : public QObject
+class TestTitleWidget : public QObject
 {
     Q_OBJECT
 
@@ -39,7 +39,7 @@ private slots:
     void paint_followsThePalette();
 };
 
-void TitleWidgetTest::closeButton_isAlwaysThereAndTells_data()
+void TestTitleWidget::closeButton_isAlwaysThereAndTells_data()
 {
     QTest::addColumn<int>("flag");
     QTest::newRow("close only") << int(VeskTitleWidget::CloseButtonOnly);
@@ -48,7 +48,7 @@ void TitleWidgetTest::closeButton_isAlwaysThereAndTells_data()
     QTest::newRow("both") << int(VeskTitleWidget::MinimizeAndMaximizeButtons);
 }
 
-void TitleWidgetTest::closeButton_isAlwaysThereAndTells()
+void TestTitleWidget::closeButton_isAlwaysThereAndTells()
 {
     QFETCH(int, flag);
     VeskTitleWidget bar(static_cast<VeskTitleWidget::TitleButtonFlag>(flag));
@@ -59,7 +59,7 @@ void TitleWidgetTest::closeButton_isAlwaysThereAndTells()
     QCOMPARE(closes.count(), 1);
 }
 
-void TitleWidgetTest::extraButtons_onlyWhenAskedFor()
+void TestTitleWidget::extraButtons_onlyWhenAskedFor()
 {
     VeskTitleWidget plain;
     QVERIFY(!button(plain, "minimizeButton"));
@@ -75,7 +75,7 @@ void TitleWidgetTest::extraButtons_onlyWhenAskedFor()
     QVERIFY(!button(full, "maximizeButton")->accessibleName().isEmpty());
 }
 
-void TitleWidgetTest::longTitle_isCutWithAnEllipsisAndKeptInFull()
+void TestTitleWidget::longTitle_isCutWithAnEllipsisAndKeptInFull()
 {
     VeskTitleWidget bar;
     bar.resize(200, bar.height());
@@ -90,7 +90,7 @@ void TitleWidgetTest::longTitle_isCutWithAnEllipsisAndKeptInFull()
     QCOMPARE(label->text(), QStringLiteral("Short"));
 }
 
-void TitleWidgetTest::titleWithMarkup_isShownAsText()
+void TestTitleWidget::titleWithMarkup_isShownAsText()
 {
     VeskTitleWidget bar;
     bar.resize(400, bar.height());
@@ -115,7 +115,7 @@ struct Window : QWidget
     VeskTitleWidget *bar;
 };
 
-void TitleWidgetTest::drag_movesTheWindow()
+void TestTitleWidget::drag_movesTheWindow()
 {
     Window window;
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -130,7 +130,7 @@ void TitleWidgetTest::drag_movesTheWindow()
     QCOMPARE(window.pos() - start, QPoint(61, 30));
 }
 
-void TitleWidgetTest::smallMovement_isNoDrag()
+void TestTitleWidget::smallMovement_isNoDrag()
 {
     Window window;
     const QPoint start = window.pos();
@@ -139,7 +139,7 @@ void TitleWidgetTest::smallMovement_isNoDrag()
     QCOMPARE(window.pos(), start);
 }
 
-void TitleWidgetTest::rightButton_dragsNothing()
+void TestTitleWidget::rightButton_dragsNothing()
 {
     Window window;
     const QPoint start = window.pos();
@@ -148,7 +148,7 @@ void TitleWidgetTest::rightButton_dragsNothing()
     QCOMPARE(window.pos(), start);
 }
 
-void TitleWidgetTest::doubleClick_asksToMaximizeOnlyWithAButtonForIt()
+void TestTitleWidget::doubleClick_asksToMaximizeOnlyWithAButtonForIt()
 {
     VeskTitleWidget plain;
     QSignalSpy plainMaximizes(&plain, &VeskTitleWidget::maximizeRequested);
@@ -161,7 +161,7 @@ void TitleWidgetTest::doubleClick_asksToMaximizeOnlyWithAButtonForIt()
     QCOMPARE(maximizes.count(), 1);
 }
 
-void TitleWidgetTest::paint_followsThePalette()
+void TestTitleWidget::paint_followsThePalette()
 {
     VeskTitleWidget bar;
     bar.resize(300, bar.height());
@@ -175,5 +175,5 @@ void TitleWidgetTest::paint_followsThePalette()
     QVERIFY(bar.grab().toImage().pixelColor(150, 4).lightness() > 180);
 }
 
-QTEST_MAIN(TitleWidgetTest)
+QTEST_MAIN(TestTitleWidget)
 #include "tst_VeskTitleWidget.moc"

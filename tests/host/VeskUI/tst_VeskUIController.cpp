@@ -2,7 +2,7 @@
 
 #include <QtTest>
 
-class UIControllerTest : public QObject
+class TestUIController : public QObject
 {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ private slots:
     void notifyUI_withoutListener_hasNoEffect();
 };
 
-void UIControllerTest::getInstance_afterItsParentIsGone_makesANewOne()
+void TestUIController::getInstance_afterItsParentIsGone_makesANewOne()
 {
     auto parent = std::make_unique<QObject>();
     const QPointer<VeskUIController> first = VeskUIController::getInstance(parent.get());
@@ -23,7 +23,7 @@ void UIControllerTest::getInstance_afterItsParentIsGone_makesANewOne()
     QVERIFY(VeskUIController::getInstance(nullptr));
 }
 
-void UIControllerTest::getInstance_twice_isTheSameObject()
+void TestUIController::getInstance_twice_isTheSameObject()
 {
     // Runs first, and leaves no instance behind for the next test.
     QObject parent;
@@ -31,7 +31,7 @@ void UIControllerTest::getInstance_twice_isTheSameObject()
     QCOMPARE(VeskUIController::getInstance(nullptr), controller);
 }
 
-void UIControllerTest::notifyUI_reachesTheEditorAtOnceWithNameAndArguments()
+void TestUIController::notifyUI_reachesTheEditorAtOnceWithNameAndArguments()
 {
     VeskUIController *controller = VeskUIController::getInstance(nullptr);
     QSignalSpy notified(controller, &VeskUIController::notified);
@@ -44,11 +44,11 @@ void UIControllerTest::notifyUI_reachesTheEditorAtOnceWithNameAndArguments()
              (QVariantList{QVariant(7), QVariant(QStringLiteral("raw"))}));
 }
 
-void UIControllerTest::notifyUI_withoutListener_hasNoEffect()
+void TestUIController::notifyUI_withoutListener_hasNoEffect()
 {
     VeskUIController::getInstance(nullptr)->notifyUI(QString(), {});
     QVERIFY(VeskUIController::getInstance(nullptr));
 }
 
-QTEST_MAIN(UIControllerTest)
+QTEST_MAIN(TestUIController)
 #include "tst_VeskUIController.moc"

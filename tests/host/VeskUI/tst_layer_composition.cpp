@@ -28,7 +28,7 @@ VeskLayer *addLayer(VeskContext &context, const QImage &picture)
 
 } // namespace
 
-class LayerCompositionTest : public QObject
+class TestLayerComposition : public QObject
 {
     Q_OBJECT
 
@@ -48,7 +48,7 @@ private slots:
     void isOpaque_needsOneFullOpaqueLayer();
 };
 
-void LayerCompositionTest::visibleLayers_skipsHiddenAndTransparentAndEmptyOnes()
+void TestLayerComposition::visibleLayers_skipsHiddenAndTransparentAndEmptyOnes()
 {
     VeskContext context;
     addLayer(context, filled(QSize(4, 4), Qt::red));
@@ -62,12 +62,12 @@ void LayerCompositionTest::visibleLayers_skipsHiddenAndTransparentAndEmptyOnes()
     QCOMPARE(layers[1].opacity, 0.5);
 }
 
-void LayerCompositionTest::visibleLayers_withoutContext_isEmpty()
+void TestLayerComposition::visibleLayers_withoutContext_isEmpty()
 {
     QVERIFY(composition::visibleLayers(nullptr).empty());
 }
 
-void LayerCompositionTest::composedRegion_equalsThePictureInsideTheRegion()
+void TestLayerComposition::composedRegion_equalsThePictureInsideTheRegion()
 {
     QImage picture(QSize(37, 23), QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y)
@@ -78,7 +78,7 @@ void LayerCompositionTest::composedRegion_equalsThePictureInsideTheRegion()
     QCOMPARE(composed.convertToFormat(QImage::Format_RGB32), picture.copy(region));
 }
 
-void LayerCompositionTest::composedRegion_outsideOfALayer_isTransparent()
+void TestLayerComposition::composedRegion_outsideOfALayer_isTransparent()
 {
     const QImage composed =
         composition::composedRegion({{filled(QSize(4, 4), Qt::red), 1.0}}, {2, 2, 4, 4});
@@ -87,7 +87,7 @@ void LayerCompositionTest::composedRegion_outsideOfALayer_isTransparent()
     QCOMPARE(composed.pixelColor(3, 1).alpha(), 0);
 }
 
-void LayerCompositionTest::composedRegion_mixesByOpacity()
+void TestLayerComposition::composedRegion_mixesByOpacity()
 {
     const QImage composed = composition::composedRegion(
         {{filled(QSize(1, 1), Qt::black), 1.0}, {filled(QSize(1, 1), Qt::white), 0.5}},
@@ -95,7 +95,7 @@ void LayerCompositionTest::composedRegion_mixesByOpacity()
     QVERIFY(qAbs(composed.pixelColor(0, 0).red() - 128) <= 1);
 }
 
-void LayerCompositionTest::composedRegion_upperLayerCoversLower()
+void TestLayerComposition::composedRegion_upperLayerCoversLower()
 {
     const QImage composed = composition::composedRegion(
         {{filled(QSize(4, 4), Qt::red), 1.0}, {filled(QSize(2, 2), Qt::green), 1.0}}, {0, 0, 4, 4});
@@ -103,14 +103,14 @@ void LayerCompositionTest::composedRegion_upperLayerCoversLower()
     QCOMPARE(composed.pixelColor(2, 2), QColor(Qt::red));
 }
 
-void LayerCompositionTest::composedPicture_oneOpaqueLayer_sharesItsPixels()
+void TestLayerComposition::composedPicture_oneOpaqueLayer_sharesItsPixels()
 {
     VeskContext context;
     const VeskLayer *layer = addLayer(context, filled({2, 2}, Qt::red, QImage::Format_RGB32));
     QCOMPARE(composition::composedPicture(&context).constBits(), layer->picture().constBits());
 }
 
-void LayerCompositionTest::composedPicture_stacksVisibleLayersByOpacity()
+void TestLayerComposition::composedPicture_stacksVisibleLayersByOpacity()
 {
     VeskContext context;
     addLayer(context, filled({4, 2}, Qt::black));
@@ -125,7 +125,7 @@ void LayerCompositionTest::composedPicture_stacksVisibleLayersByOpacity()
     QCOMPARE(qAlpha(composed.pixel(3, 2)), 0);
 }
 
-void LayerCompositionTest::composedPicture_severalLayers_keepsProfileAndResolutionOfTheLowest()
+void TestLayerComposition::composedPicture_severalLayers_keepsProfileAndResolutionOfTheLowest()
 {
     QImage lowest = filled({4, 4}, Qt::red, QImage::Format_RGB32);
     lowest.setColorSpace(QColorSpace::DisplayP3);
@@ -140,7 +140,7 @@ void LayerCompositionTest::composedPicture_severalLayers_keepsProfileAndResoluti
     QCOMPARE(composed.dotsPerMeterY(), 5906);
 }
 
-void LayerCompositionTest::composedPicture_layerWithPixelRatio_fillsItsPixels()
+void TestLayerComposition::composedPicture_layerWithPixelRatio_fillsItsPixels()
 {
     QImage dense = filled({4, 4}, Qt::red, QImage::Format_RGB32);
     dense.setDevicePixelRatio(2.0);
@@ -150,7 +150,7 @@ void LayerCompositionTest::composedPicture_layerWithPixelRatio_fillsItsPixels()
     QCOMPARE(composition::composedPicture(&context).pixelColor(3, 3), QColor(Qt::red));
 }
 
-void LayerCompositionTest::composedPicture_allHidden_isNull()
+void TestLayerComposition::composedPicture_allHidden_isNull()
 {
     VeskContext context;
     QVERIFY(composition::composedPicture(&context).isNull());
@@ -159,7 +159,7 @@ void LayerCompositionTest::composedPicture_allHidden_isNull()
     QVERIFY(composition::composedPicture(nullptr).isNull());
 }
 
-void LayerCompositionTest::composedPicture_equalsWhatIsShownRegionByRegion()
+void TestLayerComposition::composedPicture_equalsWhatIsShownRegionByRegion()
 {
     VeskContext context;
     addLayer(context, filled({7, 5}, QColor(10, 200, 30)));
@@ -170,7 +170,7 @@ void LayerCompositionTest::composedPicture_equalsWhatIsShownRegionByRegion()
              whole.copy(region));
 }
 
-void LayerCompositionTest::isOpaque_needsOneFullOpaqueLayer()
+void TestLayerComposition::isOpaque_needsOneFullOpaqueLayer()
 {
     const QSize size(4, 4);
     const QImage opaque = filled(size, Qt::red, QImage::Format_RGB32);
@@ -181,5 +181,5 @@ void LayerCompositionTest::isOpaque_needsOneFullOpaqueLayer()
     QVERIFY(!composition::isOpaque({}, size));
 }
 
-QTEST_GUILESS_MAIN(LayerCompositionTest)
+QTEST_GUILESS_MAIN(TestLayerComposition)
 #include "tst_layer_composition.moc"

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numeric>
 
-class PictureHistogramTest : public QObject
+class TestPictureHistogram : public QObject
 {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ quint64 sum(const std::array<quint32, 256> &counts)
 
 } // namespace
 
-void PictureHistogramTest::everyPixel_isCountedInEveryChannel()
+void TestPictureHistogram::everyPixel_isCountedInEveryChannel()
 {
     QImage picture(256, 3, QImage::Format_RGB32);
     for (int y = 0; y < 3; ++y)
@@ -50,7 +50,7 @@ void PictureHistogramTest::everyPixel_isCountedInEveryChannel()
     QCOMPARE(sum(counts.luminosity), quint64(768));
 }
 
-void PictureHistogramTest::luminosity_isRec709Luma_data()
+void TestPictureHistogram::luminosity_isRec709Luma_data()
 {
     QTest::addColumn<QColor>("color");
     for (const QRgb rgb : {0xff000000U, 0xffffffffU, 0xffff0000U, 0xff00ff00U, 0xff0000ffU,
@@ -58,7 +58,7 @@ void PictureHistogramTest::luminosity_isRec709Luma_data()
         QTest::newRow(qPrintable(QColor(rgb).name())) << QColor(rgb);
 }
 
-void PictureHistogramTest::luminosity_isRec709Luma()
+void TestPictureHistogram::luminosity_isRec709Luma()
 {
     QFETCH(QColor, color);
     const int expected =
@@ -68,7 +68,7 @@ void PictureHistogramTest::luminosity_isRec709Luma()
     QCOMPARE(sum(counts.luminosity), quint64(1));
 }
 
-void PictureHistogramTest::transparentPixels_areNotCounted()
+void TestPictureHistogram::transparentPixels_areNotCounted()
 {
     // The document is larger than the layer, and the layer has a hole.
     QImage picture(3, 1, QImage::Format_ARGB32);
@@ -79,25 +79,25 @@ void PictureHistogramTest::transparentPixels_areNotCounted()
     QCOMPARE(counts.luminosity[255], 2U);
 }
 
-void PictureHistogramTest::halfTransparentPixels_countWithTheirOwnColour()
+void TestPictureHistogram::halfTransparentPixels_countWithTheirOwnColour()
 {
     const VeskCanvas::Histogram counts =
         histogram::countLevels({{one(QColor(255, 255, 255, 128)), 1.0}}, QSize(1, 1));
     QCOMPARE(counts.green[255], 1U);
 }
 
-void PictureHistogramTest::emptyDocument_countsNothing()
+void TestPictureHistogram::emptyDocument_countsNothing()
 {
     QCOMPARE(sum(histogram::countLevels({}, QSize(0, 0)).luminosity), quint64(0));
     QCOMPARE(sum(histogram::countLevels({}, QSize(5, 5)).luminosity), quint64(0));
 }
 
-void PictureHistogramTest::moreRowsThanAStrip_areAllCounted()
+void TestPictureHistogram::moreRowsThanAStrip_areAllCounted()
 {
     QImage picture(3, 131, QImage::Format_RGB32);
     picture.fill(QColor(9, 9, 9));
     QCOMPARE(histogram::countLevels({{picture, 1.0}}, picture.size()).luminosity[9], 3U * 131U);
 }
 
-QTEST_GUILESS_MAIN(PictureHistogramTest)
+QTEST_GUILESS_MAIN(TestPictureHistogram)
 #include "tst_picture_histogram.moc"

@@ -14,11 +14,11 @@
 #include <QTabBar>
 #include <QTest>
 
-class DocumentAreaTest : public QObject
+class TestDocumentArea : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void cleanup() { area.reset(); }
     void startPage_isShownWhileNothingIsOpen();
@@ -62,14 +62,14 @@ private:
     std::unique_ptr<DocumentArea> area;
 };
 
-void DocumentAreaTest::init()
+void TestDocumentArea::init()
 {
     area = std::make_unique<DocumentArea>(new QWidget);
     area->resize(800, 300);
     area->show();
 }
 
-void DocumentAreaTest::startPage_isShownWhileNothingIsOpen()
+void TestDocumentArea::startPage_isShownWhileNothingIsOpen()
 {
     QCOMPARE(area->currentIndex(), 0);
     QVERIFY(!area->currentDocument());
@@ -77,7 +77,7 @@ void DocumentAreaTest::startPage_isShownWhileNothingIsOpen()
     QVERIFY(tabTexts().isEmpty());
 }
 
-void DocumentAreaTest::noDocument_toolsStillFindACurrentOne()
+void TestDocumentArea::noDocument_toolsStillFindACurrentOne()
 {
     const VeskContext *blank = manager().getCurrentContext();
     QVERIFY(blank);
@@ -85,7 +85,7 @@ void DocumentAreaTest::noDocument_toolsStillFindACurrentOne()
     QVERIFY(!blank->isSaveAble());
 }
 
-void DocumentAreaTest::open_showsTheDocumentInFront()
+void TestDocumentArea::open_showsTheDocumentInFront()
 {
     open(QStringLiteral("a.png"));
     QSignalSpy changed(area.get(), &DocumentArea::currentDocumentChanged);
@@ -98,7 +98,7 @@ void DocumentAreaTest::open_showsTheDocumentInFront()
     QCOMPARE(tabTexts(), (QStringList{QStringLiteral("a.png"), QStringLiteral("b.png")}));
 }
 
-void DocumentAreaTest::close_lastDocument_goesBackToTheStartPage()
+void TestDocumentArea::close_lastDocument_goesBackToTheStartPage()
 {
     area->close(open(QStringLiteral("a.png")));
     QCOMPARE(area->currentIndex(), 0);
@@ -106,7 +106,7 @@ void DocumentAreaTest::close_lastDocument_goesBackToTheStartPage()
     QVERIFY(tabTexts().isEmpty());
 }
 
-void DocumentAreaTest::tabMark_followsUnsavedChanges()
+void TestDocumentArea::tabMark_followsUnsavedChanges()
 {
     VeskContext *document = open(QStringLiteral("a & b.png"));
     QCOMPARE(tabTexts(), QStringList{QStringLiteral("a && b.png")});
@@ -116,7 +116,7 @@ void DocumentAreaTest::tabMark_followsUnsavedChanges()
     QCOMPARE(tabTexts(), QStringList{QStringLiteral("a && b.png")});
 }
 
-void DocumentAreaTest::choosingATab_makesItsDocumentCurrent()
+void TestDocumentArea::choosingATab_makesItsDocumentCurrent()
 {
     VeskContext *first = open(QStringLiteral("a.png"));
     open(QStringLiteral("b.png"));
@@ -126,7 +126,7 @@ void DocumentAreaTest::choosingATab_makesItsDocumentCurrent()
     QCOMPARE(area->currentDocument(), first);
 }
 
-void DocumentAreaTest::merge_fromTheStartPage_opensOneTab()
+void TestDocumentArea::merge_fromTheStartPage_opensOneTab()
 {
     mergeOver(manager().getCurrentContext());
     QCOMPARE(tabTexts(), QStringList{QStringLiteral("Untitled Document •")});
@@ -138,7 +138,7 @@ void DocumentAreaTest::merge_fromTheStartPage_opensOneTab()
     QCOMPARE(area->currentIndex(), 0);
 }
 
-void DocumentAreaTest::merge_replacesTheDocumentInItsPlace()
+void TestDocumentArea::merge_replacesTheDocumentInItsPlace()
 {
     open(QStringLiteral("a.png"));
     VeskContext *replaced = open(QStringLiteral("b.png"));
@@ -156,7 +156,7 @@ void DocumentAreaTest::merge_replacesTheDocumentInItsPlace()
     QCOMPARE(area->documents().size(), 3);
 }
 
-void DocumentAreaTest::merge_ofAClosedDocument_getsACanvasOfItsOwn()
+void TestDocumentArea::merge_ofAClosedDocument_getsACanvasOfItsOwn()
 {
     mergeOver(nullptr);
     QTRY_VERIFY(area->currentCanvas());
@@ -164,7 +164,7 @@ void DocumentAreaTest::merge_ofAClosedDocument_getsACanvasOfItsOwn()
     QCOMPARE(area->currentCanvas()->canvasSize(), QSize(20, 10));
 }
 
-void DocumentAreaTest::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
+void TestDocumentArea::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
 {
     VeskContext *modified = open(QStringLiteral("work.png"), 4);
     modified->setSaveAble(true);
@@ -179,7 +179,7 @@ void DocumentAreaTest::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
     QCOMPARE(document::metadataSource(*kept), QStringLiteral("/pictures/camera.jpg"));
 }
 
-void DocumentAreaTest::merge_overChangesThatMayBeLost_replacesThem()
+void TestDocumentArea::merge_overChangesThatMayBeLost_replacesThem()
 {
     VeskContext *modified = open(QStringLiteral("work.png"), 4);
     modified->setSaveAble(true);
@@ -190,14 +190,14 @@ void DocumentAreaTest::merge_overChangesThatMayBeLost_replacesThem()
     QCOMPARE(tabTexts(), QStringList{QStringLiteral("Untitled Document •")});
 }
 
-void DocumentAreaTest::allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved_data()
+void TestDocumentArea::allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved_data()
 {
     QTest::addColumn<bool>("isSaved");
     QTest::newRow("taken back") << false;
     QTest::newRow("saved, and modified again") << true;
 }
 
-void DocumentAreaTest::allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved()
+void TestDocumentArea::allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved()
 {
     QFETCH(bool, isSaved);
     VeskContext *modified = open(QStringLiteral("work.png"), 4);
@@ -214,7 +214,7 @@ void DocumentAreaTest::allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved()
                                           QStringLiteral("work.png •")}));
 }
 
-void DocumentAreaTest::documentOf_findsTheFileUnderAnotherSpelling()
+void TestDocumentArea::documentOf_findsTheFileUnderAnotherSpelling()
 {
     const TestPictures pictures;
     const QString path = pictures.add(QStringLiteral("x.png"));
@@ -223,7 +223,7 @@ void DocumentAreaTest::documentOf_findsTheFileUnderAnotherSpelling()
     QVERIFY(!area->documentOf(pictures.path(QStringLiteral("y.png"))));
 }
 
-void DocumentAreaTest::closing_releasesDocumentAndCanvas()
+void TestDocumentArea::closing_releasesDocumentAndCanvas()
 {
     const QPointer<VeskContext> document = open(QStringLiteral("a.png"));
     const QPointer<VeskCanvas> canvas = document->getCanvas();
@@ -233,5 +233,5 @@ void DocumentAreaTest::closing_releasesDocumentAndCanvas()
     QVERIFY(!canvas);
 }
 
-QTEST_MAIN(DocumentAreaTest)
+QTEST_MAIN(TestDocumentArea)
 #include "tst_DocumentArea.moc"

@@ -6,11 +6,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
-class DocumentLoaderTest : public QObject
+class TestDocumentLoader : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void load_severalFiles_answersInOrderWithPixels();
     void load_damagedAndMissing_areListedOnceAtTheEndAndBlockNothing();
     void load_wrongSuffix_isReadByContent();
@@ -23,7 +23,7 @@ private:
     TestPictures pictures;
 };
 
-void DocumentLoaderTest::load_severalFiles_answersInOrderWithPixels()
+void TestDocumentLoader::load_severalFiles_answersInOrderWithPixels()
 {
     const QStringList paths{pictures.add(QStringLiteral("b.png"), {30, 20}, 1),
                             pictures.add(QStringLiteral("a.png"), {31, 21}, 2)};
@@ -46,7 +46,7 @@ void DocumentLoaderTest::load_severalFiles_answersInOrderWithPixels()
     QCOMPARE(started.at(1).at(2).toInt(), 2); // ... of two
 }
 
-void DocumentLoaderTest::load_damagedAndMissing_areListedOnceAtTheEndAndBlockNothing()
+void TestDocumentLoader::load_damagedAndMissing_areListedOnceAtTheEndAndBlockNothing()
 {
     const QString damaged = pictures.addDamaged(QStringLiteral("damaged.png"));
     const QString missing = pictures.path(QStringLiteral("missing.png"));
@@ -74,7 +74,7 @@ void DocumentLoaderTest::load_damagedAndMissing_areListedOnceAtTheEndAndBlockNot
     QVERIFY(failures.isEmpty()); // told only once
 }
 
-void DocumentLoaderTest::load_wrongSuffix_isReadByContent()
+void TestDocumentLoader::load_wrongSuffix_isReadByContent()
 {
     const QString path = pictures.path(QStringLiteral("really_a_png.jpg"));
     QVERIFY(TestPictures::texture({20, 10}, 3).save(path, "PNG"));
@@ -88,7 +88,7 @@ void DocumentLoaderTest::load_wrongSuffix_isReadByContent()
     QCOMPARE(size, QSize(20, 10));
 }
 
-void DocumentLoaderTest::load_morePixelsThanTheSettingsAllow_isRefused()
+void TestDocumentLoader::load_morePixelsThanTheSettingsAllow_isRefused()
 {
     const QString limitKey = QStringLiteral("maxMegapixels");
     const QString path = pictures.add(QStringLiteral("wide.png"), {1001, 1000});
@@ -103,7 +103,7 @@ void DocumentLoaderTest::load_morePixelsThanTheSettingsAllow_isRefused()
     QCOMPARE(problemOf(path), QString());
 }
 
-void DocumentLoaderTest::load_doesNotWorkInTheCall()
+void TestDocumentLoader::load_doesNotWorkInTheCall()
 {
     DocumentLoader loader;
     QSignalSpy loaded(&loader, &DocumentLoader::loaded);
@@ -112,7 +112,7 @@ void DocumentLoaderTest::load_doesNotWorkInTheCall()
     QVERIFY(loaded.wait());
 }
 
-void DocumentLoaderTest::load_whileBusy_joinsTheBatch()
+void TestDocumentLoader::load_whileBusy_joinsTheBatch()
 {
     DocumentLoader loader;
     QSignalSpy started(&loader, &DocumentLoader::started);
@@ -125,7 +125,7 @@ void DocumentLoaderTest::load_whileBusy_joinsTheBatch()
     QCOMPARE(started.at(1).at(2).toInt(), 2);
 }
 
-void DocumentLoaderTest::destroyed_whileReading_isSafe()
+void TestDocumentLoader::destroyed_whileReading_isSafe()
 {
     auto loader = std::make_unique<DocumentLoader>();
     QSignalSpy loaded(loader.get(), &DocumentLoader::loaded);
@@ -136,5 +136,5 @@ void DocumentLoaderTest::destroyed_whileReading_isSafe()
     QCOMPARE(loaded.size(), 0);
 }
 
-QTEST_GUILESS_MAIN(DocumentLoaderTest)
+QTEST_GUILESS_MAIN(TestDocumentLoader)
 #include "tst_DocumentLoader.moc"

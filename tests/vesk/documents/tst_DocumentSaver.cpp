@@ -22,11 +22,11 @@
 
 #include <sys/resource.h>
 
-class DocumentSaverTest : public QObject
+class TestDocumentSaver : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void cleanup();
     void save_ownFile_replacesItAndClearsTheMark();
@@ -73,7 +73,7 @@ private:
     const std::atomic<bool> neverCancelled{false};
 };
 
-void DocumentSaverTest::init()
+void TestDocumentSaver::init()
 {
     pictures = std::make_unique<TestPictures>();
     window = std::make_unique<QWidget>();
@@ -83,7 +83,7 @@ void DocumentSaverTest::init()
     saver->setFolder(pictures->folder());
 }
 
-void DocumentSaverTest::cleanup()
+void TestDocumentSaver::cleanup()
 {
     document.reset();
     window.reset();
@@ -92,14 +92,14 @@ void DocumentSaverTest::cleanup()
 }
 
 /// A modified document of that file (empty: none).
-VeskContext *DocumentSaverTest::makeDocument(const QString &path)
+VeskContext *TestDocumentSaver::makeDocument(const QString &path)
 {
     document.reset(document::create(picture, QFileInfo(path).fileName(), path, window.get()));
     document->setSaveAble(true);
     return document.get();
 }
 
-void DocumentSaverTest::save_ownFile_replacesItAndClearsTheMark()
+void TestDocumentSaver::save_ownFile_replacesItAndClearsTheMark()
 {
     const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
     QSignalSpy saved(saver, &DocumentSaver::saved);
@@ -111,7 +111,7 @@ void DocumentSaverTest::save_ownFile_replacesItAndClearsTheMark()
     QCOMPARE(pictures->names(), QStringList{QStringLiteral("own.png")}); // no temporary file left
 }
 
-void DocumentSaverTest::save_untitled_asksForAFile()
+void TestDocumentSaver::save_untitled_asksForAFile()
 {
     dialogs->answerNextWith(pictures->path(QStringLiteral("new.tif")));
     QVERIFY(saver->save(makeDocument({})));
@@ -123,7 +123,7 @@ void DocumentSaverTest::save_untitled_asksForAFile()
 
 static int namelessOpenings = 0; // what Qt has complained about
 
-void DocumentSaverTest::save_untitled_opensNoNamelessFile()
+void TestDocumentSaver::save_untitled_opensNoNamelessFile()
 {
     namelessOpenings = 0;
     const QtMessageHandler before =
@@ -147,7 +147,7 @@ static QImage transparentPicture()
     return image;
 }
 
-void DocumentSaverTest::save_transparent_isReopenedToTheBit_data()
+void TestDocumentSaver::save_transparent_isReopenedToTheBit_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QImage::Format>("format"); // of the document's picture
@@ -155,7 +155,7 @@ void DocumentSaverTest::save_transparent_isReopenedToTheBit_data()
     QTest::newRow("TIFF") << "a.tif" << QImage::Format_ARGB32;
 }
 
-void DocumentSaverTest::save_transparent_isReopenedToTheBit()
+void TestDocumentSaver::save_transparent_isReopenedToTheBit()
 {
     QFETCH(QString, name);
     QFETCH(QImage::Format, format);
@@ -169,7 +169,7 @@ void DocumentSaverTest::save_transparent_isReopenedToTheBit()
     QCOMPARE(reopened.image, transparent);
 }
 
-void DocumentSaverTest::save_transparentAsJpeg_becomesWhiteAndSaysSo()
+void TestDocumentSaver::save_transparentAsJpeg_becomesWhiteAndSaysSo()
 {
     document.reset(document::create(transparentPicture(), {}, {}, window.get()));
     document->setSaveAble(true);
@@ -182,7 +182,7 @@ void DocumentSaverTest::save_transparentAsJpeg_becomesWhiteAndSaysSo()
     QVERIFY(dialogs->qualityTexts.join(QString()).contains(QStringLiteral("becomes white")));
 }
 
-void DocumentSaverTest::save_opaqueAsJpeg_doesNotSpeakOfTransparency()
+void TestDocumentSaver::save_opaqueAsJpeg_doesNotSpeakOfTransparency()
 {
     dialogs->answerNextWith(pictures->path(QStringLiteral("opaque.jpg")));
     QVERIFY(saver->save(makeDocument({})));
@@ -190,7 +190,7 @@ void DocumentSaverTest::save_opaqueAsJpeg_doesNotSpeakOfTransparency()
     QVERIFY(!dialogs->qualityTexts.join(QString()).contains(QStringLiteral("transparen")));
 }
 
-void DocumentSaverTest::save_otherKindOfFile_isNeverOverwritten()
+void TestDocumentSaver::save_otherKindOfFile_isNeverOverwritten()
 {
     const QString raw = pictures->path(QStringLiteral("IMG_1.CR2"));
     QVERIFY(!saver->save(makeDocument(raw))); // the dialog is cancelled
@@ -198,7 +198,7 @@ void DocumentSaverTest::save_otherKindOfFile_isNeverOverwritten()
     QVERIFY(!QFile::exists(raw));
 }
 
-void DocumentSaverTest::saveAs_cancelled_changesNothing()
+void TestDocumentSaver::saveAs_cancelled_changesNothing()
 {
     QVERIFY(!saver->saveAs(makeDocument({})));
     QVERIFY(document->isSaveAble());
@@ -206,7 +206,7 @@ void DocumentSaverTest::saveAs_cancelled_changesNothing()
     QVERIFY(boxes->shown().isEmpty());
 }
 
-void DocumentSaverTest::saveAs_jpeg_asksForTheQualityAndRemembersIt()
+void TestDocumentSaver::saveAs_jpeg_asksForTheQualityAndRemembersIt()
 {
     dialogs->quality = 30;
     dialogs->answerNextWith(pictures->path(QStringLiteral("low.jpg")));
@@ -220,7 +220,7 @@ void DocumentSaverTest::saveAs_jpeg_asksForTheQualityAndRemembersIt()
             QFileInfo(pictures->path(QStringLiteral("low.jpg"))).size());
 }
 
-void DocumentSaverTest::saveAs_qualityCancelled_writesNothing()
+void TestDocumentSaver::saveAs_qualityCancelled_writesNothing()
 {
     dialogs->quality = -1;
     dialogs->answerNextWith(pictures->path(QStringLiteral("no.jpg")));
@@ -229,14 +229,14 @@ void DocumentSaverTest::saveAs_qualityCancelled_writesNothing()
     QVERIFY(document->isSaveAble());
 }
 
-void DocumentSaverTest::saveAs_withoutSuffix_takesThatOfTheKind()
+void TestDocumentSaver::saveAs_withoutSuffix_takesThatOfTheKind()
 {
     dialogs->answerNextWith(pictures->path(QStringLiteral("bare")));
     QVERIFY(saver->saveAs(makeDocument(pictures->path(QStringLiteral("x.png")))));
     QCOMPARE(pictures->names(), QStringList{QStringLiteral("bare.png")});
 }
 
-void DocumentSaverTest::saveAs_otherSuffix_neverReplacesUnasked()
+void TestDocumentSaver::saveAs_otherSuffix_neverReplacesUnasked()
 {
     pictures->add(QStringLiteral("x.v2.png"), {5, 5}, 9); // the dialog asks about "x.v2" only
     boxes->answerNextWith(QMessageBox::Close);
@@ -247,7 +247,7 @@ void DocumentSaverTest::saveAs_otherSuffix_neverReplacesUnasked()
     QVERIFY(document->isSaveAble());
 }
 
-void DocumentSaverTest::saveAs_otherFile_isTheDocumentsFromThenOn()
+void TestDocumentSaver::saveAs_otherFile_isTheDocumentsFromThenOn()
 {
     const QString first = pictures->add(QStringLiteral("first.png"), {5, 5}, 9);
     dialogs->answerNextWith(pictures->path(QStringLiteral("second.png")));
@@ -285,14 +285,14 @@ static QByteArray addCameraPicture(const TestPictures &pictures, const QString &
     return exif;
 }
 
-void DocumentSaverTest::save_keepsTheCamerasMetadata()
+void TestDocumentSaver::save_keepsTheCamerasMetadata()
 {
     QVERIFY(!addCameraPicture(*pictures, QStringLiteral("camera.jpg")).isEmpty());
     QVERIFY(saver->save(makeDocument(pictures->path(QStringLiteral("camera.jpg")))));
     QVERIFY(exif::read(pictures->path(QStringLiteral("camera.jpg"))).block().contains("Box"));
 }
 
-void DocumentSaverTest::save_mergedPicture_takesTheMetadataOfItsSource()
+void TestDocumentSaver::save_mergedPicture_takesTheMetadataOfItsSource()
 {
     addCameraPicture(*pictures, QStringLiteral("first.jpg"));
     document::setMetadataSource(*makeDocument({}), pictures->path(QStringLiteral("first.jpg")));
@@ -302,7 +302,7 @@ void DocumentSaverTest::save_mergedPicture_takesTheMetadataOfItsSource()
     QVERIFY(exif::read(pictures->path(QStringLiteral("merged.png"))).block().contains("Box"));
 }
 
-void DocumentSaverTest::save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace()
+void TestDocumentSaver::save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace()
 {
     QVERIFY(!saver->save(makeDocument(QStringLiteral("/no/such/folder/x.png"))));
     QVERIFY(document->isSaveAble());
@@ -314,7 +314,7 @@ void DocumentSaverTest::save_missingFolder_keepsDocumentModifiedAndOffersAnother
     QCOMPARE(dialogs->offered.size(), 1); // the box's default answer
 }
 
-void DocumentSaverTest::save_fullDisk_leavesTheOldFileAsItWas()
+void TestDocumentSaver::save_fullDisk_leavesTheOldFileAsItWas()
 {
     const SmallDisk disk(QStringLiteral("size=8k"));
     if (!disk.isMounted())
@@ -333,7 +333,7 @@ void DocumentSaverTest::save_fullDisk_leavesTheOldFileAsItWas()
 }
 
 /// The system would end the program, and unsaved work with it.
-void DocumentSaverTest::save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile()
+void TestDocumentSaver::save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile()
 {
     workspace::setUpEditor(*qApp);
     const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
@@ -350,7 +350,7 @@ void DocumentSaverTest::save_beyondTheLimitOfFileSizes_failsAndKeepsTheOldFile()
     QCOMPARE(pictures->names(), QStringList{QStringLiteral("own.png")});
 }
 
-void DocumentSaverTest::save_mergedPicture_keepsProfileAndResolution_data()
+void TestDocumentSaver::save_mergedPicture_keepsProfileAndResolution_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("layers");
@@ -361,7 +361,7 @@ void DocumentSaverTest::save_mergedPicture_keepsProfileAndResolution_data()
 }
 
 /// As the tool hands its result to the document.
-void DocumentSaverTest::save_mergedPicture_keepsProfileAndResolution()
+void TestDocumentSaver::save_mergedPicture_keepsProfileAndResolution()
 {
     QFETCH(QString, name);
     QFETCH(int, layers);
@@ -383,7 +383,7 @@ void DocumentSaverTest::save_mergedPicture_keepsProfileAndResolution()
     QCOMPARE(read.dotsPerMeterY(), 11811);
 }
 
-void DocumentSaverTest::save_noVisibleLayer_isRefusedAndNoOtherPlaceOffered()
+void TestDocumentSaver::save_noVisibleLayer_isRefusedAndNoOtherPlaceOffered()
 {
     const QString path = pictures->path(QStringLiteral("x.png"));
     makeDocument(path)->getLayerManager()->layerAt(0)->setVisible(false);
@@ -396,14 +396,14 @@ void DocumentSaverTest::save_noVisibleLayer_isRefusedAndNoOtherPlaceOffered()
     QVERIFY(boxes->shown().first().text.contains(QStringLiteral("no layer is visible")));
 }
 
-void DocumentSaverTest::settle_unmodified_asksNothing()
+void TestDocumentSaver::settle_unmodified_asksNothing()
 {
     makeDocument({})->setSaveAble(false);
     QVERIFY(saver->settleUnsavedChanges(document.get()));
     QVERIFY(boxes->shown().isEmpty());
 }
 
-void DocumentSaverTest::settle_discard_allowsClosingAndWritesNothing()
+void TestDocumentSaver::settle_discard_allowsClosingAndWritesNothing()
 {
     boxes->answerNextWith(QMessageBox::Discard);
     QVERIFY(saver->settleUnsavedChanges(makeDocument(pictures->path(QStringLiteral("x.png")))));
@@ -411,19 +411,19 @@ void DocumentSaverTest::settle_discard_allowsClosingAndWritesNothing()
     QVERIFY(boxes->shown().first().text.contains(QStringLiteral("x.png")));
 }
 
-void DocumentSaverTest::settle_cancel_keepsTheDocument()
+void TestDocumentSaver::settle_cancel_keepsTheDocument()
 {
     boxes->answerNextWith(QMessageBox::Cancel);
     QVERIFY(!saver->settleUnsavedChanges(makeDocument({})));
     QVERIFY(document->isSaveAble());
 }
 
-void DocumentSaverTest::settle_saveThatFails_keepsTheDocument()
+void TestDocumentSaver::settle_saveThatFails_keepsTheDocument()
 {
     QVERIFY(!saver->settleUnsavedChanges(makeDocument(QStringLiteral("/no/such/folder/x.png"))));
     QCOMPARE(boxes->shown().size(), 2); // the question (answered with Save) and the failure
     QVERIFY(document->isSaveAble());
 }
 
-QTEST_MAIN(DocumentSaverTest)
+QTEST_MAIN(TestDocumentSaver)
 #include "tst_DocumentSaver.moc"

@@ -13,11 +13,11 @@
 #include <memory>
 #include <vector>
 
-class DocumentTabsTest : public QObject
+class TestDocumentTabs : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void cleanup();
     void labels_thatFit_areTheWholeNames();
@@ -46,20 +46,20 @@ private:
     std::unique_ptr<DocumentTabs> tabs;
 };
 
-void DocumentTabsTest::init()
+void TestDocumentTabs::init()
 {
     tabs = std::make_unique<DocumentTabs>();
     tabs->resize(900, 200);
     tabs->show();
 }
 
-void DocumentTabsTest::cleanup()
+void TestDocumentTabs::cleanup()
 {
     tabs.reset();
     documents.clear();
 }
 
-void DocumentTabsTest::add(int count)
+void TestDocumentTabs::add(int count)
 {
     for (int i = 0; i < count; ++i) {
         documents.push_back(std::make_unique<VeskContext>());
@@ -70,14 +70,14 @@ void DocumentTabsTest::add(int count)
     }
 }
 
-void DocumentTabsTest::labels_thatFit_areTheWholeNames()
+void TestDocumentTabs::labels_thatFit_areTheWholeNames()
 {
     add(2);
     QCOMPARE(tabs->tabText(0), QStringLiteral("holiday_IMG_0410.jpg"));
     QCOMPARE(tabs->tabText(1), QStringLiteral("holiday_IMG_0411.jpg"));
 }
 
-void DocumentTabsTest::labels_ofThirteenShots_stayReadable()
+void TestDocumentTabs::labels_ofThirteenShots_stayReadable()
 {
     add(13);
     documents.at(3)->setSaveAble(true);
@@ -90,7 +90,7 @@ void DocumentTabsTest::labels_ofThirteenShots_stayReadable()
                 bar()->fontMetrics().horizontalAdvance(tabs->tabText(i)));
 }
 
-void DocumentTabsTest::labels_becomeWholeAgainWhenThereIsRoom()
+void TestDocumentTabs::labels_becomeWholeAgainWhenThereIsRoom()
 {
     add(13);
     QCOMPARE(tabs->tabText(0), QStringLiteral("…0410"));
@@ -103,7 +103,7 @@ void DocumentTabsTest::labels_becomeWholeAgainWhenThereIsRoom()
     QCOMPARE(tabs->tabText(0), QStringLiteral("holiday_IMG_0410.jpg"));
 }
 
-void DocumentTabsTest::toolTip_tellsTheWholePath()
+void TestDocumentTabs::toolTip_tellsTheWholePath()
 {
     add(13);
     QCOMPARE(tabs->tabToolTip(2), QStringLiteral("/pictures/holiday_IMG_0412.jpg"));
@@ -113,7 +113,7 @@ void DocumentTabsTest::toolTip_tellsTheWholePath()
     tabs->remove(&untitled);
 }
 
-void DocumentTabsTest::list_offersAllDocumentsByTheirWholeNames()
+void TestDocumentTabs::list_offersAllDocumentsByTheirWholeNames()
 {
     add(13);
     QVERIFY(listButton()->isVisible());
@@ -130,13 +130,13 @@ void DocumentTabsTest::list_offersAllDocumentsByTheirWholeNames()
     list->close();
 }
 
-void DocumentTabsTest::list_ofASingleDocument_isNotShown()
+void TestDocumentTabs::list_ofASingleDocument_isNotShown()
 {
     add(1);
     QVERIFY(!listButton()->isVisible());
 }
 
-void DocumentTabsTest::middleClick_closesThatDocument()
+void TestDocumentTabs::middleClick_closesThatDocument()
 {
     add(3);
     const auto click = [this] {
@@ -145,7 +145,7 @@ void DocumentTabsTest::middleClick_closesThatDocument()
     QCOMPARE(toldOf(&DocumentTabs::closeRequested, click), Documents{document(1)});
 }
 
-void DocumentTabsTest::middleClick_movedAway_closesNothing()
+void TestDocumentTabs::middleClick_movedAway_closesNothing()
 {
     add(3);
     QSignalSpy closed(tabs.get(), &DocumentTabs::closeRequested);
@@ -155,7 +155,7 @@ void DocumentTabsTest::middleClick_movedAway_closesNothing()
     QVERIFY(closed.isEmpty());
 }
 
-DocumentTabsTest::Documents DocumentTabsTest::toldOf(Signal signal,
+TestDocumentTabs::Documents TestDocumentTabs::toldOf(Signal signal,
                                                      const std::function<void()> &something)
 {
     Documents told;
@@ -167,7 +167,7 @@ DocumentTabsTest::Documents DocumentTabsTest::toldOf(Signal signal,
 }
 
 /// As a click of the right button on that tab opens it.
-QMenu *DocumentTabsTest::contextMenu(int index) const
+QMenu *TestDocumentTabs::contextMenu(int index) const
 {
     const QPoint position = bar()->tabRect(index).center();
     QContextMenuEvent click(QContextMenuEvent::Mouse, position, bar()->mapToGlobal(position));
@@ -175,7 +175,7 @@ QMenu *DocumentTabsTest::contextMenu(int index) const
     return bar()->findChild<QMenu *>();
 }
 
-void DocumentTabsTest::contextMenu_closesThatDocumentOrTheOthers()
+void TestDocumentTabs::contextMenu_closesThatDocumentOrTheOthers()
 {
     add(3);
     QMenu *menu = contextMenu(1);
@@ -189,5 +189,5 @@ void DocumentTabsTest::contextMenu_closesThatDocumentOrTheOthers()
     menu->close();
 }
 
-QTEST_MAIN(DocumentTabsTest)
+QTEST_MAIN(TestDocumentTabs)
 #include "tst_DocumentTabs.moc"

@@ -4,11 +4,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
-class RecentFilesMenuTest : public QObject
+class TestRecentFilesMenu : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void recentFiles_latestFirstWithoutDoubles();
     void recentFiles_keepsOnlyTheLast();
@@ -25,12 +25,12 @@ static QStringList textsOf(const QMenu &menu)
     return texts;
 }
 
-void RecentFilesMenuTest::init()
+void TestRecentFilesMenu::init()
 {
     settings::setRecentFiles({});
 }
 
-void RecentFilesMenuTest::recentFiles_latestFirstWithoutDoubles()
+void TestRecentFilesMenu::recentFiles_latestFirstWithoutDoubles()
 {
     RecentFilesMenu menu;
     QVERIFY(!menu.isEnabled());
@@ -44,7 +44,7 @@ void RecentFilesMenuTest::recentFiles_latestFirstWithoutDoubles()
     QCOMPARE(settings::recentFiles(), QStringList{QStringLiteral("/p/b & c.png")});
 }
 
-void RecentFilesMenuTest::recentFiles_keepsOnlyTheLast()
+void TestRecentFilesMenu::recentFiles_keepsOnlyTheLast()
 {
     RecentFilesMenu menu;
     for (int i = 0; i < 20; ++i)
@@ -53,7 +53,7 @@ void RecentFilesMenuTest::recentFiles_keepsOnlyTheLast()
     QCOMPARE(settings::recentFiles().constFirst(), QStringLiteral("/p/19.png"));
 }
 
-void RecentFilesMenuTest::recentFiles_chosen_isTold()
+void TestRecentFilesMenu::recentFiles_chosen_isTold()
 {
     RecentFilesMenu menu;
     menu.add(QStringLiteral("/p/a.png"));
@@ -63,7 +63,7 @@ void RecentFilesMenuTest::recentFiles_chosen_isTold()
     QCOMPARE(chosen.at(0).at(0).toString(), QStringLiteral("/p/a.png"));
 }
 
-void RecentFilesMenuTest::recentFiles_clear_emptiesListAndSettings()
+void TestRecentFilesMenu::recentFiles_clear_emptiesListAndSettings()
 {
     RecentFilesMenu menu;
     menu.add(QStringLiteral("/p/a.png"));
@@ -72,11 +72,11 @@ void RecentFilesMenuTest::recentFiles_clear_emptiesListAndSettings()
     QVERIFY(!menu.isEnabled());
 }
 
-void RecentFilesMenuTest::recentFiles_survivesARestart()
+void TestRecentFilesMenu::recentFiles_survivesARestart()
 {
     RecentFilesMenu().add(QStringLiteral("/p/a.png"));
     QCOMPARE(textsOf(RecentFilesMenu()).constFirst(), QStringLiteral("a.png"));
 }
 
-QTEST_MAIN(RecentFilesMenuTest)
+QTEST_MAIN(TestRecentFilesMenu)
 #include "tst_RecentFilesMenu.moc"

@@ -2,17 +2,17 @@
 
 #include <QTest>
 
-class TabLabelsTest : public QObject
+class TestTabLabels : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void shortened_data();
     void shortened();
     void shortened_manyNames_tellAllApart();
 };
 
-void TabLabelsTest::shortened_data()
+void TestTabLabels::shortened_data()
 {
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QStringList>("labels");
@@ -35,13 +35,13 @@ void TabLabelsTest::shortened_data()
     row("little in common", {"s1.png", "s2.png"}, {"s1", "s2"});
 }
 
-void TabLabelsTest::shortened()
+void TestTabLabels::shortened()
 {
     QFETCH(QStringList, names);
     QTEST(tab_labels::shortened(names), "labels");
 }
 
-void TabLabelsTest::shortened_manyNames_tellAllApart()
+void TestTabLabels::shortened_manyNames_tellAllApart()
 {
     QStringList names;
     for (int i = 0; i < 300; ++i)
@@ -52,5 +52,5 @@ void TabLabelsTest::shortened_manyNames_tellAllApart()
     QCOMPARE(labels.at(5), QStringLiteral("…185"));
 }
 
-QTEST_GUILESS_MAIN(TabLabelsTest)
+QTEST_GUILESS_MAIN(TestTabLabels)
 #include "tst_tab_labels.moc"

@@ -18,11 +18,11 @@
 #include <QTest>
 
 /// Merging from the editor's window, through the real tool.
-class HdrCommandTest : public QObject, private EditorWindow
+class TestHdrCommand : public QObject, private EditorWindow
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
     void tools_areToldFolderAndSelection();
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void merge_fiveSelected_saysNothing();
 };
 
-void HdrCommandTest::tools_areToldFolderAndSelection()
+void TestHdrCommand::tools_areToldFolderAndSelection()
 {
     const QStringList bracket = pictures->addBracket(3, {30, 20});
     window->openPaths({pictures->folder()});
@@ -50,7 +50,7 @@ void HdrCommandTest::tools_areToldFolderAndSelection()
     QCOMPARE(manager.mainWindow(), window.get());
 }
 
-void HdrCommandTest::merge_withoutDocument_worksFromTheFilmStrip()
+void TestHdrCommand::merge_withoutDocument_worksFromTheFilmStrip()
 {
     const QStringList bracket = pictures->addBracket(3, {90, 70});
     window->openPaths({pictures->folder()});
@@ -65,7 +65,7 @@ void HdrCommandTest::merge_withoutDocument_worksFromTheFilmStrip()
     QCOMPARE(documents->currentCanvas()->canvasSize(), QSize(90, 70));
 }
 
-void HdrCommandTest::merge_result_keepsItsSourcesNameAndIsUnsaved()
+void TestHdrCommand::merge_result_keepsItsSourcesNameAndIsUnsaved()
 {
     const QStringList bracket = pictures->addBracket(2, {90, 70});
     openAndWait(bracket);
@@ -80,14 +80,14 @@ void HdrCommandTest::merge_result_keepsItsSourcesNameAndIsUnsaved()
     QVERIFY(QFile::exists(pictures->path(QStringLiteral("merged.png"))));
 }
 
-void HdrCommandTest::merge_profileAndResolution_arriveInTheSavedFile_data()
+void TestHdrCommand::merge_profileAndResolution_arriveInTheSavedFile_data()
 {
     QTest::addColumn<QString>("name");
     for (const char *name : {"merged.png", "merged.jpg", "merged.tif"})
         QTest::addRow("%s", name) << QString::fromLatin1(name);
 }
 
-void HdrCommandTest::merge_profileAndResolution_arriveInTheSavedFile()
+void TestHdrCommand::merge_profileAndResolution_arriveInTheSavedFile()
 {
     QFETCH(QString, name);
     const QStringList bracket = pictures->addBracket(3, {90, 70});
@@ -112,7 +112,7 @@ void HdrCommandTest::merge_profileAndResolution_arriveInTheSavedFile()
     QCOMPARE(saved.dotsPerMeterY(), 11811);
 }
 
-void HdrCommandTest::merge_unsavedDocument_saveAnswerRunsTheSaveAction()
+void TestHdrCommand::merge_unsavedDocument_saveAnswerRunsTheSaveAction()
 {
     openAndWait({pictures->add(QStringLiteral("work.png"))});
     current()->setSaveAble(true);
@@ -123,7 +123,7 @@ void HdrCommandTest::merge_unsavedDocument_saveAnswerRunsTheSaveAction()
     QVERIFY(panelFrame()->isVisible());
 }
 
-void HdrCommandTest::merge_unsavedDocument_discardedAndCancelled_staysModified()
+void TestHdrCommand::merge_unsavedDocument_discardedAndCancelled_staysModified()
 {
     openAndWait({pictures->add(QStringLiteral("work.png"))});
     current()->setSaveAble(true);
@@ -137,7 +137,7 @@ void HdrCommandTest::merge_unsavedDocument_discardedAndCancelled_staysModified()
     QCOMPARE(boxes->shown().size(), 1);
 }
 
-void HdrCommandTest::merge_unsavedDocument_discarded_isReplacedForGood()
+void TestHdrCommand::merge_unsavedDocument_discarded_isReplacedForGood()
 {
     openAndWait(pictures->addBracket(2, {90, 70}));
     QTRY_COMPARE(strip->selectedPaths().size(), 2);
@@ -149,7 +149,7 @@ void HdrCommandTest::merge_unsavedDocument_discarded_isReplacedForGood()
     QVERIFY(!documents->documentOf(pictures->path(QStringLiteral("s2.png"))));
 }
 
-void HdrCommandTest::merge_moreThanFiveSelected_isSaidBeforeTheyAreHandedOver()
+void TestHdrCommand::merge_moreThanFiveSelected_isSaidBeforeTheyAreHandedOver()
 {
     const QStringList bracket = pictures->addBracket(7, {30, 20});
     window->openPaths({pictures->folder()});
@@ -166,7 +166,7 @@ void HdrCommandTest::merge_moreThanFiveSelected_isSaidBeforeTheyAreHandedOver()
     QCOMPARE(panelFrame()->findChild<QListWidget *>()->count(), 5);
 }
 
-void HdrCommandTest::merge_fiveSelected_saysNothing()
+void TestHdrCommand::merge_fiveSelected_saysNothing()
 {
     pictures->addBracket(5, {30, 20});
     window->openPaths({pictures->folder()});
@@ -177,5 +177,5 @@ void HdrCommandTest::merge_fiveSelected_saysNothing()
     QCOMPARE(panelFrame()->findChild<QListWidget *>()->count(), 5);
 }
 
-QTEST_MAIN(HdrCommandTest)
+QTEST_MAIN(TestHdrCommand)
 #include "tst_HdrCommand.moc"

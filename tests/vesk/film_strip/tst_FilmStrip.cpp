@@ -9,11 +9,11 @@
 
 #include <memory>
 
-class FilmStripTest : public QObject
+class TestFilmStrip : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void narrowDock_cutsNoNameOff();
     void selectedPaths_areInTheOrderShown();
@@ -38,7 +38,7 @@ static QPoint middleOf(const FilmStrip &strip, int row)
     return strip.visualRect(strip.model()->index(row, 0)).center();
 }
 
-void FilmStripTest::init()
+void TestFilmStrip::init()
 {
     pictures = std::make_unique<TestPictures>();
     for (const char *name : {"a.png", "b.png", "c.png"})
@@ -46,7 +46,7 @@ void FilmStripTest::init()
 }
 
 /// Also where there are more pictures than fit, and the scroll bar takes its place.
-void FilmStripTest::narrowDock_cutsNoNameOff()
+void TestFilmStrip::narrowDock_cutsNoNameOff()
 {
     FilmStrip strip;
     strip.setPictures(list());
@@ -59,7 +59,7 @@ void FilmStripTest::narrowDock_cutsNoNameOff()
     QVERIFY(cell.height() >= strip.iconSize().height() + strip.fontMetrics().height());
 }
 
-void FilmStripTest::selectedPaths_areInTheOrderShown()
+void TestFilmStrip::selectedPaths_areInTheOrderShown()
 {
     FilmStrip strip;
     strip.resize(800, 150);
@@ -73,7 +73,7 @@ void FilmStripTest::selectedPaths_areInTheOrderShown()
     QVERIFY(changed.size() >= 2);
 }
 
-void FilmStripTest::setPictures_keepsTheSelectionOfFilesThatStay()
+void TestFilmStrip::setPictures_keepsTheSelectionOfFilesThatStay()
 {
     FilmStrip strip;
     strip.setPictures(list());
@@ -87,7 +87,7 @@ void FilmStripTest::setPictures_keepsTheSelectionOfFilesThatStay()
     QCOMPARE(strip.model()->index(1, 0).data().toString(), QStringLiteral("aa.png"));
 }
 
-void FilmStripTest::select_beforeTheListing_isAppliedWithIt()
+void TestFilmStrip::select_beforeTheListing_isAppliedWithIt()
 {
     FilmStrip strip;
     const QString b = pictures->path(QStringLiteral("b.png"));
@@ -98,7 +98,7 @@ void FilmStripTest::select_beforeTheListing_isAppliedWithIt()
 }
 
 /// And stays where the user is looking while the folder's files come and go.
-void FilmStripTest::otherFolder_isShownFromItsStart()
+void TestFilmStrip::otherFolder_isShownFromItsStart()
 {
     const auto entries = [](const QString &folder, int count) {
         QList<FolderEntry> all;
@@ -120,7 +120,7 @@ void FilmStripTest::otherFolder_isShownFromItsStart()
     QCOMPARE(strip.horizontalScrollBar()->value(), 0);
 }
 
-void FilmStripTest::returnKey_opensAllSelected()
+void TestFilmStrip::returnKey_opensAllSelected()
 {
     FilmStrip strip;
     strip.setPictures(list());
@@ -133,7 +133,7 @@ void FilmStripTest::returnKey_opensAllSelected()
     QCOMPARE(opened.at(0).at(0).toStringList().size(), 3);
 }
 
-void FilmStripTest::doubleClick_opensThatFile()
+void TestFilmStrip::doubleClick_opensThatFile()
 {
     FilmStrip strip;
     strip.resize(800, 150);
@@ -147,7 +147,7 @@ void FilmStripTest::doubleClick_opensThatFile()
              QStringList{pictures->path(QStringLiteral("b.png"))});
 }
 
-void FilmStripTest::wheel_scrollsAlongTheRow()
+void TestFilmStrip::wheel_scrollsAlongTheRow()
 {
     FilmStrip strip;
     strip.resize(200, 150);
@@ -169,7 +169,7 @@ static QImage thumbnailOf(const FilmStripModel &model, int row)
         .convertToFormat(QImage::Format_RGB32);
 }
 
-void FilmStripTest::data_makesThumbnailsWhenAsked()
+void TestFilmStrip::data_makesThumbnailsWhenAsked()
 {
     const TestPictures folder;
     folder.add(QStringLiteral("x.png"), {40, 30}, 3);
@@ -181,7 +181,7 @@ void FilmStripTest::data_makesThumbnailsWhenAsked()
     QCOMPARE(changed.size(), 1);
 }
 
-void FilmStripTest::data_changedFile_getsANewThumbnail()
+void TestFilmStrip::data_changedFile_getsANewThumbnail()
 {
     const TestPictures folder;
     const QString path = folder.add(QStringLiteral("x.png"), {40, 30}, 3);
@@ -193,7 +193,7 @@ void FilmStripTest::data_changedFile_getsANewThumbnail()
     QTRY_COMPARE(thumbnailOf(model, 0), TestPictures::texture({40, 30}, 4));
 }
 
-void FilmStripTest::data_staleThumbnail_isDropped()
+void TestFilmStrip::data_staleThumbnail_isDropped()
 {
     const TestPictures folder;
     const QString path = folder.add(QStringLiteral("x.png"), {40, 30}, 3);
@@ -209,5 +209,5 @@ void FilmStripTest::data_staleThumbnail_isDropped()
     QCOMPARE(thumbnailOf(model, 0), TestPictures::texture({40, 30}, 4));
 }
 
-QTEST_MAIN(FilmStripTest)
+QTEST_MAIN(TestFilmStrip)
 #include "tst_FilmStrip.moc"

@@ -6,11 +6,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
-class PictureFolderTest : public QObject
+class TestPictureFolder : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void inFolder_sortsNumbersByValueAndLeavesOtherFilesOut();
     void inFolder_missingFolder_isEmpty();
     void setPath_listsLaterAndAgainAfterAChange();
@@ -25,7 +25,7 @@ static QStringList namesOf(const QList<FolderEntry> &entries)
     return names;
 }
 
-void PictureFolderTest::inFolder_sortsNumbersByValueAndLeavesOtherFilesOut()
+void TestPictureFolder::inFolder_sortsNumbersByValueAndLeavesOtherFilesOut()
 {
     const TestPictures pictures;
     for (const char *name : {"10.png", "2.PNG", "1.jpg"})
@@ -38,12 +38,12 @@ void PictureFolderTest::inFolder_sortsNumbersByValueAndLeavesOtherFilesOut()
         (QStringList{QStringLiteral("1.jpg"), QStringLiteral("2.PNG"), QStringLiteral("10.png")}));
 }
 
-void PictureFolderTest::inFolder_missingFolder_isEmpty()
+void TestPictureFolder::inFolder_missingFolder_isEmpty()
 {
     QVERIFY(pictures::inFolder(QStringLiteral("/no/such/folder")).isEmpty());
 }
 
-void PictureFolderTest::setPath_listsLaterAndAgainAfterAChange()
+void TestPictureFolder::setPath_listsLaterAndAgainAfterAChange()
 {
     const TestPictures pictures;
     pictures.add(QStringLiteral("a.png"));
@@ -58,7 +58,7 @@ void PictureFolderTest::setPath_listsLaterAndAgainAfterAChange()
     QTRY_COMPARE(names, (QStringList{QStringLiteral("a.png"), QStringLiteral("b.png")}));
 }
 
-void PictureFolderTest::setPath_twice_answersForTheLastOnly()
+void TestPictureFolder::setPath_twice_answersForTheLastOnly()
 {
     const TestPictures first;
     const TestPictures second;
@@ -74,5 +74,5 @@ void PictureFolderTest::setPath_twice_answersForTheLastOnly()
     QCOMPARE(answers, QList<QStringList>{QStringList{QStringLiteral("second.png")}});
 }
 
-QTEST_GUILESS_MAIN(PictureFolderTest)
+QTEST_GUILESS_MAIN(TestPictureFolder)
 #include "tst_PictureFolder.moc"

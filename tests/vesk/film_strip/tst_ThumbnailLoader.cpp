@@ -4,11 +4,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
-class ThumbnailLoaderTest : public QObject
+class TestThumbnailLoader : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void makeThumbnail_landscape_fitsTheSide();
     void makeThumbnail_smallPicture_isNotEnlarged();
     void makeThumbnail_damagedFile_isNull();
@@ -22,19 +22,19 @@ private:
     TestPictures pictures;
 };
 
-void ThumbnailLoaderTest::makeThumbnail_landscape_fitsTheSide()
+void TestThumbnailLoader::makeThumbnail_landscape_fitsTheSide()
 {
     const QString path = pictures.add(QStringLiteral("landscape.jpg"), {800, 400});
     QCOMPARE(thumbnail::make(path, 100, cancelled).size(), QSize(100, 50));
 }
 
-void ThumbnailLoaderTest::makeThumbnail_smallPicture_isNotEnlarged()
+void TestThumbnailLoader::makeThumbnail_smallPicture_isNotEnlarged()
 {
     const QString path = pictures.add(QStringLiteral("small.png"), {30, 20});
     QCOMPARE(thumbnail::make(path, 100, cancelled).size(), QSize(30, 20));
 }
 
-void ThumbnailLoaderTest::makeThumbnail_damagedFile_isNull()
+void TestThumbnailLoader::makeThumbnail_damagedFile_isNull()
 {
     QFile file(pictures.path(QStringLiteral("text.jpg")));
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -43,7 +43,7 @@ void ThumbnailLoaderTest::makeThumbnail_damagedFile_isNull()
     QVERIFY(thumbnail::make(file.fileName(), 100, cancelled).isNull());
 }
 
-void ThumbnailLoaderTest::makeThumbnail_thinPicture_isNotEmpty()
+void TestThumbnailLoader::makeThumbnail_thinPicture_isNotEmpty()
 {
     const QString path = pictures.add(QStringLiteral("thin.jpg"), {2000, 1});
     const QImage small = thumbnail::make(path, 100, cancelled);
@@ -51,7 +51,7 @@ void ThumbnailLoaderTest::makeThumbnail_thinPicture_isNotEmpty()
     QCOMPARE(small.height(), 1);
 }
 
-void ThumbnailLoaderTest::request_answersWithItsNumber()
+void TestThumbnailLoader::request_answersWithItsNumber()
 {
     ThumbnailLoader loader(64);
     QSignalSpy ready(&loader, &ThumbnailLoader::ready);
@@ -65,7 +65,7 @@ void ThumbnailLoaderTest::request_answersWithItsNumber()
     }
 }
 
-void ThumbnailLoaderTest::request_lastAskedComesFirst()
+void TestThumbnailLoader::request_lastAskedComesFirst()
 {
     QStringList paths;
     for (int i = 0; i < 8; ++i)
@@ -83,7 +83,7 @@ void ThumbnailLoaderTest::request_lastAskedComesFirst()
     QVERIFY(order.indexOf(paths.at(6)) < order.indexOf(paths.at(2)));
 }
 
-void ThumbnailLoaderTest::dropWaiting_dropsWhatHasNotStarted()
+void TestThumbnailLoader::dropWaiting_dropsWhatHasNotStarted()
 {
     const QString path = pictures.add(QStringLiteral("dropped.png"), {400, 300});
     ThumbnailLoader loader(64);
@@ -99,5 +99,5 @@ void ThumbnailLoaderTest::dropWaiting_dropsWhatHasNotStarted()
     QVERIFY(numbers.contains(QString::number(later)));
 }
 
-QTEST_GUILESS_MAIN(ThumbnailLoaderTest)
+QTEST_GUILESS_MAIN(TestThumbnailLoader)
 #include "tst_ThumbnailLoader.moc"

@@ -6,15 +6,15 @@
 #include <QTest>
 #include <QVariant>
 
-class EditorSettingsTest : public QObject
+class TestEditorSettings : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void settings_damagedValues_readAsDefaults();
 };
 
-void EditorSettingsTest::settings_damagedValues_readAsDefaults()
+void TestEditorSettings::settings_damagedValues_readAsDefaults()
 {
     VeskGlobalSettings::getInstance()->setValue(QStringLiteral("editor/jpegQuality"),
                                                 QStringLiteral("rubbish"));
@@ -26,5 +26,5 @@ void EditorSettingsTest::settings_damagedValues_readAsDefaults()
     QCOMPARE(settings::jpegQuality(), 100);
 }
 
-QTEST_GUILESS_MAIN(EditorSettingsTest)
+QTEST_GUILESS_MAIN(TestEditorSettings)
 #include "tst_editor_settings.moc"

@@ -5,23 +5,23 @@
 #include <QSignalSpy>
 #include <QTest>
 
-class LanguageMenuTest : public QObject
+class TestLanguageMenu : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void language_offersEnglishAndSevenOthers();
     void language_chosen_isWrittenForTheNextStart();
     void language_sameAgain_saysNothing();
 };
 
-void LanguageMenuTest::init()
+void TestLanguageMenu::init()
 {
     VeskGlobalSettings::getInstance()->setLanguage({});
 }
 
-void LanguageMenuTest::language_offersEnglishAndSevenOthers()
+void TestLanguageMenu::language_offersEnglishAndSevenOthers()
 {
     const LanguageMenu menu;
     QCOMPARE(menu.actions().size(), 8);
@@ -29,7 +29,7 @@ void LanguageMenuTest::language_offersEnglishAndSevenOthers()
     QVERIFY(menu.actions().constFirst()->isChecked());
 }
 
-void LanguageMenuTest::language_chosen_isWrittenForTheNextStart()
+void TestLanguageMenu::language_chosen_isWrittenForTheNextStart()
 {
     LanguageMenu menu;
     QSignalSpy changed(&menu, &LanguageMenu::languageChanged);
@@ -39,7 +39,7 @@ void LanguageMenuTest::language_chosen_isWrittenForTheNextStart()
     QVERIFY(LanguageMenu().actions().at(1)->isChecked());
 }
 
-void LanguageMenuTest::language_sameAgain_saysNothing()
+void TestLanguageMenu::language_sameAgain_saysNothing()
 {
     LanguageMenu menu;
     QSignalSpy changed(&menu, &LanguageMenu::languageChanged);
@@ -47,5 +47,5 @@ void LanguageMenuTest::language_sameAgain_saysNothing()
     QCOMPARE(changed.size(), 0);
 }
 
-QTEST_MAIN(LanguageMenuTest)
+QTEST_MAIN(TestLanguageMenu)
 #include "tst_LanguageMenu.moc"

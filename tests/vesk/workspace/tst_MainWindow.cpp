@@ -22,11 +22,11 @@
 #include <QTest>
 #include <QTimer>
 
-class MainWindowTest : public QObject, private EditorWindow
+class TestMainWindow : public QObject, private EditorWindow
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
     void start_withoutSettings_showsTheStartPage();
@@ -61,7 +61,7 @@ private:
     bool drop(const QList<QUrl> &urls);
 };
 
-void MainWindowTest::start_withoutSettings_showsTheStartPage()
+void TestMainWindow::start_withoutSettings_showsTheStartPage()
 {
     QVERIFY(!current());
     QCOMPARE(documents->currentIndex(), 0);
@@ -69,7 +69,7 @@ void MainWindowTest::start_withoutSettings_showsTheStartPage()
     QVERIFY(!panelFrame()->isVisible());
 }
 
-void MainWindowTest::open_files_becomeTabsAndAreSelectedInTheStrip()
+void TestMainWindow::open_files_becomeTabsAndAreSelectedInTheStrip()
 {
     const QStringList bracket = pictures->addBracket(3, {30, 20});
     openAndWait(bracket);
@@ -81,7 +81,7 @@ void MainWindowTest::open_files_becomeTabsAndAreSelectedInTheStrip()
     QCOMPARE(settings::folder(), pictures->folder());
 }
 
-void MainWindowTest::open_someOpenAlready_keepsTheStripsSelection()
+void TestMainWindow::open_someOpenAlready_keepsTheStripsSelection()
 {
     const QStringList bracket = pictures->addBracket(4, {30, 20});
     openAndWait({bracket.at(1)});
@@ -94,7 +94,7 @@ void MainWindowTest::open_someOpenAlready_keepsTheStripsSelection()
     QCOMPARE(strip->selectedPaths(), chosen);
 }
 
-void MainWindowTest::open_allOpenAlready_selectsThem()
+void TestMainWindow::open_allOpenAlready_selectsThem()
 {
     const QStringList bracket = pictures->addBracket(3, {30, 20});
     openAndWait(bracket);
@@ -104,7 +104,7 @@ void MainWindowTest::open_allOpenAlready_selectsThem()
     QCOMPARE(documents->documents().size(), 3);
 }
 
-void MainWindowTest::open_sameFileTwice_bringsItsTabToTheFront()
+void TestMainWindow::open_sameFileTwice_bringsItsTabToTheFront()
 {
     const QStringList bracket = pictures->addBracket(2, {30, 20});
     openAndWait(bracket);
@@ -113,7 +113,7 @@ void MainWindowTest::open_sameFileTwice_bringsItsTabToTheFront()
     QCOMPARE(current()->getFilePath(), bracket.first());
 }
 
-void MainWindowTest::open_failures_areNamedInOneMessageThatBlocksNothing()
+void TestMainWindow::open_failures_areNamedInOneMessageThatBlocksNothing()
 {
     const QString damaged = pictures->addDamaged(QStringLiteral("half.png"));
     const QString good = pictures->add(QStringLiteral("good.png"));
@@ -129,7 +129,7 @@ void MainWindowTest::open_failures_areNamedInOneMessageThatBlocksNothing()
     box->close();
 }
 
-void MainWindowTest::open_folder_isListedInTheStrip()
+void TestMainWindow::open_folder_isListedInTheStrip()
 {
     pictures->addBracket(4, {30, 20});
     window->openPaths({pictures->folder()});
@@ -137,7 +137,7 @@ void MainWindowTest::open_folder_isListedInTheStrip()
     QVERIFY(!current());
 }
 
-void MainWindowTest::open_largePicture_keepsTheWindowAlive()
+void TestMainWindow::open_largePicture_keepsTheWindowAlive()
 {
     QImage large(11000, 9200, QImage::Format_Grayscale8); // a hundred megapixels
     large.fill(90);
@@ -154,7 +154,7 @@ void MainWindowTest::open_largePicture_keepsTheWindowAlive()
     QCOMPARE(documents->currentCanvas()->canvasSize(), QSize(11000, 9200));
 }
 
-void MainWindowTest::open_failed_leavesTheRecentFiles()
+void TestMainWindow::open_failed_leavesTheRecentFiles()
 {
     const QString good = pictures->add(QStringLiteral("good.png"));
     const QString gone = pictures->add(QStringLiteral("gone.png"));
@@ -167,7 +167,7 @@ void MainWindowTest::open_failed_leavesTheRecentFiles()
     QTRY_COMPARE(boxes->shown().size(), 1);
 }
 
-bool MainWindowTest::drop(const QList<QUrl> &urls)
+bool TestMainWindow::drop(const QList<QUrl> &urls)
 {
     QMimeData data;
     data.setUrls(urls);
@@ -180,7 +180,7 @@ bool MainWindowTest::drop(const QList<QUrl> &urls)
     return true;
 }
 
-void MainWindowTest::drop_files_areOpened()
+void TestMainWindow::drop_files_areOpened()
 {
     const QStringList files{pictures->add(QStringLiteral("a.png")),
                             pictures->add(QStringLiteral("b.png"))};
@@ -190,7 +190,7 @@ void MainWindowTest::drop_files_areOpened()
     QCOMPARE(current()->getFilePath(), files.at(1));
 }
 
-void MainWindowTest::drop_folder_isListedInTheStrip()
+void TestMainWindow::drop_folder_isListedInTheStrip()
 {
     pictures->addBracket(3, {30, 20});
     QVERIFY(drop({QUrl::fromLocalFile(pictures->folder())}));
@@ -199,12 +199,12 @@ void MainWindowTest::drop_folder_isListedInTheStrip()
     QCOMPARE(settings::folder(), pictures->folder());
 }
 
-void MainWindowTest::drop_nothingLocal_isNotTaken()
+void TestMainWindow::drop_nothingLocal_isNotTaken()
 {
     QVERIFY(!drop({QUrl(QStringLiteral("https://example.org/x.png"))}));
 }
 
-void MainWindowTest::save_addsToTheRecentFiles()
+void TestMainWindow::save_addsToTheRecentFiles()
 {
     const QString first = pictures->add(QStringLiteral("first.png"));
     openAndWait({first, pictures->add(QStringLiteral("second.png"))});
@@ -215,7 +215,7 @@ void MainWindowTest::save_addsToTheRecentFiles()
     QVERIFY(window->statusBar()->currentMessage().contains(first));
 }
 
-void MainWindowTest::filmStripMenu_opensWhatIsSelected()
+void TestMainWindow::filmStripMenu_opensWhatIsSelected()
 {
     const QStringList bracket = pictures->addBracket(3, {30, 20});
     window->openPaths({pictures->folder()});
@@ -227,7 +227,7 @@ void MainWindowTest::filmStripMenu_opensWhatIsSelected()
     QCOMPARE(current()->getFilePath(), bracket.at(2));
 }
 
-void MainWindowTest::zoomCommands_zoomTheDocumentInFront()
+void TestMainWindow::zoomCommands_zoomTheDocumentInFront()
 {
     openAndWait({pictures->add(QStringLiteral("back.png"), {900, 700})});
     const VeskCanvas *behind = documents->currentCanvas();
@@ -249,7 +249,7 @@ void MainWindowTest::zoomCommands_zoomTheDocumentInFront()
     QCOMPARE(behind->zoom(), untouched);
 }
 
-void MainWindowTest::nextAndPrevious_goRoundTheDocuments()
+void TestMainWindow::nextAndPrevious_goRoundTheDocuments()
 {
     const QStringList bracket = pictures->addBracket(3, {30, 20});
     openAndWait(bracket);
@@ -265,7 +265,7 @@ void MainWindowTest::nextAndPrevious_goRoundTheDocuments()
     QCOMPARE(nameInFront(), QStringLiteral("s3.png"));
 }
 
-void MainWindowTest::fullScreen_comesAndGoes()
+void TestMainWindow::fullScreen_comesAndGoes()
 {
     QAction *fullScreen = window->findChild<EditorActions *>()->fullScreen;
     fullScreen->trigger();
@@ -274,7 +274,7 @@ void MainWindowTest::fullScreen_comesAndGoes()
     QVERIFY(!window->isFullScreen());
 }
 
-void MainWindowTest::fullScreen_escapeLeavesIt()
+void TestMainWindow::fullScreen_escapeLeavesIt()
 {
     QAction *fullScreen = window->findChild<EditorActions *>()->fullScreen;
     window->activateWindow();
@@ -287,7 +287,7 @@ void MainWindowTest::fullScreen_escapeLeavesIt()
     QVERIFY(!window->isFullScreen());
 }
 
-void MainWindowTest::firstWindow_fitsALaptopScreen()
+void TestMainWindow::firstWindow_fitsALaptopScreen()
 {
     const QSize laptop(1366, 768);
     const QSize size = workspace::firstWindowSize(laptop);
@@ -300,12 +300,12 @@ void MainWindowTest::firstWindow_fitsALaptopScreen()
     QVERIFY(window->height() <= window->screen()->availableSize().height());
 }
 
-void MainWindowTest::saveAs_hasKeysOnEveryDesktop()
+void TestMainWindow::saveAs_hasKeysOnEveryDesktop()
 {
     QVERIFY(!action(QStringLiteral("Save As"))->shortcut().isEmpty());
 }
 
-void MainWindowTest::actions_followTheDocument()
+void TestMainWindow::actions_followTheDocument()
 {
     QVERIFY(!action(QStringLiteral("Save As"))->isEnabled());
     openAndWait({pictures->add(QStringLiteral("a.png"))});
@@ -323,7 +323,7 @@ void MainWindowTest::actions_followTheDocument()
     QVERIFY(!action(QStringLiteral("Close"))->isEnabled());
 }
 
-void MainWindowTest::close_unsavedDocument_cancelKeepsEverything()
+void TestMainWindow::close_unsavedDocument_cancelKeepsEverything()
 {
     openAndWait({pictures->add(QStringLiteral("work.png"))});
     current()->setSaveAble(true);
@@ -337,7 +337,7 @@ void MainWindowTest::close_unsavedDocument_cancelKeepsEverything()
     QVERIFY(window->close());
 }
 
-void MainWindowTest::closeOthers_leavesOneDocument()
+void TestMainWindow::closeOthers_leavesOneDocument()
 {
     openAndWait(pictures->addBracket(4, {30, 20}));
     VeskContext *kept = documents->documents().at(1);
@@ -346,7 +346,7 @@ void MainWindowTest::closeOthers_leavesOneDocument()
     QCOMPARE(current(), kept);
 }
 
-void MainWindowTest::closeOthers_cancelled_keepsTheRest()
+void TestMainWindow::closeOthers_cancelled_keepsTheRest()
 {
     openAndWait(pictures->addBracket(4, {30, 20}));
     const QList<VeskContext *> all = documents->documents();
@@ -358,7 +358,7 @@ void MainWindowTest::closeOthers_cancelled_keepsTheRest()
     all.at(2)->setSaveAble(false);
 }
 
-void MainWindowTest::close_remembersTheWindow()
+void TestMainWindow::close_remembersTheWindow()
 {
     window->resize(900, 640);
     QVERIFY(window->close());
@@ -368,7 +368,7 @@ void MainWindowTest::close_remembersTheWindow()
     QCOMPARE(window->size(), QSize(900, 640));
 }
 
-void MainWindowTest::close_remembersTheDocks()
+void TestMainWindow::close_remembersTheDocks()
 {
     const auto dock = [this](const char *name) {
         return window->findChild<QDockWidget *>(QLatin1String(name));
@@ -385,5 +385,5 @@ void MainWindowTest::close_remembersTheDocks()
     QCOMPARE(window->dockWidgetArea(dock("filmStripDock")), Qt::TopDockWidgetArea);
 }
 
-QTEST_MAIN(MainWindowTest)
+QTEST_MAIN(TestMainWindow)
 #include "tst_MainWindow.moc"

@@ -20,11 +20,11 @@
 #include <QMainWindow>
 #include <QTest>
 
-class DocksTest : public QObject
+class TestDocks : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void cleanup();
     void histogram_countsTheDocumentInFront();
@@ -60,7 +60,7 @@ private:
     std::unique_ptr<VeskContext> document;
 };
 
-void DocksTest::init()
+void TestDocks::init()
 {
     VeskGlobalSettings::getInstance()->setHistogramVisible(true);
     window = std::make_unique<QMainWindow>();
@@ -68,13 +68,13 @@ void DocksTest::init()
     document.reset(document::create(plain(qRgb(10, 20, 30)), {}, {}, window.get()));
 }
 
-void DocksTest::cleanup()
+void TestDocks::cleanup()
 {
     window.reset();
     document.reset();
 }
 
-void DocksTest::histogram_countsTheDocumentInFront()
+void TestDocks::histogram_countsTheDocumentInFront()
 {
     auto *dock = new HistogramDock(window.get());
     window->addDockWidget(Qt::RightDockWidgetArea, dock);
@@ -85,7 +85,7 @@ void DocksTest::histogram_countsTheDocumentInFront()
     QTRY_COMPARE(dock->view().histogram().red[10], 0U);
 }
 
-void DocksTest::histogram_followsTheDocumentsLayers()
+void TestDocks::histogram_followsTheDocumentsLayers()
 {
     auto *dock = new HistogramDock(window.get());
     window->addDockWidget(Qt::RightDockWidgetArea, dock);
@@ -95,7 +95,7 @@ void DocksTest::histogram_followsTheDocumentsLayers()
     QCOMPARE(dock->view().histogram().red[10], 0U);
 }
 
-void DocksTest::histogram_countsAnewOnTheToolsNotification()
+void TestDocks::histogram_countsAnewOnTheToolsNotification()
 {
     auto *dock = new HistogramDock(window.get());
     window->addDockWidget(Qt::RightDockWidgetArea, dock);
@@ -107,7 +107,7 @@ void DocksTest::histogram_countsAnewOnTheToolsNotification()
     QTRY_COMPARE(dock->view().histogram().red[10], 50U);
 }
 
-void DocksTest::histogram_takesWhatTheCanvasHasCounted()
+void TestDocks::histogram_takesWhatTheCanvasHasCounted()
 {
     auto *dock = new HistogramDock(window.get());
     window->addDockWidget(Qt::RightDockWidgetArea, dock);
@@ -116,7 +116,7 @@ void DocksTest::histogram_takesWhatTheCanvasHasCounted()
     QCOMPARE(dock->view().histogram().green[20], 50U); // at once
 }
 
-void DocksTest::histogram_hidden_countsNothing()
+void TestDocks::histogram_hidden_countsNothing()
 {
     auto *dock = new HistogramDock(window.get());
     window->addDockWidget(Qt::RightDockWidgetArea, dock);
@@ -129,7 +129,7 @@ void DocksTest::histogram_hidden_countsNothing()
     QTRY_COMPARE(dock->view().histogram().red[10], 50U);
 }
 
-void DocksTest::histogram_visibility_isTheSetting()
+void TestDocks::histogram_visibility_isTheSetting()
 {
     auto *dock = new HistogramDock(window.get());
     window->addDockWidget(Qt::RightDockWidgetArea, dock);
@@ -142,7 +142,7 @@ void DocksTest::histogram_visibility_isTheSetting()
     QVERIFY(VeskGlobalSettings::getInstance()->isHistogramVisible());
 }
 
-void DocksTest::layers_areListedUppermostFirst()
+void TestDocks::layers_areListedUppermostFirst()
 {
     addLayer(QStringLiteral("over"), qRgb(0, 0, 0));
     document->getLayerManager()->layerAt(1)->setAlpha(0.5F);
@@ -157,7 +157,7 @@ void DocksTest::layers_areListedUppermostFirst()
     QCOMPARE(list->count(), 0);
 }
 
-void DocksTest::layers_untick_hidesTheLayerAndMarksTheDocument()
+void TestDocks::layers_untick_hidesTheLayerAndMarksTheDocument()
 {
     LayerDock dock;
     dock.showDocument(document.get());
@@ -170,7 +170,7 @@ void DocksTest::layers_untick_hidesTheLayerAndMarksTheDocument()
     QCOMPARE(list->item(0)->checkState(), Qt::Unchecked);
 }
 
-void DocksTest::layers_offAndOn_leavesTheFileUnmodified()
+void TestDocks::layers_offAndOn_leavesTheFileUnmodified()
 {
     addLayer(QStringLiteral("over"), qRgb(0, 0, 0));
     LayerDock dock;
@@ -187,7 +187,7 @@ void DocksTest::layers_offAndOn_leavesTheFileUnmodified()
     QVERIFY(!document->isSaveAble());
 }
 
-void DocksTest::layers_offAndOn_ofUnsavedWork_leavesItModified()
+void TestDocks::layers_offAndOn_ofUnsavedWork_leavesItModified()
 {
     document->setSaveAble(true);
     document::setLayerVisible(*document, 0, false);
@@ -195,7 +195,7 @@ void DocksTest::layers_offAndOn_ofUnsavedWork_leavesItModified()
     QVERIFY(document->isSaveAble());
 }
 
-void DocksTest::layers_onAfterSavingWithoutIt_modifiesTheFile()
+void TestDocks::layers_onAfterSavingWithoutIt_modifiesTheFile()
 {
     addLayer(QStringLiteral("over"), qRgb(0, 0, 0));
     document::setLayerVisible(*document, 1, false);
@@ -207,7 +207,7 @@ void DocksTest::layers_onAfterSavingWithoutIt_modifiesTheFile()
     QVERIFY(!document->isSaveAble()); // what the file holds
 }
 
-void DocksTest::layers_choice_isTheCurrentLayer()
+void TestDocks::layers_choice_isTheCurrentLayer()
 {
     addLayer(QStringLiteral("over"), qRgb(0, 0, 0));
     LayerDock dock;
@@ -218,7 +218,7 @@ void DocksTest::layers_choice_isTheCurrentLayer()
     QVERIFY(!document->isSaveAble());
 }
 
-void DocksTest::statusBar_showsSizeZoomAndColour()
+void TestDocks::statusBar_showsSizeZoomAndColour()
 {
     EditorStatusBar bar;
     VeskCanvas *canvas = document->getCanvas();
@@ -237,7 +237,7 @@ void DocksTest::statusBar_showsSizeZoomAndColour()
     QCOMPARE(text("sizeLabel"), QString());
 }
 
-void DocksTest::statusBar_namesWhatIsOpened()
+void TestDocks::statusBar_namesWhatIsOpened()
 {
     EditorStatusBar bar;
     bar.show();
@@ -250,5 +250,5 @@ void DocksTest::statusBar_namesWhatIsOpened()
     QVERIFY(!label->isVisible());
 }
 
-QTEST_MAIN(DocksTest)
+QTEST_MAIN(TestDocks)
 #include "tst_docks.moc"

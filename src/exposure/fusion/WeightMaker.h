@@ -1,7 +1,7 @@
 #pragma once
 
+#include "NumberPlanes.h"
 #include "fusion_options.h"
-#include "number_planes.h"
 
 #include <functional>
 #include <vector>

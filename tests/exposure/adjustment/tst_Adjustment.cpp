@@ -1,4 +1,4 @@
-#include "adjustment.h"
+#include "Adjustment.h"
 
 #include "parallel_rows.h"
 
@@ -139,4 +139,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestAdjustment)
-#include "tst_adjustment.moc"
+#include "tst_Adjustment.moc"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "level_maps.h"
-#include "small_shot.h"
+#include "LevelMaps.h"
+#include "SmallShot.h"
 
 #include <cstdint>
 #include <vector>

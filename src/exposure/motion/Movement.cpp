@@ -1,4 +1,4 @@
-#include "movement.h"
+#include "Movement.h"
 
 #include "planes.h"
 #include "regions.h"

@@ -1,4 +1,4 @@
-#include "level_maps.h"
+#include "LevelMaps.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,4 +1,4 @@
-#include "weight_maker.h"
+#include "WeightMaker.h"
 
 #include "weight_rows.h"
 

@@ -1,4 +1,4 @@
-#include "adjustment.h"
+#include "Adjustment.h"
 
 #include "parallel_rows.h"
 

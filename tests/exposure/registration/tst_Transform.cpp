@@ -1,4 +1,4 @@
-#include "transform.h"
+#include "Transform.h"
 
 #include <QtTest>
 
@@ -15,7 +15,7 @@ double distance(QPointF a, QPointF b)
 
 } // namespace
 
-class tst_transform : public QObject
+class tst_Transform : public QObject
 {
     Q_OBJECT
 
@@ -29,26 +29,26 @@ private slots:
     void names_areGiven();
 };
 
-void tst_transform::inverse_leadsBack()
+void tst_Transform::inverse_leadsBack()
 {
     for (QPointF p : {QPointF(0, 0), QPointF(3000, 17), QPointF(-5, 999)})
         QVERIFY(distance(mapped(inverse(kBent), mapped(kBent, p)), p) < 1e-6);
     QCOMPARE(inverse(kBent)[8], 1.0);
 }
 
-void tst_transform::inverse_ofNothing_isTheIdentity()
+void tst_Transform::inverse_ofNothing_isTheIdentity()
 {
     QCOMPARE(inverse(Matrix{}), identityMatrix());
 }
 
-void tst_transform::product_appliesTheSecondFirst()
+void tst_Transform::product_appliesTheSecondFirst()
 {
     const QPointF p(123, 45);
     const Matrix both = product(kBent, shiftMatrix(10, -3));
     QVERIFY(distance(mapped(both, p), mapped(kBent, p + QPointF(10, -3))) < 1e-9);
 }
 
-void tst_transform::matrixFromCorners_takesCornersThere()
+void tst_Transform::matrixFromCorners_takesCornersThere()
 {
     const QSize size(800, 600);
     std::array<QPointF, 4> to;
@@ -57,12 +57,12 @@ void tst_transform::matrixFromCorners_takesCornersThere()
     QVERIFY(cornerDistance(matrixFromCorners(corners(size), to), kBent, size) < 1e-6);
 }
 
-void tst_transform::matrixFromCorners_onALine_isTheIdentity()
+void tst_Transform::matrixFromCorners_onALine_isTheIdentity()
 {
     QCOMPARE(matrixFromCorners(corners({1, 1}), corners({1, 1})), identityMatrix());
 }
 
-void tst_transform::wholeShift_isToldFromOthers()
+void tst_Transform::wholeShift_isToldFromOthers()
 {
     QVERIFY(isWholeShift(identityMatrix()));
     QVERIFY(isWholeShift(shiftMatrix(-3, 8)));
@@ -70,7 +70,7 @@ void tst_transform::wholeShift_isToldFromOthers()
     QVERIFY(!isWholeShift(kBent));
 }
 
-void tst_transform::names_areGiven()
+void tst_Transform::names_areGiven()
 {
     QCOMPARE(kindName(Kind::Perspective), QStringLiteral("perspective"));
     QCOMPARE(kindName(Kind::Unaligned), QStringLiteral("unaligned"));
@@ -79,5 +79,5 @@ void tst_transform::names_areGiven()
         QVERIFY(!reasonText(reason).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_transform)
-#include "tst_transform.moc"
+QTEST_GUILESS_MAIN(tst_Transform)
+#include "tst_Transform.moc"

@@ -1,4 +1,4 @@
-#include "shot_pyramid.h"
+#include "ShotPyramid.h"
 
 #include <algorithm>
 

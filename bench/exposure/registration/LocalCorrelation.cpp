@@ -1,4 +1,4 @@
-#include "local_correlation.h"
+#include "LocalCorrelation.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
-#include "fusion_engine.h"
+#include "FusionEngine.h"
 
-#include "deep_rows.h"
+#include "DeepRows.h"
 #include "fusion_rows.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "NumberPlanes.h"
+#include "ShotReader.h"
+#include "WeightMaker.h"
 #include "fusion_options.h"
 #include "fusion_watch.h"
-#include "number_planes.h"
-#include "shot_reader.h"
-#include "weight_maker.h"
 
 #include <vector>
 

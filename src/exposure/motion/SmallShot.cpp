@@ -1,4 +1,4 @@
-#include "small_shot.h"
+#include "SmallShot.h"
 
 #include "parallel_rows.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "small_shot.h"
+#include "SmallShot.h"
 
 #include <array>
 #include <cstdint>

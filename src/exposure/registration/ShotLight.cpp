@@ -1,4 +1,4 @@
-#include "shot_light.h"
+#include "ShotLight.h"
 
 #include <algorithm>
 #include <numeric>

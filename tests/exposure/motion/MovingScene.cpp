@@ -1,4 +1,4 @@
-#include "moving_scene.h"
+#include "MovingScene.h"
 
 #include <QRandomGenerator>
 

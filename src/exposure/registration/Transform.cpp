@@ -1,4 +1,4 @@
-#include "transform.h"
+#include "Transform.h"
 
 #include "linear_solver.h"
 

@@ -1,4 +1,4 @@
-#include "deep_rows.h"
+#include "DeepRows.h"
 
 #include <QRgba64>
 

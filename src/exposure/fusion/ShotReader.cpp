@@ -1,4 +1,4 @@
-#include "shot_reader.h"
+#include "ShotReader.h"
 
 #include "parallel_rows.h"
 

@@ -1,4 +1,4 @@
-#include "mertens_rival.h"
+#include "MertensRival.h"
 
 #include <opencv2/core.hpp>
 #include <opencv2/photo.hpp>

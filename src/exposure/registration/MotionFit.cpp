@@ -1,4 +1,4 @@
-#include "motion_fit.h"
+#include "MotionFit.h"
 
 #include "motion_models.h"
 
