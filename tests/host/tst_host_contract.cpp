@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr bool kIsSanitized = sizeof(SANITIZERS) > 1;
+
 /// All that the tool may call of its host.
 const QStringList kOperations{
     "VeskFilterContainer::VeskFilterContainer(QWidget*, VeskTitleWidget::TitleButtonFlag, bool, "
@@ -140,9 +142,13 @@ private slots:
     void tool_needsOfItsHost_theListedOperationsOnly()
     {
         QStringList others;
-        for (const QString &symbol : needed &defined)
-            if (!kOperations.contains(symbol) && !kInherited.contains(symbol) && symbol != kExec)
+        for (const QString &symbol : needed &defined) {
+            const bool isListed = kOperations.contains(symbol) || kInherited.contains(symbol);
+            // Sanitizers look types up wherever an object is used.
+            const bool isOfSanitizer = kIsSanitized && symbol.startsWith("typeinfo for ");
+            if (!isListed && !isOfSanitizer && symbol != kExec)
                 others += symbol;
+        }
         QVERIFY2(others.isEmpty(), qPrintable(others.join('\n')));
     }
 

@@ -110,7 +110,7 @@ class TestCanvas : public QObject
     Q_OBJECT
 
 private:
-    QPointingDevice *touchScreen = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> touchScreen{QTest::createTouchDevice()};
 
 private slots:
     void paint_actualSize_showsThePixelsAsTheyAre();
@@ -437,14 +437,14 @@ void TestCanvas::pinch_onATouchScreen_zooms()
     document.show();
     document.canvas.zoomToActualSize();
     QWidget *canvas = &document.canvas;
-    QTest::touchEvent(canvas, touchScreen)
+    QTest::touchEvent(canvas, touchScreen.get())
         .press(0, {180, 150}, canvas)
         .press(1, {220, 150}, canvas);
     for (int distance = 30; distance <= 80; distance += 10)
-        QTest::touchEvent(canvas, touchScreen)
+        QTest::touchEvent(canvas, touchScreen.get())
             .move(0, {200 - distance, 150}, canvas)
             .move(1, {200 + distance, 150}, canvas);
-    QTest::touchEvent(canvas, touchScreen)
+    QTest::touchEvent(canvas, touchScreen.get())
         .release(0, {120, 150}, canvas)
         .release(1, {280, 150}, canvas);
     QCOMPARE(document.canvas.zoom(), 4.0);
@@ -457,9 +457,9 @@ void TestCanvas::finger_onATouchScreen_pans()
     document.canvas.zoomToActualSize();
     const QPointF before = document.canvas.toDocument(QPointF(0, 0));
     QWidget *canvas = &document.canvas;
-    QTest::touchEvent(canvas, touchScreen).press(0, {200, 150}, canvas);
-    QTest::touchEvent(canvas, touchScreen).move(0, {170, 130}, canvas);
-    QTest::touchEvent(canvas, touchScreen).release(0, {170, 130}, canvas);
+    QTest::touchEvent(canvas, touchScreen.get()).press(0, {200, 150}, canvas);
+    QTest::touchEvent(canvas, touchScreen.get()).move(0, {170, 130}, canvas);
+    QTest::touchEvent(canvas, touchScreen.get()).release(0, {170, 130}, canvas);
     QCOMPARE(document.canvas.toDocument(QPointF(0, 0)), before + QPointF(30, 20));
     QCOMPARE(document.canvas.zoom(), 1.0);
 }
