@@ -35,7 +35,7 @@ bool showsPart(const SmallShot &shot, const Region &part)
     return isShare(static_cast<size_t>(clipped), part, kLargestClipped);
 }
 
-/// Places of the region within two of the part, beside it.
+/// Places of the region that lie two places or less beside it.
 Region around(const Region &part, const Plane &inRegion, const SmallShot &size)
 {
     const int width = size.width;

@@ -14,7 +14,7 @@ struct ClippedPart
 
 /// The parts of a region where the reference and the shots kept with it are clipped and another
 /// shot is not. That is the nearest in brightness of those that agree with the reference all around
-/// the part: so nothing that moved is cut through at the part's edge.
+/// it: so nothing that moved is cut through at its edge.
 std::vector<ClippedPart> clippedParts(const Region &region, const RegionChoice &choice,
                                       const std::vector<SmallShot> &shots,
                                       const Movement &movement);
