@@ -1,12 +1,12 @@
 #include "colour_profile.h"
 
+#include "little_cms.h"
+
+#include <QColorSpace>
 #include <QtEndian>
 
 #include <algorithm>
 #include <initializer_list>
-#include <memory>
-
-#include <lcms2.h>
 
 namespace {
 
@@ -35,7 +35,7 @@ bool isOneOf(const QByteArray &profile, qsizetype place,
 }
 
 /// Readers insist on these, too: libpng and Qt pass over profiles that are wrong here.
-bool hasRgbHeader(const QByteArray &profile)
+bool hasHeaderOf(const char *space, const QByteArray &profile)
 {
     constexpr char kLastVersionOfAnyLength = 3;
     constexpr quint32 kLastIntent = 3;
@@ -45,7 +45,7 @@ bool hasRgbHeader(const QByteArray &profile)
         profile.size() % 4 == 0 || profile[kVersionPlace] <= kLastVersionOfAnyLength;
     return numberAt(profile, 0) == quint32(profile.size()) && hasSoundLength &&
            isOneOf(profile, kClassPlace, {"mntr", "scnr", "prtr", "spac"}) &&
-           isOneOf(profile, kSpacePlace, {"RGB "}) &&
+           isOneOf(profile, kSpacePlace, {space}) &&
            isOneOf(profile, kConnectionPlace, {"XYZ ", "Lab "}) &&
            isOneOf(profile, kSignaturePlace, {"acsp"}) &&
            numberAt(profile, kIntentPlace) <= kLastIntent &&
@@ -70,30 +70,72 @@ bool hasSoundTags(const QByteArray &profile)
 }
 
 /// Little CMS reads what is needed to show the pixels.
-bool canShowPixels(const QByteArray &profile)
+bool canShowPixels(const QByteArray &profile, cmsUInt32Number pixels)
 {
-    const std::unique_ptr<_cmsContext_struct, decltype(&cmsDeleteContext)> context(
-        cmsCreateContext(nullptr, nullptr), &cmsDeleteContext);
+    const little_cms::Context context = little_cms::newContext();
     if (!context)
         return false;
-    using Profile = std::unique_ptr<void, decltype(&cmsCloseProfile)>;
-    const Profile from(cmsOpenProfileFromMemTHR(context.get(), profile.constData(),
-                                                static_cast<cmsUInt32Number>(profile.size())),
-                       &cmsCloseProfile);
-    const Profile to(cmsCreate_sRGBProfileTHR(context.get()), &cmsCloseProfile);
+    const little_cms::Profile from = little_cms::open(context, profile);
+    const little_cms::Profile to(cmsCreate_sRGBProfileTHR(context.get()), &cmsCloseProfile);
     if (!from || !to)
         return false;
     const cmsHTRANSFORM transform = cmsCreateTransformTHR(
-        context.get(), from.get(), TYPE_RGB_8, to.get(), TYPE_RGB_8, INTENT_PERCEPTUAL, 0);
+        context.get(), from.get(), pixels, to.get(), TYPE_RGB_8, INTENT_PERCEPTUAL, 0);
     if (transform)
         cmsDeleteTransform(transform);
     return transform;
 }
 
+/// pixels: in the numbering of Little CMS.
+bool fits(const QByteArray &profile, const char *space, cmsUInt32Number pixels)
+{
+    return profile.size() > kHeaderBytes + 4 && hasHeaderOf(space, profile) &&
+           hasSoundTags(profile) && canShowPixels(profile, pixels);
+}
+
+QColorSpace::NamedColorSpace namedSpace(colour_profile::Space space)
+{
+    switch (space) {
+    case colour_profile::Space::AdobeRgb:
+        return QColorSpace::AdobeRgb;
+    case colour_profile::Space::ProPhotoRgb:
+        return QColorSpace::ProPhotoRgb;
+    case colour_profile::Space::DisplayP3:
+        return QColorSpace::DisplayP3;
+    case colour_profile::Space::Srgb:
+        break;
+    }
+    return QColorSpace::SRgb;
+}
+
 } // namespace
+
+QByteArray colour_profile::of(Space space)
+{
+    return QColorSpace(namedSpace(space)).iccProfile();
+}
 
 bool colour_profile::fitsRgbPixels(const QByteArray &profile)
 {
-    return profile.size() > kHeaderBytes + 4 && hasRgbHeader(profile) && hasSoundTags(profile) &&
-           canShowPixels(profile);
+    return fits(profile, "RGB ", TYPE_RGB_8);
+}
+
+bool colour_profile::fitsGreyPixels(const QByteArray &profile)
+{
+    return fits(profile, "GRAY", TYPE_GRAY_8);
+}
+
+bool colour_profile::fitsInkPixels(const QByteArray &profile)
+{
+    return fits(profile, "CMYK", TYPE_CMYK_8);
+}
+
+QString colour_profile::nameOf(const QByteArray &profile)
+{
+    const little_cms::Context context = little_cms::newContext();
+    const little_cms::Profile opened = little_cms::open(context, profile);
+    char name[256] = "";
+    if (opened)
+        cmsGetProfileInfoASCII(opened.get(), cmsInfoDescription, "en", "US", name, sizeof name);
+    return *name ? QString::fromLatin1(name) : QStringLiteral("sRGB");
 }
