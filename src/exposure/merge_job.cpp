@@ -3,6 +3,7 @@
 #include "fusion.h"
 #include "motion.h"
 #include "mtb_shifts.h"
+#include "reference_shot.h"
 #include "registration.h"
 #include "resample.h"
 
@@ -31,6 +32,7 @@ public:
 private:
     void check();
     void align();
+    int setReference() const;
     void alignByShifts();
     void alignByMotion();
     void resample();
@@ -103,7 +105,7 @@ void Job::check()
 void Job::align()
 {
     Report &report = outcome.report;
-    report.reference = std::max(0, options.reference);
+    report.reference = setReference();
     if (shots.size() > 1 && options.alignment == Alignment::Shift)
         alignByShifts();
     if (shots.size() > 1 && options.alignment == Alignment::Perspective)
@@ -118,6 +120,14 @@ void Job::align()
     if (report.area.isEmpty())
         return fail(Error::NothingCovered);
     resample();
+}
+
+/// The one asked for, or the best exposed; by shifts all lie on the first, as the tool does it.
+int Job::setReference() const
+{
+    if (options.reference >= 0)
+        return options.reference;
+    return options.alignment == Alignment::Shift ? 0 : referenceShot(shots);
 }
 
 /// The tool's shifts, onto its first picture; from there onto the reference.
@@ -141,7 +151,7 @@ void Job::alignByShifts()
 void Job::alignByMotion()
 {
     registration::Options how;
-    how.reference = options.reference;
+    how.reference = outcome.report.reference;
     how.onProgress = progressOf(Step::Register);
     how.isCancelled = control.cancelled;
     registration::Result result = registration::registerShots(shots, how);

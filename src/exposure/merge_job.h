@@ -32,7 +32,9 @@ constexpr int kAutomatic = -1;
 struct Options
 {
     Alignment alignment = Alignment::Perspective;
-    int reference = kAutomatic; ///< index of the shot that the others are aligned to
+    /// Index of the shot that the others are aligned to; kAutomatic: referenceShot(), by shifts the
+    /// first.
+    int reference = kAutomatic;
     Ghosts ghosts = Ghosts::Remove;
     int ghostReference = kAutomatic; ///< index of the shot that moving things come from
     bool crop = false;               ///< to the area that every shot covers

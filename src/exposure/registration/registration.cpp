@@ -1,7 +1,7 @@
 #include "registration.h"
 
 #include "SetRegistration.h"
-#include "ShotLight.h"
+#include "reference_shot.h"
 
 #include <algorithm>
 #include <new>
@@ -13,14 +13,12 @@ Result registered(const QList<QImage> &shots, const Options &options)
 {
     static const std::atomic<bool> never{false};
     const std::atomic<bool> &isCancelled = options.isCancelled ? *options.isCancelled : never;
-    std::vector<ShotLight> lights;
-    for (const QImage &shot : shots)
-        lights.push_back(shotLight(shot));
+    const std::vector<exposure::ShotLight> lights = exposure::lightsOf(shots);
     Result result;
     const bool isGiven = options.reference >= 0 && options.reference < shots.size();
-    result.reference = isGiven ? options.reference : bestExposed(lights);
+    result.reference = isGiven ? options.reference : exposure::referenceShot(lights);
     SetRegistration set(shots, result.reference, options, isCancelled);
-    result.transforms = set.run(orderOfBrightness(lights));
+    result.transforms = set.run(exposure::orderOfBrightness(lights));
     result.outcome = isCancelled ? Outcome::Cancelled : Outcome::Done;
     return result;
 }

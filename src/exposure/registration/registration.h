@@ -15,7 +15,7 @@ enum class Outcome { Done, Cancelled, OutOfMemory, NoShots };
 
 struct Options
 {
-    int reference = -1;                             ///< index, or -1: the shot that shows most
+    int reference = -1;                             ///< index, or -1: exposure::referenceShot()
     bool isPerspectiveAllowed = true;               ///< false: a turn and a shift at most
     std::function<void(double)> onProgress;         ///< 0..1, on the calling thread; may be empty
     const std::atomic<bool> *isCancelled = nullptr; ///< looked at every few milliseconds
