@@ -2,10 +2,6 @@
 
 #include "fusion.h"
 #include "motion.h"
-#include "mtb_shifts.h"
-#include "reference_shot.h"
-#include "registration.h"
-#include "resample.h"
 
 #include <QColorSpace>
 #include <QElapsedTimer>
@@ -15,6 +11,21 @@
 
 namespace exposure {
 namespace {
+
+Error errorOf(registration::Outcome outcome)
+{
+    switch (outcome) {
+    case registration::Outcome::Done:
+        return Error::None;
+    case registration::Outcome::Cancelled:
+        return Error::Cancelled;
+    case registration::Outcome::OutOfMemory:
+        return Error::NoMemory;
+    case registration::Outcome::NoShots:
+        break;
+    }
+    return Error::NoPictures;
+}
 
 /// One job. The steps run in the order in which they stand here, each unless one before failed.
 class Job
@@ -32,9 +43,6 @@ public:
 private:
     void check();
     void align();
-    int setReference() const;
-    void alignByShifts();
-    void alignByMotion();
     void resample();
     void findGhosts();
     void fuse();
@@ -104,82 +112,34 @@ void Job::check()
 
 void Job::align()
 {
+    PlacementOptions how;
+    how.alignment = options.alignment;
+    how.reference = options.reference;
+    how.progress = progressOf(Step::Register);
+    how.cancelled = control.cancelled;
+    const registration::Result placement = placed(shots, how);
+    if (placement.outcome != registration::Outcome::Done)
+        return fail(errorOf(placement.outcome));
     Report &report = outcome.report;
-    report.reference = setReference();
-    if (shots.size() > 1 && options.alignment == Alignment::Shift)
-        alignByShifts();
-    if (shots.size() > 1 && options.alignment == Alignment::Perspective)
-        alignByMotion();
-    if (!isGoingOn())
-        return;
+    report.reference = placement.reference;
+    report.transforms = placement.transforms;
     reference = shots[report.reference];
     if (options.crop)
-        report.area = registration::commonArea(
-            report.transforms, std::vector<QSize>(size_t(shots.size()), reference.size()),
-            reference.size());
+        report.area = areaOfAll(placement, reference.size());
     if (report.area.isEmpty())
         return fail(Error::NothingCovered);
     resample();
 }
 
-/// The one asked for, or the best exposed; by shifts all lie on the first, as the tool does it.
-int Job::setReference() const
-{
-    if (options.reference >= 0)
-        return options.reference;
-    return options.alignment == Alignment::Shift ? 0 : referenceShot(shots);
-}
-
-/// The tool's shifts, onto its first picture; from there onto the reference.
-void Job::alignByShifts()
-{
-    QList<QImage *> pointers;
-    for (QImage &shot : shots)
-        pointers += &shot;
-    std::vector<QPoint> summed = mtb::summedShifts(mtb::pairShifts(pointers));
-    summed.insert(summed.begin(), QPoint());
-    const QPoint origin = summed[size_t(outcome.report.reference)];
-    for (size_t i = 0; i < summed.size(); ++i) {
-        const QPoint shift = summed[i] - origin;
-        registration::Transform &transform = outcome.report.transforms[i];
-        transform.matrix = registration::shiftMatrix(shift.x(), shift.y());
-        if (!shift.isNull())
-            transform.kind = registration::Kind::Shift;
-    }
-}
-
-void Job::alignByMotion()
-{
-    registration::Options how;
-    how.reference = outcome.report.reference;
-    how.onProgress = progressOf(Step::Register);
-    how.isCancelled = control.cancelled;
-    registration::Result result = registration::registerShots(shots, how);
-    switch (result.outcome) {
-    case registration::Outcome::Done:
-        outcome.report.reference = result.reference;
-        outcome.report.transforms = std::move(result.transforms);
-        return;
-    case registration::Outcome::Cancelled:
-        return fail(Error::Cancelled);
-    case registration::Outcome::OutOfMemory:
-        return fail(Error::NoMemory);
-    case registration::Outcome::NoShots:
-        return fail(Error::NoPictures);
-    }
-}
-
 void Job::resample()
 {
     const auto progress = progressOf(Step::Resample);
-    const QSize size = reference.size();
+    const Report &report = outcome.report;
     for (qsizetype i = 0; i < shots.size(); ++i) {
-        const registration::Transform &transform = outcome.report.transforms[size_t(i)];
-        QImage aligned = registration::resample(shots[i], transform, size, control.cancelled);
-        if (aligned.isNull())
+        shots[i] = laidOver(shots[i], report.transforms[size_t(i)], report.area, control.cancelled);
+        if (shots[i].isNull())
             return fail(control.cancelled && *control.cancelled ? Error::Cancelled
                                                                 : Error::NoMemory);
-        shots[i] = options.crop ? aligned.copy(outcome.report.area) : std::move(aligned);
         if (progress)
             progress(double(i + 1) / double(shots.size()));
     }

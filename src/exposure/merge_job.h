@@ -1,12 +1,11 @@
 #pragma once
 
 #include "Adjustment.h"
-#include "Transform.h"
 #include "fusion_options.h"
+#include "shot_placement.h"
 
 #include <QImage>
 #include <QList>
-#include <QRect>
 
 #include <atomic>
 #include <functional>
@@ -16,18 +15,10 @@
 /// fuses, adjusts. The one entry for the command line and the editor.
 namespace exposure {
 
-enum class Alignment {
-    None,
-    Shift,      ///< whole pixels, onto the first shot, as the "Merge to HDR" tool does
-    Perspective ///< each shot onto the reference, with the least motion that explains it
-};
-
 enum class Ghosts {
     Keep,  ///< moving things are blended like all else
     Remove ///< each moving thing comes from one shot, whole
 };
-
-constexpr int kAutomatic = -1;
 
 struct Options
 {
