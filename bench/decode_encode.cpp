@@ -17,8 +17,9 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: decode_encode PICTURE... OUT.jpg\n");
         return 64;
     }
-    const auto decoded = command_line::loadPictures(arguments.mid(1, arguments.size() - 2),
-                                                    kDefaultPixelLimit, [](int) {});
+    const auto decoded =
+        command_line::loadPictures(arguments.mid(1, arguments.size() - 2), kDefaultPixelLimit,
+                                   ReadOptions::Depth::Eight, [](int) {});
     for (const DecodedPicture &picture : decoded) {
         if (picture.error != DecodeError::None)
             return 65;

@@ -6,6 +6,7 @@ function __veskhdr_devices
 end
 
 complete -c veskhdr -n __fish_use_subcommand -f -a merge -d 'Merge pictures of one scene into one'
+complete -c veskhdr -n __fish_use_subcommand -f -a align -d 'Lay hand-held shots over one another'
 complete -c veskhdr -n __fish_use_subcommand -f -a devices -d 'List or check the OpenCL devices'
 complete -c veskhdr -n __fish_use_subcommand -f -a group -d 'Find the brackets in a folder'
 complete -c veskhdr -n __fish_use_subcommand -l version -d 'Show the version'
@@ -32,6 +33,18 @@ complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l max-megapixels -x 
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l force -d 'Replace the output if it exists'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l json -d 'Print one JSON object'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l verbose -d 'Print times and shifts'
+
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -s o -l output -x -a '(__fish_complete_directories)' -d 'Folder for the results'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l align -x -a 'perspective shift' -d 'How to align'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l reference -r -d 'The picture that the others are aligned to'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l crop -d 'Cut to the area that every picture covers'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l format -x -a 'png jpeg tiff' -d 'Kind of the results'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l keep-order -d 'Keep the order given'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l quality -x -d 'JPEG quality, 1 to 100'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l max-megapixels -x -d 'Refuse larger pictures'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l force -d 'Replace results that exist'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l json -d 'Print one JSON object'
+complete -c veskhdr -n '__fish_seen_subcommand_from align' -l verbose -d 'Print times and motions'
 
 complete -c veskhdr -n '__fish_seen_subcommand_from devices' -f -l check -a '(__veskhdr_devices)' -d 'Merge and compare'
 complete -c veskhdr -n '__fish_seen_subcommand_from devices' -f -l json -d 'Print one JSON object'

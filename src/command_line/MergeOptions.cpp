@@ -1,69 +1,24 @@
 #include "MergeOptions.h"
 
-#include <QCommandLineParser>
-#include <QDir>
-#include <QFileInfo>
-#include <QSet>
+#include "option_choice.h"
+#include "picture_arguments.h"
 
-#include <algorithm>
+#include <QCommandLineParser>
+
 #include <optional>
 #include <vector>
 
 namespace {
 
-constexpr qint64 kMegapixel = 1000 * 1000;
-constexpr qint64 kLargestPixelLimit = 1000 * 1000 * kMegapixel;
-
-/// One name for every way to write a path; the path itself when there is no such file.
-QString identity(const QString &path)
-{
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    return canonical.isEmpty() ? QDir::cleanPath(path) : canonical;
-}
-
-QStringList eachFileOnce(const QStringList &paths)
-{
-    QSet<QString> seen;
-    QStringList once;
-    for (const QString &path : paths) {
-        const QString file = identity(path);
-        if (!seen.contains(file))
-            once += path;
-        seen += file;
-    }
-    return once;
-}
-
-/// The way of the "Merge to HDR" tool: ascending by UTF-16 code units, the same file once.
-QStringList inMergeOrder(const QStringList &paths, bool keepOrder)
-{
-    QStringList pictures = eachFileOnce(paths);
-    if (!keepOrder)
-        std::sort(pictures.begin(), pictures.end());
-    return pictures;
-}
+using command_line::Choice;
+using command_line::chosen;
+using command_line::indexOfPicture;
+using command_line::kLargestPixelLimit;
+using command_line::kMegapixel;
 
 ParsedMergeOptions problem(const QString &text, const QString &file = {})
 {
     return {{}, file, text};
-}
-
-/// The words of one option and what they mean.
-template <typename Value>
-struct Choice
-{
-    const char *word;
-    Value value;
-};
-
-template <typename Value, size_t count>
-std::optional<Value> chosen(const QString &word, const Choice<Value> (&choices)[count])
-{
-    for (const Choice<Value> &choice : choices) {
-        if (word == QLatin1String(choice.word))
-            return choice.value;
-    }
-    return {};
 }
 
 constexpr Choice<MergeMethod> kMethods[] = {{"fusion", MergeMethod::Fusion},
@@ -181,23 +136,14 @@ private:
         const bool isPicture = parser.isSet(ghosts) && ghostWord != QLatin1String("off") &&
                                ghostWord != QLatin1String("auto");
         if (isPicture)
-            options.fusion.ghostReference = indexOf(ghostWord, options.pictures);
+            options.fusion.ghostReference = indexOfPicture(ghostWord, options.pictures);
         if (parser.isSet(reference))
-            options.fusion.reference = indexOf(parser.value(reference), options.pictures);
+            options.fusion.reference = indexOfPicture(parser.value(reference), options.pictures);
         if (isPicture && options.fusion.ghostReference < 0)
             return QStringLiteral("--ghosts takes off, auto or one of the pictures");
         if (parser.isSet(reference) && options.fusion.reference < 0)
             return QStringLiteral("--reference takes one of the pictures");
         return {};
-    }
-
-    static int indexOf(const QString &path, const QStringList &pictures)
-    {
-        const auto isIt = [&path](const QString &picture) {
-            return identity(picture) == identity(path);
-        };
-        const auto found = std::find_if(pictures.begin(), pictures.end(), isIt);
-        return found == pictures.end() ? exposure::kAutomatic : int(found - pictures.begin());
     }
 
     const QCommandLineOption reference{QStringLiteral("reference"), {}, QStringLiteral("file")};
@@ -251,7 +197,7 @@ ParsedMergeOptions check(const MergeOptions &options)
             options.output);
     if (options.quality < 1 || options.quality > 100)
         return problem(QStringLiteral("merge: the quality must be a number from 1 to 100"));
-    if (options.pixelLimit < kMegapixel || options.pixelLimit > kLargestPixelLimit)
+    if (options.pixelLimit == 0)
         return problem(QStringLiteral("merge: the megapixels must be a number from 1 to %1")
                            .arg(kLargestPixelLimit / kMegapixel));
     if (options.json && options.verbose)
@@ -297,7 +243,7 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
     options.isQualityUnused = parser.isSet(quality) && options.format != PictureFormat::Jpeg;
     options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
     if (parser.isSet(megapixels))
-        options.pixelLimit = qint64(parser.value(megapixels).toInt()) * kMegapixel;
+        options.pixelLimit = pixelLimitOf(parser.value(megapixels));
     if (parser.value(device) != QLatin1String("processor"))
         options.device = parser.value(device);
     // Who names a device wants the mean: devices know no other, and all give the same pixels.

@@ -1,5 +1,7 @@
 #include "MergeReport.h"
 
+#include "transform_report.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -31,46 +33,12 @@ QJsonArray shiftsToJson(const MergeReport &report)
     return shifts;
 }
 
-/// Each shot's 3 x 3 matrix onto the reference, row by row.
-QJsonArray transformsToJson(const MergeReport &report)
-{
-    QJsonArray transforms;
-    for (size_t i = 0; i < report.fusion.transforms.size(); ++i) {
-        const registration::Transform &transform = report.fusion.transforms[i];
-        QJsonArray matrix;
-        for (int row = 0; row < 3; ++row) {
-            QJsonArray numbers;
-            for (int column = 0; column < 3; ++column)
-                numbers.append(transform.matrix[size_t(3 * row + column)]);
-            matrix.append(numbers);
-        }
-        transforms.append(QJsonObject{
-            {QStringLiteral("picture"), report.inputs[static_cast<int>(i)]},
-            {QStringLiteral("kind"), registration::kindName(transform.kind)},
-            {QStringLiteral("matrix"), matrix},
-            {QStringLiteral("confidence"), transform.confidence},
-            {QStringLiteral("residualPixels"), transform.residualPixels},
-        });
-    }
-    return transforms;
-}
-
 QJsonObject timesToJson(const MergeReport::Times &times)
 {
     return {
         {QStringLiteral("decode"), times.decode}, {QStringLiteral("align"), times.align},
         {QStringLiteral("ghosts"), times.ghosts}, {QStringLiteral("merge"), times.merge},
         {QStringLiteral("encode"), times.encode}, {QStringLiteral("total"), times.total},
-    };
-}
-
-QJsonObject areaToJson(QRect area)
-{
-    return {
-        {QStringLiteral("x"), area.x()},
-        {QStringLiteral("y"), area.y()},
-        {QStringLiteral("width"), area.width()},
-        {QStringLiteral("height"), area.height()},
     };
 }
 
@@ -82,20 +50,6 @@ QString pointToText(QPoint point)
 QString timeLine(const QString &step, qint64 milliseconds)
 {
     return QStringLiteral("%1 %2 ms\n").arg(step, -7).arg(milliseconds, 6);
-}
-
-QString transformLines(const MergeReport &report)
-{
-    QString lines;
-    for (size_t i = 0; i < report.fusion.transforms.size(); ++i) {
-        const registration::Transform &transform = report.fusion.transforms[i];
-        lines +=
-            QStringLiteral("align   %1: %2, confidence %3, residual %4 pixels\n")
-                .arg(report.inputs[static_cast<int>(i)], registration::kindName(transform.kind))
-                .arg(transform.confidence, 0, 'f', 2)
-                .arg(transform.residualPixels, 0, 'f', 2);
-    }
-    return lines;
 }
 
 } // namespace
@@ -125,7 +79,8 @@ QString command_line::toJson(const MergeReport &report)
         {QStringLiteral("output"), report.output},
     };
     if (!isMean) {
-        object.insert(QStringLiteral("transforms"), transformsToJson(report));
+        object.insert(QStringLiteral("transforms"),
+                      transformsToJson(report.inputs, report.fusion.transforms));
         object.insert(QStringLiteral("ghosts"), report.fusion.hasGhosts);
         object.insert(QStringLiteral("ghostMask"),
                       report.ghostMask.isEmpty() ? QJsonValue() : QJsonValue(report.ghostMask));
@@ -147,7 +102,7 @@ QString command_line::toLines(const MergeReport &report)
         lines += QStringLiteral("shift   %1: %2 from the picture before, %3 from the first\n")
                      .arg(report.inputs[static_cast<int>(i) + 1], pointToText(report.pairShifts[i]),
                           pointToText(report.summedShifts[i]));
-    return lines + transformLines(report) +
+    return lines + transformLines(report.inputs, report.fusion.transforms) +
            QStringLiteral("output  %1: %2 x %3 pixels")
                .arg(report.output)
                .arg(report.area.width())

@@ -1,5 +1,6 @@
 #include "commands.h"
 
+#include "align_command.h"
 #include "console.h"
 #include "devices_command.h"
 #include "group_command.h"
@@ -21,6 +22,8 @@ struct Command
 constexpr std::array kCommands = {
     Command{"merge", "Merge pictures of one scene into one", command_line::runMerge,
             command_line::mergeHelp},
+    Command{"align", "Lay hand-held shots over one another", command_line::runAlign,
+            command_line::alignHelp},
     Command{"devices", "List or check the OpenCL devices", command_line::runDevices,
             command_line::devicesHelp},
     Command{"group", "Find the brackets in a folder", command_line::runGroup,

@@ -3,19 +3,17 @@
 #include "MergeOptions.h"
 #include "MergeReport.h"
 #include "ProgressBar.h"
+#include "command_steps.h"
 #include "console.h"
 #include "exif_metadata.h"
-#include "file_names.h"
 #include "interrupt_cleanup.h"
-#include "library_messages.h"
 #include "merge_pictures.h"
 #include "mtb_shifts.h"
 #include "opencl_devices.h"
-#include "picture_loader.h"
+#include "transform_report.h"
 
 #include <QElapsedTimer>
 
-#include <filesystem>
 #include <memory>
 #include <new>
 
@@ -25,51 +23,6 @@ namespace {
 constexpr double kDecoded = 0.3;
 constexpr double kAligned = 0.6;
 constexpr double kMerged = 0.7;
-
-ExitCode exitCodeOf(DecodeError error)
-{
-    switch (error) {
-    case DecodeError::None:
-        return ExitCode::Ok;
-    case DecodeError::Missing:
-    case DecodeError::Directory:
-    case DecodeError::NotRegularFile:
-    case DecodeError::NoPermission:
-    case DecodeError::Unreadable:
-        return ExitCode::NoInput;
-    case DecodeError::NoMemory:
-        return ExitCode::NoMemory;
-    case DecodeError::Empty:
-    case DecodeError::NotAPicture:
-    case DecodeError::Unsupported:
-    case DecodeError::Damaged:
-    case DecodeError::TooLarge:
-    case DecodeError::Cancelled:
-        break;
-    }
-    return ExitCode::BadData;
-}
-
-ExitCode exitCodeOf(OutputFile::Error error)
-{
-    switch (error) {
-    case OutputFile::Error::None:
-        return ExitCode::Ok;
-    case OutputFile::Error::WriteFailed:
-        return ExitCode::WriteFailed;
-    case OutputFile::Error::Exists:
-    case OutputFile::Error::CannotCreate:
-        break;
-    }
-    return ExitCode::CannotCreate;
-}
-
-bool isSameFile(const QString &one, const QString &other)
-{
-    std::error_code ignored;
-    return std::filesystem::equivalent(file_names::toBytes(one).toStdString(),
-                                       file_names::toBytes(other).toStdString(), ignored);
-}
 
 /// One merge from the files to the file. The steps run in the order in which they stand here; each
 /// says what is wrong, if anything is.
@@ -99,7 +52,6 @@ private:
     ExitCode fusionFailure(exposure::Error error);
     void showFusion(exposure::Step step, double done);
     ExitCode writeGhostMask();
-    void warnOfUnaligned();
     ExitCode crop();
     ExitCode encode();
     ExitCode timed(ExitCode (Merge::*step)(), qint64 &milliseconds);
@@ -120,9 +72,7 @@ private:
 
 ExitCode Merge::refuse(ExitCode code, const QString &file, const QString &reason)
 {
-    bar.clear();
-    console::complain(file, reason);
-    return code;
+    return command_line::refuse(bar, code, file, reason);
 }
 
 ExitCode Merge::timed(ExitCode (Merge::*step)(), qint64 &milliseconds)
@@ -168,7 +118,8 @@ ExitCode Merge::checkOutput()
     const ExitCode code = checkTarget(options.output);
     if (code != ExitCode::Ok || options.ghostMask.isEmpty())
         return code;
-    if (options.ghostMask == options.output || isSameFile(options.ghostMask, options.output))
+    if (options.ghostMask == options.output ||
+        command_line::isSameFile(options.ghostMask, options.output))
         return refuse(ExitCode::Usage, options.ghostMask,
                       QStringLiteral("is the merged picture, too"));
     return checkTarget(options.ghostMask);
@@ -176,17 +127,7 @@ ExitCode Merge::checkOutput()
 
 ExitCode Merge::checkTarget(const QString &path)
 {
-    OutputFile output(path, options.mayReplace);
-    if (output.check() != OutputFile::Error::None)
-        return refuse(exitCodeOf(output.error()), path,
-                      output.error() == OutputFile::Error::Exists
-                          ? output.reason() + QStringLiteral(", --force replaces it")
-                          : output.reason());
-    for (const QString &picture : options.pictures) {
-        if (isSameFile(picture, path))
-            return refuse(ExitCode::Usage, path, QStringLiteral("is one of the pictures to merge"));
-    }
-    return ExitCode::Ok;
+    return command_line::checkTarget(bar, path, options.mayReplace, options.pictures);
 }
 
 ExitCode Merge::findDevice()
@@ -202,43 +143,22 @@ ExitCode Merge::findDevice()
 
 ExitCode Merge::decode()
 {
-    bar.show(0.0, QStringLiteral("Reading"));
-    const LibraryMute mute;
-    const std::vector<DecodedPicture> decoded =
-        command_line::loadPictures(options.pictures, options.pixelLimit, [this](int count) {
-            bar.show(kDecoded * count / options.pictures.size(), QStringLiteral("Reading"));
-        });
-    ExitCode first = ExitCode::Ok;
-    for (size_t i = 0; i < decoded.size(); ++i) {
-        const DecodedPicture &picture = decoded[i];
-        if (picture.error != DecodeError::None) {
-            const ExitCode code =
-                refuse(exitCodeOf(picture.error), options.pictures[int(i)], picture.reason);
-            first = first == ExitCode::Ok ? code : first;
-        }
-        pictures.append(new QImage(picture.image));
-    }
-    return first;
+    QList<QImage> decoded;
+    const ExitCode code = command_line::readPictures(
+        bar, kDecoded, {options.pictures, options.pixelLimit, ReadOptions::Depth::Eight}, decoded);
+    for (QImage &picture : decoded)
+        pictures.append(new QImage(std::move(picture)));
+    return code;
 }
 
 ExitCode Merge::checkSizes()
 {
-    const QSize size = pictures.first()->size();
-    ExitCode code = ExitCode::Ok;
-    for (int i = 1; i < pictures.size(); ++i) {
-        const QSize other = pictures[i]->size();
-        if (other != size)
-            code = refuse(ExitCode::BadData, options.pictures[i],
-                          QStringLiteral("its size %1 x %2 is not that of %3 (%4 x %5)")
-                              .arg(other.width())
-                              .arg(other.height())
-                              .arg(options.pictures.first())
-                              .arg(size.width())
-                              .arg(size.height()));
-    }
-    report.inputSize = size;
-    report.area = QRect(QPoint(), size);
-    return code;
+    QList<QImage> decoded;
+    for (const QImage *picture : std::as_const(pictures))
+        decoded.append(*picture);
+    report.inputSize = decoded.first().size();
+    report.area = QRect(QPoint(), report.inputSize);
+    return command_line::checkSizes(bar, options.pictures, decoded);
 }
 
 ExitCode Merge::checkDevice()
@@ -346,7 +266,7 @@ ExitCode Merge::writeGhostMask()
     const WriteResult result = picture::write(ghosts, options.ghostMask, format, how);
     return result.error == OutputFile::Error::None
                ? ExitCode::Ok
-               : refuse(exitCodeOf(result.error), options.ghostMask, result.reason);
+               : refuse(command_line::exitCodeOf(result.error), options.ghostMask, result.reason);
 }
 
 ExitCode Merge::crop()
@@ -375,7 +295,7 @@ ExitCode Merge::encode()
     const WriteResult result =
         picture::write(*merged, options.output, options.format, writeOptions);
     if (result.error != OutputFile::Error::None)
-        return refuse(exitCodeOf(result.error), options.output, result.reason);
+        return refuse(command_line::exitCodeOf(result.error), options.output, result.reason);
     for (const QString &loss : result.leftOut)
         refuse(ExitCode::Ok, options.output, QStringLiteral("warning: ") + loss);
     return ExitCode::Ok;
@@ -393,17 +313,6 @@ void Merge::warnOfLimits()
     }
 }
 
-void Merge::warnOfUnaligned()
-{
-    for (size_t i = 0; i < report.fusion.transforms.size(); ++i) {
-        const registration::Transform &transform = report.fusion.transforms[i];
-        if (transform.kind == registration::Kind::Unaligned)
-            console::complain(report.inputs[int(i)],
-                              QStringLiteral("warning: it was left unaligned: ") +
-                                  registration::reasonText(transform.reason));
-    }
-}
-
 void Merge::tell()
 {
     bar.clear();
@@ -412,7 +321,7 @@ void Merge::tell()
     report.method = options.method;
     report.ghostMask = options.ghostMask;
     warnOfLimits();
-    warnOfUnaligned();
+    command_line::warnOfUnaligned(report.inputs, report.fusion.transforms);
     if (options.json)
         console::print(command_line::toJson(report));
     else if (options.verbose)
@@ -462,7 +371,7 @@ Options:
   --no-align        Short for --align none
   --reference PICTURE
                     Align to this one, and keep its metadata; otherwise to the one
-                    that shows most (fusion) or to the first (mean)
+                    best exposed (fusion) or to the first (mean)
   --ghosts HOW      What moved comes from one shot: "auto", which is the default,
                     chooses it for each thing; a PICTURE is that shot; "off" blends
   --ghost-mask FILE Write what moved, white on black

@@ -14,6 +14,7 @@ namespace command_line {
 /// pixels than pixelLimit is not decoded. onDecoded is told how many are done, on any thread, but
 /// one call at a time.
 std::vector<DecodedPicture> loadPictures(const QStringList &paths, qint64 pixelLimit,
+                                         ReadOptions::Depth depth,
                                          const std::function<void(int)> &onDecoded);
 
 } // namespace command_line

@@ -41,7 +41,7 @@ private slots:
 void TestManual::everyOption_standsInTheManualAndTheCompletions_data()
 {
     QTest::addColumn<QString>("command");
-    for (const char *command : {"merge", "devices", "group"})
+    for (const char *command : {"merge", "align", "devices", "group"})
         QTest::newRow(command) << command;
 }
 
