@@ -41,6 +41,7 @@ public:
         PixelHeight = 0xA003,
         InteroperabilityDirectory = 0xA005,
         SubjectLocation = 0xA214,
+        LensModel = 0xA434,
     };
 
     /// The types that TIFF files have for values, by their numbers.

@@ -19,6 +19,8 @@ struct PictureMetadata
 {
     ExifTags exif;            ///< may be empty
     QByteArray colourProfile; ///< ICC profile that fits the pixels, or empty
+    QByteArray xmp = {};      ///< packet, or empty; 65502 bytes at most in JPEG files
+    QByteArray iptc = {};     ///< datasets, or empty; PNG files have none
 };
 
 /// Told how much of a picture is written, 0..1, in rising order.

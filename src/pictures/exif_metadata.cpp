@@ -6,7 +6,6 @@
 
 #include <VeskRawType.h>
 
-#include <QColorSpace>
 #include <QFile>
 
 #include <cmath>
@@ -14,9 +13,6 @@
 namespace {
 
 using Directory = ExifTags::Directory;
-
-constexpr quint16 kStandardColours = 1;
-constexpr quint16 kOtherColours = 0xFFFF;
 
 bool isStandard(const QColorSpace &colours)
 {
@@ -41,8 +37,7 @@ void setColours(ExifTags &tags, const QColorSpace &colours)
 {
     if (!colours.isValid())
         return;
-    tags.setShort(Directory::Exposure, ExifTags::ColourSpace,
-                  isStandard(colours) ? kStandardColours : kOtherColours);
+    tags.setShort(Directory::Exposure, ExifTags::ColourSpace, exif::numberOf(colours));
     setInteroperability(tags, colours);
 }
 
@@ -104,6 +99,13 @@ ExifTags exif::read(const QString &name)
     if (!tags.isEmpty() && VeskRawType::isRaw(path.path()))
         setColours(tags, QColorSpace::SRgb);
     return tags;
+}
+
+quint16 exif::numberOf(const QColorSpace &colours)
+{
+    constexpr quint16 kStandardColours = 1;
+    constexpr quint16 kOtherColours = 0xFFFF;
+    return isStandard(colours) ? kStandardColours : kOtherColours;
 }
 
 exif::Adapted exif::forUprightPicture(const ExifTags &camera, const QImage &picture,

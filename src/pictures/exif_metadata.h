@@ -2,6 +2,7 @@
 
 #include "ExifTags.h"
 
+#include <QColorSpace>
 #include <QDateTime>
 #include <QImage>
 #include <QStringList>
@@ -17,6 +18,9 @@ ExifTags read(const QString &path);
 /// What a file format takes, in bytes without the "Exif" in front.
 constexpr qsizetype kLargestJpegBlock = 65533 - 6;
 constexpr qsizetype kAnySize = -1;
+
+/// EXIF's number for the colours: 1 for sRGB, 65535 for all others.
+quint16 numberOf(const QColorSpace &colours);
 
 struct Adapted
 {

@@ -1,10 +1,12 @@
 #include "jpeg_encoder.h"
 
-#include "exif_metadata.h"
+#include "iptc_data.h"
 
+#include <algorithm>
 #include <array>
 #include <csetjmp>
 #include <cstdio>
+#include <optional>
 
 #include <jpeglib.h>
 
@@ -12,7 +14,8 @@
 
 namespace {
 
-constexpr int kExifMarker = JPEG_APP0 + 1;
+constexpr int kExifMarker = JPEG_APP0 + 1; // XMP's as well
+constexpr int kPhotoshopMarker = JPEG_APP0 + 13;
 constexpr int kFullColourFromQuality = 90;
 constexpr size_t kBufferBytes = 1 << 16;
 constexpr int kLargestSide = JPEG_MAX_DIMENSION;
@@ -64,6 +67,15 @@ void onEnd(j_compress_ptr codec)
     send(codec, kBufferBytes - codec->dest->free_in_buffer);
 }
 
+/// As they stand in the file, signatures included; empty ones are not written.
+struct Blocks
+{
+    QByteArray exif;
+    QByteArray xmp;
+    QByteArray iptc;
+    QByteArray colourProfile;
+};
+
 class Compressor
 {
 public:
@@ -81,12 +93,12 @@ public:
     Compressor(const Compressor &) = delete;
     Compressor &operator=(const Compressor &) = delete;
 
-    bool write(const QImage &picture, const QByteArray &exif, const QByteArray &colourProfile,
-               int quality, const EncodeProgress &progress);
+    bool write(const QImage &picture, const Blocks &blocks, int quality,
+               const EncodeProgress &progress);
 
 private:
     void configure(const QImage &picture, int quality);
-    void writeMetadata(const QByteArray &exif, const QByteArray &colourProfile);
+    void writeMetadata(const Blocks &blocks);
 
     jpeg_compress_struct codec = {};
     Hooks hooks = {};
@@ -113,24 +125,24 @@ void Compressor::configure(const QImage &picture, int quality)
     }
 }
 
-void Compressor::writeMetadata(const QByteArray &exif, const QByteArray &colourProfile)
+void Compressor::writeMetadata(const Blocks &blocks)
 {
-    if (!exif.isEmpty()) {
-        static constexpr char kSignature[] = "Exif\0"; // and the literal's own zero byte
-        const auto length = static_cast<unsigned>(sizeof kSignature + size_t(exif.size()));
-        jpeg_write_m_header(&codec, kExifMarker, length);
-        for (const char byte : kSignature)
-            jpeg_write_m_byte(&codec, static_cast<unsigned char>(byte));
-        for (const char byte : exif)
-            jpeg_write_m_byte(&codec, static_cast<unsigned char>(byte));
-    }
-    if (!colourProfile.isEmpty())
-        jpeg_write_icc_profile(&codec, reinterpret_cast<const JOCTET *>(colourProfile.constData()),
-                               static_cast<unsigned>(colourProfile.size()));
+    const auto put = [this](int marker, const QByteArray &block) {
+        if (!block.isEmpty())
+            jpeg_write_marker(&codec, marker, reinterpret_cast<const JOCTET *>(block.constData()),
+                              static_cast<unsigned>(block.size()));
+    };
+    put(kExifMarker, blocks.exif);
+    put(kExifMarker, blocks.xmp);
+    put(kPhotoshopMarker, blocks.iptc);
+    if (!blocks.colourProfile.isEmpty())
+        jpeg_write_icc_profile(&codec,
+                               reinterpret_cast<const JOCTET *>(blocks.colourProfile.constData()),
+                               static_cast<unsigned>(blocks.colourProfile.size()));
 }
 
-bool Compressor::write(const QImage &picture, const QByteArray &exif,
-                       const QByteArray &colourProfile, int quality, const EncodeProgress &progress)
+bool Compressor::write(const QImage &picture, const Blocks &blocks, int quality,
+                       const EncodeProgress &progress)
 {
     if (setjmp(hooks.failed))
         return false;
@@ -138,7 +150,7 @@ bool Compressor::write(const QImage &picture, const QByteArray &exif,
     codec.dest = &destination.manager;
     configure(picture, quality);
     jpeg_start_compress(&codec, TRUE);
-    writeMetadata(exif, colourProfile);
+    writeMetadata(blocks);
     while (codec.next_scanline < codec.image_height) {
         auto *row = const_cast<JSAMPROW>(picture.constScanLine(int(codec.next_scanline)));
         jpeg_write_scanlines(&codec, &row, 1);
@@ -149,6 +161,22 @@ bool Compressor::write(const QImage &picture, const QByteArray &exif,
     return true;
 }
 
+/// Nothing when one of them does not fit into a segment.
+std::optional<Blocks> blocksOf(const PictureMetadata &metadata)
+{
+    constexpr qsizetype kLargestSegment = 65533;
+    const QByteArray exif = metadata.exif.block();
+    const Blocks blocks{
+        exif.isEmpty() ? exif : QByteArray("Exif\0\0", 6) + exif,
+        metadata.xmp.isEmpty() ? QByteArray()
+                               : QByteArray("http://ns.adobe.com/xap/1.0/\0", 29) + metadata.xmp,
+        metadata.iptc.isEmpty() ? QByteArray() : iptc::photoshopBlock(metadata.iptc),
+        metadata.colourProfile};
+    if (std::max({blocks.exif.size(), blocks.xmp.size(), blocks.iptc.size()}) > kLargestSegment)
+        return std::nullopt;
+    return blocks;
+}
+
 } // namespace
 
 QString jpeg_file::encode(const QImage &picture, const PictureMetadata &metadata, int quality,
@@ -157,11 +185,9 @@ QString jpeg_file::encode(const QImage &picture, const PictureMetadata &metadata
     if (picture.width() > kLargestSide || picture.height() > kLargestSide)
         return PictureEncoder::tr("JPEG files hold at most %1 pixels in a row or column")
             .arg(kLargestSide);
-    const QByteArray block = metadata.exif.block();
-    if (block.size() > exif::kLargestJpegBlock)
-        return PictureEncoder::tr("the JPEG file could not be written");
+    const std::optional<Blocks> blocks = blocksOf(metadata);
     Compressor compressor(device);
-    if (!compressor.write(picture, block, metadata.colourProfile, quality, progress))
+    if (!blocks || !compressor.write(picture, *blocks, quality, progress))
         return PictureEncoder::tr("the JPEG file could not be written");
     return {};
 }

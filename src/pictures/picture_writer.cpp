@@ -2,9 +2,11 @@
 
 #include "colour_profile.h"
 #include "exif_metadata.h"
+#include "iptc_data.h"
 #include "jpeg_encoder.h"
 #include "png_encoder.h"
 #include "tiff_encoder.h"
+#include "xmp_metadata.h"
 
 #include <QColorSpace>
 #include <QPainter>
@@ -93,24 +95,46 @@ QImage encodable(const QImage &picture, PictureFormat format, int bitsPerSample)
     return format == PictureFormat::Jpeg ? onWhite(words) : words;
 }
 
-struct Metadata
+struct KeptMetadata
 {
     PictureMetadata kept;
     QStringList leftOut;
 };
 
-Metadata metadataOf(const QImage &picture, PictureFormat format, const WriteOptions &options)
+void keepProfile(const QImage &picture, KeptMetadata &metadata)
+{
+    const QByteArray profile = picture.colorSpace().iccProfile();
+    if (profile.isEmpty() || colour_profile::fitsRgbPixels(profile))
+        metadata.kept.colourProfile = profile;
+    else
+        metadata.leftOut += QStringLiteral("the colour profile is left out, as it is damaged or "
+                                           "not one for RGB pixels");
+}
+
+void keepDatasets(const QByteArray &datasets, PictureFormat format, KeptMetadata &metadata)
+{
+    QByteArray kept = iptc::forNewPixels(datasets);
+    if (kept.isEmpty() && !datasets.isEmpty())
+        metadata.leftOut += QStringLiteral("the IPTC data are left out, as they are damaged");
+    if (format == PictureFormat::Jpeg && kept.size() > iptc::kMostInJpeg) {
+        kept.clear();
+        metadata.leftOut += QStringLiteral("the IPTC data are left out, as they are too large for "
+                                           "this kind of file");
+    }
+    metadata.kept.iptc = kept;
+}
+
+KeptMetadata metadataOf(const QImage &picture, PictureFormat format, const WriteOptions &options)
 {
     const qsizetype largestBlock =
         format == PictureFormat::Jpeg ? exif::kLargestJpegBlock : exif::kAnySize;
-    const exif::Adapted adapted = exif::forUprightPicture(options.exif, picture, largestBlock);
-    Metadata metadata{{adapted.tags, picture.colorSpace().iccProfile()}, adapted.leftOut};
-    QByteArray &profile = metadata.kept.colourProfile;
-    if (!profile.isEmpty() && !colour_profile::fitsRgbPixels(profile)) {
-        profile.clear();
-        metadata.leftOut += QStringLiteral("the colour profile is left out, as it is damaged or "
-                                           "not one for RGB pixels");
-    }
+    const exif::Adapted exif =
+        exif::forUprightPicture(options.metadata.exif, picture, largestBlock);
+    const xmp::Adapted xmp = xmp::forUprightPicture(options.metadata, picture, format,
+                                                    options.mark ? &*options.mark : nullptr);
+    KeptMetadata metadata{{exif.tags, {}, xmp.packet, {}}, exif.leftOut + xmp.leftOut};
+    keepDatasets(options.metadata.iptc, format, metadata);
+    keepProfile(picture, metadata);
     return metadata;
 }
 
@@ -147,7 +171,7 @@ WriteResult picture::write(const QImage &picture, const QString &path, PictureFo
     OutputFile output(path, options.mayReplace, options.temporaryName);
     if (!output.open())
         return {output.error(), output.reason(), {}};
-    const Metadata metadata = metadataOf(picture, format, options);
+    const KeptMetadata metadata = metadataOf(picture, format, options);
     const QString problem = encode(words, format, metadata.kept, options, output.device());
     // What stopped the encoder is mostly that the device takes no more.
     if (!problem.isEmpty())

@@ -1,23 +1,26 @@
 #pragma once
 
-#include "ExifTags.h"
+#include "Metadata.h"
 #include "OutputFile.h"
 #include "PictureFormat.h"
+#include "ResultMark.h"
 
 #include <QImage>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 constexpr int kDefaultQuality = 95;
 
 struct WriteOptions
 {
-    ExifTags exif;                 ///< as exif::read gives them, or empty
-    int quality = kDefaultQuality; ///< 1..100, JPEG only
-    int bitsPerSample = 0;         ///< 8 or 16; 0: as many as the picture has; JPEG always has 8
-    bool mayReplace = false;       ///< an existing file of that name
+    Metadata metadata;              ///< as metadata::read gives them, or empty
+    std::optional<ResultMark> mark; ///< of a merged picture; otherwise that in metadata stays
+    int quality = kDefaultQuality;  ///< 1..100, JPEG only
+    int bitsPerSample = 0;          ///< 8 or 16; 0: as many as the picture has; JPEG always has 8
+    bool mayReplace = false;        ///< an existing file of that name
     std::function<void(double)> progress; ///< told how much is written, 0..1; may be empty
     OutputFile::TemporaryNameObserver temporaryName; ///< see OutputFile; may be empty
 };
@@ -35,7 +38,7 @@ namespace picture {
 bool hasTransparency(const QImage &picture);
 
 /// Writes the picture with its resolution, its colour profile if it is one for RGB pixels, and the
-/// EXIF data made true for it. The file appears under its name only when it is complete, otherwise
+/// metadata made true for it. The file appears under its name only when it is complete, otherwise
 /// nothing is left. picture: any format, upright. PNG and TIFF files keep the alpha channel of a
 /// picture that has a pixel which is not opaque, and 16 bits per sample; JPEG files have neither,
 /// so there it is laid on white and rounded to 8 bits. Any thread, reentrant.

@@ -123,9 +123,24 @@ bool create(PngWriter &writer)
     return writer.info;
 }
 
-void setMetadata(PngWriter &writer, const QImage &picture, const QByteArray &exif,
-                 const QByteArray &colourProfile)
+/// The packet as a text that is not compressed, as its standard wants it.
+void setXmp(PngWriter &writer, const QByteArray &xmp)
 {
+    static char keyword[] = "XML:com.adobe.xmp";
+    png_text text = {};
+    text.compression = PNG_ITXT_COMPRESSION_NONE;
+    text.key = keyword;
+    text.text = const_cast<char *>(xmp.constData());
+    text.itxt_length = static_cast<size_t>(xmp.size());
+    if (!xmp.isEmpty())
+        png_set_text(writer.png, writer.info, &text, 1);
+}
+
+void setMetadata(PngWriter &writer, const QImage &picture, const QByteArray &exif,
+                 const PictureMetadata &metadata)
+{
+    const QByteArray &colourProfile = metadata.colourProfile;
+    setXmp(writer, metadata.xmp);
     if (!colourProfile.isEmpty())
         png_set_iCCP(writer.png, writer.info, "ICC profile", PNG_COMPRESSION_TYPE_BASE,
                      reinterpret_cast<png_const_bytep>(colourProfile.constData()),
@@ -149,7 +164,7 @@ void writePixels(PngWriter &writer, const Bytes &stream)
 }
 
 bool write(PngWriter &writer, const QImage &picture, const QByteArray &exif,
-           const QByteArray &colourProfile, const Bytes &stream)
+           const PictureMetadata &metadata, const Bytes &stream)
 {
     constexpr png_byte kEnd[] = {'I', 'E', 'N', 'D', 0};
     if (setjmp(png_jmpbuf(writer.png)))
@@ -159,7 +174,7 @@ bool write(PngWriter &writer, const QImage &picture, const QByteArray &exif,
                  static_cast<png_uint_32>(picture.height()), encoding::bitsPerSample(picture),
                  picture.hasAlphaChannel() ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB,
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
-    setMetadata(writer, picture, exif, colourProfile);
+    setMetadata(writer, picture, exif, metadata);
     png_write_info(writer.png, writer.info);
     writePixels(writer, stream);
     // The library's own way to end a file insists on having compressed the rows itself.
@@ -176,8 +191,7 @@ QString png_file::encode(const QImage &picture, const PictureMetadata &metadata,
     const QByteArray exif = metadata.exif.block();
     PngWriter writer;
     writer.device = &device;
-    if (stream.empty() || !create(writer) ||
-        !write(writer, picture, exif, metadata.colourProfile, stream))
+    if (stream.empty() || !create(writer) || !write(writer, picture, exif, metadata, stream))
         return PictureEncoder::tr("the PNG file could not be written");
     if (progress)
         progress(1.0);

@@ -162,6 +162,22 @@ void setResolution(TIFF *tiff, const QImage &picture)
     TIFFSetField(tiff, TIFFTAG_YRESOLUTION, resolution.y);
 }
 
+/// Some versions of libtiff take the datasets for words of four bytes, and swap those in files of
+/// the other byte order; readers want the bytes as they are.
+void setDatasets(TIFF *tiff, QByteArray datasets)
+{
+    if (datasets.isEmpty())
+        return;
+    const TIFFField *field = TIFFFindField(tiff, TIFFTAG_RICHTIFFIPTC, TIFF_ANY);
+    const bool areWords = field && TIFFFieldDataType(field) == TIFF_LONG;
+    const qsizetype itemBytes = areWords ? 4 : 1;
+    datasets.append((itemBytes - datasets.size() % itemBytes) % itemBytes, '\0');
+    const auto items = static_cast<uint32_t>(datasets.size() / itemBytes);
+    if (areWords && TIFFIsByteSwapped(tiff))
+        qbswap<4>(datasets.constData(), items, datasets.data());
+    TIFFSetField(tiff, TIFFTAG_RICHTIFFIPTC, items, datasets.constData());
+}
+
 /// The camera's data come first, so that what the picture itself tells overrides them.
 bool setTags(TIFF *tiff, QIODevice &device, const QImage &picture, const PictureMetadata &metadata)
 {
@@ -172,6 +188,10 @@ bool setTags(TIFF *tiff, QIODevice &device, const QImage &picture, const Picture
     if (!metadata.colourProfile.isEmpty())
         TIFFSetField(tiff, TIFFTAG_ICCPROFILE, static_cast<uint32_t>(metadata.colourProfile.size()),
                      metadata.colourProfile.constData());
+    if (!metadata.xmp.isEmpty())
+        TIFFSetField(tiff, TIFFTAG_XMLPACKET, static_cast<uint32_t>(metadata.xmp.size()),
+                     metadata.xmp.constData());
+    setDatasets(tiff, metadata.iptc);
     return true;
 }
 

@@ -83,7 +83,7 @@ private:
         QImage upright = plainPicture({30, 40});
         upright.setColorSpace(colours);
         WriteOptions options;
-        options.exif = tags;
+        options.metadata.exif = tags;
         options.mayReplace = true;
         return picture::write(upright, folder.filePath(name), *picture::formatOfSuffix(name),
                               options);

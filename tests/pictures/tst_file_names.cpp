@@ -76,7 +76,7 @@ private slots:
         QImage picture(30, 20, QImage::Format_RGB32);
         picture.fill(qRgb(0, 200, 0));
         WriteOptions options;
-        options.exif = ExifTags::parse(camera_block::made());
+        options.metadata.exif = ExifTags::parse(camera_block::made());
         const WriteResult result = picture::write(picture, path, PictureFormat::Jpeg, options);
         QVERIFY2(result.error == OutputFile::Error::None, qPrintable(result.reason));
         QVERIFY(picture::write(picture, path, PictureFormat::Jpeg, options).error ==

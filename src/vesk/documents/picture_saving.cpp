@@ -1,7 +1,7 @@
 #include "picture_saving.h"
 
 #include <VeskProgressIndicator.h>
-#include <exif_metadata.h>
+#include <metadata_reader.h>
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -14,12 +14,12 @@ namespace {
 
 constexpr QSize kIndicatorSize(60, 60);
 
-ExifTags metadata(const QStringList &sources)
+Metadata metadataOf(const QStringList &sources)
 {
     for (const QString &path : sources) {
-        const ExifTags tags = exif::read(path);
-        if (!tags.isEmpty())
-            return tags;
+        Metadata metadata = metadata::read(path);
+        if (!metadata.isEmpty())
+            return metadata;
     }
     return {};
 }
@@ -30,7 +30,7 @@ WriteResult document::savePicture(const QImage &picture, const SaveTarget &targe
                                   const QStringList &metadataSources)
 {
     WriteOptions options;
-    options.exif = metadata(metadataSources);
+    options.metadata = metadataOf(metadataSources);
     options.quality = target.quality;
     options.mayReplace = target.mayReplace;
     return picture::write(picture, target.path, target.format, options);
