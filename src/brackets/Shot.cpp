@@ -1,11 +1,14 @@
 #include "Shot.h"
 
+#include "ResultMark.h"
 #include "exif_metadata.h"
 #include "file_names.h"
+#include "metadata_reader.h"
 #include "raw_shot.h"
 
 #include <VeskRawType.h>
 
+#include <QFile>
 #include <QImageReader>
 
 #include <cmath>
@@ -38,6 +41,13 @@ Shot readFromExif(const QString &path)
     return shot;
 }
 
+/// Results keep the metadata of a shot, and so look like one.
+QByteArray xmpIn(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? metadata::xmpIn(file) : QByteArray();
+}
+
 } // namespace
 
 std::optional<double> Shot::exposureStops() const
@@ -57,6 +67,8 @@ ShotReading brackets::readShot(const QString &name)
     reading.shot.path = name;
     if (!shot.takenAt.isValid())
         reading.problem = QStringLiteral("it does not say when it was taken");
+    else if (const std::optional<ResultMark> mark = result_mark::in(xmpIn(path)))
+        reading.problem = QStringLiteral("it is a result of %1").arg(mark->program);
     else if (!shot.exposureBias && !shot.exposureStops())
         reading.problem = QStringLiteral("it does not say how it was exposed");
     else if (shot.size.isEmpty())

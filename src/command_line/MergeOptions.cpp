@@ -1,5 +1,6 @@
 #include "MergeOptions.h"
 
+#include "MetadataOptions.h"
 #include "option_choice.h"
 #include "picture_arguments.h"
 
@@ -228,6 +229,8 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
                        force, json, verbose});
     const FusionOptions ofFusion;
     ofFusion.addTo(parser);
+    const MetadataOptions ofMetadata;
+    ofMetadata.addTo(parser);
     if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words))
         return problem(QStringLiteral("merge: ") + parser.errorText());
     if (parser.values(output).size() > 1)
@@ -252,6 +255,8 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
                                parser.value(align), parser.isSet(noAlign), ofFusion, options);
     if (wrong.isEmpty())
         wrong = ofFusion.read(parser, options);
+    if (wrong.isEmpty())
+        wrong = ofMetadata.read(parser, options);
     if (!wrong.isEmpty())
         return problem(QStringLiteral("merge: ") + wrong);
     options.crop = parser.isSet(crop);

@@ -4,6 +4,7 @@
 #include "console.h"
 #include "devices_command.h"
 #include "group_command.h"
+#include "inspect_command.h"
 #include "merge_command.h"
 
 #include <algorithm>
@@ -28,6 +29,8 @@ constexpr std::array kCommands = {
             command_line::devicesHelp},
     Command{"group", "Find the brackets in a folder", command_line::runGroup,
             command_line::groupHelp},
+    Command{"inspect", "Show what picture files hold", command_line::runInspect,
+            command_line::inspectHelp},
 };
 
 QString programHelp()

@@ -2,17 +2,20 @@
 
 #include "MergeOptions.h"
 #include "MergeReport.h"
+#include "MetadataOptions.h"
 #include "ProgressBar.h"
 #include "command_steps.h"
 #include "console.h"
-#include "exif_metadata.h"
+#include "file_names.h"
 #include "interrupt_cleanup.h"
 #include "merge_pictures.h"
+#include "metadata_reader.h"
 #include "mtb_shifts.h"
 #include "opencl_devices.h"
 #include "transform_report.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 
 #include <memory>
 #include <new>
@@ -42,6 +45,7 @@ public:
 private:
     ExitCode checkOutput();
     ExitCode checkTarget(const QString &path);
+    ExitCode checkMetadataSource();
     ExitCode findDevice();
     ExitCode decode();
     ExitCode checkSizes();
@@ -53,6 +57,7 @@ private:
     void showFusion(exposure::Step step, double done);
     ExitCode writeGhostMask();
     ExitCode crop();
+    Metadata keptMetadata() const;
     ExitCode encode();
     ExitCode timed(ExitCode (Merge::*step)(), qint64 &milliseconds);
     ExitCode refuse(ExitCode code, const QString &file, const QString &reason);
@@ -91,6 +96,8 @@ ExitCode Merge::run()
     MergeReport::Times &times = report.milliseconds;
     ExitCode code = checkOutput();
     if (code == ExitCode::Ok)
+        code = checkMetadataSource();
+    if (code == ExitCode::Ok)
         code = findDevice();
     if (code == ExitCode::Ok)
         code = timed(&Merge::decode, times.decode);
@@ -128,6 +135,21 @@ ExitCode Merge::checkOutput()
 ExitCode Merge::checkTarget(const QString &path)
 {
     return command_line::checkTarget(bar, path, options.mayReplace, options.pictures);
+}
+
+/// Before the work, not after it.
+ExitCode Merge::checkMetadataSource()
+{
+    const QString &source = options.metadataSource;
+    if (source.isEmpty())
+        return ExitCode::Ok;
+    const file_names::ReadablePath readable(source);
+    const QFileInfo file(readable.path());
+    if (!file.isFile() || !file.isReadable())
+        return refuse(ExitCode::NoInput, source, QStringLiteral("is no file that can be read"));
+    if (metadata::read(source).isEmpty())
+        return refuse(ExitCode::Ok, source, QStringLiteral("warning: it has no metadata to keep"));
+    return ExitCode::Ok;
 }
 
 ExitCode Merge::findDevice()
@@ -281,11 +303,20 @@ ExitCode Merge::crop()
     return ExitCode::Ok;
 }
 
+Metadata Merge::keptMetadata() const
+{
+    if (!options.keepsMetadata)
+        return {};
+    const QString &reference = options.pictures[report.fusion.reference];
+    return metadata::read(options.metadataSource.isEmpty() ? reference : options.metadataSource);
+}
+
 ExitCode Merge::encode()
 {
     bar.show(kMerged, QStringLiteral("Writing"));
     WriteOptions writeOptions;
-    writeOptions.exif = exif::read(options.pictures[report.fusion.reference]);
+    writeOptions.metadata = keptMetadata();
+    writeOptions.mark = command_line::markOf(options);
     writeOptions.quality = options.quality;
     writeOptions.mayReplace = options.mayReplace;
     writeOptions.progress = [this](double written) {
@@ -381,6 +412,10 @@ Options:
   --exposure-weight N, --contrast-weight N, --saturation-weight N
                     How much a middle exposure (1), local contrast (1) and vivid
                     colours (0) count in the fusion, 0 to 4
+  --metadata-from PICTURE
+                    Keep this picture's metadata instead of the reference's
+  --no-metadata     Keep none; only the result's own mark is written, without the
+                    names of the pictures
   --keep-order      Keep the order given; the first picture is the one that
                     "shift" aligns to
   --crop            Cut to the area that every picture covers after aligning
