@@ -9,6 +9,7 @@ complete -c veskhdr -n __fish_use_subcommand -f -a merge -d 'Merge pictures of o
 complete -c veskhdr -n __fish_use_subcommand -f -a align -d 'Lay hand-held shots over one another'
 complete -c veskhdr -n __fish_use_subcommand -f -a devices -d 'List or check the OpenCL devices'
 complete -c veskhdr -n __fish_use_subcommand -f -a group -d 'Find the brackets in a folder'
+complete -c veskhdr -n __fish_use_subcommand -f -a inspect -d 'Show what picture files hold'
 complete -c veskhdr -n __fish_use_subcommand -l version -d 'Show the version'
 complete -c veskhdr -l help -d 'Show how to use it'
 
@@ -24,6 +25,8 @@ complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l saturation -x -d '
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l exposure-weight -x -d '0 to 4'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l contrast-weight -x -d '0 to 4'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l saturation-weight -x -d '0 to 4'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l metadata-from -r -d 'The picture whose metadata are kept'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l no-metadata -d 'Keep no metadata'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l no-align -d 'Take the pictures as they are'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l keep-order -d 'Keep the order given'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l crop -d 'Cut to the area that every picture covers'
@@ -48,6 +51,8 @@ complete -c veskhdr -n '__fish_seen_subcommand_from align' -l verbose -d 'Print 
 
 complete -c veskhdr -n '__fish_seen_subcommand_from devices' -f -l check -a '(__veskhdr_devices)' -d 'Merge and compare'
 complete -c veskhdr -n '__fish_seen_subcommand_from devices' -f -l json -d 'Print one JSON object'
+
+complete -c veskhdr -n '__fish_seen_subcommand_from inspect' -l json -d 'Print one JSON object per file'
 
 complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l gap -d 'Longest pause in seconds'
 complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l min -d 'Fewest pictures of a bracket'

@@ -122,6 +122,13 @@ QByteArray propertyOf(const QByteArray &path)
     return {path.constData(), std::find_if(path.begin(), path.end(), isEnd) - path.begin()};
 }
 
+/// What stands above the node in the tree must be there.
+void put(const Node &node, XmpPtr target)
+{
+    xmp_set_property(target, node.space.constData(), node.path.constData(), node.value.constData(),
+                     node.options & (XMP_PROP_COMPOSITE_MASK | XMP_PROP_VALUE_IS_URI));
+}
+
 } // namespace
 
 struct XmpPacket::Data
@@ -286,13 +293,8 @@ void XmpPacket::add(const XmpPacket &other)
     forEachNode(d->xmp, nullptr, XMP_ITER_PROPERTIES,
                 [&](const Node &node) { known += nameOf(node); });
     forEachNode(other.d->xmp, nullptr, XMP_ITER_PROPERTIES, [&](const Node &node) {
-        constexpr uint32_t kForm = XMP_PROP_COMPOSITE_MASK;
-        if (node.path.isEmpty() || known.contains(nameOf(node)))
-            return;
-        const bool isSimple = (node.options & kForm) == 0;
-        xmp_set_property(d->xmp, node.space.constData(), node.path.constData(),
-                         isSimple ? node.value.constData() : nullptr,
-                         node.options & (kForm | XMP_PROP_VALUE_IS_URI));
+        if (!node.path.isEmpty() && !known.contains(nameOf(node)))
+            put(node, d->xmp);
     });
 }
 

@@ -105,11 +105,12 @@ int bitsOf(QImage::Format format)
                                             : std::max<int>(pixels.redSize(), pixels.blackSize());
 }
 
-/// What Qt's readers tell.
+/// What Qt's readers tell. That of WebP files does not tell their depth, which is always 8.
 std::optional<PictureHeader> otherHeader(QIODevice &file, FileParts &parts)
 {
     PictureHeader header;
-    while (parts.kind() == FileParts::Kind::WebP && parts.next()) {
+    const bool isWebP = parts.kind() == FileParts::Kind::WebP;
+    while (isWebP && parts.next()) {
         if (parts.name() == "ICCP")
             header.profile = parts.bytes();
     }
@@ -118,10 +119,10 @@ std::optional<PictureHeader> otherHeader(QIODevice &file, FileParts &parts)
     reader.setDecideFormatFromContent(true);
     if (!reader.canRead())
         return std::nullopt;
-    const QString format = QString::fromLatin1(reader.format());
-    header.format = format == QLatin1String("webp") ? QStringLiteral("WebP") : format.toUpper();
+    header.format =
+        isWebP ? QStringLiteral("WebP") : QString::fromLatin1(reader.format()).toUpper();
     header.size = reader.size();
-    header.bitsPerSample = bitsOf(reader.imageFormat());
+    header.bitsPerSample = isWebP ? 8 : bitsOf(reader.imageFormat());
     return header;
 }
 

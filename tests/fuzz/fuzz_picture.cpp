@@ -4,8 +4,11 @@
 #include "exif_metadata.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
+#include "iptc_data.h"
 #include "library_messages.h"
+#include "metadata_reader.h"
 #include "picture_decoder.h"
+#include "xmp_metadata.h"
 
 #include <QGuiApplication>
 
@@ -60,5 +63,10 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const exif::Adapted kept = exif::forUprightPicture(tags, picture, exif::kLargestJpegBlock);
     FUZZ_REQUIRE(!tags.isEmpty() || kept.tags.isEmpty());
     FUZZ_REQUIRE(kept.tags.block().size() <= exif::kLargestJpegBlock);
+    const Metadata metadata = metadata::read(file.path());
+    const xmp::Adapted adapted =
+        xmp::forUprightPicture(metadata, picture, PictureFormat::Jpeg, nullptr);
+    FUZZ_REQUIRE(adapted.packet.size() <= 65502);
+    FUZZ_REQUIRE(iptc::forNewPixels(metadata.iptc).size() <= metadata.iptc.size());
     return 0;
 }
