@@ -3,8 +3,8 @@
 #include "AlignOptions.h"
 #include "command_steps.h"
 #include "console.h"
-#include "exif_metadata.h"
 #include "interrupt_cleanup.h"
+#include "metadata_reader.h"
 #include "transform_report.h"
 
 #include <QDir>
@@ -167,7 +167,7 @@ ExitCode Align::write(int index, QImage picture)
     if (format == PictureFormat::Jpeg)
         picture = onBlack(std::move(picture));
     WriteOptions how;
-    how.exif = exif::read(options.pictures[index]);
+    how.metadata = metadata::read(options.pictures[index]);
     how.quality = options.quality;
     how.mayReplace = options.mayReplace;
     how.progress = [&](double written) {
