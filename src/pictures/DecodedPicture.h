@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 
 /// Why a file gave no picture. Programs choose their exit code by it.
 enum class DecodeError {
@@ -26,6 +27,8 @@ struct DecodedPicture
     QImage image; ///< null on error
     DecodeError error = DecodeError::None;
     QString reason; ///< empty on success
+    /// What of the file does not count although the picture is there, in English, for reports.
+    QStringList warnings = {};
 };
 
 namespace picture {

@@ -1,8 +1,11 @@
 #include "jpeg_decoder.h"
 
+#include "ForeignColours.h"
 #include "UprightRows.h"
+#include "colour_profile.h"
 #include "exif_block.h"
 #include "exif_orientation.h"
+#include "true_colours.h"
 
 #include <QColorSpace>
 
@@ -115,7 +118,7 @@ public:
 
     bool readHeader(std::FILE *file);
     bool start();
-    bool readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow);
+    bool readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow, ForeignColours &inks);
     QSize size() const
     {
         return {static_cast<int>(codec.image_width), static_cast<int>(codec.image_height)};
@@ -184,15 +187,6 @@ bool Decompressor::start()
     return jpeg_start_decompress(&codec);
 }
 
-/// Inks as every program writes them, inverted: 255 means none.
-void inksToWords(const JSAMPLE *inks, QRgb *words, int width)
-{
-    for (int x = 0; x < width; ++x, inks += 4) {
-        const int black = inks[3];
-        words[x] = qRgb(black * inks[0] / 255, black * inks[1] / 255, black * inks[2] / 255);
-    }
-}
-
 /// Whether a file that has ended before its end marker may lack pixels of which there was no other
 /// warning: whole scans, or anything of an arithmetically coded one, whose decoder reads zeros
 /// there in silence. Asked while the decompressor still knows, that is before it finishes.
@@ -210,7 +204,7 @@ bool Decompressor::hasLostScans() const
     return false;
 }
 
-bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow)
+bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow, ForeignColours &inks)
 {
     if (setjmp(hooks.failed))
         return false;
@@ -220,7 +214,7 @@ bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow)
         JSAMPROW target = hasInks() ? inkRow.data() : row;
         jpeg_read_scanlines(&codec, &target, 1);
         if (hasInks())
-            inksToWords(inkRow.data(), reinterpret_cast<QRgb *>(row), outputSize().width());
+            inks.convertRow(inkRow.data(), row, outputSize().width());
         rows.rowWritten(y);
     }
     const bool haveScansBeenLost = hasLostScans();
@@ -241,12 +235,33 @@ void applyDensity(const jpeg_decompress_struct &codec, QImage &picture)
     picture.setDotsPerMeterY(static_cast<int>(codec.Y_density * factor));
 }
 
-void applyColourProfile(const Decompressor &decompressor, QImage &picture)
+QByteArray profileOf(const Decompressor &decompressor)
 {
-    if (decompressor.profile)
-        picture.setColorSpace(QColorSpace::fromIccProfile(
-            QByteArray(reinterpret_cast<const char *>(decompressor.profile),
-                       static_cast<int>(decompressor.profileBytes))));
+    return decompressor.profile ? QByteArray(reinterpret_cast<const char *>(decompressor.profile),
+                                             static_cast<qsizetype>(decompressor.profileBytes))
+                                : QByteArray();
+}
+
+/// Programs write inks inverted, and Adobe's mark with them. Where the mark is missing, true
+/// colours take them as they stand.
+ForeignColours::Source inkSource(const Decompressor &decompressor, bool isTrue)
+{
+    const bool isInverted = !isTrue || decompressor.codec.saw_Adobe_marker;
+    return {isInverted ? ForeignColours::Kind::InvertedInks : ForeignColours::Kind::Inks, 8, 4,
+            isTrue && decompressor.hasInks() ? profileOf(decompressor) : QByteArray()};
+}
+
+/// The profile of inks has done its work when true colours are wanted.
+void applyColourProfile(const Decompressor &decompressor, bool isTrue, DecodedPicture &picture)
+{
+    const QByteArray profile = profileOf(decompressor);
+    if (isTrue && decompressor.hasInks()) {
+        picture.image.setColorSpace(QColorSpace::SRgb);
+        if (!profile.isEmpty() && !colour_profile::fitsInkPixels(profile))
+            picture.warnings += true_colours::damagedProfileWarning();
+    } else if (!profile.isEmpty()) {
+        picture.image.setColorSpace(QColorSpace::fromIccProfile(profile));
+    }
 }
 
 DecodedPicture failure(const Decompressor &decompressor)
@@ -273,14 +288,16 @@ DecodedPicture decodeStream(std::FILE *stream, QImageIOHandler::Transformations 
     UprightRows rows(size, decompressor.format(), orientation);
     if (rows.isNull())
         return picture::failure(DecodeError::NoMemory, size);
+    const bool isTrue = options.colours == ReadOptions::Colours::True;
     std::vector<JSAMPLE> inkRow(decompressor.hasInks() ? size_t(size.width()) * 4 : 0);
-    if (!decompressor.readRows(rows, inkRow))
+    ForeignColours inks(inkSource(decompressor, isTrue), QImage::Format_RGB32);
+    if (!decompressor.readRows(rows, inkRow, inks))
         return failure(decompressor);
 
-    QImage &picture = rows.image();
-    applyDensity(decompressor.codec, picture);
-    applyColourProfile(decompressor, picture);
-    return {picture, DecodeError::None, {}};
+    DecodedPicture picture{std::move(rows.image()), DecodeError::None, {}};
+    applyDensity(decompressor.codec, picture.image);
+    applyColourProfile(decompressor, isTrue, picture);
+    return picture;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "qt_decoder.h"
 #include "regular_file.h"
 #include "tiff_decoder.h"
+#include "true_colours.h"
 
 #include <QFile>
 
@@ -33,7 +34,10 @@ DecodedPicture decodeFile(const QString &path, const ReadOptions &options)
         ::close(descriptor);
         return picture::failure(DecodeError::Unreadable);
     }
-    return decodeOpen(file, options);
+    DecodedPicture picture = decodeOpen(file, options);
+    if (options.colours == ReadOptions::Colours::True)
+        true_colours::settle(picture, file);
+    return picture;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <VeskRaw.h>
 
+#include <QColorSpace>
 #include <QCoreApplication>
 
 namespace {
@@ -27,6 +28,21 @@ DecodeError errorOf(VeskRaw::Failure failure)
     }
 }
 
+VeskRaw::ColourSpace rawSpaceOf(colour_profile::Space space)
+{
+    switch (space) {
+    case colour_profile::Space::AdobeRgb:
+        return VeskRaw::ColourSpace::AdobeRgb;
+    case colour_profile::Space::ProPhotoRgb:
+        return VeskRaw::ColourSpace::ProPhotoRgb;
+    case colour_profile::Space::DisplayP3:
+        return VeskRaw::ColourSpace::DisplayP3;
+    case colour_profile::Space::Srgb:
+        break;
+    }
+    return VeskRaw::ColourSpace::Srgb;
+}
+
 } // namespace
 
 DecodedPicture picture::convertRaw(const QString &path, const ReadOptions &options)
@@ -34,8 +50,12 @@ DecodedPicture picture::convertRaw(const QString &path, const ReadOptions &optio
     VeskRaw::Options how;
     how.quick = options.side > 0;
     how.bitsPerChannel = options.depth == ReadOptions::Depth::AsStored ? 16 : 8;
+    how.colourSpace = rawSpaceOf(options.rawSpace);
     how.pixelLimit = options.pixelLimit;
     VeskRaw::Conversion raw = VeskRaw::convert(path, how, options.cancelled);
+    if (options.colours == ReadOptions::Colours::True && !raw.picture.isNull())
+        raw.picture.setColorSpace(
+            QColorSpace::fromIccProfile(colour_profile::of(options.rawSpace)));
     if (!raw.picture.isNull())
         return {std::move(raw.picture), DecodeError::None, {}};
     const QString reason = PictureDecoder::tr("the camera raw file cannot be converted: %1");

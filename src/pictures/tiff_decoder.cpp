@@ -1,10 +1,13 @@
 #include "tiff_decoder.h"
 
+#include "ForeignColours.h"
 #include "TiffRows.h"
 #include "UprightRows.h"
+#include "colour_profile.h"
 #include "exif_orientation.h"
 #include "picture_completeness.h"
 #include "tiff_file.h"
+#include "true_colours.h"
 
 #include <QColorSpace>
 #include <QRgba64>
@@ -24,7 +27,18 @@ struct Layout
     bool isMultiplied = false;
     bool isFloating = false;
 
-    int colours() const { return photometric == PHOTOMETRIC_RGB ? 3 : 1; }
+    bool isForeign = false; ///< inks or Lab, that are to become red, green and blue
+
+    bool isLab() const
+    {
+        return photometric == PHOTOMETRIC_CIELAB || photometric == PHOTOMETRIC_ICCLAB;
+    }
+    int colours() const
+    {
+        if (photometric == PHOTOMETRIC_SEPARATED)
+            return 4;
+        return photometric == PHOTOMETRIC_RGB || isLab() ? 3 : 1;
+    }
 };
 
 /// As Qt's reader has it, a channel behind the colours is alpha unless the file says nothing of it,
@@ -59,20 +73,33 @@ Layout layoutOf(TIFF *tiff)
     return layout;
 }
 
+/// Inks are of other colours when the file says so.
+bool isForeign(TIFF *tiff, const Layout &layout)
+{
+    std::uint16_t inks = INKSET_CMYK;
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_INKSET, &inks);
+    return layout.isLab() || (layout.photometric == PHOTOMETRIC_SEPARATED && inks == INKSET_CMYK);
+}
+
 /// Whether Qt's reader would lose something of it.
 bool isOurs(const Layout &layout)
 {
     constexpr int kMostChannels = 16;
     const bool isColour = layout.photometric == PHOTOMETRIC_RGB;
-    if ((!isColour && layout.photometric != PHOTOMETRIC_MINISBLACK) || layout.size.isEmpty() ||
-        layout.channels < layout.colours() || layout.channels > kMostChannels)
+    const bool isKnown =
+        isColour || layout.photometric == PHOTOMETRIC_MINISBLACK || layout.isForeign;
+    if (!isKnown || layout.size.isEmpty() || layout.channels < layout.colours() ||
+        layout.channels > kMostChannels)
         return false;
-    return layout.bits == 16 || (layout.bits == 8 && layout.hasAlpha);
+    return layout.bits == 16 || (layout.bits == 8 && layout.isForeign) ||
+           (layout.bits == 8 && layout.hasAlpha);
 }
 
 QImage::Format formatOf(const Layout &layout, ReadOptions::Depth depth)
 {
     const bool isDeep = layout.bits == 16 && depth == ReadOptions::Depth::AsStored;
+    if (layout.isForeign)
+        return isDeep ? QImage::Format_RGBX64 : QImage::Format_RGB32;
     if (layout.hasAlpha)
         return isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32;
     if (layout.colours() == 1)
@@ -130,8 +157,41 @@ void convertRow(const uchar *source, uchar *target, const Layout &layout, QImage
     }
 }
 
+QByteArray profileIn(TIFF *tiff)
+{
+    std::uint32_t length = 0;
+    const void *profile = nullptr;
+    return TIFFGetField(tiff, TIFFTAG_ICCPROFILE, &length, &profile) == 1 && profile
+               ? QByteArray(static_cast<const char *>(profile), int(length))
+               : QByteArray();
+}
+
+ForeignColours::Source foreignSource(TIFF *tiff, const Layout &layout)
+{
+    using Kind = ForeignColours::Kind;
+    const Kind lab = layout.photometric == PHOTOMETRIC_CIELAB ? Kind::CieLab : Kind::IccLab;
+    return {layout.isLab() ? lab : Kind::Inks, layout.bits, layout.channels,
+            layout.isLab() ? QByteArray() : profileIn(tiff)};
+}
+
+bool readForeignRows(TIFF *tiff, const Layout &layout, UprightRows &rows, QImage::Format format)
+{
+    TiffRows source(tiff);
+    ForeignColours colours(foreignSource(tiff, layout), format);
+    for (int y = 0; y < layout.size.height(); ++y) {
+        const uchar *row = source.row(static_cast<std::uint32_t>(y));
+        if (!row)
+            return false;
+        colours.convertRow(row, rows.row(y), layout.size.width());
+        rows.rowWritten(y);
+    }
+    return true;
+}
+
 bool readRows(TIFF *tiff, const Layout &layout, UprightRows &rows, QImage::Format format)
 {
+    if (layout.isForeign)
+        return readForeignRows(tiff, layout, rows, format);
     TiffRows source(tiff);
     for (int y = 0; y < layout.size.height(); ++y) {
         const uchar *row = source.row(static_cast<std::uint32_t>(y));
@@ -164,13 +224,17 @@ void applyResolution(TIFF *tiff, QImage &picture)
     picture.setDotsPerMeterY(qRound(double(y) * perMetre));
 }
 
-void applyColourProfile(TIFF *tiff, QImage &picture)
+/// The profile of inks has done its work.
+void applyColourProfile(TIFF *tiff, const Layout &layout, DecodedPicture &picture)
 {
-    std::uint32_t length = 0;
-    const void *profile = nullptr;
-    if (TIFFGetField(tiff, TIFFTAG_ICCPROFILE, &length, &profile) == 1 && profile)
-        picture.setColorSpace(QColorSpace::fromIccProfile(
-            QByteArray(static_cast<const char *>(profile), int(length))));
+    const QByteArray profile = profileIn(tiff);
+    const bool hasInks = layout.isForeign && !layout.isLab();
+    if (hasInks && !profile.isEmpty() && !colour_profile::fitsInkPixels(profile))
+        picture.warnings += true_colours::damagedProfileWarning();
+    if (layout.isForeign)
+        picture.image.setColorSpace(QColorSpace::SRgb);
+    else if (!profile.isEmpty())
+        picture.image.setColorSpace(QColorSpace::fromIccProfile(profile));
 }
 
 DecodedPicture read(TIFF *tiff, const Layout &layout, const ReadOptions &options)
@@ -186,8 +250,9 @@ DecodedPicture read(TIFF *tiff, const Layout &layout, const ReadOptions &options
     if (!readRows(tiff, layout, rows, format))
         return picture::failure(DecodeError::Damaged);
     applyResolution(tiff, rows.image());
-    applyColourProfile(tiff, rows.image());
-    return {rows.image(), DecodeError::None, {}};
+    DecodedPicture picture{std::move(rows.image()), DecodeError::None, {}};
+    applyColourProfile(tiff, layout, picture);
+    return picture;
 }
 
 bool isTiff(QFile &file)
@@ -212,7 +277,9 @@ std::optional<DecodedPicture> tiff_decoder::decode(QFile &file, const ReadOption
         file.seek(0);
         return std::nullopt; // Qt says what is wrong
     }
-    const Layout layout = layoutOf(tiff.get());
+    Layout layout = layoutOf(tiff.get());
+    layout.isForeign =
+        options.colours == ReadOptions::Colours::True && isForeign(tiff.get(), layout);
     if (layout.isFloating)
         return picture::unsupported(QStringLiteral("TIFF (floating-point numbers)"));
     if (!isOurs(layout)) {
