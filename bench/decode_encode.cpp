@@ -17,9 +17,8 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: decode_encode PICTURE... OUT.jpg\n");
         return 64;
     }
-    const auto decoded =
-        command_line::loadPictures(arguments.mid(1, arguments.size() - 2), kDefaultPixelLimit,
-                                   ReadOptions::Depth::Eight, [](int) {});
+    const auto decoded = command_line::loadPictures(arguments.mid(1, arguments.size() - 2),
+                                                    ReadOptions(), [](int) {});
     for (const DecodedPicture &picture : decoded) {
         if (picture.error != DecodeError::None)
             return 65;

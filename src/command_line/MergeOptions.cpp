@@ -1,6 +1,7 @@
 #include "MergeOptions.h"
 
 #include "MetadataOptions.h"
+#include "OutputOptions.h"
 #include "option_choice.h"
 #include "picture_arguments.h"
 
@@ -191,11 +192,14 @@ ParsedMergeOptions check(const MergeOptions &options)
                            .arg(fusion::kMostShots));
     if (options.output.isEmpty())
         return problem(QStringLiteral("merge: no output file given, name it with -o"));
-    if (!picture::formatOfSuffix(options.output))
+    if (!options.hasFormat && !picture::formatOfSuffix(options.output))
         return problem(
             QStringLiteral("unknown kind of output file, the name must end in .png, .jpg, .jpeg, "
                            ".tif or .tiff"),
             options.output);
+    if (options.isToStandardOutput() && (options.json || options.verbose))
+        return problem(
+            QStringLiteral("merge: --json and --verbose need standard output for themselves"));
     if (options.quality < 1 || options.quality > 100)
         return problem(QStringLiteral("merge: the quality must be a number from 1 to 100"));
     if (options.pixelLimit == 0)
@@ -231,6 +235,8 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
     ofFusion.addTo(parser);
     const MetadataOptions ofMetadata;
     ofMetadata.addTo(parser);
+    const OutputOptions ofOutput;
+    ofOutput.addTo(parser);
     if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words))
         return problem(QStringLiteral("merge: ") + parser.errorText());
     if (parser.values(output).size() > 1)
@@ -242,7 +248,7 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
     options.keepOrder = parser.isSet(keepOrder);
     options.pictures = inMergeOrder(parser.positionalArguments(), options.keepOrder);
     options.output = parser.value(output);
-    options.format = picture::formatOfSuffix(options.output).value_or(PictureFormat::Png);
+    QString wrong = ofOutput.read(parser, options);
     options.isQualityUnused = parser.isSet(quality) && options.format != PictureFormat::Jpeg;
     options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
     if (parser.isSet(megapixels))
@@ -251,12 +257,15 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
         options.device = parser.value(device);
     // Who names a device wants the mean: devices know no other, and all give the same pixels.
     const QString usual = parser.isSet(device) ? QStringLiteral("mean") : QStringLiteral("fusion");
-    QString wrong = readMethod(parser, parser.isSet(method) ? parser.value(method) : usual,
-                               parser.value(align), parser.isSet(noAlign), ofFusion, options);
+    if (wrong.isEmpty())
+        wrong = readMethod(parser, parser.isSet(method) ? parser.value(method) : usual,
+                           parser.value(align), parser.isSet(noAlign), ofFusion, options);
     if (wrong.isEmpty())
         wrong = ofFusion.read(parser, options);
     if (wrong.isEmpty())
         wrong = ofMetadata.read(parser, options);
+    if (wrong.isEmpty())
+        wrong = ofOutput.check(parser, options);
     if (!wrong.isEmpty())
         return problem(QStringLiteral("merge: ") + wrong);
     options.crop = parser.isSet(crop);

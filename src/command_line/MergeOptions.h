@@ -1,11 +1,14 @@
 #pragma once
 
+#include "colour_profile.h"
 #include "merge_job.h"
 #include "picture_decoder.h"
 #include "picture_writer.h"
 
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 enum class MergeMethod {
     Fusion, ///< exposure::merge
@@ -18,6 +21,12 @@ struct MergeOptions
     QStringList pictures; ///< in merge order, each file once
     QString output;
     PictureFormat format = PictureFormat::Png;
+    bool hasFormat = false; ///< it was named
+    int depth = 0;          ///< bits per channel, 8 or 16; 0: of the first picture
+    colour_profile::Space rawSpace = colour_profile::Space::Srgb;
+    std::optional<colour_profile::Space> outputSpace; ///< nothing: that of the pictures
+    TiffCompression tiffCompression = TiffCompression::Lzw;
+    int effort = 1; ///< to make files small, 1 to 9
     int quality = kDefaultQuality;
     bool isQualityUnused = false;           ///< given, but the format has none
     qint64 pixelLimit = kDefaultPixelLimit; ///< of each picture to merge
@@ -33,6 +42,8 @@ struct MergeOptions
     QString description;       ///< the options given, for the mark of the result
     bool json = false;
     bool verbose = false;
+
+    bool isToStandardOutput() const { return output == QLatin1String("-"); }
 };
 
 /// Options, or what is wrong with the words: file is the one concerned, or empty.

@@ -33,6 +33,16 @@ QJsonArray shiftsToJson(const MergeReport &report)
     return shifts;
 }
 
+QJsonArray conversionsToJson(const MergeReport &report)
+{
+    QJsonArray conversions;
+    for (const picture_set::Conversion &conversion : report.colours.conversions)
+        conversions.append(
+            QJsonObject{{QStringLiteral("picture"), report.inputs[conversion.picture]},
+                        {QStringLiteral("from"), conversion.from}});
+    return conversions;
+}
+
 QJsonObject timesToJson(const MergeReport::Times &times)
 {
     return {
@@ -50,6 +60,15 @@ QString pointToText(QPoint point)
 QString timeLine(const QString &step, qint64 milliseconds)
 {
     return QStringLiteral("%1 %2 ms\n").arg(step, -7).arg(milliseconds, 6);
+}
+
+QString conversionLines(const MergeReport &report)
+{
+    QString lines;
+    for (const picture_set::Conversion &conversion : report.colours.conversions)
+        lines += QStringLiteral("colours %1: converted from %2\n")
+                     .arg(report.inputs[conversion.picture], conversion.from);
+    return lines;
 }
 
 } // namespace
@@ -70,6 +89,8 @@ QString command_line::toJson(const MergeReport &report)
         {QStringLiteral("inputs"), QJsonArray::fromStringList(report.inputs)},
         {QStringLiteral("size"), sizeToJson(report.area.size())},
         {QStringLiteral("area"), areaToJson(report.area)},
+        {QStringLiteral("bitsPerChannel"), report.bitsPerChannel},
+        {QStringLiteral("colourSpace"), report.outputSpace},
         {QStringLiteral("aligned"), report.isAligned},
         {QStringLiteral("shifts"), shiftsToJson(report)},
         {QStringLiteral("largestFindableShift"), report.largestFindableShift},
@@ -79,6 +100,7 @@ QString command_line::toJson(const MergeReport &report)
         {QStringLiteral("output"), report.output},
     };
     if (!isMean) {
+        object.insert(QStringLiteral("converted"), conversionsToJson(report));
         object.insert(QStringLiteral("transforms"),
                       transformsToJson(report.inputs, report.fusion.transforms));
         object.insert(QStringLiteral("ghosts"), report.fusion.hasGhosts);
@@ -102,7 +124,8 @@ QString command_line::toLines(const MergeReport &report)
         lines += QStringLiteral("shift   %1: %2 from the picture before, %3 from the first\n")
                      .arg(report.inputs[static_cast<int>(i) + 1], pointToText(report.pairShifts[i]),
                           pointToText(report.summedShifts[i]));
-    return lines + transformLines(report.inputs, report.fusion.transforms) +
+    return lines + conversionLines(report) +
+           transformLines(report.inputs, report.fusion.transforms) +
            QStringLiteral("output  %1: %2 x %3 pixels")
                .arg(report.output)
                .arg(report.area.width())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MergeOptions.h"
+#include "picture_set.h"
 
 #include <QPoint>
 #include <QRect>
@@ -24,9 +25,12 @@ struct MergeReport
     };
 
     MergeMethod method = MergeMethod::Fusion;
-    QStringList inputs;      ///< in merge order
-    exposure::Report fusion; ///< without transforms unless the method is fusion
-    QString ghostMask;       ///< file; empty: none
+    QStringList inputs;            ///< in merge order
+    exposure::Report fusion;       ///< without transforms unless the method is fusion
+    QString ghostMask;             ///< file; empty: none
+    picture_set::OneSpace colours; ///< what was converted to the first picture's
+    QString outputSpace;           ///< what the output's profile calls itself
+    int bitsPerChannel = 8;        ///< of the output
     QString output;
     QString device; ///< name of the OpenCL device that merged; empty: the processor
     QSize inputSize;

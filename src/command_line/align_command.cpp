@@ -112,9 +112,12 @@ ExitCode Align::checkOutputs()
 
 ExitCode Align::decode()
 {
+    ReadOptions how;
+    how.pixelLimit = options.pixelLimit;
+    how.depth = ReadOptions::Depth::AsStored;
+    how.colours = ReadOptions::Colours::True;
     const ExitCode code = command_line::readPictures(
-        bar, kDecoded, {options.pictures, options.pixelLimit, ReadOptions::Depth::AsStored},
-        pictures);
+        bar, kDecoded, {options.pictures, options.pictures, how}, pictures);
     return code == ExitCode::Ok ? command_line::checkSizes(bar, options.pictures, pictures) : code;
 }
 

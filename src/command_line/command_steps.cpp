@@ -87,7 +87,7 @@ ExitCode command_line::readPictures(ProgressBar &bar, double share, const Pictur
     const LibraryMute mute;
     const qsizetype all = files.paths.size();
     const std::vector<DecodedPicture> decoded =
-        loadPictures(files.paths, files.pixelLimit, files.depth, [&](int count) {
+        loadPictures(files.paths, files.how, [&](int count) {
             bar.show(share * count / double(all), QStringLiteral("Reading"));
         });
     ExitCode first = ExitCode::Ok;
@@ -95,9 +95,11 @@ ExitCode command_line::readPictures(ProgressBar &bar, double share, const Pictur
         const DecodedPicture &picture = decoded[i];
         if (picture.error != DecodeError::None) {
             const ExitCode code =
-                refuse(bar, ::exitCodeOf(picture.error), files.paths[int(i)], picture.reason);
+                refuse(bar, ::exitCodeOf(picture.error), files.names[int(i)], picture.reason);
             first = first == ExitCode::Ok ? code : first;
         }
+        for (const QString &warning : picture.warnings)
+            refuse(bar, ExitCode::Ok, files.names[int(i)], QStringLiteral("warning: ") + warning);
         pictures.append(picture.image);
     }
     return first;

@@ -27,12 +27,12 @@ ExitCode checkTarget(ProgressBar &bar, const QString &path, bool mayReplace,
 struct PictureFiles
 {
     QStringList paths;
-    qint64 pixelLimit = kDefaultPixelLimit; ///< of each
-    ReadOptions::Depth depth = ReadOptions::Depth::Eight;
+    QStringList names; ///< that people know them by: the paths, or "-" for standard input
+    ReadOptions how;
 };
 
 /// Decodes them, upright, into `pictures`, while the bar goes from 0 to `share`. All that cannot be
-/// read are named; the code is that of the first.
+/// read, and what was wrong with others, are named; the code is that of the first failure.
 ExitCode readPictures(ProgressBar &bar, double share, const PictureFiles &files,
                       QList<QImage> &pictures);
 

@@ -1,9 +1,11 @@
 #include "merge_command.h"
 
+#include "ColourTransform.h"
 #include "MergeOptions.h"
 #include "MergeReport.h"
 #include "MetadataOptions.h"
 #include "ProgressBar.h"
+#include "UnnamedFile.h"
 #include "command_steps.h"
 #include "console.h"
 #include "file_names.h"
@@ -12,13 +14,18 @@
 #include "metadata_reader.h"
 #include "mtb_shifts.h"
 #include "opencl_devices.h"
+#include "picture_set.h"
 #include "transform_report.h"
 
+#include <QColorSpace>
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <memory>
 #include <new>
+
+#include <unistd.h>
 
 namespace {
 
@@ -26,6 +33,14 @@ namespace {
 constexpr double kDecoded = 0.3;
 constexpr double kAligned = 0.6;
 constexpr double kMerged = 0.7;
+
+/// The fusion has the depth of the deepest shot.
+void deepen(QList<QImage> &shots)
+{
+    const auto isDeep = [](const QImage &shot) { return shot.depth() == 64; };
+    if (std::none_of(shots.begin(), shots.end(), isDeep))
+        shots.first() = std::move(shots.first()).convertToFormat(QImage::Format_RGBX64);
+}
 
 /// One merge from the files to the file. The steps run in the order in which they stand here; each
 /// says what is wrong, if anything is.
@@ -43,6 +58,7 @@ public:
     ExitCode run();
 
 private:
+    ExitCode readStandardInput();
     ExitCode checkOutput();
     ExitCode checkTarget(const QString &path);
     ExitCode checkMetadataSource();
@@ -55,6 +71,11 @@ private:
     ExitCode fusePictures();
     ExitCode fusionFailure(exposure::Error error);
     void showFusion(exposure::Step step, double done);
+    ExitCode bringToOutputSpace();
+    ExitCode writeToStandardOutput(const WriteOptions &how);
+    void tellLosses(const WriteResult &result);
+    ReadOptions readOptions() const;
+    int bitsToWrite() const;
     ExitCode writeGhostMask();
     ExitCode crop();
     Metadata keptMetadata() const;
@@ -66,6 +87,9 @@ private:
     void tell();
 
     const MergeOptions &options;
+    QStringList files; ///< where the pictures are read; their names but for standard input
+    UnnamedFile standardInput;
+    bool isFirstDeep = false;      ///< the first picture has 16 bits per channel
     QList<QImage *> pictures;      ///< in merge order; owned
     cl_device_id device = nullptr; ///< null: the processor merges
     std::unique_ptr<QImage> merged;
@@ -100,6 +124,8 @@ ExitCode Merge::run()
     if (code == ExitCode::Ok)
         code = findDevice();
     if (code == ExitCode::Ok)
+        code = readStandardInput();
+    if (code == ExitCode::Ok)
         code = timed(&Merge::decode, times.decode);
     if (code == ExitCode::Ok)
         code = checkSizes();
@@ -110,6 +136,8 @@ ExitCode Merge::run()
         code = isMean ? mergePictures() : fusePictures();
     if (code == ExitCode::Ok && isMean && options.crop)
         code = crop();
+    if (code == ExitCode::Ok)
+        code = bringToOutputSpace();
     if (code == ExitCode::Ok)
         code = timed(&Merge::encode, times.encode);
     if (code == ExitCode::Ok && !options.ghostMask.isEmpty())
@@ -134,6 +162,11 @@ ExitCode Merge::checkOutput()
 
 ExitCode Merge::checkTarget(const QString &path)
 {
+    if (path == options.output && options.isToStandardOutput())
+        return console::isTerminal()
+                   ? refuse(ExitCode::Usage, {},
+                            QStringLiteral("standard output is a terminal, not for pictures"))
+                   : ExitCode::Ok;
     return command_line::checkTarget(bar, path, options.mayReplace, options.pictures);
 }
 
@@ -163,11 +196,40 @@ ExitCode Merge::findDevice()
                            QStringLiteral("no such OpenCL device, see 'veskhdr devices'"));
 }
 
+/// What comes as "-" becomes a file like the others.
+ExitCode Merge::readStandardInput()
+{
+    constexpr qint64 kMostPixelBytes = 16;
+    constexpr qint64 kMostMetadataBytes = 64 << 20;
+    files = options.pictures;
+    const auto place = files.indexOf(QStringLiteral("-"));
+    if (place < 0)
+        return ExitCode::Ok;
+    const qint64 most = options.pixelLimit * kMostPixelBytes + kMostMetadataBytes;
+    if (!standardInput.open() || !standardInput.fillFrom(STDIN_FILENO, most))
+        return refuse(ExitCode::NoInput, QStringLiteral("-"), standardInput.reason());
+    files[place] = standardInput.path();
+    return ExitCode::Ok;
+}
+
+/// The mean reads as the tool does, to the bit.
+ReadOptions Merge::readOptions() const
+{
+    ReadOptions how;
+    how.pixelLimit = options.pixelLimit;
+    if (options.method == MergeMethod::Mean)
+        return how;
+    how.depth = ReadOptions::Depth::AsStored;
+    how.colours = ReadOptions::Colours::True;
+    how.rawSpace = options.rawSpace;
+    return how;
+}
+
 ExitCode Merge::decode()
 {
     QList<QImage> decoded;
     const ExitCode code = command_line::readPictures(
-        bar, kDecoded, {options.pictures, options.pixelLimit, ReadOptions::Depth::Eight}, decoded);
+        bar, kDecoded, {files, options.pictures, readOptions()}, decoded);
     for (QImage &picture : decoded)
         pictures.append(new QImage(std::move(picture)));
     return code;
@@ -248,6 +310,12 @@ ExitCode Merge::fusePictures()
         shots += std::move(*picture);
     qDeleteAll(pictures);
     pictures.clear();
+    isFirstDeep = shots.first().depth() == 64;
+    report.colours = picture_set::bringToFirst(shots);
+    if (!report.colours.isMemoryShort && options.depth == 16)
+        deepen(shots);
+    if (report.colours.isMemoryShort || shots.first().isNull())
+        return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
     exposure::Control control;
     control.progress = [this](exposure::Step step, double done) { showFusion(step, done); };
     exposure::Outcome outcome = exposure::merge(std::move(shots), options.fusion, control);
@@ -307,8 +375,45 @@ Metadata Merge::keptMetadata() const
 {
     if (!options.keepsMetadata)
         return {};
-    const QString &reference = options.pictures[report.fusion.reference];
+    const QString &reference = files[report.fusion.reference];
     return metadata::read(options.metadataSource.isEmpty() ? reference : options.metadataSource);
+}
+
+ExitCode Merge::bringToOutputSpace()
+{
+    if (!options.outputSpace)
+        return ExitCode::Ok;
+    const auto outcome = ColourTransform::bring(*merged, colour_profile::of(*options.outputSpace));
+    return outcome != ColourTransform::Outcome::Failed
+               ? ExitCode::Ok
+               : refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
+}
+
+int Merge::bitsToWrite() const
+{
+    const bool isDeep = options.depth == 0 ? isFirstDeep : options.depth == 16;
+    return isDeep && options.format != PictureFormat::Jpeg ? 16 : 8;
+}
+
+/// By way of a file, as not all formats can be written from front to back.
+ExitCode Merge::writeToStandardOutput(const WriteOptions &how)
+{
+    UnnamedFile file;
+    if (!file.open())
+        return refuse(ExitCode::WriteFailed, options.output, file.reason());
+    const WriteResult result = picture::write(*merged, file.device(), options.format, how);
+    if (result.error != OutputFile::Error::None)
+        return refuse(command_line::exitCodeOf(result.error), options.output, result.reason);
+    tellLosses(result);
+    return file.copyTo(STDOUT_FILENO)
+               ? ExitCode::Ok
+               : refuse(ExitCode::WriteFailed, options.output, file.reason());
+}
+
+void Merge::tellLosses(const WriteResult &result)
+{
+    for (const QString &loss : result.leftOut)
+        refuse(ExitCode::Ok, options.output, QStringLiteral("warning: ") + loss);
 }
 
 ExitCode Merge::encode()
@@ -318,17 +423,23 @@ ExitCode Merge::encode()
     writeOptions.metadata = keptMetadata();
     writeOptions.mark = command_line::markOf(options);
     writeOptions.quality = options.quality;
+    writeOptions.bitsPerSample = bitsToWrite();
+    writeOptions.tiffCompression = options.tiffCompression;
+    writeOptions.effort = options.effort;
     writeOptions.mayReplace = options.mayReplace;
     writeOptions.progress = [this](double written) {
         bar.show(kMerged + (1 - kMerged) * written, QStringLiteral("Writing"));
     };
     writeOptions.temporaryName = interrupt::removeOnInterrupt;
+    report.bitsPerChannel = writeOptions.bitsPerSample;
+    report.outputSpace = colour_profile::nameOf(merged->colorSpace().iccProfile());
+    if (options.isToStandardOutput())
+        return writeToStandardOutput(writeOptions);
     const WriteResult result =
         picture::write(*merged, options.output, options.format, writeOptions);
     if (result.error != OutputFile::Error::None)
         return refuse(command_line::exitCodeOf(result.error), options.output, result.reason);
-    for (const QString &loss : result.leftOut)
-        refuse(ExitCode::Ok, options.output, QStringLiteral("warning: ") + loss);
+    tellLosses(result);
     return ExitCode::Ok;
 }
 
@@ -357,7 +468,7 @@ void Merge::tell()
         console::print(command_line::toJson(report));
     else if (options.verbose)
         console::print(command_line::toLines(report));
-    else if (console::isTerminal())
+    else if (console::isTerminal() && !options.isToStandardOutput())
         console::print(command_line::toSummary(report));
 }
 
@@ -379,66 +490,4 @@ ExitCode command_line::runMerge(const QStringList &words)
         console::complain(parsed.options.output, QStringLiteral("not enough memory"));
         return ExitCode::NoMemory;
     }
-}
-
-QString command_line::mergeHelp()
-{
-    return QStringLiteral(
-        R"(Usage: veskhdr merge [options] PICTURE... -o OUT
-
-Merges two or more pictures of one scene, taken at different exposures, into one
-well-exposed picture. All must have the same size. They are read upright, whatever
-their names end in, ordered by path, aligned, and fused: each part of the picture
-comes mostly from the shots that show it best, and what moved from one shot alone.
-
-Options:
-  -o, --output OUT  File to write: PNG, JPEG or TIFF by its suffix
-                    (.png .jpg .jpeg .tif .tiff)
-  --method HOW      "fusion", which is the default, or "mean": the weighted mean of
-                    the "Merge to HDR" tool, to the bit
-  --align HOW       "perspective" for hand-held shots, which is fusion's default;
-                    "shift" by whole pixels, which is the mean's, onto the first
-                    picture; "none" for shots from a tripod
-  --no-align        Short for --align none
-  --reference PICTURE
-                    Align to this one, and keep its metadata; otherwise to the one
-                    best exposed (fusion) or to the first (mean)
-  --ghosts HOW      What moved comes from one shot: "auto", which is the default,
-                    chooses it for each thing; a PICTURE is that shot; "off" blends
-  --ghost-mask FILE Write what moved, white on black
-  --exposure N      Brighten the result by so many stops, -4 to 4 (0)
-  --contrast N      Harden (up to 1) or soften (down to -1) it (0)
-  --saturation N    Colours from none (0) to vivid (3) (1)
-  --exposure-weight N, --contrast-weight N, --saturation-weight N
-                    How much a middle exposure (1), local contrast (1) and vivid
-                    colours (0) count in the fusion, 0 to 4
-  --metadata-from PICTURE
-                    Keep this picture's metadata instead of the reference's
-  --no-metadata     Keep none; only the result's own mark is written, without the
-                    names of the pictures
-  --keep-order      Keep the order given; the first picture is the one that
-                    "shift" aligns to
-  --crop            Cut to the area that every picture covers after aligning
-  --device NAME     Merge on that OpenCL device, see 'veskhdr devices', or on the
-                    "processor"; the pixels are the same. The method is the mean then
-  --quality N       JPEG quality, 1 to 100 (95); from 90 on at full colour resolution
-  --max-megapixels N
-                    Refuse larger pictures before taking memory for them (512)
-  --force           Replace OUT if it exists, but never one of the pictures
-  --json            Print what was done as one JSON object
-  --verbose         Print what was done as plain lines: times and shifts
-  --help            Show this text
-  --                What follows are pictures, even if it begins with "-"
-
-Exit codes:
-   0  the picture is written
-  64  wrong options or arguments, one picture only, unknown suffix of OUT
-  65  a file is no picture, damaged, too large, or of another size than the first
-  66  a picture is missing, is not a file, or must not be read
-  69  the OpenCL device is not there, or cannot merge these pictures
-  71  not enough memory
-  73  OUT exists already, or cannot be made
-  74  OUT or standard output could not be written to its end, e.g. the disk is full
-Unless the exit code is 0, nothing is written and what stood in OUT's place stays; only
-when standard output failed, as the message says, OUT is there.)");
 }

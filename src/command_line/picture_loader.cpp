@@ -16,13 +16,10 @@ DecodedPicture load(const QString &name, const ReadOptions &options)
 
 } // namespace
 
-std::vector<DecodedPicture> command_line::loadPictures(const QStringList &paths, qint64 pixelLimit,
-                                                       ReadOptions::Depth depth,
+std::vector<DecodedPicture> command_line::loadPictures(const QStringList &paths,
+                                                       const ReadOptions &options,
                                                        const std::function<void(int)> &onDecoded)
 {
-    ReadOptions options;
-    options.pixelLimit = pixelLimit;
-    options.depth = depth;
     std::vector<DecodedPicture> pictures(size_t(paths.size()));
     parallel::each(
         int(paths.size()), [&](int i) { pictures[size_t(i)] = load(paths[i], options); },

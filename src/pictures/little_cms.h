@@ -30,4 +30,14 @@ inline Profile open(const Context &context, const QByteArray &bytes)
             &cmsCloseProfile};
 }
 
+/// The profile's bytes; none when that fails, or it is null.
+inline QByteArray saved(const Profile &profile)
+{
+    cmsUInt32Number length = 0;
+    if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &length))
+        return {};
+    QByteArray bytes(qsizetype(length), '\0');
+    return cmsSaveProfileToMem(profile.get(), bytes.data(), &length) ? bytes : QByteArray();
+}
+
 } // namespace little_cms

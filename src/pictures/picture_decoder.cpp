@@ -1,6 +1,8 @@
 #include "picture_decoder.h"
 
+#include "avif_decoder.h"
 #include "jpeg_decoder.h"
+#include "jxl_decoder.h"
 #include "qt_decoder.h"
 #include "regular_file.h"
 #include "tiff_decoder.h"
@@ -20,6 +22,14 @@ DecodedPicture decodeOpen(QFile &file, const ReadOptions &options)
         return jpeg::decode(file, options);
     if (std::optional<DecodedPicture> decoded = tiff_decoder::decode(file, options))
         return *decoded;
+#ifdef VESK_WITH_AVIF
+    if (std::optional<DecodedPicture> decoded = avif_decoder::decode(file, options))
+        return *decoded;
+#endif
+#ifdef VESK_WITH_JXL
+    if (std::optional<DecodedPicture> decoded = jxl_decoder::decode(file, options))
+        return *decoded;
+#endif
     return qt_decoder::decode(file, options);
 }
 

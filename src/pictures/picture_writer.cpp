@@ -143,11 +143,12 @@ QString encode(const QImage &picture, PictureFormat format, const PictureMetadat
 {
     switch (format) {
     case PictureFormat::Png:
-        return png_file::encode(picture, metadata, device, options.progress);
+        return png_file::encode(picture, metadata, device, options.progress, options.effort);
     case PictureFormat::Jpeg:
         return jpeg_file::encode(picture, metadata, options.quality, device, options.progress);
     case PictureFormat::Tiff:
-        return tiff_file::encode(picture, metadata, device, options.progress);
+        return tiff_file::encode(picture, metadata, device, options.progress,
+                                 {options.tiffCompression, options.effort});
     }
     return {};
 }
@@ -180,5 +181,18 @@ WriteResult picture::write(const QImage &picture, const QString &path, PictureFo
                 {}};
     if (!output.publish())
         return {output.error(), output.reason(), {}};
+    return {OutputFile::Error::None, {}, metadata.leftOut};
+}
+
+WriteResult picture::write(const QImage &picture, QIODevice &device, PictureFormat format,
+                           const WriteOptions &options)
+{
+    const QImage words = encodable(picture, format, options.bitsPerSample);
+    if (words.isNull())
+        return {OutputFile::Error::WriteFailed, PictureEncoder::tr("not enough memory"), {}};
+    const Metadata metadata = metadataOf(picture, format, options);
+    const QString problem = encode(words, format, metadata.kept, options, device);
+    if (!problem.isEmpty())
+        return {OutputFile::Error::WriteFailed, problem, {}};
     return {OutputFile::Error::None, {}, metadata.leftOut};
 }

@@ -4,6 +4,7 @@
 #include "OutputFile.h"
 #include "PictureFormat.h"
 #include "ResultMark.h"
+#include "tiff_encoder.h"
 
 #include <QImage>
 #include <QString>
@@ -20,7 +21,9 @@ struct WriteOptions
     std::optional<ResultMark> mark; ///< of a merged picture; otherwise that in metadata stays
     int quality = kDefaultQuality;  ///< 1..100, JPEG only
     int bitsPerSample = 0;          ///< 8 or 16; 0: as many as the picture has; JPEG always has 8
-    bool mayReplace = false;        ///< an existing file of that name
+    TiffCompression tiffCompression = TiffCompression::Lzw;
+    int effort = 1;                       ///< of PNG and Deflate to make files small, 1 to 9
+    bool mayReplace = false;              ///< an existing file of that name
     std::function<void(double)> progress; ///< told how much is written, 0..1; may be empty
     OutputFile::TemporaryNameObserver temporaryName; ///< see OutputFile; may be empty
 };
@@ -43,6 +46,11 @@ bool hasTransparency(const QImage &picture);
 /// picture that has a pixel which is not opaque, and 16 bits per sample; JPEG files have neither,
 /// so there it is laid on white and rounded to 8 bits. Any thread, reentrant.
 WriteResult write(const QImage &picture, const QString &path, PictureFormat format,
+                  const WriteOptions &options);
+
+/// The same to a device that is open for reading and writing, and seekable. What options says of
+/// files has no effect.
+WriteResult write(const QImage &picture, QIODevice &device, PictureFormat format,
                   const WriteOptions &options);
 
 } // namespace picture

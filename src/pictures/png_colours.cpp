@@ -108,15 +108,6 @@ little_cms::Curve curveOf(const Chunks &chunks, const little_cms::Context &conte
             &cmsFreeToneCurve};
 }
 
-QByteArray saved(cmsHPROFILE profile)
-{
-    cmsUInt32Number length = 0;
-    if (!profile || !cmsSaveProfileToMem(profile, nullptr, &length))
-        return {};
-    QByteArray bytes(qsizetype(length), '\0');
-    return cmsSaveProfileToMem(profile, bytes.data(), &length) ? bytes : QByteArray();
-}
-
 /// White and the three primaries, x and y of each; sRGB's where the file says nothing.
 std::array<double, 8> coordinatesOf(const Chunks &chunks)
 {
@@ -133,18 +124,14 @@ QByteArray madeProfile(const Chunks &chunks)
     if (!context || !curve)
         return {};
     if (chunks.isGrey)
-        return saved(
-            little_cms::Profile(cmsCreateGrayProfileTHR(context.get(), cmsD50_xyY(), curve.get()),
-                                &cmsCloseProfile)
-                .get());
+        return little_cms::saved(
+            {cmsCreateGrayProfileTHR(context.get(), cmsD50_xyY(), curve.get()), &cmsCloseProfile});
     const std::array<double, 8> at = coordinatesOf(chunks);
     const cmsCIExyY white = {at[0], at[1], 1};
     const cmsCIExyYTRIPLE primaries = {{at[2], at[3], 1}, {at[4], at[5], 1}, {at[6], at[7], 1}};
     cmsToneCurve *const curves[] = {curve.get(), curve.get(), curve.get()};
-    return saved(
-        little_cms::Profile(cmsCreateRGBProfileTHR(context.get(), &white, &primaries, curves),
-                            &cmsCloseProfile)
-            .get());
+    return little_cms::saved(
+        {cmsCreateRGBProfileTHR(context.get(), &white, &primaries, curves), &cmsCloseProfile});
 }
 
 png_colours::Colours coloursOf(const Chunks &chunks)

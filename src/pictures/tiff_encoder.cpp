@@ -135,7 +135,21 @@ bool writeExif(TIFF *tiff, QIODevice &device, const ExifTags &exif)
     return true;
 }
 
-void setLayout(TIFF *tiff, const QImage &picture)
+void setCompression(TIFF *tiff, const tiff_file::Compression &compression)
+{
+    if (compression.kind == TiffCompression::None) {
+        TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE);
+        return;
+    }
+    const bool isDeflate = compression.kind == TiffCompression::Deflate;
+    TIFFSetField(tiff, TIFFTAG_COMPRESSION,
+                 isDeflate ? COMPRESSION_ADOBE_DEFLATE : COMPRESSION_LZW);
+    TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
+    if (isDeflate)
+        TIFFSetField(tiff, TIFFTAG_ZIPQUALITY, compression.effort);
+}
+
+void setLayout(TIFF *tiff, const QImage &picture, const tiff_file::Compression &compression)
 {
     const bool isPremultiplied =
         picture.pixelFormat().premultiplied() == QPixelFormat::Premultiplied;
@@ -149,8 +163,7 @@ void setLayout(TIFF *tiff, const QImage &picture)
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
     TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
     TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
-    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
-    TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
+    setCompression(tiff, compression);
     TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(tiff, 0));
 }
 
@@ -179,11 +192,12 @@ void setDatasets(TIFF *tiff, QByteArray datasets)
 }
 
 /// The camera's data come first, so that what the picture itself tells overrides them.
-bool setTags(TIFF *tiff, QIODevice &device, const QImage &picture, const PictureMetadata &metadata)
+bool setTags(TIFF *tiff, QIODevice &device, const QImage &picture, const PictureMetadata &metadata,
+             const tiff_file::Compression &compression)
 {
     if (!writeExif(tiff, device, metadata.exif))
         return false;
-    setLayout(tiff, picture);
+    setLayout(tiff, picture, compression);
     setResolution(tiff, picture);
     if (!metadata.colourProfile.isEmpty())
         TIFFSetField(tiff, TIFFTAG_ICCPROFILE, static_cast<uint32_t>(metadata.colourProfile.size()),
@@ -211,10 +225,10 @@ bool writeRows(TIFF *tiff, const QImage &picture, const EncodeProgress &progress
 } // namespace
 
 QString tiff_file::encode(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
-                          const EncodeProgress &progress)
+                          const EncodeProgress &progress, const Compression &compression)
 {
     const Tiff file = openTiff(device, metadata.exif);
-    if (file && setTags(file.get(), device, picture, metadata) &&
+    if (file && setTags(file.get(), device, picture, metadata, compression) &&
         writeRows(file.get(), picture, progress) && TIFFWriteDirectory(file.get()))
         return {};
     return PictureEncoder::tr("the TIFF file could not be written");

@@ -1,0 +1,94 @@
+#include "OutputOptions.h"
+
+#include "option_choice.h"
+
+namespace {
+
+using colour_profile::Space;
+using command_line::Choice;
+using command_line::chosen;
+
+constexpr Choice<PictureFormat> kFormats[] = {{"png", PictureFormat::Png},
+                                              {"jpeg", PictureFormat::Jpeg},
+                                              {"jpg", PictureFormat::Jpeg},
+                                              {"tiff", PictureFormat::Tiff},
+                                              {"tif", PictureFormat::Tiff}};
+constexpr Choice<Space> kSpaces[] = {{"srgb", Space::Srgb},
+                                     {"adobe", Space::AdobeRgb},
+                                     {"prophoto", Space::ProPhotoRgb},
+                                     {"p3", Space::DisplayP3}};
+constexpr Choice<TiffCompression> kCompressions[] = {{"none", TiffCompression::None},
+                                                     {"lzw", TiffCompression::Lzw},
+                                                     {"deflate", TiffCompression::Deflate}};
+
+} // namespace
+
+void OutputOptions::addTo(QCommandLineParser &parser) const
+{
+    parser.addOptions({format, depth, rawSpace, outputSpace, compression, effort});
+}
+
+QString OutputOptions::read(const QCommandLineParser &parser, MergeOptions &options) const
+{
+    QString problem = readFormat(parser, options);
+    if (problem.isEmpty())
+        problem = readSpaces(parser, options);
+    return problem.isEmpty() ? readNumbers(parser, options) : problem;
+}
+
+QString OutputOptions::readFormat(const QCommandLineParser &parser, MergeOptions &options) const
+{
+    const std::optional<PictureFormat> named = chosen(parser.value(format), kFormats);
+    if (parser.isSet(format) && !named)
+        return QStringLiteral("the format is png, jpeg or tiff");
+    if (!named && options.isToStandardOutput())
+        return QStringLiteral("standard output has no suffix, name its format with --format");
+    options.hasFormat = named.has_value();
+    options.format =
+        named.value_or(picture::formatOfSuffix(options.output).value_or(PictureFormat::Png));
+    return {};
+}
+
+QString OutputOptions::readSpaces(const QCommandLineParser &parser, MergeOptions &options) const
+{
+    const QString names = QStringLiteral("--%1 takes srgb, adobe, prophoto or p3");
+    const std::optional<Space> ofRaw = chosen(parser.value(rawSpace), kSpaces);
+    if (parser.isSet(rawSpace) && !ofRaw)
+        return names.arg(QStringLiteral("raw-space"));
+    options.rawSpace = ofRaw.value_or(Space::Srgb);
+    options.outputSpace = chosen(parser.value(outputSpace), kSpaces);
+    if (parser.isSet(outputSpace) && !options.outputSpace)
+        return names.arg(QStringLiteral("output-space"));
+    const std::optional<TiffCompression> kind = chosen(parser.value(compression), kCompressions);
+    if (parser.isSet(compression) && !kind)
+        return QStringLiteral("--tiff-compression takes none, lzw or deflate");
+    options.tiffCompression = kind.value_or(TiffCompression::Lzw);
+    return {};
+}
+
+QString OutputOptions::readNumbers(const QCommandLineParser &parser, MergeOptions &options) const
+{
+    options.depth = parser.value(depth).toInt();
+    if (parser.isSet(depth) && options.depth != 8 && options.depth != 16)
+        return QStringLiteral("--depth takes 8 or 16");
+    if (parser.isSet(effort))
+        options.effort = parser.value(effort).toInt();
+    return options.effort < 1 || options.effort > 9
+               ? QStringLiteral("--effort must be a number from 1 to 9")
+               : QString();
+}
+
+QString OutputOptions::check(const QCommandLineParser &parser, const MergeOptions &options) const
+{
+    if (options.depth == 16 && options.format == PictureFormat::Jpeg)
+        return QStringLiteral("JPEG files have 8 bits");
+    if (parser.isSet(compression) && options.format != PictureFormat::Tiff)
+        return QStringLiteral("--tiff-compression goes with TIFF files");
+    if (options.method == MergeMethod::Mean && options.depth == 16)
+        return QStringLiteral("the mean has 8 bits, --depth 16 goes with --method fusion");
+    const bool hasSpace = parser.isSet(rawSpace) || parser.isSet(outputSpace);
+    if (options.method == MergeMethod::Mean && hasSpace)
+        return QStringLiteral("--%1 goes with --method fusion")
+            .arg((parser.isSet(rawSpace) ? rawSpace : outputSpace).names().constFirst());
+    return {};
+}

@@ -1,0 +1,189 @@
+#include "avif_decoder.h"
+
+#include "cicp_profile.h"
+#include "parallel_rows.h"
+
+#include <QColorSpace>
+#include <QTransform>
+
+#include <algorithm>
+#include <memory>
+
+#include <avif/avif.h>
+
+namespace {
+
+using Decoder = std::unique_ptr<avifDecoder, decltype(&avifDecoderDestroy)>;
+
+/// Reads pieces of the device as the library asks for them.
+struct Source
+{
+    avifIO io = {};
+    QIODevice *device = nullptr;
+    QByteArray piece;
+};
+
+avifResult readPiece(avifIO *io, uint32_t, uint64_t offset, size_t size, avifROData *out)
+{
+    auto &source = *static_cast<Source *>(io->data);
+    const auto end = static_cast<uint64_t>(source.device->size());
+    if (offset > end)
+        return AVIF_RESULT_IO_ERROR;
+    const auto count = static_cast<qint64>(std::min<uint64_t>(size, end - offset));
+    if (!source.device->seek(static_cast<qint64>(offset)))
+        return AVIF_RESULT_IO_ERROR;
+    source.piece = source.device->read(count);
+    *out = {reinterpret_cast<const uint8_t *>(source.piece.constData()),
+            static_cast<size_t>(source.piece.size())};
+    return source.piece.size() == count ? AVIF_RESULT_OK : AVIF_RESULT_IO_ERROR;
+}
+
+void connect(Source &source, QIODevice &device)
+{
+    source.device = &device;
+    source.io.read = &readPiece;
+    source.io.sizeHint = static_cast<uint64_t>(device.size());
+    source.io.data = &source;
+}
+
+/// Of the file's first box, which lists what the file is.
+bool isAvif(QIODevice &file)
+{
+    constexpr qint64 kLongestList = 1024;
+    const QByteArray start = file.peek(kLongestList);
+    if (start.mid(4, 4) != "ftyp")
+        return false;
+    const avifROData bytes = {reinterpret_cast<const uint8_t *>(start.constData()),
+                              static_cast<size_t>(start.size())};
+    return avifPeekCompatibleFileType(&bytes);
+}
+
+Decoder newDecoder(Source &source, qint64 pixelLimit)
+{
+    Decoder decoder(avifDecoderCreate(), &avifDecoderDestroy);
+    if (!decoder)
+        return decoder;
+    decoder->maxThreads = parallel::threadCount();
+    decoder->imageSizeLimit =
+        static_cast<uint32_t>(std::min<qint64>(pixelLimit, AVIF_DEFAULT_IMAGE_SIZE_LIMIT));
+    decoder->strictFlags = AVIF_STRICT_DISABLED;
+    decoder->ignoreXMP = AVIF_TRUE;
+    avifDecoderSetIO(decoder.get(), &source.io);
+    return decoder;
+}
+
+QSize sizeOf(const avifImage &image)
+{
+    return {static_cast<int>(image.width), static_cast<int>(image.height)};
+}
+
+QImage::Format formatOf(const avifDecoder &decoder, ReadOptions::Depth depth)
+{
+    const bool isDeep = decoder.image->depth > 8 && depth == ReadOptions::Depth::AsStored;
+    if (decoder.alphaPresent)
+        return isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32;
+    return isDeep ? QImage::Format_RGBX64 : QImage::Format_RGB32;
+}
+
+/// The pixels, not turned; null when that fails.
+QImage pixelsOf(const avifDecoder &decoder, ReadOptions::Depth depth)
+{
+    QImage picture(sizeOf(*decoder.image), formatOf(decoder, depth));
+    if (picture.isNull())
+        return picture;
+    avifRGBImage words;
+    avifRGBImageSetDefaults(&words, decoder.image);
+    const bool isDeep = picture.depth() == 64;
+    words.depth = isDeep ? 16 : 8;
+    words.format = isDeep                            ? AVIF_RGB_FORMAT_RGBA
+                   : Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? AVIF_RGB_FORMAT_BGRA
+                                                     : AVIF_RGB_FORMAT_ARGB;
+    words.pixels = picture.bits();
+    words.rowBytes = static_cast<uint32_t>(picture.bytesPerLine());
+    return avifImageYUVToRGB(decoder.image, &words) == AVIF_RESULT_OK ? picture : QImage();
+}
+
+/// First turned against the clock, then mirrored: ISO/IEC 23000-22, 7.3.6.7.
+void turnUpright(const avifImage &image, QImage &picture)
+{
+    if (image.transformFlags & AVIF_TRANSFORM_IROT && image.irot.angle != 0)
+        picture = picture.transformed(QTransform().rotate(-90.0 * image.irot.angle));
+    if (!(image.transformFlags & AVIF_TRANSFORM_IMIR))
+        return;
+#if AVIF_VERSION_MAJOR >= 1
+    const bool isAcross = image.imir.axis == 1;
+#else
+    const bool isAcross = image.imir.mode == 1;
+#endif
+    picture = std::move(picture).mirrored(isAcross, !isAcross);
+}
+
+QByteArray profileOf(const avifImage &image)
+{
+    if (image.icc.size > 0)
+        return {reinterpret_cast<const char *>(image.icc.data),
+                static_cast<qsizetype>(image.icc.size)};
+    return cicp_profile::of(image.colorPrimaries, image.transferCharacteristics);
+}
+
+/// The size is within the caller's limit.
+DecodedPicture read(avifDecoder &decoder, const ReadOptions &options)
+{
+    const avifResult result = avifDecoderNextImage(&decoder);
+    if (result != AVIF_RESULT_OK)
+        return picture::failure(result == AVIF_RESULT_OUT_OF_MEMORY ? DecodeError::NoMemory
+                                                                    : DecodeError::Damaged);
+    DecodedPicture decoded;
+    decoded.image = pixelsOf(decoder, options.depth);
+    turnUpright(*decoder.image, decoded.image);
+    if (decoded.image.isNull())
+        return picture::failure(DecodeError::NoMemory, sizeOf(*decoder.image));
+    const QByteArray profile = profileOf(*decoder.image);
+    if (!profile.isEmpty())
+        decoded.image.setColorSpace(QColorSpace::fromIccProfile(profile));
+    return decoded;
+}
+
+DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
+{
+    Source source;
+    connect(source, file);
+    const Decoder decoder = newDecoder(source, options.pixelLimit);
+    if (!decoder)
+        return picture::failure(DecodeError::NoMemory);
+    const avifResult result = avifDecoderParse(decoder.get());
+    const avifImage &image = *decoder->image;
+    const bool isTooLarge = qint64(image.width) * image.height > options.pixelLimit;
+    if (isTooLarge)
+        return picture::failure(DecodeError::TooLarge, sizeOf(image));
+    if (result != AVIF_RESULT_OK)
+        return picture::failure(DecodeError::Damaged);
+    if (image.icc.size == 0 && cicp_profile::isHighRange(image.transferCharacteristics))
+        return picture::unsupported(QStringLiteral("AVIF (PQ or HLG)"));
+    return read(*decoder, options);
+}
+
+} // namespace
+
+std::optional<DecodedPicture> avif_decoder::decode(QFile &file, const ReadOptions &options)
+{
+    if (!isAvif(file))
+        return std::nullopt;
+    return decodeKnown(file, options);
+}
+
+QByteArray avif_decoder::exifIn(QIODevice &file)
+{
+    QByteArray block;
+    file.seek(0);
+    if (isAvif(file)) {
+        Source source;
+        connect(source, file);
+        const Decoder decoder = newDecoder(source, AVIF_DEFAULT_IMAGE_SIZE_LIMIT);
+        if (decoder && avifDecoderParse(decoder.get()) == AVIF_RESULT_OK)
+            block = QByteArray(reinterpret_cast<const char *>(decoder->image->exif.data),
+                               static_cast<qsizetype>(decoder->image->exif.size));
+    }
+    file.seek(0);
+    return block;
+}

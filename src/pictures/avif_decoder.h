@@ -1,0 +1,22 @@
+#pragma once
+
+#include "DecodedPicture.h"
+#include "ReadOptions.h"
+
+#include <QFile>
+
+#include <optional>
+
+namespace avif_decoder {
+
+/// As picture::decode(), for AVIF files of 8, 10 or 12 bits by libavif; nothing for all other
+/// files. Upright as the file's own properties say, with the profile that it holds or that its
+/// code points mean. Of sequences the first picture. Files that tell light beyond white (PQ, HLG)
+/// are refused as unsupported. file is open for reading. Any thread, several at once.
+std::optional<DecodedPicture> decode(QFile &file, const ReadOptions &options);
+
+/// The EXIF block of an AVIF file, without "Exif" in front; empty when there is none. file: open
+/// and seekable; is left at its start.
+QByteArray exifIn(QIODevice &file);
+
+} // namespace avif_decoder

@@ -1,0 +1,275 @@
+#include "jxl_decoder.h"
+
+#include "parallel_rows.h"
+
+#include <QColorSpace>
+#include <QtEndian>
+
+#include <atomic>
+#include <cstdlib>
+#include <memory>
+
+#include <jxl/decode.h>
+#include <jxl/version.h>
+
+namespace {
+
+using Decoder = std::unique_ptr<JxlDecoder, decltype(&JxlDecoderDestroy)>;
+
+void *allocate(void *isShort, size_t size)
+{
+    void *const memory = std::malloc(size);
+    if (!memory)
+        *static_cast<std::atomic<bool> *>(isShort) = true;
+    return memory;
+}
+
+void release(void *, void *memory)
+{
+    std::free(memory);
+}
+
+/// The library's work on the project's threads. Each has a number, and takes the next piece.
+JxlParallelRetCode runPieces(void *, void *opaque, JxlParallelRunInit init,
+                             JxlParallelRunFunction work, uint32_t begin, uint32_t end)
+{
+    const int threads = parallel::threadCount();
+    if (const JxlParallelRetCode code = init(opaque, static_cast<size_t>(threads)))
+        return code;
+    std::atomic<uint32_t> next = begin;
+    try {
+        parallel::each(threads, [&](int thread) {
+            for (uint32_t piece = next++; piece < end; piece = next++)
+                work(opaque, piece, static_cast<size_t>(thread));
+        });
+    } catch (const std::bad_alloc &) {
+        return JXL_PARALLEL_RET_RUNNER_ERROR;
+    }
+    return 0;
+}
+
+/// A decoder that reads a device piece by piece.
+class Reader
+{
+public:
+    explicit Reader(QIODevice &source)
+        : device(source)
+        , memory{&isMemoryShort, &allocate, &release}
+        , decoder(JxlDecoderCreate(&memory), &JxlDecoderDestroy)
+    {
+    }
+    Reader(const Reader &) = delete;
+    Reader &operator=(const Reader &) = delete;
+
+    bool begin(int events)
+    {
+        return decoder && JxlDecoderSubscribeEvents(get(), events) == JXL_DEC_SUCCESS;
+    }
+
+    /// The next event that is not about input. JXL_DEC_ERROR when the file ends before.
+    JxlDecoderStatus next()
+    {
+        while (true) {
+            const JxlDecoderStatus status = JxlDecoderProcessInput(get());
+            if (status != JXL_DEC_NEED_MORE_INPUT)
+                return status;
+            if (!feed())
+                return JXL_DEC_ERROR;
+        }
+    }
+
+    JxlDecoder *get() const { return decoder.get(); }
+    bool hasMemoryRunOut() const { return isMemoryShort || !decoder; }
+
+private:
+    bool feed()
+    {
+        constexpr qint64 kPieceBytes = 1 << 20;
+        const size_t left = JxlDecoderReleaseInput(get());
+        const QByteArray fresh = device.read(kPieceBytes);
+        piece = piece.right(static_cast<qsizetype>(left)) + fresh;
+        return !fresh.isEmpty() &&
+               JxlDecoderSetInput(get(), reinterpret_cast<const uint8_t *>(piece.constData()),
+                                  static_cast<size_t>(piece.size())) == JXL_DEC_SUCCESS;
+    }
+
+    QIODevice &device;
+    std::atomic<bool> isMemoryShort = false;
+    const JxlMemoryManager memory;
+    const Decoder decoder;
+    QByteArray piece;
+};
+
+bool isJxl(QIODevice &file)
+{
+    const QByteArray start = file.peek(12);
+    const JxlSignature signature = JxlSignatureCheck(
+        reinterpret_cast<const uint8_t *>(start.constData()), static_cast<size_t>(start.size()));
+    return signature == JXL_SIG_CODESTREAM || signature == JXL_SIG_CONTAINER;
+}
+
+/// One picture, event by event.
+class Picture
+{
+public:
+    Picture(QFile &file, const ReadOptions &readOptions)
+        : reader(file)
+        , options(readOptions)
+    {
+    }
+
+    DecodedPicture decode()
+    {
+        if (!reader.begin(JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING | JXL_DEC_FULL_IMAGE))
+            return picture::failure(DecodeError::NoMemory);
+        JxlDecoderSetParallelRunner(reader.get(), &runPieces, nullptr);
+        JxlDecoderSetUnpremultiplyAlpha(reader.get(), JXL_TRUE);
+        while (true) {
+            const JxlDecoderStatus event = reader.next();
+            if (event == JXL_DEC_FULL_IMAGE)
+                return finished();
+            const DecodedPicture refused = take(event);
+            if (refused.error != DecodeError::None)
+                return refused;
+        }
+    }
+
+private:
+    /// An error, or none to go on.
+    DecodedPicture take(JxlDecoderStatus event)
+    {
+        switch (event) {
+        case JXL_DEC_BASIC_INFO:
+            return takeInfo();
+        case JXL_DEC_COLOR_ENCODING:
+            return takeColours();
+        case JXL_DEC_NEED_IMAGE_OUT_BUFFER:
+            return giveBuffer();
+        default:
+            return failed();
+        }
+    }
+
+    DecodedPicture failed() const
+    {
+        return picture::failure(
+            reader.hasMemoryRunOut() ? DecodeError::NoMemory : DecodeError::Damaged, size);
+    }
+
+    DecodedPicture takeInfo()
+    {
+        if (JxlDecoderGetBasicInfo(reader.get(), &info) != JXL_DEC_SUCCESS)
+            return failed();
+        if (qint64(info.xsize) * info.ysize > options.pixelLimit)
+            return picture::failure(DecodeError::TooLarge,
+                                    {static_cast<int>(info.xsize), static_cast<int>(info.ysize)});
+        size = QSize(static_cast<int>(info.xsize), static_cast<int>(info.ysize));
+        return info.exponent_bits_per_sample > 0
+                   ? picture::unsupported(QStringLiteral("JPEG XL (floating-point numbers)"))
+                   : DecodedPicture();
+    }
+
+    DecodedPicture takeColours()
+    {
+        constexpr auto kPixels = JXL_COLOR_PROFILE_TARGET_DATA;
+        JxlColorEncoding colours = {};
+        size_t length = 0;
+#if JPEGXL_NUMERIC_VERSION < JPEGXL_COMPUTE_NUMERIC_VERSION(0, 9, 0)
+        const auto isTold =
+            JxlDecoderGetColorAsEncodedProfile(reader.get(), nullptr, kPixels, &colours);
+        const auto hasProfile =
+            JxlDecoderGetICCProfileSize(reader.get(), nullptr, kPixels, &length);
+        profile.resize(static_cast<qsizetype>(length));
+        const auto bytes = reinterpret_cast<uint8_t *>(profile.data());
+        if (hasProfile == JXL_DEC_SUCCESS)
+            JxlDecoderGetColorAsICCProfile(reader.get(), nullptr, kPixels, bytes, length);
+#else
+        const auto isTold = JxlDecoderGetColorAsEncodedProfile(reader.get(), kPixels, &colours);
+        const auto hasProfile = JxlDecoderGetICCProfileSize(reader.get(), kPixels, &length);
+        profile.resize(static_cast<qsizetype>(length));
+        const auto bytes = reinterpret_cast<uint8_t *>(profile.data());
+        if (hasProfile == JXL_DEC_SUCCESS)
+            JxlDecoderGetColorAsICCProfile(reader.get(), kPixels, bytes, length);
+#endif
+        const bool isHighRange =
+            isTold == JXL_DEC_SUCCESS && (colours.transfer_function == JXL_TRANSFER_FUNCTION_PQ ||
+                                          colours.transfer_function == JXL_TRANSFER_FUNCTION_HLG);
+        return isHighRange ? picture::unsupported(QStringLiteral("JPEG XL (PQ or HLG)"))
+                           : DecodedPicture();
+    }
+
+    DecodedPicture giveBuffer()
+    {
+        const bool isDeep =
+            info.bits_per_sample > 8 && options.depth == ReadOptions::Depth::AsStored;
+        const bool hasAlpha = info.alpha_bits > 0;
+        image =
+            QImage(size, isDeep ? (hasAlpha ? QImage::Format_RGBA64 : QImage::Format_RGBX64)
+                                : (hasAlpha ? QImage::Format_RGBA8888 : QImage::Format_RGBX8888));
+        if (image.isNull())
+            return picture::failure(DecodeError::NoMemory, size);
+        const JxlPixelFormat layout = {4, isDeep ? JXL_TYPE_UINT16 : JXL_TYPE_UINT8,
+                                       JXL_NATIVE_ENDIAN, 0};
+        const auto bytes = static_cast<size_t>(image.sizeInBytes());
+        return JxlDecoderSetImageOutBuffer(reader.get(), &layout, image.bits(), bytes) ==
+                       JXL_DEC_SUCCESS
+                   ? DecodedPicture()
+                   : failed();
+    }
+
+    DecodedPicture finished()
+    {
+        if (image.depth() == 32)
+            image = std::move(image).convertToFormat(info.alpha_bits > 0 ? QImage::Format_ARGB32
+                                                                         : QImage::Format_RGB32);
+        if (image.isNull())
+            return picture::failure(DecodeError::NoMemory, size);
+        if (!profile.isEmpty())
+            image.setColorSpace(QColorSpace::fromIccProfile(profile));
+        return {image, DecodeError::None, {}};
+    }
+
+    Reader reader;
+    const ReadOptions &options;
+    JxlBasicInfo info = {};
+    QSize size;
+    QByteArray profile;
+    QImage image;
+};
+
+} // namespace
+
+std::optional<DecodedPicture> jxl_decoder::decode(QFile &file, const ReadOptions &options)
+{
+    if (!isJxl(file))
+        return std::nullopt;
+    file.seek(0);
+    return Picture(file, options).decode();
+}
+
+QByteArray jxl_decoder::exifIn(QIODevice &file)
+{
+    constexpr qint64 kHeaderBytes = 8;
+    constexpr qint64 kOffsetBytes = 4;
+    constexpr qint64 kLargestBlock = 16 << 20;
+    QByteArray block;
+    file.seek(0);
+    const bool isContainer = isJxl(file) && file.peek(8).endsWith("JXL ");
+    // Boxes are: length, name, the rest; a length of 1 is followed by a longer one.
+    while (isContainer && block.isEmpty()) {
+        const QByteArray head = file.read(kHeaderBytes);
+        if (head.size() < kHeaderBytes)
+            break;
+        qint64 length = qFromBigEndian<quint32>(head.constData()) - kHeaderBytes;
+        if (length == 1 - kHeaderBytes)
+            length = qint64(qFromBigEndian<quint64>(file.read(8).constData())) - 2 * kHeaderBytes;
+        if (length < 0 || length > file.size() - file.pos())
+            break;
+        if (head.endsWith("Exif") && length > kOffsetBytes && length <= kLargestBlock)
+            block = file.read(length).mid(kOffsetBytes);
+        else
+            file.seek(file.pos() + length);
+    }
+    file.seek(0);
+    return block;
+}

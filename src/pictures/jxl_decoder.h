@@ -1,0 +1,22 @@
+#pragma once
+
+#include "DecodedPicture.h"
+#include "ReadOptions.h"
+
+#include <QFile>
+
+#include <optional>
+
+namespace jxl_decoder {
+
+/// As picture::decode(), for JPEG XL files of whole numbers by libjxl; nothing for all other files.
+/// Upright, with the profile of the pixels as they are decoded. Of animations the first picture.
+/// Files of floating-point numbers, and those that tell light beyond white (PQ, HLG), are refused
+/// as unsupported. file is open for reading. Any thread, several at once.
+std::optional<DecodedPicture> decode(QFile &file, const ReadOptions &options);
+
+/// The EXIF block of a JPEG XL file, without "Exif" in front; empty when there is none, or only a
+/// compressed one. file: open and seekable; is left at its start.
+QByteArray exifIn(QIODevice &file);
+
+} // namespace jxl_decoder
