@@ -58,14 +58,12 @@ bool isAvif(QIODevice &file)
     return avifPeekCompatibleFileType(&bytes);
 }
 
-Decoder newDecoder(Source &source, qint64 pixelLimit)
+Decoder newDecoder(Source &source)
 {
     Decoder decoder(avifDecoderCreate(), &avifDecoderDestroy);
     if (!decoder)
         return decoder;
     decoder->maxThreads = parallel::threadCount();
-    decoder->imageSizeLimit =
-        static_cast<uint32_t>(std::min<qint64>(pixelLimit, AVIF_DEFAULT_IMAGE_SIZE_LIMIT));
     decoder->strictFlags = AVIF_STRICT_DISABLED;
     decoder->ignoreXMP = AVIF_TRUE;
     avifDecoderSetIO(decoder.get(), &source.io);
@@ -148,16 +146,15 @@ DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
 {
     Source source;
     connect(source, file);
-    const Decoder decoder = newDecoder(source, options.pixelLimit);
+    const Decoder decoder = newDecoder(source);
     if (!decoder)
         return picture::failure(DecodeError::NoMemory);
-    const avifResult result = avifDecoderParse(decoder.get());
-    const avifImage &image = *decoder->image;
-    const bool isTooLarge = qint64(image.width) * image.height > options.pixelLimit;
-    if (isTooLarge)
-        return picture::failure(DecodeError::TooLarge, sizeOf(image));
-    if (result != AVIF_RESULT_OK)
+    // Takes no memory for pixels. The library's own limit is 268 megapixels.
+    if (avifDecoderParse(decoder.get()) != AVIF_RESULT_OK)
         return picture::failure(DecodeError::Damaged);
+    const avifImage &image = *decoder->image;
+    if (qint64(image.width) * image.height > options.pixelLimit)
+        return picture::failure(DecodeError::TooLarge, sizeOf(image));
     if (image.icc.size == 0 && cicp_profile::isHighRange(image.transferCharacteristics))
         return picture::unsupported(QStringLiteral("AVIF (PQ or HLG)"));
     return read(*decoder, options);
@@ -179,7 +176,7 @@ QByteArray avif_decoder::exifIn(QIODevice &file)
     if (isAvif(file)) {
         Source source;
         connect(source, file);
-        const Decoder decoder = newDecoder(source, AVIF_DEFAULT_IMAGE_SIZE_LIMIT);
+        const Decoder decoder = newDecoder(source);
         if (decoder && avifDecoderParse(decoder.get()) == AVIF_RESULT_OK)
             block = QByteArray(reinterpret_cast<const char *>(decoder->image->exif.data),
                                static_cast<qsizetype>(decoder->image->exif.size));

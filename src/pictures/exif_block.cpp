@@ -1,6 +1,8 @@
 #include "exif_block.h"
 
 #include "FileParts.h"
+#include "avif_decoder.h"
+#include "jxl_decoder.h"
 
 namespace {
 
@@ -29,12 +31,28 @@ QByteArray withoutSignature(const QByteArray &bytes)
     return block.size() >= kSmallestBlock ? block : QByteArray();
 }
 
+/// By the libraries that read them.
+QByteArray blockInModern([[maybe_unused]] QIODevice &file)
+{
+    QByteArray block;
+#ifdef VESK_WITH_AVIF
+    block = avif_decoder::exifIn(file);
+#endif
+#ifdef VESK_WITH_JXL
+    if (block.isEmpty())
+        block = jxl_decoder::exifIn(file);
+#endif
+    return withoutSignature(block);
+}
+
 } // namespace
 
 QByteArray exif::blockIn(QIODevice &file)
 {
     QByteArray block;
     FileParts parts(file);
+    if (parts.kind() == FileParts::Kind::Other)
+        block = blockInModern(file);
     while (parts.next()) {
         if (!isExif(parts))
             continue;

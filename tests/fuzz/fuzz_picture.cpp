@@ -58,6 +58,9 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     options.depth = ReadOptions::Depth::AsStored;
     options.side = 16;
     requireSound(picture::decode(file.path(), options));
+    options.side = 0;
+    options.colours = ReadOptions::Colours::True;
+    requireSound(picture::decode(file.path(), options));
     const ExifTags tags = exif::read(file.path());
     const QImage picture(3, 2, QImage::Format_RGB32);
     const exif::Adapted kept = exif::forUprightPicture(tags, picture, exif::kLargestJpegBlock);

@@ -2,7 +2,9 @@
 // Everything is made here; the same version of the libraries gives the same files.
 
 #include "VeskEnDecodeTool.h"
+#include "coloured_files.h"
 #include "dng_writer.h"
+#include "modern_files.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -75,6 +77,51 @@ QByteArray gif()
     return QByteArray(kBytes, sizeof(kBytes) - 1);
 }
 
+/// Inks, Lab, and what PNG files say of their colours.
+void addColouredPictures(const Folder &folder)
+{
+    const QByteArray numbers(9 * 7 * 4 * 2, '\x5A');
+    const QByteArray profile = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
+    folder.add(QStringLiteral("inks.jpeg"),
+               coloured_files::made(coloured_files::Jpeg{{9, 7}, 4, numbers, profile, {}, true}));
+    const auto tiff = [&](int photometric, int bits, int channels) {
+        return coloured_files::made(
+            coloured_files::Tiff{{9, 7}, photometric, bits, channels, numbers, profile});
+    };
+    constexpr int kSeparated = 5;
+    constexpr int kCieLab = 8;
+    constexpr int kIccLab = 9;
+    folder.add(QStringLiteral("inks.tiff"), tiff(kSeparated, 8, 4));
+    folder.add(QStringLiteral("deep_inks.tiff"), tiff(kSeparated, 16, 4));
+    folder.add(QStringLiteral("lab.tiff"), tiff(kCieLab, 8, 3));
+    folder.add(QStringLiteral("deep_lab.tiff"), tiff(kIccLab, 16, 3));
+    const QByteArray png = encoded(gradient({5, 4}, QImage::Format_RGB32), "png");
+    const QByteArray gamma = coloured_files::chunk("gAMA", QByteArray("\0\0\xB1\x8F", 4));
+    const QByteArray primaries = coloured_files::chunk("cHRM", QByteArray(32, '\x11'));
+    folder.add(QStringLiteral("gamma.png"), coloured_files::withChunks(png, {gamma, primaries}));
+    folder.add(QStringLiteral("icc.png"),
+               coloured_files::withChunks(png, {coloured_files::profileChunk(profile)}));
+}
+
+void addModernPictures([[maybe_unused]] const Folder &folder)
+{
+#ifdef VESK_HAS_MODERN_FILES
+    modern_files::Recipe recipe;
+    recipe.picture = gradient({19, 11}, QImage::Format_RGB32);
+    folder.add(QStringLiteral("colour.avif"), modern_files::avif(recipe));
+    folder.add(QStringLiteral("colour.jxl"), modern_files::jxl(recipe));
+    recipe.picture = gradient({9, 7}, QImage::Format_RGBA64);
+    recipe.bits = 10;
+    recipe.exif = exifSegment(6).mid(10);
+    recipe.profile = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
+    recipe.quarterTurns = 1;
+    recipe.mirror = 1;
+    recipe.orientation = 6;
+    folder.add(QStringLiteral("deep.avif"), modern_files::avif(recipe));
+    folder.add(QStringLiteral("deep.jxl"), modern_files::jxl(recipe));
+#endif
+}
+
 void addPictures(const QString &parent)
 {
     const Folder folder(parent, QStringLiteral("picture"));
@@ -106,6 +153,8 @@ void addPictures(const QString &parent)
     colour.setColorSpace(QColorSpace(QColorSpace::DisplayP3));
     folder.add(QStringLiteral("profile.jpeg"), encoded(colour, "jpeg"));
     folder.add(QStringLiteral("profile.png"), encoded(colour, "png"));
+    addColouredPictures(folder);
+    addModernPictures(folder);
 }
 
 void addRawFiles(const QString &parent)
@@ -151,6 +200,9 @@ void addArguments(const QString &parent)
                "--no-align\n--crop\n--quality\n90\n--json\nb\na\n--output=x.tif\n--force");
     folder.add(QStringLiteral("order"), "--keep-order\n--verbose\nz\ny\nz\n-ojpeg.jpeg");
     folder.add(QStringLiteral("dashes"), "-o\nx.jpg\n--\n-a\n--b\n--");
+    folder.add(QStringLiteral("colours"),
+               "--depth\n16\n--raw-space\np3\n--output-space\nadobe\n--effort\n9\n-\na\n-o\n-\n"
+               "--format\ntiff\n--tiff-compression\nnone");
     folder.add(QStringLiteral("others"), "--device\n1\n--max-megapixels\n12\na\nb\n-o\nc.png");
 }
 

@@ -222,15 +222,19 @@ private slots:
         row("HEIC", QByteArray("\0\0\0\x18"
                                "ftypmif1\0\0\0\0mif1heic",
                                24));
+#ifndef VESK_WITH_AVIF
         row("AVIF", QByteArray("\0\0\0\x18"
                                "ftypavif\0\0\0\0mif1avif",
                                24));
         row("AVIF", QByteArray("\0\0\0\x18"
                                "ftypmif1\0\0\0\0mif1avif",
                                24));
+#endif
         row("JPEG 2000", QByteArray("\0\0\0\x0CjP  \r\n\x87\n", 12));
         row("JPEG 2000", "\xFF\x4F\xFF\x51");
+#ifndef VESK_WITH_JXL
         row("JPEG XL", QByteArray("\0\0\0\x0CJXL \r\n\x87\n", 12));
+#endif
         row("PSD", QByteArray("8BPS\0\1", 6));
         row("OpenEXR", "\x76\x2F\x31\x01");
     }

@@ -1,0 +1,284 @@
+#include "ExifTags.h"
+#include "colour_profile.h"
+#include "exif_metadata.h"
+#include "modern_files.h"
+#include "picture_makers.h"
+#include "picture_reader.h"
+#include "test_colours.h"
+
+#include <QColorSpace>
+#include <QRandomGenerator>
+#include <QRgba64>
+#include <QTransform>
+#include <QtTest>
+
+using namespace makers;
+using colour_profile::Space;
+using modern_files::Recipe;
+
+namespace {
+
+ReadOptions deep()
+{
+    ReadOptions options;
+    options.depth = ReadOptions::Depth::AsStored;
+    options.colours = ReadOptions::Colours::True;
+    return options;
+}
+
+/// All levels that so many bits have, and more, in another order in each channel.
+QImage ramp(int bits, QImage::Format format)
+{
+    QImage picture(256, 256, QImage::Format_RGBA64);
+    const int most = (1 << bits) - 1;
+    const auto level = [=](int number) {
+        return quint16((quint64(number & most) * 65535 + quint64(most) / 2) / quint64(most));
+    };
+    for (int y = 0; y < 256; ++y) {
+        auto *row = reinterpret_cast<QRgba64 *>(picture.scanLine(y));
+        for (int x = 0; x < 256; ++x)
+            row[x] = QRgba64::fromRgba64(level(y * 256 + x), level(x * 256 + y), level(x * y),
+                                         level(0xFFFF - 3 * y));
+    }
+    return picture.convertToFormat(format);
+}
+
+int worstDifference(const QImage &one, const QImage &other)
+{
+    const QImage left = one.convertToFormat(QImage::Format_RGBA64);
+    const QImage right = other.convertToFormat(QImage::Format_RGBA64);
+    int worst = left.size() == right.size() ? 0 : 0x10000;
+    for (int y = 0; y < left.height() && worst < 0x10000; ++y) {
+        const auto *a = reinterpret_cast<const quint16 *>(left.constScanLine(y));
+        const auto *b = reinterpret_cast<const quint16 *>(right.constScanLine(y));
+        for (int i = 0; i < 4 * left.width(); ++i)
+            worst = std::max(worst, std::abs(int(a[i]) - int(b[i])));
+    }
+    return worst;
+}
+
+QByteArray made(const QByteArray &kind, const Recipe &recipe)
+{
+    return kind == "AVIF" ? modern_files::avif(recipe) : modern_files::jxl(recipe);
+}
+
+} // namespace
+
+/// AVIF and JPEG XL files, known by their content.
+class TestModernFormats : public QObject
+{
+    Q_OBJECT
+
+private:
+    const Folder folder;
+
+    DecodedPicture readBytes(const QByteArray &bytes, const ReadOptions &options = deep()) const
+    {
+        return picture::read(folder.save(QStringLiteral("picture.jpg"), bytes), options);
+    }
+
+    void eachKind() const
+    {
+        QTest::addColumn<QByteArray>("kind");
+        QTest::newRow("AVIF") << QByteArray("AVIF");
+        QTest::newRow("JPEG XL") << QByteArray("JPEG XL");
+    }
+
+private slots:
+    void initTestCase() { QVERIFY(folder.isValid()); }
+
+    void read_anyDepth_keepsEveryLevel_data()
+    {
+        QTest::addColumn<QByteArray>("kind");
+        QTest::addColumn<int>("bits");
+        QTest::addColumn<bool>("hasAlpha");
+        for (const int bits : {8, 10, 12, 16}) {
+            for (const bool hasAlpha : {false, true}) {
+                const char *alpha = hasAlpha ? " with alpha" : "";
+                if (bits < 16)
+                    QTest::addRow("AVIF, %d bits%s", bits, alpha)
+                        << QByteArray("AVIF") << bits << hasAlpha;
+                QTest::addRow("JPEG XL, %d bits%s", bits, alpha)
+                    << QByteArray("JPEG XL") << bits << hasAlpha;
+            }
+        }
+    }
+
+    void read_anyDepth_keepsEveryLevel()
+    {
+        QFETCH(QByteArray, kind);
+        QFETCH(int, bits);
+        QFETCH(bool, hasAlpha);
+        Recipe recipe;
+        recipe.bits = bits;
+        recipe.picture = ramp(bits, hasAlpha ? QImage::Format_RGBA64 : QImage::Format_RGBX64);
+        const QByteArray file = made(kind, recipe);
+        QVERIFY(!file.isEmpty());
+        const DecodedPicture picture = readBytes(file);
+        const bool isDeep = bits > 8;
+        QCOMPARE(picture.error, DecodeError::None);
+        QCOMPARE(picture.image.format(),
+                 isDeep ? (hasAlpha ? QImage::Format_RGBA64 : QImage::Format_RGBX64)
+                        : (hasAlpha ? QImage::Format_ARGB32 : QImage::Format_RGB32));
+        const int worst = worstDifference(picture.image, recipe.picture);
+        QVERIFY2(worst <= 1, qPrintable(QString::number(worst)));
+
+        const DecodedPicture flat = readBytes(file, ReadOptions());
+        QCOMPARE(flat.image.depth(), 32);
+        QVERIFY(worstDifference(flat.image, recipe.picture) <= 257);
+    }
+
+    void read_profile_isThatOfTheFile_data() { eachKind(); }
+
+    void read_profile_isThatOfTheFile()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = test_colours::softScene(40, 30);
+        recipe.bits = 12;
+        recipe.profile = colour_profile::of(Space::AdobeRgb);
+        QCOMPARE(readBytes(made(kind, recipe)).image.colorSpace().iccProfile(), recipe.profile);
+
+        recipe.profile.clear();
+        recipe.primaries = 12;
+        recipe.picture =
+            test_colours::brought(recipe.picture, colour_profile::of(Space::DisplayP3));
+        const DecodedPicture byCode = readBytes(made(kind, recipe));
+        QVERIFY(byCode.warnings.isEmpty());
+        const double difference =
+            test_colours::meanDifference(byCode.image, test_colours::softScene(40, 30));
+        qInfo("mean CIEDE2000 %.3f", difference);
+        QVERIFY(difference < 0.1);
+    }
+
+    void read_standardColours_needNoConversion_data() { eachKind(); }
+
+    void read_standardColours_needNoConversion()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = test_colours::softScene(40, 30);
+        const DecodedPicture picture = readBytes(made(kind, recipe));
+        QVERIFY(test_colours::meanDifference(picture.image, recipe.picture) < 0.3);
+    }
+
+    void read_avifTurned_isUpright_data()
+    {
+        QTest::addColumn<int>("turns");
+        QTest::addColumn<int>("mirror");
+        for (const int turns : {0, 1, 2, 3}) {
+            for (const int mirror : {-1, 0, 1})
+                QTest::addRow("%d, %d", turns, mirror) << turns << mirror;
+        }
+    }
+
+    void read_avifTurned_isUpright()
+    {
+        QFETCH(int, turns);
+        QFETCH(int, mirror);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.quarterTurns = turns;
+        recipe.mirror = mirror;
+        QImage expected = recipe.picture.transformed(QTransform().rotate(-90.0 * turns));
+        if (mirror >= 0)
+            expected = expected.mirrored(mirror == 1, mirror == 0);
+        QCOMPARE(readBytes(modern_files::avif(recipe)).image, expected);
+    }
+
+    void read_jxlTurned_isUpright()
+    {
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.orientation = 6;
+        const DecodedPicture turned = readBytes(modern_files::jxl(recipe));
+        QCOMPARE(turned.image.size(), QSize(23, 37));
+        QCOMPARE(turned.image.format(), QImage::Format_RGB32);
+        QCOMPARE(worstDifference(turned.image, recipe.picture.transformed(QTransform().rotate(90))),
+                 0);
+    }
+
+    void exif_inFile_isFound_data() { eachKind(); }
+
+    void exif_inFile_isFound()
+    {
+        QFETCH(QByteArray, kind);
+        ExifTags tags;
+        tags.setText(ExifTags::Directory::Picture, ExifTags::Model, "Test Camera");
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.exif = tags.block();
+        const QString path = folder.save(QStringLiteral("picture"), made(kind, recipe));
+        QCOMPARE(exif::read(path).text(ExifTags::Directory::Picture, ExifTags::Model),
+                 QStringLiteral("Test Camera"));
+    }
+
+    void read_tooManyPixels_areRefused_data() { eachKind(); }
+
+    void read_tooManyPixels_areRefused()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        ReadOptions options = deep();
+        options.pixelLimit = 37 * 23 - 1;
+        const QByteArray file = made(kind, recipe);
+        const DecodedPicture refused = readBytes(file, options);
+        QCOMPARE(refused.error, DecodeError::TooLarge);
+        QVERIFY(refused.reason.contains("37 x 23"));
+        options.pixelLimit = 37 * 23;
+        QCOMPARE(readBytes(file, options).error, DecodeError::None);
+    }
+
+    void read_lightBeyondWhite_isRefused_data() { eachKind(); }
+
+    void read_lightBeyondWhite_isRefused()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.bits = 10;
+        recipe.transfer = 16;
+        const DecodedPicture refused = readBytes(made(kind, recipe));
+        QCOMPARE(refused.error, DecodeError::Unsupported);
+        QVERIFY(refused.reason.startsWith(QString::fromLatin1(kind) + " (PQ or HLG)"));
+    }
+
+    void read_cutAnywhere_isRefused_data() { eachKind(); }
+
+    void read_cutAnywhere_isRefused()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.bits = 10;
+        const QByteArray file = made(kind, recipe);
+        for (qsizetype length = 64; length < file.size() - 1; length += 13) {
+            const DecodedPicture refused = readBytes(file.left(length));
+            QVERIFY2(refused.image.isNull(), qPrintable(QString::number(length)));
+            QCOMPARE(refused.error, DecodeError::Damaged);
+        }
+    }
+
+    void read_anyByteDamaged_isSafe_data() { eachKind(); }
+
+    void read_anyByteDamaged_isSafe()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        const QByteArray file = made(kind, recipe);
+        ReadOptions options = deep();
+        options.pixelLimit = 1000 * 1000;
+        QRandomGenerator random(3);
+        for (int i = 0; i < 300; ++i) {
+            QByteArray changed = file;
+            changed[random.bounded(int(file.size()))] = char(random.bounded(256));
+            const DecodedPicture picture = readBytes(changed, options);
+            QCOMPARE(picture.image.isNull(), picture.error != DecodeError::None);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestModernFormats)
+#include "tst_modern_formats.moc"
