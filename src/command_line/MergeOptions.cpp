@@ -210,68 +210,96 @@ ParsedMergeOptions check(const MergeOptions &options)
     return {options, {}, {}};
 }
 
+/// The options that every merge has.
+struct UsualOptions
+{
+    void addTo(QCommandLineParser &parser) const
+    {
+        parser.addOptions({output, quality, megapixels, device, method, align, noAlign, keepOrder,
+                           crop, force, json, verbose});
+    }
+
+    /// What is wrong with the words themselves, or nothing.
+    QString check(const QCommandLineParser &parser) const
+    {
+        if (parser.values(output).size() > 1)
+            return QStringLiteral("more than one output file given");
+        if (parser.isSet(device) && parser.value(device).isEmpty())
+            return QStringLiteral("the device must be a name, see 'veskhdr devices'");
+        return {};
+    }
+
+    void read(const QCommandLineParser &parser, MergeOptions &options) const
+    {
+        options.keepOrder = parser.isSet(keepOrder);
+        options.pictures =
+            command_line::inMergeOrder(parser.positionalArguments(), options.keepOrder);
+        options.output = parser.value(output);
+        options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
+        if (parser.isSet(megapixels))
+            options.pixelLimit = command_line::pixelLimitOf(parser.value(megapixels));
+        if (parser.value(device) != QLatin1String("processor"))
+            options.device = parser.value(device);
+        options.crop = parser.isSet(crop);
+        options.fusion.crop = options.crop;
+        options.mayReplace = parser.isSet(force);
+        options.json = parser.isSet(json);
+        options.verbose = parser.isSet(verbose);
+    }
+
+    /// Who names a device wants the mean: devices know no other, and all give the same pixels.
+    QString methodWord(const QCommandLineParser &parser) const
+    {
+        if (parser.isSet(method))
+            return parser.value(method);
+        return QString::fromLatin1(parser.isSet(device) ? "mean" : "fusion");
+    }
+
+    const QCommandLineOption output{
+        {QStringLiteral("o"), QStringLiteral("output")}, {}, QStringLiteral("file")};
+    const QCommandLineOption quality{QStringLiteral("quality"), {}, QStringLiteral("number")};
+    const QCommandLineOption megapixels{
+        QStringLiteral("max-megapixels"), {}, QStringLiteral("number")};
+    const QCommandLineOption device{QStringLiteral("device"), {}, QStringLiteral("name")};
+    const QCommandLineOption method{QStringLiteral("method"), {}, QStringLiteral("name")};
+    const QCommandLineOption align{QStringLiteral("align"), {}, QStringLiteral("how")};
+    const QCommandLineOption noAlign{QStringLiteral("no-align")};
+    const QCommandLineOption keepOrder{QStringLiteral("keep-order")};
+    const QCommandLineOption crop{QStringLiteral("crop")};
+    const QCommandLineOption force{QStringLiteral("force")};
+    const QCommandLineOption json{QStringLiteral("json")};
+    const QCommandLineOption verbose{QStringLiteral("verbose")};
+};
+
 } // namespace
 
 ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
 {
-    const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")}, {},
-                                    QStringLiteral("file"));
-    const QCommandLineOption quality(QStringLiteral("quality"), {}, QStringLiteral("number"));
-    const QCommandLineOption megapixels(QStringLiteral("max-megapixels"), {},
-                                        QStringLiteral("number"));
-    const QCommandLineOption device(QStringLiteral("device"), {}, QStringLiteral("name"));
-    const QCommandLineOption method(QStringLiteral("method"), {}, QStringLiteral("name"));
-    const QCommandLineOption align(QStringLiteral("align"), {}, QStringLiteral("how"));
-    const QCommandLineOption noAlign(QStringLiteral("no-align"));
-    const QCommandLineOption keepOrder(QStringLiteral("keep-order"));
-    const QCommandLineOption crop(QStringLiteral("crop"));
-    const QCommandLineOption force(QStringLiteral("force"));
-    const QCommandLineOption json(QStringLiteral("json"));
-    const QCommandLineOption verbose(QStringLiteral("verbose"));
-    QCommandLineParser parser;
-    parser.addOptions({output, quality, megapixels, device, method, align, noAlign, keepOrder, crop,
-                       force, json, verbose});
+    const UsualOptions usual;
     const FusionOptions ofFusion;
-    ofFusion.addTo(parser);
     const MetadataOptions ofMetadata;
-    ofMetadata.addTo(parser);
     const OutputOptions ofOutput;
+    QCommandLineParser parser;
+    usual.addTo(parser);
+    ofFusion.addTo(parser);
+    ofMetadata.addTo(parser);
     ofOutput.addTo(parser);
     if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words))
         return problem(QStringLiteral("merge: ") + parser.errorText());
-    if (parser.values(output).size() > 1)
-        return problem(QStringLiteral("merge: more than one output file given"));
-    if (parser.isSet(device) && parser.value(device).isEmpty())
-        return problem(QStringLiteral("merge: the device must be a name, see 'veskhdr devices'"));
-
     MergeOptions options;
-    options.keepOrder = parser.isSet(keepOrder);
-    options.pictures = inMergeOrder(parser.positionalArguments(), options.keepOrder);
-    options.output = parser.value(output);
-    QString wrong = ofOutput.read(parser, options);
-    options.isQualityUnused = parser.isSet(quality) && options.format != PictureFormat::Jpeg;
-    options.quality = parser.isSet(quality) ? parser.value(quality).toInt() : kDefaultQuality;
-    if (parser.isSet(megapixels))
-        options.pixelLimit = pixelLimitOf(parser.value(megapixels));
-    if (parser.value(device) != QLatin1String("processor"))
-        options.device = parser.value(device);
-    // Who names a device wants the mean: devices know no other, and all give the same pixels.
-    const QString usual = parser.isSet(device) ? QStringLiteral("mean") : QStringLiteral("fusion");
+    QString wrong = usual.check(parser);
+    usual.read(parser, options);
     if (wrong.isEmpty())
-        wrong = readMethod(parser, parser.isSet(method) ? parser.value(method) : usual,
-                           parser.value(align), parser.isSet(noAlign), ofFusion, options);
+        wrong = ofOutput.read(parser, options);
+    options.isQualityUnused = parser.isSet(usual.quality) && options.format != PictureFormat::Jpeg;
+    if (wrong.isEmpty())
+        wrong = readMethod(parser, usual.methodWord(parser), parser.value(usual.align),
+                           parser.isSet(usual.noAlign), ofFusion, options);
     if (wrong.isEmpty())
         wrong = ofFusion.read(parser, options);
     if (wrong.isEmpty())
         wrong = ofMetadata.read(parser, options);
     if (wrong.isEmpty())
         wrong = ofOutput.check(parser, options);
-    if (!wrong.isEmpty())
-        return problem(QStringLiteral("merge: ") + wrong);
-    options.crop = parser.isSet(crop);
-    options.fusion.crop = options.crop;
-    options.mayReplace = parser.isSet(force);
-    options.json = parser.isSet(json);
-    options.verbose = parser.isSet(verbose);
-    return check(options);
+    return wrong.isEmpty() ? check(options) : problem(QStringLiteral("merge: ") + wrong);
 }

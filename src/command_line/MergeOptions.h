@@ -36,7 +36,7 @@ struct MergeOptions
     bool keepOrder = false;
     bool crop = false;
     bool mayReplace = false;
-    QString device; ///< name of the OpenCL device to merge on; empty: the processor
+    QString device;            ///< name of the OpenCL device to merge on; empty: the processor
     QString metadataSource;    ///< picture whose metadata are kept; empty: the reference
     bool keepsMetadata = true; ///< false: none at all
     QString description;       ///< the options given, for the mark of the result

@@ -561,11 +561,6 @@ private slots:
                       "pipe.png: ", "not a regular file");
     }
 
-    void refuse_dash()
-    {
-        verifyRefused({"merge", "a.png", "-", "-o", "out.png"}, NoInput, "-: ", "no such file");
-    }
-
     void refuse_emptyFile()
     {
         saveBytes("empty.jpg", {});
@@ -619,7 +614,7 @@ private slots:
     {
         verifyRefused({"merge", "a.png", "b.png", "-o", "out.xyz"}, Usage, "out.xyz: ", "unknown");
         verifyRefused({"merge", "a.png", "b.png", "-o", "out"}, Usage, "out: ", "unknown");
-        verifyRefused({"merge", "a.png", "b.png", "-o", "-"}, Usage, "-: ", "unknown");
+        verifyRefused({"merge", "a.png", "b.png", "-o", "-"}, Usage, "merge: ", "name its format");
     }
 
     void merge_oneFileUnderTwoNames_countsOnce()
