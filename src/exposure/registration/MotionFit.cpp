@@ -189,6 +189,21 @@ double coverageOf(const WeightedMatches &matches, QSize size)
     return double(std::count(isCovered.begin(), isCovered.end(), true)) / isCovered.size();
 }
 
+/// Pixels by which nine in ten inliers move at most.
+double movedAtMost(const WeightedMatches &matches, const Matrix &toShot)
+{
+    std::vector<double> distances;
+    for (size_t i = 0; i < matches.matches.size(); ++i) {
+        const QPointF at = matches.matches[i].reference;
+        const QPointF moved = mapped(toShot, at) - at;
+        if (matches.weights[i] > 0)
+            distances.push_back(std::hypot(moved.x(), moved.y()));
+    }
+    const auto most = distances.begin() + long(distances.size() * 9 / 10);
+    std::nth_element(distances.begin(), most, distances.end());
+    return *most;
+}
+
 MotionFit described(const WeightedMatches &matches, const Fitted &fitted, Kind kind, QSize size)
 {
     MotionFit fit;
@@ -203,6 +218,7 @@ MotionFit described(const WeightedMatches &matches, const Fitted &fitted, Kind k
     fit.coverage = coverageOf(matches, size);
     fit.wholeShift = wholeShiftFit(matches);
     fit.movement = cornerDistance(*rigidFit(matches), identityMatrix(), size);
+    fit.placesMoved = movedAtMost(matches, fitted.toShot);
     const int parameters = kind == Kind::Perspective ? 8 : 3;
     fit.isWholeShiftAsGood = !isBeyondChance(squaredError(fit.wholeShift, matches), error,
                                              parameters, freedomOf(fitted.weights, parameters));

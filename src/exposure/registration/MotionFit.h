@@ -11,7 +11,8 @@ struct MotionFit
     Matrix toShot = identityMatrix();
     Matrix wholeShift = identityMatrix(); ///< to the shot, the best by whole pixels
     bool isWholeShiftAsGood = false;      ///< the rest is no more than chance makes of it
-    double movement = 0.0; ///< pixels by which a turn and shift alone moves a corner, at most
+    double movement = 0.0;    ///< pixels by which a turn and shift alone moves a corner, at most
+    double placesMoved = 0.0; ///< pixels by which nine in ten inliers move at most
     int inliers = 0;
     double residual = 0.0;  ///< root mean square distance of the inliers, in pixels
     double meanScore = 0.0; ///< of the inliers

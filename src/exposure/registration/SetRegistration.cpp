@@ -1,16 +1,14 @@
 #include "SetRegistration.h"
 
-#include "motion_models.h"
-
 #include <algorithm>
 #include <cmath>
 
 namespace registration {
 namespace {
 
-constexpr double kLoopTolerance = 1.5; ///< pixels that the two ways to a shot may be apart
-constexpr double kContradicted = 0.7;  ///< of the confidence is left when they are further apart
-constexpr double kTripodPixels = 1.0;  ///< that a tripod may give way, in all shots of a set
+constexpr double kContradicted = 0.7; ///< of the confidence is left when they are further apart
+constexpr double kSureOfWarp = 0.8;   ///< confidence
+constexpr double kTripodPixels = 1.0; ///< that a tripod may give way, in all shots of a set
 
 bool isFound(const PairResult &pair)
 {
@@ -34,42 +32,31 @@ PairResult chained(const PairResult &toBefore, const PairResult &beforeToShot)
     result.residualPixels = std::hypot(toBefore.residualPixels, beforeToShot.residualPixels);
     result.reason = Reason::None;
     result.movement = toBefore.movement + beforeToShot.movement;
+    result.placesMoved = std::hypot(toBefore.placesMoved, beforeToShot.placesMoved);
     return result;
 }
 
-/// Between two maps, by where they put the corners.
-Matrix meanOf(const PairResult &a, const PairResult &b, QSize size)
+bool agree(const PairResult &a, const PairResult &b, QSize size)
 {
-    const double weightA = 1 / (0.01 + a.residualPixels * a.residualPixels);
-    const double weightB = 1 / (0.01 + b.residualPixels * b.residualPixels);
-    std::vector<Match> matches;
-    std::array<QPointF, 4> to;
-    for (size_t i = 0; i < to.size(); ++i) {
-        const QPointF from = corners(size)[i];
-        to[i] = (mapped(a.toShot, from) * weightA + mapped(b.toShot, from) * weightB) /
-                (weightA + weightB);
-        matches.push_back({from, to[i]});
-    }
-    if (std::max(a.kind, b.kind) == Kind::Perspective)
-        return matrixFromCorners(corners(size), to);
-    return *rigidFit({matches, {1, 1, 1, 1}});
+    return isFound(a) && isFound(b) &&
+           cornerDistance(a.toShot, b.toShot, size) <= MotionGraph::kLoopTolerance;
 }
 
-/// What two ways to one shot say together.
-PairResult reconciled(const PairResult &direct, const PairResult &chain, QSize size)
+const PairResult &moreTrusted(const PairResult &a, const PairResult &b)
 {
-    if (!isFound(direct) || !isFound(chain))
-        return isFound(chain) ? chain : direct;
-    PairResult result = direct.confidence >= chain.confidence ? direct : chain;
-    if (cornerDistance(direct.toShot, chain.toShot, size) > kLoopTolerance) {
-        result.confidence *= kContradicted;
-        return result;
-    }
-    if (needsNoResampling(direct) || needsNoResampling(chain))
-        return needsNoResampling(direct) ? direct : chain;
-    result.toShot = meanOf(direct, chain, size);
-    result.kind = std::max(direct.kind, chain.kind);
+    return a.confidence >= b.confidence ? a : b;
+}
+
+/// What two ways to one shot that meet say together, until all are weighed together.
+PairResult united(const PairResult &direct, const PairResult &chain)
+{
+    if (needsNoResampling(direct))
+        return direct;
+    PairResult result = moreTrusted(direct, chain);
+    result.kind = std::max({direct.kind, chain.kind, Kind::Rigid});
+    result.confidence = std::max(direct.confidence, chain.confidence);
     result.movement = std::min(direct.movement, chain.movement);
+    result.placesMoved = std::min(direct.placesMoved, chain.placesMoved);
     return result;
 }
 
@@ -87,9 +74,16 @@ Transform transformOf(const PairResult &pair)
     return transform;
 }
 
+bool isWarped(const PairResult &pair)
+{
+    return pair.kind == Kind::Perspective && pair.confidence >= kSureOfWarp &&
+           pair.placesMoved > kTripodPixels;
+}
+
 /// A set in which nothing is turned or shifted by more than a pixel was taken from a tripod, and
-/// stays as it is: hands move more than that. What a perspective fit finds in it is how the tiles
-/// of two exposures differ.
+/// stays as it is: hands move more than that. What a perspective fit finds in it is mostly how the
+/// tiles of two exposures differ; but a shot in which a tenth of the places that agree lie further
+/// off than a pixel is warped itself, as scans of film are.
 void keepTripodSet(std::vector<PairResult> &results)
 {
     const auto staysInPlace = [](const PairResult &pair) {
@@ -98,7 +92,7 @@ void keepTripodSet(std::vector<PairResult> &results)
     if (!std::all_of(results.begin(), results.end(), staysInPlace))
         return;
     for (PairResult &pair : results) {
-        if (isFound(pair))
+        if (isFound(pair) && !isWarped(pair))
             pair.kind = Kind::Identity;
     }
 }
@@ -121,18 +115,22 @@ SetRegistration::SetRegistration(const QList<QImage> &pictures, int referenceInd
     , isCancelled(cancelFlag)
     , finest(finestScaleOf(pictures))
     , results(static_cast<size_t>(pictures.size()))
+    , graph(int(pictures.size()), referenceIndex, pictures[referenceIndex].size())
 {
 }
 
 std::vector<Transform> SetRegistration::run(const std::vector<int> &orderOfBrightness)
 {
-    results[size_t(reference)] = {
-        Kind::Identity, identityMatrix(), 1.0, 0.0, 1.0, Reason::None, 0.0};
+    PairResult &unmoved = results[size_t(reference)];
+    unmoved.kind = Kind::Identity;
+    unmoved.confidence = 1.0;
+    unmoved.reason = Reason::None;
     referencePyramid = pyramid(reference);
     report();
     const auto middle = std::find(orderOfBrightness.begin(), orderOfBrightness.end(), reference);
     walk({std::make_reverse_iterator(middle), orderOfBrightness.rend()});
     walk({middle + 1, orderOfBrightness.end()});
+    graph.solve(results);
     keepTripodSet(results);
     std::vector<Transform> transforms;
     for (const PairResult &result : results)
@@ -142,32 +140,55 @@ std::vector<Transform> SetRegistration::run(const std::vector<int> &orderOfBrigh
 
 void SetRegistration::walk(const std::vector<int> &shotsOutwards)
 {
-    ShotPyramid before;
-    PairResult placeOfBefore;
+    std::vector<Placed> before; // the last two, the nearest first
     for (int shot : shotsOutwards) {
         if (isCancelled)
             return;
         ShotPyramid current = pyramid(shot);
         PairResult &place = results[size_t(shot)];
-        place = placed(before, placeOfBefore, current);
+        place = placed(before, shot, current);
         if (isFound(place)) {
-            before = std::move(current);
-            placeOfBefore = place;
+            before.insert(before.begin(), {shot, std::move(current)});
+            before.resize(std::min<size_t>(before.size(), 2));
         }
         report();
     }
 }
 
-PairResult SetRegistration::placed(const ShotPyramid &before, const PairResult &placeOfBefore,
-                                   const ShotPyramid &shot)
+/// The way to a shot by way of one whose place is known. Unaligned when there is none.
+PairResult SetRegistration::wayBy(const Placed &before, int shot, const ShotPyramid &current)
 {
-    const PairResult direct = pair(referencePyramid, shot);
-    if (before.levels.empty())
+    const PairResult step = pair(before.pyramid, current);
+    if (!isFound(step))
+        return {};
+    graph.add(before.shot, shot, step);
+    return chained(results[size_t(before.shot)], step);
+}
+
+PairResult SetRegistration::placed(const std::vector<Placed> &before, int shot,
+                                   const ShotPyramid &current)
+{
+    const PairResult direct = pair(referencePyramid, current);
+    if (isFound(direct))
+        graph.add(reference, shot, direct);
+    if (before.empty())
         return direct;
-    const PairResult fromBefore = pair(before, shot);
-    if (!isFound(fromBefore))
-        return direct;
-    return reconciled(direct, chained(placeOfBefore, fromBefore), referencePyramid.size);
+    const PairResult chain = wayBy(before[0], shot, current);
+    if (!isFound(direct) || !isFound(chain))
+        return isFound(chain) ? chain : direct;
+    const QSize size = referencePyramid.size;
+    if (agree(direct, chain, size))
+        return united(direct, chain);
+    if (before.size() > 1) {
+        const PairResult third = wayBy(before[1], shot, current);
+        if (agree(direct, third, size))
+            return united(direct, third);
+        if (agree(chain, third, size))
+            return united(chain, third);
+    }
+    PairResult result = moreTrusted(direct, chain);
+    result.confidence *= kContradicted;
+    return result;
 }
 
 PairResult SetRegistration::pair(const ShotPyramid &first, const ShotPyramid &second)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MotionGraph.h"
 #include "pair_registration.h"
 #include "registration.h"
 
@@ -7,9 +8,10 @@ namespace registration {
 
 /// The shots of one registerShots() call, walked from the reference to the darker ones and then to
 /// the brighter ones. Each shot is compared with the reference and with the shot before it, whose
-/// place is known: two ways that must lead to the same place. Where they do, their mean is taken;
-/// where they do not, the one that is trusted more; where one is not to be had, the other.
-/// Three pyramids are kept at a time. Throws std::bad_alloc.
+/// place is known: two ways that must lead to the same place. Where they do not, a third way, by
+/// the shot before that, tells which pair is wrong, and it does not count; where there is none, the
+/// way that is trusted more does; where one is not to be had, the other. At the end all pairs that
+/// count are weighed together. Four pyramids are kept at a time. Throws std::bad_alloc.
 class SetRegistration
 {
 public:
@@ -20,9 +22,15 @@ public:
     std::vector<Transform> run(const std::vector<int> &orderOfBrightness);
 
 private:
+    struct Placed
+    {
+        int shot;
+        ShotPyramid pyramid;
+    };
+
     void walk(const std::vector<int> &shotsOutwards);
-    PairResult placed(const ShotPyramid &before, const PairResult &placeOfBefore,
-                      const ShotPyramid &shot);
+    PairResult placed(const std::vector<Placed> &before, int shot, const ShotPyramid &current);
+    PairResult wayBy(const Placed &before, int shot, const ShotPyramid &current);
     PairResult pair(const ShotPyramid &first, const ShotPyramid &second);
     ShotPyramid pyramid(int shot) const;
     void report();
@@ -34,6 +42,7 @@ private:
     const int finest;
     ShotPyramid referencePyramid;
     std::vector<PairResult> results;
+    MotionGraph graph;
     int shotsDone = 0;
 };
 

@@ -8,8 +8,11 @@
 namespace registration {
 namespace {
 
-constexpr int kLeastSide = 16;   ///< of the finest level
-constexpr double kSettled = 0.5; ///< confidence that needs no other start
+constexpr int kLeastSide = 16;      ///< of the finest level
+constexpr double kSettled = 0.5;    ///< confidence that needs no other start
+constexpr double kFaint = 0.03;     ///< confidence below which there is nothing to confirm
+constexpr double kConfirmed = 0.35; ///< of what the way back confirms
+constexpr double kSamePlace = 1.0;  ///< pixels that there and back may be apart at a corner
 constexpr double kOtherTurns[] = {-5.0, 5.0, -10.0, 10.0};
 constexpr double kWholeShiftPixels = 0.2; ///< that a whole-pixel shift may set a corner apart
 constexpr double kSettledPixels = 1.0;    ///< of the finest level: more is worth another look
@@ -17,8 +20,11 @@ constexpr int kLeastTextured = 6;
 constexpr double kLeastStretch = 0.7; ///< of an area, by a hand-held camera
 constexpr double kMostStretch = 1.4;
 
+/// How far tiles are looked for.
+enum class Search { Usual, Wide };
+
 /// The search at one level.
-MatchSearch searchAt(const ShotPyramid &reference, size_t level)
+MatchSearch searchAt(const ShotPyramid &reference, size_t level, Search width)
 {
     const NormalisedPlane &plane = reference.levels[level];
     const int quarter = std::min(plane.width, plane.height) / 4 / 16 * 16;
@@ -26,7 +32,7 @@ MatchSearch searchAt(const ShotPyramid &reference, size_t level)
     search.level = level;
     search.side = std::clamp(quarter, 16, level == 0 ? 96 : 64);
     const size_t levelsAbove = reference.levels.size() - 1 - level;
-    search.radius = levelsAbove < 2 ? 6 : level == 0 ? 3 : 4;
+    search.radius = levelsAbove < 2 || width == Search::Wide ? kLargestRadius : level == 0 ? 3 : 4;
     return search;
 }
 
@@ -63,10 +69,11 @@ class Refinement
 {
 public:
     Refinement(const ShotPyramid &referencePyramid, const ShotPyramid &shotPyramid, Kind most,
-               const std::atomic<bool> &cancelFlag)
+               Search searchWidth, const std::atomic<bool> &cancelFlag)
         : reference(referencePyramid)
         , shot(shotPyramid)
         , mostly(most)
+        , width(searchWidth)
         , isCancelled(cancelFlag)
     {
     }
@@ -77,7 +84,7 @@ public:
         const size_t levels = std::min(reference.levels.size(), shot.levels.size());
         double wideConfidence = 1.0;
         for (size_t level = levels; level-- > 0 && !isCancelled;) {
-            step(searchAt(reference, level));
+            step(searchAt(reference, level, width));
             if (level <= 1)
                 wideConfidence = std::min(wideConfidence, confidenceOf(fit, textured));
         }
@@ -89,7 +96,7 @@ public:
 private:
     void polish()
     {
-        MatchSearch search = searchAt(reference, 0);
+        MatchSearch search = searchAt(reference, 0, width);
         search.radius = 2;
         step(search);
     }
@@ -117,6 +124,7 @@ private:
         pair.confidence = std::min(wideConfidence, confidenceOf(fit, textured));
         pair.residualPixels = fit.residual;
         pair.movement = fit.movement;
+        pair.placesMoved = fit.placesMoved;
         pair.agreement = fit.meanScore * fit.inliers;
         if (fit.isWholeShiftAsGood ||
             cornerDistance(fit.wholeShift, fit.toShot, reference.size) <= kWholeShiftPixels)
@@ -144,6 +152,7 @@ private:
     const ShotPyramid &reference;
     const ShotPyramid &shot;
     const Kind mostly;
+    const Search width;
     const std::atomic<bool> &isCancelled;
     Matrix map = identityMatrix();
     MotionFit fit;
@@ -171,16 +180,11 @@ bool isTooSmall(const ShotPyramid &pyramid)
            std::min(pyramid.levels[0].width, pyramid.levels[0].height) < kLeastSide;
 }
 
-} // namespace
-
-PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
-                        const std::atomic<bool> &isCancelled)
+PairResult bestOfStarts(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
+                        Search width, const std::atomic<bool> &isCancelled)
 {
+    Refinement refinement(reference, shot, mostly, width, isCancelled);
     PairResult best;
-    best.reason = Reason::TooSmall;
-    if (isTooSmall(reference) || isTooSmall(shot))
-        return best;
-    Refinement refinement(reference, shot, mostly, isCancelled);
     best.reason = Reason::NoDetail; // unless there is a shift to start from
     tryStarts(refinement, coarseStarts(reference, shot, 0.0, isCancelled), best);
     for (double degrees : kOtherTurns) {
@@ -191,6 +195,39 @@ PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, K
         tryStarts(refinement, starts, best);
     }
     return best;
+}
+
+/// The two ways between two pictures are found independently of one another: each looks for tiles
+/// of its own.
+PairResult confirmedByTheWayBack(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
+                                 const std::atomic<bool> &isCancelled)
+{
+    PairResult there = bestOfStarts(reference, shot, mostly, Search::Wide, isCancelled);
+    const PairResult back = bestOfStarts(shot, reference, mostly, Search::Wide, isCancelled);
+    if (std::min(there.confidence, back.confidence) < kFaint)
+        return there;
+    const Matrix round = product(back.toShot, there.toShot);
+    if (cornerDistance(round, identityMatrix(), reference.size) > kSamePlace)
+        return there;
+    there.confidence = std::max(there.confidence, kConfirmed);
+    there.reason = Reason::None;
+    return there;
+}
+
+} // namespace
+
+PairResult registerPair(const ShotPyramid &reference, const ShotPyramid &shot, Kind mostly,
+                        const std::atomic<bool> &isCancelled)
+{
+    if (isTooSmall(reference) || isTooSmall(shot)) {
+        PairResult none;
+        none.reason = Reason::TooSmall;
+        return none;
+    }
+    const PairResult best = bestOfStarts(reference, shot, mostly, Search::Usual, isCancelled);
+    if (best.confidence < kFaint || best.confidence >= kLeastConfidence)
+        return best;
+    return confirmedByTheWayBack(reference, shot, mostly, isCancelled);
 }
 
 } // namespace registration

@@ -3,6 +3,7 @@
 #include <QRgba64>
 
 #include <cmath>
+#include <map>
 #include <memory>
 #include <random>
 #include <vector>
@@ -116,11 +117,16 @@ double decoded(double value)
 
 rendered::Scene rendered::texturedScene(unsigned seed)
 {
-    return drawn([seed](double x, double y) {
+    static std::map<unsigned, Scene> scenes; // drawing one takes longer than photographing it
+    Scene &scene = scenes[seed];
+    if (scene)
+        return scene;
+    scene = drawn([seed](double x, double y) {
         const double base = noise(x, y, seed);
         const bool isDark = std::fmod(valueNoise(x / 40, y / 40, seed + 9) * 8, 2.0) < 1.0;
         return 0.45 * base * base * (isDark ? 0.25 : 1.0) + 0.005;
     });
+    return scene;
 }
 
 rendered::Scene rendered::skyAbove(double line, unsigned seed)

@@ -49,6 +49,22 @@ QImage readPicture(const QString &name)
     return reader.read();
 }
 
+QStringList namesIn(const QString &start, const QStringList &ends)
+{
+    QStringList names;
+    for (const QString &end : ends)
+        names += start + end;
+    return names;
+}
+
+QList<QImage> readPictures(const QStringList &names)
+{
+    QList<QImage> pictures;
+    for (const QString &name : names)
+        pictures += readPicture(name);
+    return pictures;
+}
+
 bool areEqual(const Result &a, const Result &b)
 {
     if (a.reference != b.reference || a.transforms.size() != b.transforms.size())
@@ -105,6 +121,7 @@ private slots:
     void manyShots_allFit_data();
     void manyShots_allFit();
     void chain_carriesAShotThatShowsTooLittle();
+    void loop_wrongPair_isReplacedByTheChain();
     void tripodSet_givesWayByHalfAPixel_staysAsItIs();
     void tinyPictures_areNotAligned_data();
     void tinyPictures_areNotAligned();
@@ -116,7 +133,10 @@ private slots:
     void noShots_isSaid();
     void photograph_knownMotion_fits_data();
     void photograph_knownMotion_fits();
+    void photographs_fromATripod_stayAsTheyAre_data();
     void photographs_fromATripod_stayAsTheyAre();
+    void filmScans_oneWarped_onlyThatIsResampled();
+    void photographs_nearThingsShifted_areConfirmedByTheWayBack();
 };
 
 void tst_registration::knownMotion_anyExposure_fitsAtTheCorners_data()
@@ -329,6 +349,34 @@ void tst_registration::chain_carriesAShotThatShowsTooLittle()
              qPrintable(QString::number(error(result.transforms[2], last))));
 }
 
+void tst_registration::loop_wrongPair_isReplacedByTheChain()
+{
+    // A thing fills most of the first and of the last shot, elsewhere by 15 pixels: these two agree
+    // on the thing. In the shots between it is small, so that they agree on the ground.
+    const auto ground = rendered::texturedScene(3);
+    const auto thing = rendered::texturedScene(40);
+    const auto scene = [=](double at, double width) {
+        return [=](double x, double y) {
+            return x > at && x < at + width ? thing(x - at, y) : ground(x, y);
+        };
+    };
+    const auto shot = [&](double at, double width, double stops) {
+        return rendered::shot(scene(at, width),
+                              movedCamera(bracketMotion(int(stops), kSize), stops));
+    };
+    const QList<QImage> shots{shot(100, 360, 0), shot(20, 90, 1), shot(520, 90, 2),
+                              shot(115, 360, 3)};
+    const Matrix last = bracketMotion(3, kSize);
+    QVERIFY(error(registeredPair(shots[0], shots[3]), last) > 10);
+    Options options;
+    options.reference = 0;
+    const Result result = registerShots(shots, options);
+    for (int i = 1; i < 4; ++i) {
+        const double off = error(result.transforms[size_t(i)], bracketMotion(i, kSize));
+        QVERIFY2(off <= 0.6, qPrintable(QStringLiteral("shot %1: %2 px").arg(i).arg(off)));
+    }
+}
+
 void tst_registration::tripodSet_givesWayByHalfAPixel_staysAsItIs()
 {
     const auto scene = rendered::texturedScene(3);
@@ -455,15 +503,53 @@ void tst_registration::photograph_knownMotion_fits()
     QVERIFY(error(found, truth) <= 0.3);
 }
 
+void tst_registration::photographs_fromATripod_stayAsTheyAre_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("house") << namesIn("brackets/House/", {"B.png", "C.png", "D.png"});
+    QTest::newRow("office") << namesIn("brackets/Office/",
+                                       {"office_2.png", "office_3.png", "office_4.png"});
+    QTest::newRow("river") << namesIn("brackets/Arno/", {"arno1.png", "arno2.png", "arno3.png"});
+    QTest::newRow("people") << namesIn("moving/dynamic/", {"1.tif", "2.tif", "3.tif", "4.tif"});
+}
+
 void tst_registration::photographs_fromATripod_stayAsTheyAre()
 {
-    QList<QImage> shots;
-    for (int number : {61, 64, 67, 70, 73})
-        shots.append(readPicture(QStringLiteral("test1_memorial00%1.png").arg(number)));
+    QFETCH(QStringList, names);
+    const QList<QImage> shots = readPictures(names);
     if (shots.first().isNull())
         QSKIP("no photographs in VESK_TEST_PICTURES");
     for (const Transform &transform : registerShots(shots).transforms)
-        QVERIFY(transform.matrix == identityMatrix());
+        QCOMPARE(transform.kind, Kind::Identity);
+}
+
+void tst_registration::filmScans_oneWarped_onlyThatIsResampled()
+{
+    const QList<QImage> shots = readPictures(
+        namesIn("test1_memorial00", {"61.png", "64.png", "67.png", "70.png", "73.png"}));
+    if (shots.first().isNull())
+        QSKIP("no photographs in VESK_TEST_PICTURES");
+    const Result result = registerShots(shots);
+    QCOMPARE(result.reference, 1);
+    for (size_t i : {0U, 1U, 3U, 4U})
+        QCOMPARE(result.transforms[i].matrix, identityMatrix());
+    QCOMPARE(result.transforms[2].kind, Kind::Perspective);
+    const double off = error(result.transforms[2], identityMatrix(), shots[2].size());
+    QVERIFY2(off > 2 && off < 6, qPrintable(QString::number(off)));
+}
+
+void tst_registration::photographs_nearThingsShifted_areConfirmedByTheWayBack()
+{
+    const QList<QImage> shots = readPictures(namesIn("moving/pingpong/Img", {"2.JPG", "3.JPG"}));
+    if (shots.first().isNull())
+        QSKIP("no photographs in VESK_TEST_PICTURES");
+    const Transform there = registeredPair(shots[0], shots[1]);
+    const Transform back = registeredPair(shots[1], shots[0]);
+    QVERIFY(there.kind != Kind::Unaligned);
+    QVERIFY(back.kind != Kind::Unaligned);
+    QVERIFY(there.confidence < 0.5);
+    QVERIFY(error(there, identityMatrix(), shots[0].size()) > 40);
+    QVERIFY(error(there, inverse(back.matrix), shots[0].size()) <= 2.0);
 }
 
 QTEST_GUILESS_MAIN(tst_registration)
