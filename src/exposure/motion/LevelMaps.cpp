@@ -8,12 +8,12 @@ namespace {
 /// How many places have this level or a lower one.
 using Ranks = std::array<int64_t, 256>;
 
-/// Of the places that all shots cover, so that the ranks mean the same.
-Ranks ranks(const motion::SmallShot &shot, size_t channel, const std::vector<uint8_t> &covered)
+/// Of places that are the same for all shots, so that the ranks mean the same.
+Ranks ranks(const motion::SmallShot &shot, size_t channel, const std::vector<uint8_t> &counted)
 {
     Ranks result{};
-    for (size_t i = 0; i < covered.size(); ++i)
-        result[shot.levels[channel][i]] += covered[i];
+    for (size_t i = 0; i < counted.size(); ++i)
+        result[shot.levels[channel][i]] += counted[i];
     std::partial_sum(result.begin(), result.end(), result.begin());
     return result;
 }
@@ -42,6 +42,26 @@ std::vector<uint8_t> coveredByAll(const std::vector<motion::SmallShot> &shots)
     return covered;
 }
 
+/// Of these places those where no shot mixes unlike levels in a block: the mean of mapped levels is
+/// not the mapped mean. Or all, when that leaves few.
+std::vector<uint8_t> unmixed(const std::vector<motion::SmallShot> &shots, size_t channel,
+                             const std::vector<uint8_t> &covered)
+{
+    constexpr int kUnlike = 48;
+    constexpr int kFewest = 4; // one of so many
+    std::vector<uint8_t> alike = covered;
+    for (const motion::SmallShot &shot : shots) {
+        const uint8_t *darkest = shot.darkest[channel].data();
+        const uint8_t *brightest = shot.brightest[channel].data();
+        for (size_t i = 0; i < alike.size(); ++i)
+            alike[i] &= static_cast<uint8_t>(brightest[i] - darkest[i] <= kUnlike);
+    }
+    const auto count = [](const std::vector<uint8_t> &flags) {
+        return std::count(flags.begin(), flags.end(), 1);
+    };
+    return count(alike) * kFewest >= count(covered) ? alike : covered;
+}
+
 } // namespace
 
 motion::LevelMaps::LevelMaps(const std::vector<SmallShot> &shots)
@@ -50,9 +70,10 @@ motion::LevelMaps::LevelMaps(const std::vector<SmallShot> &shots)
 {
     const std::vector<uint8_t> covered = coveredByAll(shots);
     for (size_t channel = 0; channel < 3; ++channel) {
+        const std::vector<uint8_t> counted = unmixed(shots, channel, covered);
         std::vector<Ranks> all;
         for (const SmallShot &shot : shots)
-            all.push_back(ranks(shot, channel, covered));
+            all.push_back(ranks(shot, channel, counted));
         for (size_t from = 0; from < count; ++from)
             for (size_t to = 0; to < count; ++to)
                 maps[(from * count + to) * 3 + channel] = mapBetween(all[from], all[to]);

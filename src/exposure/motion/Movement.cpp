@@ -10,6 +10,25 @@
 
 namespace {
 
+constexpr int kWhite = 250;
+constexpr int kColourShift = 32; ///< of a place with a clipped channel
+
+/// What the map makes of a block that mixes its darkest and its brightest level so that its mean
+/// results. Whatever the block holds, the mean of the mapped levels lies between this and the
+/// mapped mean, as far as the map bends one way only.
+int mixedLevel(const motion::SmallShot &shot, const motion::LevelMaps::Map &map, size_t channel,
+               size_t place)
+{
+    const int darkest = shot.darkest[channel][place];
+    const int brightest = shot.brightest[channel][place];
+    if (darkest == brightest)
+        return map[static_cast<size_t>(darkest)];
+    const int share = shot.levels[channel][place] - darkest;
+    const int low = map[static_cast<size_t>(darkest)];
+    const int high = map[static_cast<size_t>(brightest)];
+    return low + (high - low) * share / (brightest - darkest);
+}
+
 std::vector<size_t> orderByBrightness(const std::vector<motion::SmallShot> &shots)
 {
     std::vector<uint64_t> sums;
@@ -31,14 +50,27 @@ motion::Movement::Movement(const std::vector<SmallShot> &smallShots)
 {
 }
 
-/// Of a level of `to` from the range that the surroundings in `from` have there.
+/// Of a level of `to` from the range that `from` has there.
 int motion::Movement::distance(size_t from, size_t to, size_t channel, size_t place) const
 {
+    const SmallShot &shot = shots[from];
     const LevelMaps::Map &map = maps.map(from, to, channel);
     const int level = shots[to].levels[channel][place];
-    const int below = map[shots[from].lowest[channel][place]] - level;
-    const int above = level - map[shots[from].highest[channel][place]];
-    return std::max(below, above);
+    const int below = map[shot.lowest[channel][place]] - level;
+    const int above = level - map[shot.highest[channel][place]];
+    const int outside = std::max(below, above);
+    if (outside <= kFaint)
+        return outside;
+    const int mixed = mixedLevel(shot, map, channel, place);
+    return std::max(std::min(below, mixed - level), std::min(above, level - mixed));
+}
+
+/// Whether a channel of the block ends in white: then what the camera makes of the others is
+/// another colour.
+bool motion::Movement::isClipped(size_t shot, size_t place) const
+{
+    const SmallShot::Channels &brightest = shots[shot].brightest;
+    return std::max({brightest[0][place], brightest[1][place], brightest[2][place]}) >= kWhite;
 }
 
 int motion::Movement::difference(size_t first, size_t second, size_t place) const
@@ -46,43 +78,24 @@ int motion::Movement::difference(size_t first, size_t second, size_t place) cons
     if (shots[first].covered[place] == 0 || shots[second].covered[place] == 0)
         return 0;
     int largest = 0;
-    for (size_t channel = 0; channel < 3; ++channel)
-        largest = std::max(largest, std::min(distance(first, second, channel, place),
-                                             distance(second, first, channel, place)));
-    return largest;
-}
-
-/// As difference, of one channel at adjoining places.
-void motion::Movement::addChannelDifferences(size_t first, size_t second, size_t channel,
-                                             size_t begin, size_t end, uint8_t *strongest) const
-{
-    const SmallShot &a = shots[first];
-    const SmallShot &b = shots[second];
-    const uint8_t *toSecond = maps.map(first, second, channel).data();
-    const uint8_t *toFirst = maps.map(second, first, channel).data();
-    const uint8_t *aLevels = a.levels[channel].data();
-    const uint8_t *bLevels = b.levels[channel].data();
-    const uint8_t *aLowest = a.lowest[channel].data();
-    const uint8_t *bLowest = b.lowest[channel].data();
-    const uint8_t *aHighest = a.highest[channel].data();
-    const uint8_t *bHighest = b.highest[channel].data();
-    for (size_t i = begin; i < end; ++i) {
-        const int there =
-            std::max(toSecond[aLowest[i]] - bLevels[i], bLevels[i] - toSecond[aHighest[i]]);
-        const int back =
-            std::max(toFirst[bLowest[i]] - aLevels[i], aLevels[i] - toFirst[bHighest[i]]);
-        const int difference = std::min(there, back) * (a.covered[i] & b.covered[i]);
-        strongest[i] = static_cast<uint8_t>(std::max<int>(strongest[i], difference));
+    for (size_t channel = 0; channel < 3; ++channel) {
+        const int there = distance(first, second, channel, place);
+        if (there > largest)
+            largest = std::max(largest, std::min(there, distance(second, first, channel, place)));
     }
+    if (largest > kFaint && (isClipped(first, place) || isClipped(second, place)))
+        return largest - kColourShift;
+    return largest;
 }
 
 void motion::Movement::addDifferences(size_t first, size_t second, Plane &strongest) const
 {
     const auto width = static_cast<size_t>(shots[0].width);
     parallel::rows({shots[0].width * 4, shots[0].height}, [&](int begin, int end) {
-        for (size_t channel = 0; channel < 3; ++channel)
-            addChannelDifferences(first, second, channel, size_t(begin) * width,
-                                  size_t(end) * width, strongest.data());
+        for (size_t place = size_t(begin) * width; place < size_t(end) * width; ++place) {
+            const int largest = std::max<int>(strongest[place], difference(first, second, place));
+            strongest[place] = static_cast<uint8_t>(largest);
+        }
     });
 }
 

@@ -11,8 +11,9 @@ namespace motion {
 /// A plane of flags or levels at the size at which movement is looked for.
 using Plane = std::vector<uint8_t>;
 
-/// Tells where shots disagree, beyond noise and beyond a pixel of misregistration. Borrows the
-/// shots. Any thread, reentrant.
+/// Tells where shots disagree, beyond noise, beyond half a block of misregistration and beyond what
+/// the exposures make of the mixture of levels inside a block. Borrows the shots. Any thread,
+/// reentrant.
 class Movement
 {
 public:
@@ -40,8 +41,7 @@ public:
 
 private:
     int distance(size_t from, size_t to, size_t channel, size_t place) const;
-    void addChannelDifferences(size_t first, size_t second, size_t channel, size_t begin,
-                               size_t end, uint8_t *strongest) const;
+    bool isClipped(size_t shot, size_t place) const;
     void addDifferences(size_t first, size_t second, Plane &strongest) const;
 
     const std::vector<SmallShot> &shots;

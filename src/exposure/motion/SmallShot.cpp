@@ -1,5 +1,7 @@
 #include "SmallShot.h"
 
+#include "block_rows.h"
+
 #include "parallel_rows.h"
 
 #include <algorithm>
@@ -8,87 +10,51 @@ namespace {
 
 using motion::SmallShot;
 
-/// Sums down the columns of a block row, two channels in a word; 16 rows of 255 fit.
-struct ColumnSums
+/// The rows' words with 8 bits a channel: the picture's own, or made in `room`.
+void setRow(const QImage &picture, int y, size_t row, std::vector<uint32_t> &room,
+            motion::BlockWords &words)
 {
-    std::vector<uint32_t> redBlue;
-    std::vector<uint32_t> alphaGreen;
-
-    explicit ColumnSums(int width)
-        : redBlue(static_cast<size_t>(width))
-        , alphaGreen(static_cast<size_t>(width))
-    {
+    const uchar *bytes = picture.constScanLine(y);
+    if (picture.depth() == 32) {
+        words.rows[row] = reinterpret_cast<const uint32_t *>(bytes);
+        return;
     }
-
-    void clear()
-    {
-        std::fill(redBlue.begin(), redBlue.end(), 0U);
-        std::fill(alphaGreen.begin(), alphaGreen.end(), 0U);
+    const auto *deep = reinterpret_cast<const uint64_t *>(bytes);
+    room.resize(words.side * words.width);
+    uint32_t *out = &room[row * words.width];
+    for (size_t x = 0; x < words.width; ++x) {
+        const uint64_t pixel = deep[x]; // red in the lowest 16 bits
+        out[x] = static_cast<uint32_t>((pixel >> 32 & 0xFF000000U) | (pixel << 8 & 0xFF0000U) |
+                                       (pixel >> 16 & 0xFF00U) | (pixel >> 40 & 0xFFU));
     }
-
-    void add(const uint32_t *row)
-    {
-        for (size_t x = 0; x < redBlue.size(); ++x) {
-            redBlue[x] += row[x] & 0xFF00FFU;
-            alphaGreen[x] += (row[x] >> 8) & 0xFF00FFU;
-        }
-    }
-
-    /// The higher 8 bits of each channel of 16, lowest channel red.
-    void add(const uint64_t *row)
-    {
-        for (size_t x = 0; x < redBlue.size(); ++x) {
-            const uint64_t high = (row[x] >> 8) & 0x00FF00FF00FF00FFU;
-            const auto red = static_cast<uint32_t>(high & 0xFF);
-            const auto green = static_cast<uint32_t>((high >> 16) & 0xFF);
-            const auto blue = static_cast<uint32_t>((high >> 32) & 0xFF);
-            redBlue[x] += red << 16 | blue;
-            alphaGreen[x] += static_cast<uint32_t>(high >> 48) << 16 | green;
-        }
-    }
-};
-
-/// The means of a block, whose columns are [begin, end).
-void storeBlock(const ColumnSums &sums, size_t begin, size_t end, uint32_t rows, bool hasAlpha,
-                size_t place, SmallShot &small)
-{
-    uint32_t red = 0;
-    uint32_t green = 0;
-    uint32_t blue = 0;
-    uint32_t alpha = 0;
-    for (size_t x = begin; x < end; ++x) {
-        red += sums.redBlue[x] >> 16;
-        blue += sums.redBlue[x] & 0xFFFFU;
-        alpha += sums.alphaGreen[x] >> 16;
-        green += sums.alphaGreen[x] & 0xFFFFU;
-    }
-    const uint32_t pixels = rows * static_cast<uint32_t>(end - begin);
-    small.levels[0][place] = static_cast<uint8_t>((red + pixels / 2) / pixels);
-    small.levels[1][place] = static_cast<uint8_t>((green + pixels / 2) / pixels);
-    small.levels[2][place] = static_cast<uint8_t>((blue + pixels / 2) / pixels);
-    small.covered[place] = static_cast<uint8_t>(!hasAlpha || alpha == 255 * pixels);
+    words.rows[row] = out;
 }
 
-void shrinkRow(const QImage &picture, int side, int y, ColumnSums &sums, SmallShot &small)
+motion::BlockRow rowOf(SmallShot &small, int y)
 {
+    const size_t first = static_cast<size_t>(y) * static_cast<size_t>(small.width);
+    motion::BlockRow row;
+    for (size_t channel = 0; channel < 3; ++channel) {
+        row.means[channel] = &small.levels[channel][first];
+        row.darkest[channel] = &small.darkest[channel][first];
+        row.brightest[channel] = &small.brightest[channel][first];
+    }
+    row.covered = &small.covered[first];
+    return row;
+}
+
+/// room: for words that are made, grows as needed.
+void shrinkRow(const QImage &picture, int side, int y, std::vector<uint32_t> &room,
+               SmallShot &small)
+{
+    motion::BlockWords words;
+    words.side = static_cast<size_t>(side);
+    words.width = static_cast<size_t>(picture.width());
+    words.hasAlpha = picture.hasAlphaChannel();
     const int end = std::min((y + 1) * side, picture.height());
-    sums.clear();
-    for (int row = y * side; row < end; ++row) {
-        const uchar *words = picture.constScanLine(row);
-        if (picture.depth() == 64)
-            sums.add(reinterpret_cast<const uint64_t *>(words));
-        else
-            sums.add(reinterpret_cast<const uint32_t *>(words));
-    }
-    const auto rows = static_cast<uint32_t>(end - y * side);
-    for (int x = 0; x < small.width; ++x) {
-        const auto first = static_cast<size_t>(x) * static_cast<size_t>(side);
-        const size_t last = std::min(first + static_cast<size_t>(side), sums.redBlue.size());
-        storeBlock(sums, first, last, rows, picture.hasAlphaChannel(),
-                   static_cast<size_t>(y) * static_cast<size_t>(small.width) +
-                       static_cast<size_t>(x),
-                   small);
-    }
+    for (int row = y * side; row < end; ++row)
+        setRow(picture, row, words.rowCount++, room, words);
+    motion::measureBlocks(words, rowOf(small, y));
 }
 
 /// Per number of a line the best of itself and its neighbours.
@@ -153,13 +119,14 @@ motion::SmallShot motion::shrink(const QImage &picture, int side)
     small.width = (picture.width() + side - 1) / side;
     small.height = (picture.height() + side - 1) / side;
     const auto places = static_cast<size_t>(small.width) * static_cast<size_t>(small.height);
-    for (SmallShot::Levels &channel : small.levels)
-        channel.resize(places);
+    for (SmallShot::Channels *channels : {&small.levels, &small.darkest, &small.brightest})
+        for (SmallShot::Levels &channel : *channels)
+            channel.resize(places);
     small.covered.resize(places);
     parallel::rows({picture.width() * side, small.height}, [&](int begin, int end) {
-        ColumnSums sums(picture.width());
+        std::vector<uint32_t> room;
         for (int y = begin; y < end; ++y)
-            shrinkRow(picture, side, y, sums, small);
+            shrinkRow(picture, side, y, room, small);
     });
     const auto smaller = [](uint8_t a, uint8_t b) { return a < b ? a : b; };
     const auto larger = [](uint8_t a, uint8_t b) { return a > b ? a : b; };

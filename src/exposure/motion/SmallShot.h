@@ -19,7 +19,9 @@ struct SmallShot
     Channels levels;
     Channels lowest;  ///< halfway to the lowest of the 3 x 3 around: half a place is no movement
     Channels highest; ///< likewise
-    Levels covered;   ///< 1 where all pixels of the block are opaque
+    Channels darkest; ///< of the block's own pixels
+    Channels brightest;
+    Levels covered; ///< 1 where all pixels of the block are opaque
 };
 
 /// Side of the blocks for pictures of this size, a power of two from 2 to 16: what is left has at

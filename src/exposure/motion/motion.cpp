@@ -23,6 +23,8 @@ constexpr size_t kMostShots = 64;
 constexpr int kMargin = 3;           ///< around what moved, at the small size
 constexpr int kSoftEdge = 2;         ///< likewise, within the margin
 constexpr size_t kLeastPlaces = 150; ///< of a region with its margin
+constexpr size_t kLargestHole = 8;   ///< one of so many parts of all that moved
+constexpr int kNarrow = 6;           ///< half of the widest gap that leaves a hole closed
 
 /// What tells the caller how far it got, and hears when to stop.
 class Steps
@@ -99,10 +101,44 @@ QImage asMask(const Plane &plane, const SmallShot &small, int side, QSize size, 
     return motion::planes::enlarged(soft, small.width, small.height, side / 2, half);
 }
 
+bool touchesBorder(const Region &region, const SmallShot &size)
+{
+    const auto width = static_cast<size_t>(size.width);
+    const auto height = static_cast<size_t>(size.height);
+    return std::any_of(region.begin(), region.end(), [=](size_t place) {
+        const size_t x = place % width;
+        const size_t y = place / width;
+        return x == 0 || y == 0 || x + 1 == width || y + 1 == height;
+    });
+}
+
+/// Places that flagged ones enclose are flagged too, when they are few beside them: the middle of a
+/// thing of one colour changes nothing where it covers itself, but is to come from the same shot.
+/// A gap of up to twice `gap` leaves them enclosed.
+void fillHoles(Plane &flags, const SmallShot &size, int gap)
+{
+    const auto flagged = static_cast<size_t>(std::count(flags.begin(), flags.end(), 1));
+    if (flagged == 0)
+        return;
+    Plane apart = motion::planes::crowded(flags, size.width, size.height, gap, 1);
+    for (uint8_t &flag : apart)
+        flag = static_cast<uint8_t>(flag == 0);
+    Plane holes(flags.size());
+    for (const Region &hole : motion::touching(apart, size.width))
+        if (hole.size() <= flagged / kLargestHole && !touchesBorder(hole, size))
+            for (const size_t place : hole)
+                holes[place] = 1;
+    const Plane filled = motion::planes::crowded(holes, size.width, size.height, gap, 1);
+    for (size_t i = 0; i < flags.size(); ++i)
+        flags[i] |= filled[i];
+}
+
 std::vector<Region> movingRegions(const motion::Movement &movement, const SmallShot &small)
 {
-    const Plane grown =
+    Plane grown =
         motion::planes::crowded(movement.changes(), small.width, small.height, kMargin, 1);
+    fillHoles(grown, small, kNarrow);
+    fillHoles(grown, small, 0);
     std::vector<Region> regions = motion::touching(grown, small.width);
     const auto isSmall = [](const Region &region) { return region.size() < kLeastPlaces; };
     regions.erase(std::remove_if(regions.begin(), regions.end(), isSmall), regions.end());

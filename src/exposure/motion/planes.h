@@ -10,7 +10,7 @@ namespace motion::planes {
 
 using Plane = std::vector<uint8_t>;
 
-/// 1 where at least `least` of the flags (0 or 1) in the window of radius 1 to 7 around are set;
+/// 1 where at least `least` of the flags (0 or 1) in the window of radius 0 to 7 around are set;
 /// what is outside repeats the edge.
 Plane crowded(const Plane &flags, int width, int height, int radius, int least);
 

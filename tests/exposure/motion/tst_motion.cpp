@@ -5,6 +5,7 @@
 
 #include "parallel_rows.h"
 
+#include <QPainter>
 #include <QtTest>
 
 #include <algorithm>
@@ -19,6 +20,7 @@ private slots:
     void find_nothingMoved_givesNoMasks();
     void find_shotOffByOnePixel_givesNoMasks();
     void find_movedDisc_isTakenFromOneShotWhole();
+    void find_discThatCoversItself_isTakenFromOneShotWhole();
     void find_fixedReference_showsItsMoment();
     void fuse_movedDisc_looksLikeTheStillScene();
     void find_severalThreads_findTheSame();
@@ -114,6 +116,27 @@ void tst_motion::find_movedDisc_isTakenFromOneShotWhole()
     }
     QCOMPARE(usable(result.found, {20, 20}), 0);
     QCOMPARE(usable(result.masks[0], {20, 20}), 255);
+}
+
+/// A large disc of one colour that moved by less than its size: in its middle nothing changed.
+void tst_motion::find_discThatCoversItself_isTakenFromOneShotWhole()
+{
+    const QPoint middle(160, 120);
+    std::vector<QImage> shots;
+    for (const int moment : {0, 1}) {
+        QImage shot = MovingScene().shot(moment == 0 ? 0.4 : 1.2, kNone);
+        QPainter painter(&shot);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(moment == 0 ? QColor(90, 20, 20) : QColor(148, 33, 33));
+        painter.drawEllipse(middle + QPoint(moment == 0 ? -20 : 20, 0), 60, 60);
+        painter.end();
+        shots.push_back(shot);
+    }
+    const motion::Result result = motion::find(shots, 1);
+    QVERIFY(!result.found.isNull());
+    QCOMPARE(usable(result.found, middle), 255);
+    QCOMPARE(usable(result.masks[0], middle), 0);
+    QCOMPARE(usable(result.masks[1], middle), 255);
 }
 
 void tst_motion::find_fixedReference_showsItsMoment()
