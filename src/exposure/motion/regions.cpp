@@ -1,8 +1,11 @@
 #include "regions.h"
 
+#include <QtAlgorithms>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -40,21 +43,87 @@ Region samplesOf(const Region &region)
     return samples;
 }
 
-/// For each pair of shots, [i * shots + j]: they show the same.
-std::vector<char> samePairs(const Region &samples, size_t shots, const Movement &movement)
+/// The samples in the order of the tiles of the picture that they lie in.
+Region inTiles(Region samples, int width)
 {
-    std::vector<char> same(shots * shots, 1);
-    for (size_t i = 0; i < shots; ++i) {
-        for (size_t j = 0; j < i; ++j) {
-            const auto disagreeing =
-                std::count_if(samples.begin(), samples.end(),
-                              [&](size_t place) { return movement.disagree(i, j, place); });
-            const double most = kLargestDisagreement * static_cast<double>(samples.size());
-            same[i * shots + j] = same[j * shots + i] = static_cast<double>(disagreeing) <= most;
+    constexpr size_t kSide = 16;
+    const auto tile = [width = static_cast<size_t>(width)](size_t place) {
+        return place / width / kSide * width + place % width / kSide;
+    };
+    std::sort(samples.begin(), samples.end(),
+              [&](size_t a, size_t b) { return std::pair(tile(a), a) < std::pair(tile(b), b); });
+    return samples;
+}
+
+/// A flag for each sample, 64 that lie together in a word.
+using Flags = std::vector<uint64_t>;
+
+template <typename Condition>
+Flags flagsOf(const Region &samples, Condition condition)
+{
+    Flags flags((samples.size() + 63) / 64);
+    for (size_t i = 0; i < samples.size(); ++i)
+        flags[i / 64] |= static_cast<uint64_t>(condition(samples[i])) << (i % 64);
+    return flags;
+}
+
+/// Which shots disagree where in a region.
+class Disagreement
+{
+public:
+    Disagreement(const Region &places, const std::vector<SmallShot> &shots,
+                 const Movement &movement)
+        : count(shots.size())
+        , samples(inTiles(places, shots[0].width))
+        , pairs(count * count)
+    {
+        for (size_t i = 0; i < count; ++i) {
+            clipped.push_back(
+                flagsOf(samples, [&](size_t place) { return motion::isClipped(shots[i], place); }));
+            for (size_t j = 0; j < i; ++j)
+                pairs[i * count + j] =
+                    flagsOf(samples, [&](size_t place) { return movement.disagree(i, j, place); });
         }
     }
-    return same;
-}
+
+    bool showTheSame(size_t first, size_t second) const
+    {
+        return first == second || isFew(flags(first, second), nullptr);
+    }
+
+    /// The same where the reference shows nothing: both may agree with that.
+    bool showTheSame(size_t first, size_t second, size_t reference) const
+    {
+        return first == second || isFew(flags(first, second), &clipped[reference]);
+    }
+
+private:
+    const Flags &flags(size_t first, size_t second) const
+    {
+        return pairs[std::max(first, second) * count + std::min(first, second)];
+    }
+
+    /// No more of all the samples are flagged than may be, and no more of any that lie together:
+    /// a thing is small beside a large region, but not beside the places that it fills.
+    bool isFew(const Flags &disagreeing, const Flags *where) const
+    {
+        constexpr unsigned kMostTogether = 12; // of 64
+        unsigned all = 0;
+        for (size_t i = 0; i < disagreeing.size(); ++i) {
+            const uint64_t word = disagreeing[i] & (where != nullptr ? (*where)[i] : ~uint64_t(0));
+            const unsigned together = qPopulationCount(quint64(word));
+            all += together;
+            if (together > kMostTogether)
+                return false;
+        }
+        return all <= kLargestDisagreement * static_cast<double>(samples.size());
+    }
+
+    size_t count;
+    Region samples;
+    std::vector<Flags> pairs; ///< [i * count + j], j < i
+    std::vector<Flags> clipped;
+};
 
 /// The samples' richness in each shot, shot after shot.
 std::vector<double> richnessOf(const Region &samples, const std::vector<SmallShot> &shots)
@@ -66,18 +135,58 @@ std::vector<double> richnessOf(const Region &samples, const std::vector<SmallSho
     return result;
 }
 
-/// Over the samples, of the richest of the shots that are kept.
-double sumOfBest(const std::vector<double> &rich, size_t samples, const char *kept, size_t shots)
+/// A set of shots that show the same, and how rich the picture of a region is that they make.
+struct Party
 {
-    double sum = 0.0;
-    for (size_t i = 0; i < samples; ++i) {
-        double best = -std::numeric_limits<double>::infinity();
-        for (size_t shot = 0; shot < shots; ++shot)
-            if (kept[shot] != 0)
-                best = std::max(best, rich[shot * samples + i]);
-        sum += best;
-    }
-    return sum;
+    std::vector<char> kept;
+    std::vector<double> best; ///< of each sample
+};
+
+double sumOf(const double *numbers, size_t count)
+{
+    return std::accumulate(numbers, numbers + count, 0.0);
+}
+
+/// Shots from the richest of the samples to the poorest.
+std::vector<size_t> byRichness(const std::vector<double> &rich, size_t shots)
+{
+    const size_t samples = rich.size() / shots;
+    std::vector<double> sums;
+    for (size_t shot = 0; shot < shots; ++shot)
+        sums.push_back(sumOf(&rich[shot * samples], samples));
+    std::vector<size_t> order(shots);
+    std::iota(order.begin(), order.end(), size_t(0));
+    std::stable_sort(order.begin(), order.end(),
+                     [&](size_t a, size_t b) { return sums[a] > sums[b]; });
+    return order;
+}
+
+/// The reference and in this order whoever agrees with it, and with those that are in already where
+/// the reference shows nothing.
+Party partyOf(size_t reference, const std::vector<size_t> &order, const Disagreement &disagreement,
+              const std::vector<double> &rich)
+{
+    const size_t shots = order.size();
+    const size_t samples = rich.size() / shots;
+    Party party{std::vector<char>(shots), std::vector<double>(samples)};
+    const auto take = [&](size_t shot) {
+        const double *own = &rich[shot * samples];
+        const bool isFirst = shot == reference;
+        for (size_t i = 0; i < samples; ++i)
+            party.best[i] = isFirst ? own[i] : std::max(party.best[i], own[i]);
+        party.kept[shot] = 1;
+    };
+    const auto agreesWithAll = [&](size_t shot) {
+        for (size_t other = 0; other < shots; ++other)
+            if (party.kept[other] != 0 && !disagreement.showTheSame(shot, other, reference))
+                return false;
+        return disagreement.showTheSame(shot, reference);
+    };
+    take(reference);
+    for (const size_t shot : order)
+        if (shot != reference && agreesWithAll(shot))
+            take(shot);
+    return party;
 }
 
 /// Appends the flagged places around one to the region and clears their flags.
@@ -132,18 +241,20 @@ motion::RegionChoice motion::choose(const Region &region, const std::vector<Smal
 {
     const size_t count = shots.size();
     const Region samples = samplesOf(region);
-    const std::vector<char> same = samePairs(samples, count, movement);
+    const Disagreement disagreement(samples, shots, movement);
     const std::vector<double> rich = richnessOf(samples, shots);
-    size_t best = 0;
+    const std::vector<size_t> order = byRichness(rich, count);
+    RegionChoice choice;
     double bestSum = -std::numeric_limits<double>::infinity();
     for (size_t reference = 0; reference < count; ++reference) {
-        const double sum = sumOfBest(rich, samples.size(), &same[reference * count], count);
-        const bool isFixed = fixed >= 0 && reference == static_cast<size_t>(fixed);
-        if (isFixed || (fixed < 0 && sum > bestSum)) {
-            best = reference;
-            bestSum = sum;
-        }
+        if (fixed >= 0 && reference != static_cast<size_t>(fixed))
+            continue;
+        Party party = partyOf(reference, order, disagreement, rich);
+        const double sum = sumOf(party.best.data(), party.best.size());
+        if (sum <= bestSum)
+            continue;
+        bestSum = sum;
+        choice = {reference, std::move(party.kept)};
     }
-    const auto kept = same.begin() + static_cast<long>(best * count);
-    return {best, std::vector<char>(kept, kept + static_cast<long>(count))};
+    return choice;
 }
