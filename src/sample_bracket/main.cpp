@@ -3,6 +3,7 @@
 #include "parallel_rows.h"
 #include "sample_bracket.h"
 
+#include <QBuffer>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
@@ -90,9 +91,13 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
                                     QStringLiteral("name"), QStringLiteral("jpg"));
     const QCommandLineOption threads(QStringLiteral("threads"), QStringLiteral("0: one per core."),
                                      QStringLiteral("N"), QStringLiteral("0"));
+    const QCommandLineOption moving(
+        QStringLiteral("moving"),
+        QStringLiteral("Somebody walks through the room; sample_moving.png gets where: white the "
+                       "person at any moment, grey shadows and mirror images."));
     const QCommandLineOption json(QStringLiteral("json"),
                                   QStringLiteral("Describe the files in JSON."));
-    parser.addOptions({size, shots, seed, shifts, format, threads, json});
+    parser.addOptions({size, shots, seed, shifts, format, threads, moving, json});
     parser.process(app);
 
     const auto refuse = [](const QString &message) -> std::optional<Options> {
@@ -128,6 +133,7 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
     options.format = parser.value(format);
     if (options.format != QLatin1String("jpg") && options.format != QLatin1String("png"))
         return refuse(QStringLiteral("--format: neither jpg nor png: ") + options.format);
+    options.bracket.hasWalker = parser.isSet(moving);
     options.asJson = parser.isSet(json);
     return options;
 }
@@ -164,6 +170,17 @@ bool writeAll(const Options &options, const QVector<sample::Shot> &shots)
             return false;
     }
     return true;
+}
+
+/// What moved, when something did.
+bool writeChanged(const Options &options, const QImage &changed)
+{
+    if (changed.isNull())
+        return true;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    changed.save(&buffer, "png");
+    return write(QDir(options.folder).filePath(QStringLiteral("sample_moving.png")), bytes);
 }
 
 QJsonObject describe(const Options &options, int index, const sample::Shot &shot)
@@ -218,8 +235,9 @@ int main(int argc, char *argv[])
     parallel::setThreadLimit(options->threads);
     QElapsedTimer timer;
     timer.start();
-    const QVector<sample::Shot> shots = sample::photographBracket(options->bracket);
-    if (!writeAll(*options, shots))
+    QImage changed;
+    const QVector<sample::Shot> shots = sample::photographBracket(options->bracket, &changed);
+    if (!writeAll(*options, shots) || !writeChanged(*options, changed))
         return kWriteError;
     if (options->asJson)
         printJson(*options, shots, timer.elapsed());

@@ -31,11 +31,12 @@ bool areAlike(Vector3 a, Vector3 b)
 class Renderer
 {
 public:
-    Renderer(int width, int height, int margin)
+    Renderer(int width, int height, int margin, const Room &room)
         : width_(width + 2 * margin)
         , height_(height + 2 * margin)
         , pixelSize_(std::min(2.0F * kViewHalfWidth / static_cast<float>(width),
                               2.0F * kViewHalfHeight / static_cast<float>(height)))
+        , room_(room)
         , light_(room_)
         , lightMap_((width_ + kTexelSize - 1) / kTexelSize, (height_ + kTexelSize - 1) / kTexelSize)
     {
@@ -54,6 +55,19 @@ public:
                 row[x] = pixel(x, y);
         });
         return image;
+    }
+
+    std::vector<char> pixelsOfSolids(int firstSolid) const
+    {
+        std::vector<char> found(static_cast<size_t>(width_) * static_cast<size_t>(height_));
+        parallel::each(height_, [&](int y) {
+            for (int x = 0; x < width_; ++x) {
+                const Ray ray = rayAt(static_cast<float>(x) + 0.5F, static_cast<float>(y) + 0.5F);
+                found[static_cast<size_t>(y) * static_cast<size_t>(width_) +
+                      static_cast<size_t>(x)] = room_.solids.nearestHit(ray).solid >= firstSolid;
+            }
+        });
+        return found;
     }
 
 private:
@@ -119,7 +133,7 @@ private:
     int width_;
     int height_;
     float pixelSize_;
-    Room room_ = furnishedRoom();
+    const Room &room_;
     RoomLight light_;
     LightMap lightMap_;
 };
@@ -128,7 +142,18 @@ private:
 
 RadianceImage renderRoom(int width, int height, int margin)
 {
-    return Renderer(width, height, margin).render();
+    return renderRoom(width, height, margin, furnishedRoom());
+}
+
+RadianceImage renderRoom(int width, int height, int margin, const Room &room)
+{
+    return Renderer(width, height, margin, room).render();
+}
+
+std::vector<char> pixelsOfSolids(int width, int height, int margin, const Room &room,
+                                 int firstSolid)
+{
+    return Renderer(width, height, margin, room).pixelsOfSolids(firstSolid);
 }
 
 } // namespace sample

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Room.h"
 #include "Vector3.h"
 
 #include <vector>
@@ -22,5 +23,13 @@ struct RadianceImage
 /// margin: pixels that are added on every side of a picture of width x height, for cameras that
 /// point a little elsewhere.
 RadianceImage renderRoom(int width, int height, int margin);
+
+/// The same of a room that is furnished otherwise.
+RadianceImage renderRoom(int width, int height, int margin, const Room &room);
+
+/// Where the middle of a pixel shows one of the room's solids from this one on: for each pixel of
+/// the radiance image 1, else 0.
+std::vector<char> pixelsOfSolids(int width, int height, int margin, const Room &room,
+                                 int firstSolid);
 
 } // namespace sample

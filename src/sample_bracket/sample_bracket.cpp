@@ -3,6 +3,7 @@
 #include "noise.h"
 #include "parallel_rows.h"
 #include "sample_camera.h"
+#include "walk.h"
 
 #include <QBuffer>
 #include <QImageWriter>
@@ -64,6 +65,19 @@ QVector<ExposureData> exposuresOf(const QVector<double> &stops)
     return exposures;
 }
 
+/// The scene, once when nothing moves.
+std::vector<RadianceImage> momentsOf(const BracketSettings &settings, int margin,
+                                     const QVector<QPoint> &offsets, QImage *changed)
+{
+    if (!settings.hasWalker || offsets.isEmpty())
+        return {renderRoom(settings.size.width(), settings.size.height(), margin)};
+    const QPoint origin = QPoint(margin, margin) - offsets.first();
+    Walk walk = renderWalk(settings.size, margin, int(offsets.size()), origin);
+    if (changed != nullptr)
+        *changed = walk.changed;
+    return std::move(walk.moments);
+}
+
 } // namespace
 
 QVector<double> evenStops(int shots)
@@ -75,19 +89,19 @@ QVector<double> evenStops(int shots)
     return stops;
 }
 
-QVector<Shot> photographBracket(const BracketSettings &settings)
+QVector<Shot> photographBracket(const BracketSettings &settings, QImage *changed)
 {
     const QVector<QPoint> offsets = offsetsOf(settings);
     const QVector<ExposureData> exposures = exposuresOf(settings.stops);
     const int margin = marginFor(offsets);
-    const RadianceImage radiance =
-        renderRoom(settings.size.width(), settings.size.height(), margin);
+    const std::vector<RadianceImage> moments = momentsOf(settings, margin, offsets, changed);
     QVector<Shot> shots(settings.stops.size());
     Shot *shot = shots.data();
     parallel::each(int(shots.size()), [&](int i) {
         const QPoint origin = QPoint(margin, margin) - offsets[i];
         const auto noiseSeed =
             static_cast<std::uint32_t>(hashed(settings.seed) + static_cast<std::uint64_t>(i));
+        const RadianceImage &radiance = moments[std::min(size_t(i), moments.size() - 1)];
         shot[i] = {photograph(radiance, origin, settings.size, settings.stops[i], noiseSeed),
                    offsets[i], exposures[i]};
     });

@@ -22,7 +22,8 @@ struct BracketSettings
     /// first. When there are fewer than shots, the hand trembles as the seed says, by no more than
     /// median threshold bitmaps can find at this size.
     QVector<QPoint> offsets;
-    quint32 seed = 1; ///< of sensor noise and trembling
+    quint32 seed = 1;       ///< of sensor noise and trembling
+    bool hasWalker = false; ///< somebody walks through the room from shot to shot
 };
 
 struct Shot
@@ -33,8 +34,9 @@ struct Shot
 };
 
 /// Photographs a sunlit landscape through the window of a dim room, hand-held. The same settings
-/// give the same pixels. Any thread, reentrant.
-QVector<Shot> photographBracket(const BracketSettings &settings);
+/// give the same pixels. changed: gets what walking changes, as Walk::changed, over the first shot.
+/// Any thread, reentrant.
+QVector<Shot> photographBracket(const BracketSettings &settings, QImage *changed = nullptr);
 
 /// The shot as a file with its exposure data. format: "jpg" (quality 96) or "png".
 /// Empty when the format is another one.

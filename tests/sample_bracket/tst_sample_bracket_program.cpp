@@ -45,6 +45,7 @@ private slots:
     void sameSeed_otherThreads_writesTheSameBytes();
     void otherSeed_writesOtherBytes();
     void png_isWrittenAsPng();
+    void moving_writesWhatMoved();
     void badOption_saysWhichAndWritesNothing_data();
     void badOption_saysWhichAndWritesNothing();
     void folderIsAFile_failsWithAMessage();
@@ -112,6 +113,23 @@ void TestSampleBracketProgram::png_isWrittenAsPng()
             .exitCode,
         0);
     QVERIFY(contentOf(folder.filePath(QStringLiteral("sample_05.png"))).startsWith("\x89PNG"));
+}
+
+void TestSampleBracketProgram::moving_writesWhatMoved()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(run(kSmall + QStringList{QStringLiteral("--moving"), QStringLiteral("--shots"),
+                                      QStringLiteral("2"), folder.path()})
+                 .exitCode,
+             0);
+    const QImage truth(folder.filePath(QStringLiteral("sample_moving.png")));
+    QCOMPARE(truth.size(), QSize(120, 80));
+    int person = 0;
+    for (int y = 0; y < truth.height(); ++y)
+        for (int x = 0; x < truth.width(); ++x)
+            person += qGray(truth.pixel(x, y)) == 255;
+    QVERIFY2(person > 100 && person < 2400, qPrintable(QString::number(person)));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 3);
 }
 
 void TestSampleBracketProgram::badOption_saysWhichAndWritesNothing_data()
