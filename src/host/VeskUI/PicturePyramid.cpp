@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace {
 
@@ -54,9 +55,10 @@ int PicturePyramid::levelForZoom(double zoom)
     return std::max(0, int(std::floor(-std::log2(zoom))));
 }
 
-void PicturePyramid::reset(const QSize &documentSize)
+void PicturePyramid::reset(const QSize &documentSize, const VeskScreenColours::Conversion &toScreen)
 {
     document = documentSize;
+    conversion = toScreen;
     tiles.clear();
 }
 
@@ -97,10 +99,40 @@ bool PicturePyramid::buildStep(const TileKey &key, const std::vector<SourceLayer
         return true;
     if (key.level > 1)
         return buildFromChildren(key, layers);
-    const QRect region = QRect(rect.topLeft() * 2, rect.size() * 2) & QRect(QPoint(0, 0), document);
-    pixelsRead += qint64(region.width()) * region.height();
-    tiles.insert(key, new QImage(halved(composition::composedRegion(layers, region))));
+    buildFromDocument(key, layers);
     return true;
+}
+
+/// Colours are converted where they are fewest: after the halving.
+void PicturePyramid::buildFromDocument(const TileKey &key, const std::vector<SourceLayer> &layers)
+{
+    const QRect rect = tileRect(key);
+    const int pixels = 1 << key.level;
+    const QRect region =
+        QRect(rect.topLeft() * pixels, rect.size() * pixels) & QRect(QPoint(0, 0), document);
+    pixelsRead += qint64(region.width()) * region.height();
+    const QImage composed = composition::composedRegion(layers, region);
+    auto made = std::make_unique<QImage>(key.level == 0 ? composed : halved(composed));
+    if (conversion)
+        conversion(*made);
+    tiles.insert(key, made.release());
+}
+
+QImage PicturePyramid::documentPixels(const QRect &region, const std::vector<SourceLayer> &layers)
+{
+    QImage joined(region.size(), QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&joined);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    for (int row = region.top() / kTileSize; row <= region.bottom() / kTileSize; ++row) {
+        for (int column = region.left() / kTileSize; column <= region.right() / kTileSize;
+             ++column) {
+            const TileKey key{0, column, row};
+            if (!tile(key))
+                buildFromDocument(key, layers);
+            painter.drawImage(tileRect(key).topLeft() - region.topLeft(), *tile(key));
+        }
+    }
+    return joined;
 }
 
 bool PicturePyramid::buildFromChildren(const TileKey &key, const std::vector<SourceLayer> &layers)

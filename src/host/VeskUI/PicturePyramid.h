@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskScreenColours.h"
 #include "layer_composition.h"
 
 #include <QCache>
@@ -7,10 +8,10 @@
 #include <QImage>
 #include <QSize>
 
-/// Reduced copies of a document's composed layers, in tiles that are made only when they are asked
-/// for. Level 1 halves the document's width and height, each further level halves the one below;
-/// a pixel is the mean of the four below it. The least recently used tiles give way when there are
-/// too many. GUI thread.
+/// Copies of a document's composed layers in 8 bits and the screen's colours, reduced and at full
+/// size, in tiles that are made only when they are asked for. Level 1 halves the document's width
+/// and height, each further level halves the one below; a pixel is the mean of the four below it.
+/// The least recently used tiles give way when there are too many. GUI thread.
 class PicturePyramid
 {
 public:
@@ -39,8 +40,9 @@ public:
     /// itself) for zooms above 1/2.
     static int levelForZoom(double zoom);
 
-    /// Drops all tiles.
-    void reset(const QSize &documentSize);
+    /// Drops all tiles. Those to come get their colours through toScreen, unless it is empty.
+    void reset(const QSize &documentSize, const VeskScreenColours::Conversion &toScreen = {});
+    const VeskScreenColours::Conversion &toScreen() const { return conversion; }
     /// Makes room for a viewport of that size in device pixels.
     void setViewport(const QSize &size);
 
@@ -56,13 +58,19 @@ public:
     /// the tile is there now.
     bool buildStep(const TileKey &key, const std::vector<SourceLayer> &layers);
 
+    /// The document's pixels inside region, which must lie in the document, put together from tiles
+    /// of level 0. Makes those that are missing: work in proportion to region.
+    QImage documentPixels(const QRect &region, const std::vector<SourceLayer> &layers);
+
     /// Pixels of the document that were read to make tiles, since construction.
     qint64 sourcePixelsRead() const { return pixelsRead; }
 
 private:
+    void buildFromDocument(const TileKey &key, const std::vector<SourceLayer> &layers);
     bool buildFromChildren(const TileKey &key, const std::vector<SourceLayer> &layers);
 
     QSize document;
+    VeskScreenColours::Conversion conversion;
     QCache<TileKey, QImage> tiles; // every tile costs 1
     qint64 pixelsRead = 0;
 };

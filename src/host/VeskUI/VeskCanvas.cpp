@@ -1,5 +1,6 @@
 #include "VeskCanvas.h"
 #include "FingerGrip.h"
+#include "VeskScreenColours.h"
 #include "canvas_painting.h"
 #include "picture_histogram.h"
 
@@ -30,17 +31,6 @@ constexpr qreal kWheelUnitsPerDoubling = 360; // three notches
 constexpr int kCheckerSquare = 8;             // device-independent pixels
 constexpr qreal kKeyPan = 0.1;                // share of the widget per key press
 
-bool isDark(const QPalette &palette)
-{
-    return palette.color(QPalette::Window).lightness() < 128;
-}
-
-// Neutral, so that it does not tint the eye's judgement of the picture.
-QColor surroundColor(const QPalette &palette)
-{
-    return isDark(palette) ? QColor(0x26, 0x26, 0x26) : QColor(0xc4, 0xc4, 0xc4);
-}
-
 qreal stepped(qreal zoom, qreal factor)
 {
     const qreal next = zoom * factor;
@@ -63,6 +53,8 @@ VeskCanvas::VeskCanvas(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(64, 64);
     setAttribute(Qt::WA_AcceptTouchEvents);
+    connect(&VeskScreenColours::getInstance(), &VeskScreenColours::changed, this,
+            &VeskCanvas::contentChanged);
     zoomGlide->setEasingCurve(QEasingCurve::OutCubic);
     connect(zoomGlide, &QVariantAnimation::valueChanged, this, [this](const QVariant &logZoom) {
         if (zoomGlide->state() != QAbstractAnimation::Running)
@@ -104,7 +96,8 @@ VeskContext *VeskCanvas::context() const
 
 void VeskCanvas::contentChanged()
 {
-    pyramid->reset(view->document());
+    const QColorSpace space = composition::colorSpace(composition::visibleLayers(shownContext));
+    pyramid->reset(view->document(), VeskScreenColours::getInstance().toScreen(space));
     scheduleTiles();
     update();
     reportPointer();
@@ -398,9 +391,22 @@ QColor VeskCanvas::colorAt(const QPoint &documentPixel) const
 {
     if (!shownContext || !QRect(QPoint(0, 0), canvasSize()).contains(documentPixel))
         return QColor();
-    const QImage pixel = composition::composedRegion(composition::visibleLayers(shownContext),
-                                                     {documentPixel, QSize(1, 1)});
+    return composition::pixelColor(composition::visibleLayers(shownContext), documentPixel);
+}
+
+QColor VeskCanvas::onScreen(const QColor &color) const
+{
+    if (!color.isValid() || !pyramid->toScreen())
+        return color;
+    QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
+    pixel.fill(color);
+    pyramid->toScreen()(pixel);
     return pixel.pixelColor(0, 0);
+}
+
+int VeskCanvas::bitsPerChannel() const
+{
+    return composition::bitsPerChannel(composition::visibleLayers(shownContext));
 }
 
 void VeskCanvas::updateCursor()
@@ -431,7 +437,7 @@ void VeskCanvas::paintEvent(QPaintEvent *event)
 void VeskCanvas::paintPart(QPainter &painter, const std::vector<SourceLayer> &layers,
                            const QRect &part)
 {
-    painter.fillRect(part, surroundColor(palette()));
+    painter.fillRect(part, painting::surroundColor(palette()));
     const QRect shown = part & view->documentRect();
     if (shown.isEmpty() || !shownContext)
         return;
@@ -440,7 +446,7 @@ void VeskCanvas::paintPart(QPainter &painter, const std::vector<SourceLayer> &la
     if (!composition::isOpaque(layers, canvasSize()))
         painting::paintCheckerboard(painter, shown, view->documentRect().topLeft(),
                                     qRound(kCheckerSquare * devicePixelRatioF()),
-                                    isDark(palette()));
+                                    painting::isDark(palette()));
     directPixelsRead += painting::paintLayers(painter, *view, *pyramid, layers, shown);
     painter.restore();
 }
@@ -572,6 +578,7 @@ void VeskCanvas::moveOutline()
 
 void VeskCanvas::updateHistogram()
 {
-    levels = histogram::countLevels(composition::visibleLayers(shownContext), canvasSize());
+    const std::vector<SourceLayer> layers = composition::visibleLayers(shownContext);
+    levels = histogram::countLevels(layers, canvasSize(), histogram::toCommon(layers));
     Q_EMIT histogramChanged();
 }

@@ -34,7 +34,8 @@ struct SourceLayer;
 ///
 /// The cost of a repaint is bounded by the visible area, whatever the size of the picture: what is
 /// shown smaller is painted from reduced copies, which are made in short pieces of work between
-/// repaints. Until a copy is there the pixels are picked without smoothing.
+/// repaints. Until a copy is there the pixels are picked without smoothing. Colours are those of
+/// the screen (see VeskScreenColours); copies keep them, so that they are converted once.
 ///
 /// A tool calls stopCanvasTimer, startCanvasTimer, reSizeCanvas, setSelection, moveToCenter and
 /// updateHistogram, and the virtual resetCanvas and attachContext.
@@ -103,8 +104,13 @@ public:
     QPointF toDocument(const QPointF &widgetPosition) const;
     QPointF toWidget(const QPointF &documentPosition) const;
 
-    /// Colour of a document pixel as its layers show it; invalid outside of the document.
+    /// Colour of a document pixel as its layers hold it, at bitsPerChannel and in the document's
+    /// own space; invalid outside of the document.
     QColor colorAt(const QPoint &documentPixel) const;
+    /// How the screen shows a colour of the document.
+    QColor onScreen(const QColor &color) const;
+    /// 8 or 16, the depth of the document's deepest visible layer.
+    int bitsPerChannel() const;
 
     /// Document pixels read for painting since construction: a measure of the work done that does
     /// not depend on the machine.
@@ -127,8 +133,9 @@ public Q_SLOTS:
 Q_SIGNALS:
     void zoomChanged(qreal factor);
     void histogramChanged();
-    /// The pointer is over that document pixel, which has that colour: it has moved, or the picture
-    /// under it has. (-1, -1) and an invalid colour when it is not over the document.
+    /// The pointer is over that document pixel, which has that colour (as colorAt): it has moved,
+    /// or the picture under it has. (-1, -1) and an invalid colour when it is not over the
+    /// document.
     void pointerMoved(const QPoint &documentPixel, const QColor &color);
 
 protected:

@@ -1,6 +1,7 @@
 #include "canvas_painting.h"
 
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 
 #include <algorithm>
@@ -17,7 +18,13 @@ qint64 area(const QRect &rect)
     return qint64(rect.width()) * rect.height();
 }
 
-qint64 paintFromDocument(QPainter &painter, const CanvasView &view,
+/// Whether the painter would have to do more than to copy pixels.
+bool isCostly(const PicturePyramid &pyramid, const std::vector<SourceLayer> &layers)
+{
+    return pyramid.toScreen() || composition::bitsPerChannel(layers) > 8;
+}
+
+qint64 paintFromDocument(QPainter &painter, const CanvasView &view, PicturePyramid &pyramid,
                          const std::vector<SourceLayer> &layers, const QRect &part)
 {
     const QRect document(QPoint(0, 0), view.document());
@@ -29,23 +36,48 @@ qint64 paintFromDocument(QPainter &painter, const CanvasView &view,
     const QRectF target(view.toViewport(region.topLeft()), QSizeF(region.size()) * view.zoom());
     painter.setRenderHint(QPainter::SmoothPixmapTransform,
                           view.zoom() != 1 && view.zoom() < kCrispZoom);
+    if (isCostly(pyramid, layers)) {
+        painter.drawImage(target, pyramid.documentPixels(region, layers));
+        return 0;
+    }
     composition::drawLayers(painter, target, layers, region);
     return area(region);
 }
 
 // Picks pixels without a filter, so it reads as many as it draws.
-qint64 paintRough(QPainter &painter, const CanvasView &view, const std::vector<SourceLayer> &layers,
-                  const QRect &part, const QRect &target)
+qint64 paintRough(QPainter &painter, const CanvasView &view, const PicturePyramid &pyramid,
+                  const std::vector<SourceLayer> &layers, const QRect &part, const QRect &target)
 {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     const QRect region = view.documentPixels(target);
-    if (region.isEmpty())
+    const QRect visible = target & part;
+    if (region.isEmpty() || visible.isEmpty())
         return 0;
-    composition::drawLayers(painter, target, layers, region);
-    return area(target & part);
+    if (!pyramid.toScreen()) {
+        composition::drawLayers(painter, target, layers, region);
+        return area(visible);
+    }
+    QImage picked(visible.size(), QImage::Format_ARGB32_Premultiplied);
+    picked.fill(Qt::transparent);
+    QPainter picking(&picked);
+    composition::drawLayers(picking, target.translated(-visible.topLeft()), layers, region);
+    picking.end();
+    pyramid.toScreen()(picked);
+    painter.drawImage(visible.topLeft(), picked);
+    return area(visible);
 }
 
 } // namespace
+
+bool painting::isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
+QColor painting::surroundColor(const QPalette &palette)
+{
+    return isDark(palette) ? QColor(0x26, 0x26, 0x26) : QColor(0xc4, 0xc4, 0xc4);
+}
 
 std::vector<PicturePyramid::TileKey> painting::tilesIn(const CanvasView &view, const QRect &part)
 {
@@ -85,13 +117,12 @@ void painting::paintCheckerboard(QPainter &painter, const QRect &part, const QPo
     painter.fillRect(part, QBrush(pattern));
 }
 
-qint64 painting::paintLayers(QPainter &painter, const CanvasView &view,
-                             const PicturePyramid &pyramid, const std::vector<SourceLayer> &layers,
-                             const QRect &part)
+qint64 painting::paintLayers(QPainter &painter, const CanvasView &view, PicturePyramid &pyramid,
+                             const std::vector<SourceLayer> &layers, const QRect &part)
 {
     const int level = PicturePyramid::levelForZoom(view.zoom());
     if (level == 0)
-        return paintFromDocument(painter, view, layers, part);
+        return paintFromDocument(painter, view, pyramid, layers, part);
     qint64 pixelsRead = 0;
     for (const PicturePyramid::TileKey &key : tilesIn(view, part)) {
         const QRect target = levelTarget(view, level, pyramid.tileRect(key));
@@ -99,7 +130,7 @@ qint64 painting::paintLayers(QPainter &painter, const CanvasView &view,
             painter.setRenderHint(QPainter::SmoothPixmapTransform);
             painter.drawImage(target, *tile);
         } else {
-            pixelsRead += paintRough(painter, view, layers, part, target);
+            pixelsRead += paintRough(painter, view, pyramid, layers, part, target);
         }
     }
     return pixelsRead;

@@ -4,10 +4,31 @@
 #include <VeskLayerBase.h>
 #include <VeskLayerManager.h>
 
-#include <QColorSpace>
 #include <QPainter>
 
 #include <algorithm>
+
+namespace {
+
+bool isDeep(const SourceLayer &layer)
+{
+    const QPixelFormat pixels = layer.picture.pixelFormat();
+    return std::max({pixels.redSize(), pixels.greenSize(), pixels.blueSize(), pixels.blackSize()}) >
+           8;
+}
+
+QImage::Format composedFormat(int bits)
+{
+    return bits > 8 ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied;
+}
+
+/// Whether the layer alone makes up the region.
+bool fills(const SourceLayer &layer, const QRect &region)
+{
+    return layer.opacity >= 1 && layer.picture.rect().contains(region);
+}
+
+} // namespace
 
 std::vector<SourceLayer> composition::visibleLayers(const VeskContext *context)
 {
@@ -35,15 +56,36 @@ bool composition::isOpaque(const std::vector<SourceLayer> &layers, const QSize &
     });
 }
 
-QImage composition::composedRegion(const std::vector<SourceLayer> &layers, const QRect &region)
+int composition::bitsPerChannel(const std::vector<SourceLayer> &layers)
 {
-    QImage composed(region.size(), QImage::Format_ARGB32_Premultiplied);
+    return std::any_of(layers.begin(), layers.end(), isDeep) ? 16 : 8;
+}
+
+QColorSpace composition::colorSpace(const std::vector<SourceLayer> &layers)
+{
+    return layers.empty() ? QColorSpace() : layers.front().picture.colorSpace();
+}
+
+QImage composition::composedRegion(const std::vector<SourceLayer> &layers, const QRect &region,
+                                   int bits)
+{
+    // The painter takes its time over deep pixels.
+    if (layers.size() == 1 && fills(layers.front(), region) && isDeep(layers.front()))
+        return layers.front().picture.copy(region).convertToFormat(composedFormat(bits));
+    QImage composed(region.size(), composedFormat(bits));
     if (composed.isNull())
         return composed;
     composed.fill(Qt::transparent);
     QPainter painter(&composed);
     drawLayers(painter, composed.rect(), layers, region);
     return composed;
+}
+
+QColor composition::pixelColor(const std::vector<SourceLayer> &layers, const QPoint &pixel)
+{
+    // The painter takes a picture of one pixel for a colour of 8 bits.
+    const QRect around(pixel - QPoint(1, 1), QSize(3, 3));
+    return composedRegion(layers, around, bitsPerChannel(layers)).pixelColor(1, 1);
 }
 
 QImage composition::composedPicture(const std::vector<SourceLayer> &layers,
@@ -54,7 +96,8 @@ QImage composition::composedPicture(const std::vector<SourceLayer> &layers,
     const SourceLayer &lowest = layers.front();
     if (layers.size() == 1 && lowest.opacity >= 1 && lowest.picture.size() == documentSize)
         return lowest.picture;
-    QImage composed = composedRegion(layers, QRect(QPoint(0, 0), documentSize));
+    QImage composed =
+        composedRegion(layers, QRect(QPoint(0, 0), documentSize), bitsPerChannel(layers));
     composed.setColorSpace(lowest.picture.colorSpace());
     composed.setDotsPerMeterX(lowest.picture.dotsPerMeterX());
     composed.setDotsPerMeterY(lowest.picture.dotsPerMeterY());

@@ -30,16 +30,23 @@ void countRow(const QRgb *row, int width, VeskCanvas::Histogram &counts)
 
 } // namespace
 
+VeskScreenColours::Conversion histogram::toCommon(const std::vector<SourceLayer> &layers)
+{
+    return VeskScreenColours::getInstance().toCommon(composition::colorSpace(layers));
+}
+
 VeskCanvas::Histogram histogram::countLevels(const std::vector<SourceLayer> &layers,
-                                             const QSize &document)
+                                             const QSize &document,
+                                             const VeskScreenColours::Conversion &toCommon)
 {
     VeskCanvas::Histogram counts;
     if (document.isEmpty())
         return counts;
     for (int y = 0; y < document.height(); y += kStripRows) {
         const int rows = std::min(kStripRows, document.height() - y);
-        const QImage strip =
-            composition::composedRegion(layers, QRect(0, y, document.width(), rows));
+        QImage strip = composition::composedRegion(layers, QRect(0, y, document.width(), rows));
+        if (toCommon)
+            toCommon(strip);
         for (int row = 0; row < strip.height(); ++row)
             countRow(reinterpret_cast<const QRgb *>(strip.constScanLine(row)), strip.width(),
                      counts);

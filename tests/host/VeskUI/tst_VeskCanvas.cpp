@@ -4,6 +4,7 @@
 #include <VeskLayer.h>
 #include <VeskLayerManager.h>
 #include <VeskPictureHost.h>
+#include <VeskScreenColours.h>
 #include <VeskSelection.h>
 
 #include <QApplication>
@@ -54,6 +55,40 @@ QImage filled(const QSize &size, const QColor &color, QImage::Format format = QI
     image.fill(color);
     return image;
 }
+
+// While it lives, the screen shows red as blue and the common space red as green; counts the pixels
+// that are brought to the screen.
+class ScreenColours
+{
+public:
+    ScreenColours()
+    {
+        VeskScreenColours::getInstance().setMakers(
+            [count = converted](const QColorSpace &) {
+                return [count](QImage &picture) {
+                    *count += picture.width() * picture.height();
+                    picture = std::move(picture).rgbSwapped();
+                };
+            },
+            [](const QColorSpace &) {
+                return [](QImage &picture) {
+                    for (int y = 0; y < picture.height(); ++y) {
+                        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(y));
+                        for (int x = 0; x < picture.width(); ++x)
+                            row[x] = qRgb(qGreen(row[x]), qRed(row[x]), qBlue(row[x]));
+                    }
+                };
+            });
+    }
+    ~ScreenColours() { VeskScreenColours::getInstance().setMakers({}, {}); }
+    ScreenColours(const ScreenColours &) = delete;
+    ScreenColours &operator=(const ScreenColours &) = delete;
+
+    int pixels() const { return *converted; }
+
+private:
+    std::shared_ptr<int> converted = std::make_shared<int>(0);
+};
 
 // Left half red, right half blue.
 QImage twoHalves(const QSize &size)
@@ -122,6 +157,10 @@ private slots:
     void paint_layerChanged_isRepainted();
     void paint_hugePicture_costsTheVisibleAreaOnly();
     void paint_reduced_endsAsTheMeanOfThePixels();
+    void paint_withScreenColours_convertsAtEveryZoom_data();
+    void paint_withScreenColours_convertsAtEveryZoom();
+    void paint_deepPicture_isRounded();
+    void pan_withScreenColours_convertsOnlyWhatComesIntoView();
 
     void zoom_fitsAtFirstAndFollowsTheWidget();
     void zoom_steps_stopAtActualSize();
@@ -293,6 +332,59 @@ void TestCanvas::paint_reduced_endsAsTheMeanOfThePixels()
     QTRY_VERIFY_WITH_TIMEOUT(document.canvas.paintedPixelsRead() >= pixels, kLimitMs);
     // Picked pixels would be black or white.
     QTRY_COMPARE_WITH_TIMEOUT(document.shown().pixel(200, 150), qRgb(128, 128, 128), kLimitMs);
+}
+
+void TestCanvas::paint_withScreenColours_convertsAtEveryZoom_data()
+{
+    QTest::addColumn<qreal>("zoom");
+    QTest::newRow("enlarged") << 4.0;
+    QTest::newRow("actual size") << 1.0;
+    QTest::newRow("a little reduced") << 0.7;
+    QTest::newRow("reduced") << 0.1;
+}
+
+void TestCanvas::paint_withScreenColours_convertsAtEveryZoom()
+{
+    QFETCH(qreal, zoom);
+    const ScreenColours swapped;
+    Document document(filled(QSize(4000, 3000), QColor(10, 20, 30)));
+    document.canvas.setZoom(zoom);
+    QCOMPARE(document.shown().pixelColor(200, 150), QColor(30, 20, 10)); // before there are copies
+    document.show();
+    QTest::qWait(0);
+    QTRY_COMPARE_WITH_TIMEOUT(document.shown().pixelColor(200, 150), QColor(30, 20, 10), kLimitMs);
+    QCOMPARE(document.canvas.colorAt({5, 5}), QColor(10, 20, 30)); // as it is stored
+    QCOMPARE(document.canvas.onScreen(QColor(10, 20, 30)), QColor(30, 20, 10));
+    document.canvas.updateHistogram();
+    QCOMPARE(document.canvas.histogram().red[20], quint32(4000 * 3000)); // green in its place
+}
+
+void TestCanvas::paint_deepPicture_isRounded()
+{
+    Document document(filled(QSize(900, 700),
+                             QColor::fromRgba64(257 * 40 + 129, 257 * 40 + 128, 257 * 7),
+                             QImage::Format_RGBX64));
+    for (const qreal zoom : {1.0, 0.3}) {
+        document.canvas.setZoom(zoom);
+        QCOMPARE(document.shown().pixelColor(200, 150), QColor(41, 40, 7));
+    }
+    QCOMPARE(document.canvas.bitsPerChannel(), 16);
+    QCOMPARE(document.canvas.colorAt({5, 5}).rgba64().red(), quint16(257 * 40 + 129));
+}
+
+void TestCanvas::pan_withScreenColours_convertsOnlyWhatComesIntoView()
+{
+    const ScreenColours swapped;
+    Document document(filled(QSize(6000, 4000), Qt::red));
+    document.canvas.setZoom(1);
+    document.shown();
+    const int whole = swapped.pixels();
+    QVERIFY(whole > 0);
+    document.shown();
+    QCOMPARE(swapped.pixels(), whole); // nothing is converted twice
+    QTest::keyClick(&document.canvas, Qt::Key_Right);
+    document.shown();
+    QVERIFY(swapped.pixels() - whole <= 256 * 256 * 3); // one column of tiles
 }
 
 // --- Zoom and position ---

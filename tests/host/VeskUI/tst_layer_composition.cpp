@@ -39,6 +39,8 @@ private slots:
     void composedRegion_outsideOfALayer_isTransparent();
     void composedRegion_mixesByOpacity();
     void composedRegion_upperLayerCoversLower();
+    void composedRegion_deepLayer_isRoundedTo8BitsOrKept();
+    void composedPicture_deepLayers_keep16Bits();
     void composedPicture_oneOpaqueLayer_sharesItsPixels();
     void composedPicture_stacksVisibleLayersByOpacity();
     void composedPicture_severalLayers_keepsProfileAndResolutionOfTheLowest();
@@ -101,6 +103,43 @@ void TestLayerComposition::composedRegion_upperLayerCoversLower()
         {{filled(QSize(4, 4), Qt::red), 1.0}, {filled(QSize(2, 2), Qt::green), 1.0}}, {0, 0, 4, 4});
     QCOMPARE(composed.pixelColor(1, 1), QColor(Qt::green));
     QCOMPARE(composed.pixelColor(2, 2), QColor(Qt::red));
+}
+
+void TestLayerComposition::composedRegion_deepLayer_isRoundedTo8BitsOrKept()
+{
+    QImage picture(257, 257, QImage::Format_RGBX64);
+    for (int y = 0; y < picture.height(); ++y) {
+        auto *row = reinterpret_cast<QRgba64 *>(picture.scanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            const int level = std::min(257 * y + x, 65535);
+            row[x] = QRgba64::fromRgba64(quint16(level), quint16(65535 - level), 0, 0xFFFF);
+        }
+    }
+    const std::vector<SourceLayer> layers{{picture, 1.0}};
+    QCOMPARE(composition::bitsPerChannel(layers), 16);
+    const QImage shown = composition::composedRegion(layers, picture.rect());
+    const QImage kept = composition::composedRegion(layers, picture.rect(), 16);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgba64 pixel = picture.pixelColor(x, y).rgba64();
+            QCOMPARE(qRed(shown.pixel(x, y)), qRound(pixel.red() / 257.0));
+            QCOMPARE(kept.pixelColor(x, y).rgba64(), pixel);
+        }
+    }
+}
+
+void TestLayerComposition::composedPicture_deepLayers_keep16Bits()
+{
+    VeskContext context;
+    addLayer(context,
+             filled(QSize(4, 4), QColor::fromRgba64(1000, 2000, 3000), QImage::Format_RGBX64));
+    addLayer(context, filled(QSize(2, 4), Qt::white))->setAlpha(0.5F);
+    const QImage composed = composition::composedPicture(&context);
+    QCOMPARE(composed.pixelColor(3, 3), QColor::fromRgba64(1000, 2000, 3000));
+    constexpr int kOpacityStep = 65535 / 255; // the painter knows 256 opacities
+    QVERIFY(qAbs(composed.pixelColor(0, 0).rgba64().red() - (1000 + 65535) / 2) <= kOpacityStep);
+    QCOMPARE(composition::pixelColor(composition::visibleLayers(&context), {3, 3}),
+             QColor::fromRgba64(1000, 2000, 3000));
 }
 
 void TestLayerComposition::composedPicture_oneOpaqueLayer_sharesItsPixels()
