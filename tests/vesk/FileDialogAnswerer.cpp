@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -12,6 +13,17 @@
 FileDialogAnswerer::FileDialogAnswerer()
 {
     QCoreApplication::instance()->installEventFilter(this);
+}
+
+void FileDialogAnswerer::chooseKind(QFileDialog &dialog) const
+{
+    const QStringList filters = dialog.nameFilters();
+    for (const QString &filter : filters) {
+        if (kind.isEmpty() || !filter.startsWith(kind))
+            continue;
+        dialog.selectNameFilter(filter);
+        Q_EMIT dialog.filterSelected(filter);
+    }
 }
 
 bool FileDialogAnswerer::eventFilter(QObject *watched, QEvent *event)
@@ -27,6 +39,15 @@ bool FileDialogAnswerer::eventFilter(QObject *watched, QEvent *event)
                 dialog->reject();
                 return;
             }
+            if (dialog->acceptMode() == QFileDialog::AcceptOpen) {
+                const QStringList paths = answers.takeFirst().split(QLatin1Char('|'));
+                dialog->setDirectory(QFileInfo(paths.constFirst()).path());
+                for (const QString &path : paths)
+                    dialog->selectFile(path);
+                static_cast<QDialog *>(dialog)->done(QDialog::Accepted);
+                return;
+            }
+            chooseKind(*dialog);
             name->selectAll();
             name->insert(answers.takeFirst());
             // What the dialog has chosen itself goes before what is typed.

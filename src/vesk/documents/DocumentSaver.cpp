@@ -26,7 +26,8 @@ bool DocumentSaver::save(VeskContext *document)
     const std::optional<PictureFormat> format = picture::formatOfSuffix(path);
     if (!format)
         return saveAs(document);
-    const Outcome outcome = write(*document, {path, *format, settings::jpegQuality(), true});
+    const Outcome outcome = write(
+        *document, {path, *format, settings::jpegQuality(), true, document::savedBits(*document)});
     return outcome == Outcome::SaveElsewhere ? saveAs(document) : outcome == Outcome::Saved;
 }
 
@@ -81,6 +82,7 @@ DocumentSaver::Outcome DocumentSaver::write(VeskContext &document, const SaveTar
     if (guard) {
         document.setFilePath(target.path);
         document.setFileName(QFileInfo(target.path).fileName());
+        document::setSavedBits(document, target.bitsPerSample);
         document::markSaved(document);
     }
     Q_EMIT saved(target.path);

@@ -10,7 +10,7 @@
 struct LoadedPicture
 {
     QString path;
-    QImage image;    ///< upright; null on failure
+    QImage image;    ///< upright, at the file's depth; null on failure
     QString problem; ///< empty on success; does not name the file
 };
 Q_DECLARE_METATYPE(LoadedPicture)

@@ -13,6 +13,7 @@
 namespace {
 
 constexpr char kMetadataSource[] = "metadataSource";
+constexpr char kSavedBits[] = "savedBits";
 constexpr char kSavedLayers[] = "savedLayers";
 
 void addLayer(VeskContext &context, const QImage &picture)
@@ -72,6 +73,16 @@ QString document::metadataSource(const VeskContext &context)
 void document::setMetadataSource(VeskContext &context, const QString &path)
 {
     context.setProperty(kMetadataSource, path);
+}
+
+int document::savedBits(const VeskContext &context)
+{
+    return context.property(kSavedBits).toInt();
+}
+
+void document::setSavedBits(VeskContext &context, int bits)
+{
+    context.setProperty(kSavedBits, bits);
 }
 
 void document::setLayerVisible(VeskContext &context, int index, bool isVisible)

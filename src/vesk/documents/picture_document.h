@@ -22,6 +22,11 @@ void addCanvas(VeskContext &context, QWidget *canvasOwner);
 QString metadataSource(const VeskContext &context);
 void setMetadataSource(VeskContext &context, const QString &path);
 
+/// Bits per sample that the user has chosen for the document's file: 8 or 16, 0 for those that the
+/// document has.
+int savedBits(const VeskContext &context);
+void setSavedBits(VeskContext &context, int bits);
+
 /// Shows or hides the layer at index. That modifies the document, until all its layers are again
 /// what its file holds.
 void setLayerVisible(VeskContext &context, int index, bool isVisible);

@@ -32,6 +32,7 @@ WriteResult document::savePicture(const QImage &picture, const SaveTarget &targe
     WriteOptions options;
     options.metadata = metadataOf(metadataSources);
     options.quality = target.quality;
+    options.bitsPerSample = target.bitsPerSample;
     options.mayReplace = target.mayReplace;
     return picture::write(picture, target.path, target.format, options);
 }

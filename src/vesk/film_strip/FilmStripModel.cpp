@@ -1,5 +1,7 @@
 #include "FilmStripModel.h"
 
+#include <VeskScreenColours.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QPainter>
@@ -46,6 +48,8 @@ FilmStripModel::FilmStripModel(QObject *parent)
     , broken(sheet(kThumbnailSide, true))
 {
     connect(&loader, &ThumbnailLoader::ready, this, &FilmStripModel::take);
+    connect(&VeskScreenColours::getInstance(), &VeskScreenColours::changed, this,
+            &FilmStripModel::remake);
 }
 
 void FilmStripModel::setPictures(const QList<FolderEntry> &pictures)
@@ -144,6 +148,16 @@ QIcon FilmStripModel::thumbnail(const QString &path) const
     if (!requested.contains(path))
         requested.insert(path, loader.request(path));
     return unknown;
+}
+
+/// The screen has other colours now.
+void FilmStripModel::remake()
+{
+    loader.dropWaiting();
+    thumbnails.clear();
+    requested.clear();
+    if (!entries.isEmpty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {Qt::DecorationRole});
 }
 
 void FilmStripModel::take(int request, const QString &path, const QImage &image)

@@ -31,6 +31,7 @@ public:
 
 private:
     QIcon thumbnail(const QString &path) const;
+    void remake();
     void take(int request, const QString &path, const QImage &image);
     void keepOnly(const QList<FolderEntry> &pictures);
     void insertMissing(const QList<FolderEntry> &pictures);

@@ -1,5 +1,7 @@
 #include "ThumbnailLoader.h"
 
+#include "screen_colours.h"
+
 #include <picture_reader.h>
 
 namespace {
@@ -17,7 +19,7 @@ QImage thumbnail::make(const QString &path, int side, const std::atomic<bool> &c
     options.pixelLimit = kLargestPicture;
     options.side = side;
     options.cancelled = &cancelled;
-    return picture::read(path, options).image;
+    return screen_colours::shown(picture::read(path, options).image);
 }
 
 ThumbnailLoader::ThumbnailLoader(int thumbnailSide, QObject *parent)

@@ -9,9 +9,9 @@
 
 namespace thumbnail {
 
-/// A small, upright copy of a picture file, at most side x side pixels and never enlarged; null
-/// when the file is no picture or would take too much memory. Raw conversions end soon after
-/// cancelled has become true. Any thread.
+/// A small, upright copy of a picture file in the colours of the screen, at most side x side pixels
+/// and never enlarged; null when the file is no picture or would take too much memory. Raw
+/// conversions end soon after cancelled has become true. Any thread.
 QImage make(const QString &path, int side, const std::atomic<bool> &cancelled);
 
 } // namespace thumbnail

@@ -13,6 +13,7 @@ namespace {
 constexpr int kDefaultQuality = 95;
 
 const QLatin1String kQuality("editor/jpegQuality");
+const QLatin1String kScreenProfile("editor/screenProfile");
 const QLatin1String kFolder("editor/folder");
 const QLatin1String kRecent("editor/recentFiles");
 const QLatin1String kGeometry("editor/geometry");
@@ -46,6 +47,16 @@ int settings::jpegQuality()
 void settings::setJpegQuality(int quality)
 {
     setValue(kQuality, quality);
+}
+
+QString settings::screenProfile()
+{
+    return value(kScreenProfile).toString();
+}
+
+void settings::setScreenProfile(const QString &path)
+{
+    setValue(kScreenProfile, path.isEmpty() ? QVariant() : path);
 }
 
 QString settings::folder()

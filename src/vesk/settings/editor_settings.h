@@ -12,6 +12,10 @@ namespace settings {
 int jpegQuality();
 void setJpegQuality(int quality);
 
+/// File of the screen's colour profile; empty: the screen shows sRGB.
+QString screenProfile();
+void setScreenProfile(const QString &path);
+
 /// Folder shown last; the user's pictures folder, or home, before.
 QString folder();
 void setFolder(const QString &path);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
+#include <QRgba64>
 
 namespace {
 
@@ -32,7 +33,7 @@ EditorStatusBar::EditorStatusBar(QWidget *parent)
     : QStatusBar(parent)
     , loadingText(new QLabel)
     , loadingBar(new QProgressBar)
-    , pointer(fixedLabel(QStringLiteral("00000, 00000   R 000 G 000 B 000")))
+    , pointer(fixedLabel(QStringLiteral("00000, 00000   R 00000 G 00000 B 00000")))
     , swatch(new QLabel)
     , size(fixedLabel(QStringLiteral("00000 × 00000")))
     , zoom(fixedLabel(QStringLiteral("3200 %")))
@@ -86,15 +87,17 @@ void EditorStatusBar::showPointer(const QPoint &pixel, const QColor &color)
         pointer->clear();
         return;
     }
+    const bool isDeep = shown && shown->bitsPerChannel() > 8;
+    const QRgba64 deep = color.rgba64();
     //: Position in pixels, and the levels of red, green and blue.
     pointer->setText(tr("%1, %2   R %3 G %4 B %5")
                          .arg(pixel.x())
                          .arg(pixel.y())
-                         .arg(color.red())
-                         .arg(color.green())
-                         .arg(color.blue()));
+                         .arg(isDeep ? deep.red() : color.red())
+                         .arg(isDeep ? deep.green() : color.green())
+                         .arg(isDeep ? deep.blue() : color.blue()));
     QPalette colors = swatch->palette();
-    colors.setColor(QPalette::Window, color);
+    colors.setColor(QPalette::Window, shown ? shown->onScreen(color) : color);
     swatch->setPalette(colors);
 }
 

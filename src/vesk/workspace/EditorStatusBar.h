@@ -7,8 +7,8 @@ class QLabel;
 class QProgressBar;
 class VeskCanvas;
 
-/// Size, zoom and the colour under the pointer of the canvas in front, and what is being loaded.
-/// GUI thread.
+/// Size, zoom and the colour under the pointer of the canvas in front, in the numbers of its
+/// document (0 to 255, or to 65535 where it has 16 bits), and what is being loaded. GUI thread.
 class EditorStatusBar : public QStatusBar
 {
     Q_OBJECT

@@ -80,9 +80,10 @@ void HistogramDock::refresh()
     }
     const std::vector<SourceLayer> layers = composition::visibleLayers(shown);
     const QSize size = shown->getLayerManager()->size();
+    const VeskScreenColours::Conversion toCommon = histogram::toCommon(layers);
     worker.clear(); // counts that nobody waits for any more
-    worker.start([this, asked = round, layers, size] {
-        const VeskCanvas::Histogram counts = histogram::countLevels(layers, size);
+    worker.start([this, asked = round, layers, size, toCommon] {
+        const VeskCanvas::Histogram counts = histogram::countLevels(layers, size, toCommon);
         QMetaObject::invokeMethod(
             this,
             [this, asked, counts] {

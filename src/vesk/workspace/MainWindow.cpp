@@ -11,11 +11,13 @@
 #include "LayerDock.h"
 #include "PictureFolder.h"
 #include "RecentFilesMenu.h"
+#include "ScreenColoursMenu.h"
 #include "StartPage.h"
 #include "about_box.h"
 #include "editor_settings.h"
 #include "first_window_size.h"
 #include "picture_kinds.h"
+#include "screen_colours.h"
 
 #include <VeskCanvas.h>
 #include <VeskContext.h>
@@ -62,6 +64,7 @@ MainWindow::MainWindow(QWidget *parent)
     , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
     , hdr(std::make_unique<HdrCommand>(uiManager.get()))
 {
+    screen_colours::applySettings();
     setAcceptDrops(true);
     setCentralWidget(documents);
     setStatusBar(status);
@@ -122,7 +125,9 @@ void MainWindow::addMenus()
     view->addActions({actions->nextTab, actions->previousTab, actions->fullScreen});
 
     menuBar()->addMenu(tr("&Tools"))->addAction(actions->merge);
-    menuBar()->addMenu(tr("&Settings"))->addMenu(languages);
+    QMenu *settingsMenu = menuBar()->addMenu(tr("&Settings"));
+    settingsMenu->addMenu(languages);
+    settingsMenu->addMenu(new ScreenColoursMenu(this));
     menuBar()->addMenu(tr("&Help"))->addAction(actions->about);
 
     filmStrip->addActions({actions->openSelected, actions->merge});

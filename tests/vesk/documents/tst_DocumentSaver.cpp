@@ -13,14 +13,35 @@
 #include <VeskLayerManager.h>
 #include <VeskPictureReader.h>
 #include <exif_metadata.h>
+#include <layer_composition.h>
 
 #include <QColorSpace>
 #include <QDir>
 #include <QFileInfo>
+#include <QRgba64>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <sys/resource.h>
+
+namespace {
+
+/// All levels of 16 bits, each once.
+QImage deepRamp()
+{
+    QImage ramp(256, 256, QImage::Format_RGBX64);
+    for (int y = 0; y < 256; ++y) {
+        auto *row = reinterpret_cast<QRgba64 *>(ramp.scanLine(y));
+        for (int x = 0; x < 256; ++x) {
+            const auto level = quint16(256 * y + x);
+            row[x] =
+                QRgba64::fromRgba64(level, quint16(65535 - level), quint16(level ^ 0x5555), 0xFFFF);
+        }
+    }
+    return ramp;
+}
+
+} // namespace
 
 class TestDocumentSaver : public QObject
 {
@@ -43,6 +64,9 @@ private slots:
     void saveAs_withoutSuffix_takesThatOfTheKind();
     void saveAs_otherSuffix_neverReplacesUnasked();
     void saveAs_otherFile_isTheDocumentsFromThenOn();
+    void saveAs_deepPicture_offersBothDepths_data();
+    void saveAs_deepPicture_offersBothDepths();
+    void save_afterSavingWith8Bits_keepsThat();
     void save_keepsTheCamerasMetadata();
     void save_mergedPicture_takesTheMetadataOfItsSource();
     void save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace();
@@ -283,6 +307,61 @@ static QByteArray addCameraPicture(const TestPictures &pictures, const QString &
     if (!out.open(QIODevice::WriteOnly) || out.write(file) != file.size())
         return {};
     return exif;
+}
+
+void TestDocumentSaver::saveAs_deepPicture_offersBothDepths_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("bits");
+    QTest::newRow("png") << "a.png"
+                         << "" << 16;
+    QTest::newRow("tiff") << "a.tif"
+                          << "" << 16;
+    QTest::newRow("png, 16 chosen") << "a.png"
+                                    << "PNG picture, 16 bits" << 16;
+    QTest::newRow("png, 8 chosen") << "a.png"
+                                   << "PNG picture, 8 bits" << 8;
+    QTest::newRow("tiff, 8 chosen") << "a.tif"
+                                    << "TIFF picture, 8 bits" << 8;
+    QTest::newRow("tiff, but png with 8 chosen") << "a.tif"
+                                                 << "PNG picture, 8 bits" << 16;
+    QTest::newRow("no suffix, tiff with 8 chosen") << "a"
+                                                   << "TIFF picture, 8 bits" << 8;
+    QTest::newRow("jpeg") << "a.jpg"
+                          << "" << 8;
+}
+
+void TestDocumentSaver::saveAs_deepPicture_offersBothDepths()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, kind);
+    QFETCH(int, bits);
+    makeDocument({});
+    document.reset(document::create(deepRamp(), {}, {}, window.get()));
+    dialogs->kind = kind;
+    dialogs->answerNextWith(pictures->path(name));
+    QVERIFY(saver->saveAs(document.get()));
+    const LoadedPicture read = loadPicture(document->getFilePath(), neverCancelled);
+    QCOMPARE(composition::bitsPerChannel({{read.image, 1.0}}), bits);
+    if (bits == 16)
+        QCOMPARE(read.image.convertToFormat(QImage::Format_RGBX64), deepRamp());
+    else if (!name.endsWith(QLatin1String("jpg")))
+        QCOMPARE(read.image.convertToFormat(QImage::Format_RGB32),
+                 deepRamp().convertToFormat(QImage::Format_RGB32));
+}
+
+/// The file's depth is the user's choice, until it is made anew.
+void TestDocumentSaver::save_afterSavingWith8Bits_keepsThat()
+{
+    document.reset(document::create(deepRamp(), {}, {}, window.get()));
+    dialogs->kind = QStringLiteral("PNG picture, 8 bits");
+    dialogs->answerNextWith(pictures->path(QStringLiteral("a.png")));
+    QVERIFY(saver->saveAs(document.get()));
+    document->setSaveAble(true);
+    QVERIFY(saver->save(document.get()));
+    const QImage read = loadPicture(document->getFilePath(), neverCancelled).image;
+    QCOMPARE(composition::bitsPerChannel({{read, 1.0}}), 8);
 }
 
 void TestDocumentSaver::save_keepsTheCamerasMetadata()

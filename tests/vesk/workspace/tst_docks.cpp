@@ -233,6 +233,13 @@ void TestDocks::statusBar_showsSizeZoomAndColour()
     QCOMPARE(text("pointerLabel"), QStringLiteral("3, 4   R 10 G 20 B 30"));
     Q_EMIT canvas->pointerMoved({-1, -1}, {});
     QCOMPARE(text("pointerLabel"), QString());
+    QImage deep(QSize(10, 5), QImage::Format_RGBX64);
+    deep.fill(QColor::fromRgba64(1000, 2000, 65535));
+    auto *layer = new VeskLayer(QStringLiteral("deep"));
+    layer->setVeskPictureHost(new VeskPictureHost(deep));
+    document->getLayerManager()->addLayer(layer, true);
+    Q_EMIT canvas->pointerMoved({3, 4}, canvas->colorAt({3, 4}));
+    QCOMPARE(text("pointerLabel"), QStringLiteral("3, 4   R 1000 G 2000 B 65535"));
     bar.showCanvas(nullptr);
     QCOMPARE(text("sizeLabel"), QString());
 }
