@@ -190,7 +190,7 @@ WriteResult picture::write(const QImage &picture, QIODevice &device, PictureForm
     const QImage words = encodable(picture, format, options.bitsPerSample);
     if (words.isNull())
         return {OutputFile::Error::WriteFailed, PictureEncoder::tr("not enough memory"), {}};
-    const Metadata metadata = metadataOf(picture, format, options);
+    const KeptMetadata metadata = metadataOf(picture, format, options);
     const QString problem = encode(words, format, metadata.kept, options, device);
     if (!problem.isEmpty())
         return {OutputFile::Error::WriteFailed, problem, {}};
