@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -31,6 +32,7 @@ struct Options
     sample::BracketSettings bracket;
     QString folder;
     QString format;
+    bool isMotionGiven = false;
     int threads = 0; ///< 0: one per core; does not change any pixel
     bool asJson = false;
 };
@@ -65,6 +67,20 @@ std::optional<QVector<QPoint>> parseOffsets(const QString &text)
     return offsets;
 }
 
+std::optional<sample::Motion> parseMotion(const QString &text)
+{
+    using sample::Motion;
+    constexpr std::pair<const char *, Motion> kMotions[] = {{"none", Motion::None},
+                                                            {"shift", Motion::Shift},
+                                                            {"hand", Motion::Hand},
+                                                            {"strong", Motion::Strong}};
+    for (const auto &[word, motion] : kMotions) {
+        if (text == QLatin1String(word))
+            return motion;
+    }
+    return std::nullopt;
+}
+
 /// The options, or nothing after a message about what is wrong with them.
 std::optional<Options> parseOptions(const QCoreApplication &app)
 {
@@ -87,6 +103,12 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
         QStringLiteral("shifts"),
         QStringLiteral("Where the scene stands in each shot, in pixels: \"0,0;5,-3;...\"."),
         QStringLiteral("X,Y;..."));
+    const QCommandLineOption motion(
+        QStringLiteral("motion"),
+        QStringLiteral("How the camera moves between the shots: none, shift (by whole pixels; so "
+                       "it is if not given), hand or strong (it is turned and tilted). The file "
+                       "motion.json says by how much."),
+        QStringLiteral("how"), QStringLiteral("shift"));
     const QCommandLineOption format(QStringLiteral("format"), QStringLiteral("jpg or png."),
                                     QStringLiteral("name"), QStringLiteral("jpg"));
     const QCommandLineOption threads(QStringLiteral("threads"), QStringLiteral("0: one per core."),
@@ -97,7 +119,7 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
                        "person at any moment, grey shadows and mirror images."));
     const QCommandLineOption json(QStringLiteral("json"),
                                   QStringLiteral("Describe the files in JSON."));
-    parser.addOptions({size, shots, seed, shifts, format, threads, moving, json});
+    parser.addOptions({size, shots, seed, shifts, motion, format, threads, moving, json});
     parser.process(app);
 
     const auto refuse = [](const QString &message) -> std::optional<Options> {
@@ -123,6 +145,13 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
                           parser.value(shifts));
         options.bracket.offsets = *offsets;
     }
+    const std::optional<sample::Motion> how = parseMotion(parser.value(motion));
+    if (!how || (parser.isSet(motion) && parser.isSet(shifts)))
+        return refuse(
+            QStringLiteral("--motion: not none, shift, hand or strong, or with --shifts: ") +
+            parser.value(motion));
+    options.bracket.motion = *how;
+    options.isMotionGiven = parser.isSet(motion);
     bool isNumber = false;
     options.bracket.seed = parser.value(seed).toUInt(&isNumber);
     if (!isNumber)
@@ -183,12 +212,39 @@ bool writeChanged(const Options &options, const QImage &changed)
     return write(QDir(options.folder).filePath(QStringLiteral("sample_moving.png")), bytes);
 }
 
+/// Onto the first shot, row by row.
+QJsonArray matrixOf(const sample::Shot &shot)
+{
+    QJsonArray rows;
+    for (size_t row = 0; row < 3; ++row)
+        rows.append(QJsonArray{shot.toFirst[3 * row], shot.toFirst[3 * row + 1],
+                               shot.toFirst[3 * row + 2]});
+    return rows;
+}
+
+/// The true matrix of each file.
+bool writeMotion(const Options &options, const QVector<sample::Shot> &shots)
+{
+    if (!options.isMotionGiven)
+        return true;
+    QJsonArray list;
+    for (int i = 0; i < shots.size(); ++i)
+        list.append(QJsonObject{
+            {QStringLiteral("file"), QFileInfo(pathOf(options, i)).fileName()},
+            {QStringLiteral("matrix"), matrixOf(shots[i])},
+        });
+    const QJsonObject object{{QStringLiteral("shots"), list}};
+    return write(QDir(options.folder).filePath(QStringLiteral("motion.json")),
+                 QJsonDocument(object).toJson());
+}
+
 QJsonObject describe(const Options &options, int index, const sample::Shot &shot)
 {
     return {{QStringLiteral("path"), pathOf(options, index)},
             {QStringLiteral("stops"), shot.exposure.stops},
             {QStringLiteral("exposureTime"), shot.exposure.exposureTime},
-            {QStringLiteral("offset"), QJsonArray{shot.offset.x(), shot.offset.y()}}};
+            {QStringLiteral("offset"), QJsonArray{shot.offset.x(), shot.offset.y()}},
+            {QStringLiteral("matrix"), matrixOf(shot)}};
 }
 
 void printJson(const Options &options, const QVector<sample::Shot> &shots, qint64 elapsedMs)
@@ -237,7 +293,8 @@ int main(int argc, char *argv[])
     timer.start();
     QImage changed;
     const QVector<sample::Shot> shots = sample::photographBracket(options->bracket, &changed);
-    if (!writeAll(*options, shots) || !writeChanged(*options, changed))
+    if (!writeAll(*options, shots) || !writeChanged(*options, changed) ||
+        !writeMotion(*options, shots))
         return kWriteError;
     if (options->asJson)
         printJson(*options, shots, timer.elapsed());

@@ -30,7 +30,7 @@ int largestTremble(QSize size)
 QVector<QPoint> offsetsOf(const BracketSettings &settings)
 {
     QVector<QPoint> offsets = settings.offsets;
-    const int reach = largestTremble(settings.size);
+    const int reach = settings.motion == Motion::Shift ? largestTremble(settings.size) : 0;
     const auto tremble = [&](int draw) {
         const std::uint64_t key = hashed(settings.seed) + static_cast<std::uint64_t>(draw);
         return static_cast<int>(std::floor(uniform(key) * static_cast<float>(2 * reach + 1))) -
@@ -89,21 +89,48 @@ QVector<double> evenStops(int shots)
     return stops;
 }
 
+namespace {
+
+bool isTurned(const BracketSettings &settings)
+{
+    return settings.motion == Motion::Hand || settings.motion == Motion::Strong;
+}
+
+/// From each shot onto the first.
+QVector<Homography> mapsOf(const BracketSettings &settings, const QVector<QPoint> &offsets)
+{
+    if (isTurned(settings))
+        return cameraMotions(settings.motion, int(settings.stops.size()), settings.size,
+                             settings.seed);
+    QVector<Homography> maps;
+    for (int i = 0; i < settings.stops.size(); ++i)
+        maps.append(moved(offsets[0] - offsets[i]));
+    return maps;
+}
+
+} // namespace
+
 QVector<Shot> photographBracket(const BracketSettings &settings, QImage *changed)
 {
+    constexpr int kAround = 2; // pixels that the interpolation reads beyond a place
     const QVector<QPoint> offsets = offsetsOf(settings);
+    const QVector<Homography> maps = mapsOf(settings, offsets);
     const QVector<ExposureData> exposures = exposuresOf(settings.stops);
-    const int margin = marginFor(offsets);
+    const bool turns = isTurned(settings);
+    const int margin = turns ? reachOf(maps, settings.size) + kAround : marginFor(offsets);
     const std::vector<RadianceImage> moments = momentsOf(settings, margin, offsets, changed);
     QVector<Shot> shots(settings.stops.size());
     Shot *shot = shots.data();
     parallel::each(int(shots.size()), [&](int i) {
-        const QPoint origin = QPoint(margin, margin) - offsets[i];
+        const QPoint origin = turns ? QPoint() : QPoint(margin, margin) - offsets[i];
         const auto noiseSeed =
             static_cast<std::uint32_t>(hashed(settings.seed) + static_cast<std::uint64_t>(i));
-        const RadianceImage &radiance = moments[std::min(size_t(i), moments.size() - 1)];
-        shot[i] = {photograph(radiance, origin, settings.size, settings.stops[i], noiseSeed),
-                   offsets[i], exposures[i]};
+        const RadianceImage &moment = moments[std::min(size_t(i), moments.size() - 1)];
+        const RadianceImage seen =
+            turns ? seenBy(moment, margin, maps[i], settings.size) : RadianceImage();
+        shot[i] = {
+            photograph(turns ? seen : moment, origin, settings.size, settings.stops[i], noiseSeed),
+            offsets[i], maps[i], exposures[i]};
     });
     return shots;
 }

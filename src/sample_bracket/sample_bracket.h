@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ExposureData.h"
+#include "camera_motion.h"
 
 #include <QImage>
 #include <QPoint>
@@ -22,7 +23,9 @@ struct BracketSettings
     /// first. When there are fewer than shots, the hand trembles as the seed says, by no more than
     /// median threshold bitmaps can find at this size.
     QVector<QPoint> offsets;
-    quint32 seed = 1;       ///< of sensor noise and trembling
+    /// Hand and Strong take no offsets.
+    Motion motion = Motion::Shift;
+    quint32 seed = 1; ///< of sensor noise and trembling
     bool hasWalker = false; ///< somebody walks through the room from shot to shot
 };
 
@@ -30,6 +33,7 @@ struct Shot
 {
     QImage picture; ///< QImage::Format_RGB32
     QPoint offset;  ///< see BracketSettings::offsets; moving the picture by its negative aligns it
+    Homography toFirst; ///< the true map from this shot's pixel centres to the first one's
     ExposureData exposure;
 };
 

@@ -42,6 +42,8 @@ class TestSampleBracketProgram : public QObject
 
 private slots:
     void json_shiftsGiven_namesFilesAndOffsets();
+    void motion_given_writesTheTrueMatrices_data();
+    void motion_given_writesTheTrueMatrices();
     void sameSeed_otherThreads_writesTheSameBytes();
     void otherSeed_writesOtherBytes();
     void png_isWrittenAsPng();
@@ -69,6 +71,38 @@ void TestSampleBracketProgram::json_shiftsGiven_namesFilesAndOffsets()
     QCOMPARE(second[QStringLiteral("stops")].toDouble(), 1.0);
     QCOMPARE(second[QStringLiteral("path")].toString(), target + QStringLiteral("/sample_02.jpg"));
     QCOMPARE(QImage(second[QStringLiteral("path")].toString()).size(), QSize(120, 80));
+}
+
+void TestSampleBracketProgram::motion_given_writesTheTrueMatrices_data()
+{
+    QTest::addColumn<QString>("motion");
+    QTest::addColumn<bool>("isMoved");
+    QTest::addColumn<bool>("isTurned");
+    QTest::newRow("none") << "none" << false << false;
+    QTest::newRow("shift") << "shift" << true << false;
+    QTest::newRow("hand") << "hand" << true << true;
+    QTest::newRow("strong") << "strong" << true << true;
+}
+
+void TestSampleBracketProgram::motion_given_writesTheTrueMatrices()
+{
+    QFETCH(QString, motion);
+    QFETCH(bool, isMoved);
+    QFETCH(bool, isTurned);
+    const QTemporaryDir folder;
+    const QStringList words{"--size", "260x200", "--shots", "3", "--motion", motion};
+    QCOMPARE(run(words + QStringList{folder.path()}).exitCode, 0);
+    const QByteArray json = contentOf(folder.filePath("motion.json"));
+    const QJsonArray shots = QJsonDocument::fromJson(json).object()["shots"].toArray();
+    QCOMPARE(shots.size(), 3);
+    QCOMPARE(shots[2].toObject()["file"].toString(), QString("sample_03.jpg"));
+    const QJsonArray first = shots[0].toObject()["matrix"].toArray();
+    QCOMPARE(first, QJsonArray({QJsonArray{1, 0, 0}, QJsonArray{0, 1, 0}, QJsonArray{0, 0, 1}}));
+    const QJsonArray last = shots[2].toObject()["matrix"].toArray();
+    QCOMPARE(last != first, isMoved);
+    QCOMPARE(last[0].toArray()[1].toDouble() != 0, isTurned);
+    QCOMPARE(last[2].toArray()[0].toDouble() != 0, isTurned);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 4);
 }
 
 void TestSampleBracketProgram::sameSeed_otherThreads_writesTheSameBytes()
@@ -145,6 +179,7 @@ void TestSampleBracketProgram::badOption_saysWhichAndWritesNothing_data()
     row("no shot", QStringLiteral("--shots"), QStringLiteral("0"));
     row("fewer shifts than shots", QStringLiteral("--shifts"), QStringLiteral("0,0;1,1"));
     row("shifts that are none", QStringLiteral("--shifts"), QStringLiteral("a,b"));
+    row("unknown motion", QStringLiteral("--motion"), QStringLiteral("wild"));
     row("seed that is no number", QStringLiteral("--seed"), QStringLiteral("x"));
     row("negative threads", QStringLiteral("--threads"), QStringLiteral("-1"));
     row("unknown format", QStringLiteral("--format"), QStringLiteral("gif"));
