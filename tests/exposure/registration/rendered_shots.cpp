@@ -147,6 +147,17 @@ rendered::Scene rendered::houseFront()
     });
 }
 
+rendered::Scene rendered::tiledFloor()
+{
+    return drawn([](double x, double y) {
+        const double u = x / 48 - std::floor(x / 48);
+        const double v = y / 48 - std::floor(y / 48);
+        const bool isJoint = u < 0.06 || v < 0.06;
+        const double shade = hashed(int(std::floor(x / 48)), int(std::floor(y / 48)), 9);
+        return (isJoint ? 0.05 : 0.3 + 0.03 * shade) + 0.03 * noise(x, y, 55);
+    });
+}
+
 rendered::Scene rendered::photograph(const QImage &picture)
 {
     const QImage grey = picture.convertToFormat(QImage::Format_Grayscale8);

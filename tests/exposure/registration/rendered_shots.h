@@ -21,6 +21,9 @@ Scene skyAbove(double line, unsigned seed);
 /// Windows in a wall, alike but for their curtains.
 Scene houseFront();
 
+/// Square tiles of nearly one shade, with dark joints.
+Scene tiledFloor();
+
 /// What a picture shows, continued beyond it by its border.
 Scene photograph(const QImage &picture);
 

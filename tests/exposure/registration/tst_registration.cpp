@@ -65,6 +65,14 @@ QList<QImage> readPictures(const QStringList &names)
     return pictures;
 }
 
+/// Every pixel is the mean of 2 x 2, so that its own sharpness does not limit the rendering.
+rendered::Scene sceneOf(const QImage &picture)
+{
+    const auto photograph =
+        rendered::photograph(picture.scaledToWidth(2000, Qt::SmoothTransformation));
+    return [photograph](double x, double y) { return photograph(2 * x + 100.5, 2 * y + 80.5); };
+}
+
 bool areEqual(const Result &a, const Result &b)
 {
     if (a.reference != b.reference || a.transforms.size() != b.transforms.size())
@@ -111,6 +119,7 @@ private slots:
     void noise_ofTenLevels_fitsAtTheCorners();
     void movingThird_isLeftOut();
     void repeatedWindows_fitAtTheCorners();
+    void repeatedTiles_fitAtTheCorners();
     void flatSky_doesNotBendThePicture();
     void identicalPictures_giveTheIdentity_data();
     void identicalPictures_giveTheIdentity();
@@ -133,6 +142,7 @@ private slots:
     void noShots_isSaid();
     void photograph_knownMotion_fits_data();
     void photograph_knownMotion_fits();
+    void photograph_movingThird_isLeftOut();
     void photographs_fromATripod_stayAsTheyAre_data();
     void photographs_fromATripod_stayAsTheyAre();
     void filmScans_oneWarped_onlyThatIsResampled();
@@ -218,6 +228,16 @@ void tst_registration::repeatedWindows_fitAtTheCorners()
     const Matrix truth = rendered::turned(kSize, 0.25, 13.0, 9.5);
     const QImage reference = rendered::shot(scene, movedCamera(identityMatrix()));
     const Transform found = registeredPair(reference, rendered::shot(scene, movedCamera(truth, 1)));
+    QVERIFY2(error(found, truth) <= 0.3, qPrintable(QString::number(error(found, truth))));
+}
+
+void tst_registration::repeatedTiles_fitAtTheCorners()
+{
+    const auto scene = rendered::tiledFloor();
+    const Matrix truth = rendered::tilted(kSize, 0.4, 0.7, -0.3);
+    const QImage reference = rendered::shot(scene, movedCamera(identityMatrix()));
+    const Transform found =
+        registeredPair(reference, rendered::shot(scene, movedCamera(truth, -2)));
     QVERIFY2(error(found, truth) <= 0.3, qPrintable(QString::number(error(found, truth))));
 }
 
@@ -480,27 +500,56 @@ void tst_registration::noShots_isSaid()
 
 void tst_registration::photograph_knownMotion_fits_data()
 {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<Matrix>("truth");
     QTest::addColumn<double>("stops");
-    for (double stops : {-4.0, 0.0, 4.0})
-        QTest::addRow("%+g stops", stops) << stops;
+    const QString night = QStringLiteral("IMG_3873.jpeg");
+    const QString river = QStringLiteral("arch/StLouisArchMultExpEV+1.51.jpeg");
+    const Matrix tilt = rendered::tilted(kSize, 0.6, -0.5, 0.2);
+    const Matrix hand = rendered::turned(kSize, 0.2, 9.3, -5.6);
+    const Matrix strong = rendered::tilted(kSize, -1.7, 1.2, 1.8);
+    for (double stops : {-4.0, -2.0, 0.0, 2.0, 4.0})
+        QTest::addRow("night, tilt, %+g stops", stops) << night << tilt << stops;
+    for (double stops : {-2.0, 2.0}) {
+        QTest::addRow("night, strong, %+g stops", stops) << night << strong << stops;
+        QTest::addRow("river, hand, %+g stops", stops) << river << hand << stops;
+        QTest::addRow("river, strong, %+g stops", stops) << river << strong << stops;
+    }
 }
 
 void tst_registration::photograph_knownMotion_fits()
 {
+    QFETCH(QString, name);
+    QFETCH(Matrix, truth);
     QFETCH(double, stops);
-    const QImage picture = readPicture(QStringLiteral("IMG_3873.jpeg"));
+    const QImage picture = readPicture(name);
     if (picture.isNull())
         QSKIP("no photographs in VESK_TEST_PICTURES");
-    const auto photograph =
-        rendered::photograph(picture.scaledToWidth(2000, Qt::SmoothTransformation));
-    // Every pixel is the mean of 2 x 2, so that its own sharpness does not limit the rendering.
-    const auto scene = [&](double x, double y) { return photograph(2 * x + 100.5, 2 * y + 80.5); };
-    const Matrix truth = rendered::tilted(kSize, 0.6, -0.5, 0.2);
+    const auto scene = sceneOf(picture);
     const QImage reference = rendered::shot(scene, movedCamera(identityMatrix()));
     const Transform found =
         registeredPair(reference, rendered::shot(scene, movedCamera(truth, stops)));
     qInfo("error %.3f px, confidence %.2f", error(found, truth), found.confidence);
     QVERIFY(error(found, truth) <= 0.3);
+}
+
+void tst_registration::photograph_movingThird_isLeftOut()
+{
+    const QImage picture = readPicture(QStringLiteral("IMG_3873.jpeg"));
+    if (picture.isNull())
+        QSKIP("no photographs in VESK_TEST_PICTURES");
+    const auto ground = sceneOf(picture);
+    const auto scene = [&](double at) {
+        return [&, at](double x, double y) {
+            const bool isThing = x > 200 + at && x < 410 + at;
+            return isThing ? ground(x - at + 130, y) : ground(x, y);
+        };
+    };
+    const Matrix truth = rendered::turned(kSize, 0.2, 6.3, -4.1);
+    const QImage reference = rendered::shot(scene(0), movedCamera(identityMatrix()));
+    const Transform found =
+        registeredPair(reference, rendered::shot(scene(17), movedCamera(truth, 1)));
+    QVERIFY2(error(found, truth) <= 0.3, qPrintable(QString::number(error(found, truth))));
 }
 
 void tst_registration::photographs_fromATripod_stayAsTheyAre_data()

@@ -57,7 +57,7 @@ private slots:
             const double off =
                 cornerDistance(result.transforms[size_t(i)].matrix, truth(shots, i, 2), kSize);
             qInfo("%+g stops: error %.3f px", shots[i].exposure.stops, off);
-            QVERIFY2(off <= 99, qPrintable(QStringLiteral("shot %1: %2 px").arg(i).arg(off)));
+            QVERIFY2(off <= 0.3, qPrintable(QStringLiteral("shot %1: %2 px").arg(i).arg(off)));
         }
     }
 };
