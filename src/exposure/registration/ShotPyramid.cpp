@@ -12,7 +12,7 @@ constexpr int kLeastSide = 16; ///< of a level
 GreyPlane finestGrey(const QImage &shot, int scale, const std::atomic<bool> &isCancelled)
 {
     GreyPlane grey = greyPlane(shot, scale > 1, isCancelled);
-    return scale > 2 ? halved(grey) : std::move(grey);
+    return scale > 2 ? halved(grey, isCancelled) : std::move(grey);
 }
 
 } // namespace
@@ -34,7 +34,7 @@ ShotPyramid shotPyramid(const QImage &shot, int finestScale, const std::atomic<b
         if (std::max(grey.width, grey.height) <= kCoarsestSide ||
             std::min(grey.width, grey.height) < 2 * kLeastSide)
             break;
-        grey = halved(grey);
+        grey = halved(grey, isCancelled);
     }
     return pyramid;
 }

@@ -108,11 +108,11 @@ GreyPlane greyPlane(const QImage &picture, bool isHalved, const std::atomic<bool
     return plane;
 }
 
-GreyPlane halved(const GreyPlane &plane)
+GreyPlane halved(const GreyPlane &plane, const std::atomic<bool> &isCancelled)
 {
     GreyPlane half(plane.width / 2, plane.height / 2, kNoGrey);
     parallel::rows({half.width, half.height}, [&](int begin, int end) {
-        for (int y = begin; y < end; ++y)
+        for (int y = begin; y < end && !isCancelled; ++y)
             halveRow(plane.row(2 * y), plane.row(2 * y + 1), size_t(half.width), half.row(y));
     });
     return half;

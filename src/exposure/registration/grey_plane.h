@@ -22,7 +22,7 @@ constexpr int kWhite = 4080; ///< sixteen steps for each of the 255 of a byte
 GreyPlane greyPlane(const QImage &picture, bool isHalved, const std::atomic<bool> &isCancelled);
 
 /// Half the size, each value the mean of those of 2 x 2 that are there, two at least.
-GreyPlane halved(const GreyPlane &plane);
+GreyPlane halved(const GreyPlane &plane, const std::atomic<bool> &isCancelled);
 
 /// True for the formats that are read with 16 bits per channel.
 bool isDeep(const QImage &picture);

@@ -145,7 +145,10 @@ void normaliseRows(const GreyPlane &grey, const NodeGrid &nodes, int begin, int 
 NormalisedPlane normalised(const GreyPlane &grey, const std::atomic<bool> &isCancelled)
 {
     NormalisedPlane plane(grey.width, grey.height, kNothing);
-    const NodeGrid nodes = nodeGrid(cellGrid(grey));
+    const CellGrid cells = cellGrid(grey);
+    if (isCancelled)
+        return plane;
+    const NodeGrid nodes = nodeGrid(cells);
     parallel::rows({grey.width, grey.height}, [&](int begin, int end) {
         normaliseRows(grey, nodes, begin, end, isCancelled, plane);
     });
