@@ -1,5 +1,5 @@
-// The fusion beside OpenCV's, with and without the search for movement, and how its time and memory
-// grow. Ratios in one run; the results are compared with the plain code before anything is timed.
+// The fusion beside OpenCV's, with and without the search for movement, and its memory. Ratios in
+// one run; the results are compared with the plain code before anything is timed.
 
 #include "RatioReporter.h"
 #include "fusion.h"
@@ -92,22 +92,6 @@ void printMemory(const std::vector<QImage> &pictures)
                 beside / inputs);
 }
 
-/// Nanoseconds a pixel and shot.
-void addGrowth(double megapixels, int count)
-{
-    const std::string name =
-        std::to_string(count) + " shots, " + std::to_string(int(megapixels)) + " megapixels";
-    add(name, 3, [=](State &state) {
-        static std::vector<QImage> pictures;
-        const QSize size = sizeOf(megapixels);
-        if (int(pictures.size()) != count || pictures[0].size() != size)
-            pictures = stillBracket(count, size, false);
-        for (auto _ : state)
-            fuseOnce(pictures, false);
-        state.SetItemsProcessed(int64_t(size.width()) * size.height() * count);
-    });
-}
-
 } // namespace
 
 int main(int count, char **arguments)
@@ -126,10 +110,6 @@ int main(int count, char **arguments)
             rival.merge();
     });
 #endif
-    for (const double megapixels : {4.0, 9.0, 36.0, 100.0})
-        addGrowth(megapixels, 2);
-    for (const int shots : {5, 15, 30})
-        addGrowth(4.0, shots);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printRatio("MergeMertens / fusion", "MergeMertens, all cores", "fusion, all cores",

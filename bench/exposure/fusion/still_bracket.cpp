@@ -20,9 +20,10 @@ double lightAt(int x, int y, QSize size)
 
 std::vector<QImage> stillBracket(int count, QSize size, bool moves)
 {
+    const double step = std::min(2.0, 10.0 / std::max(1, count - 1)); // stops
     std::vector<QImage> shots;
     for (int i = 0; i < count; ++i) {
-        const double exposure = std::pow(4.0, i - (count - 1) / 2.0) * 8;
+        const double exposure = std::exp2(step * (i - (count - 1) / 2.0)) * 8;
         const double discX = size.width() * (0.3 + 0.4 * i / count);
         const double radius = size.height() / 12.0;
         QImage shot(size, QImage::Format_RGB32);

@@ -31,7 +31,10 @@ int compareRows(const QImage &first, const QImage &second, int y)
     const auto *b = reinterpret_cast<const Word *>(second.constScanLine(y));
     const bool aHasAlpha = first.hasAlphaChannel();
     const bool bHasAlpha = second.hasAlphaChannel();
-    for (int x = 0; x < first.width(); ++x) {
+    const int width = first.width();
+    if (aHasAlpha == bHasAlpha && std::memcmp(a, b, static_cast<size_t>(width) * sizeof(Word)) == 0)
+        return 0;
+    for (int x = 0; x < width; ++x) {
         const quint64 aKey = key(a[x], aHasAlpha);
         const quint64 bKey = key(b[x], bHasAlpha);
         if (aKey != bKey)
@@ -59,19 +62,60 @@ int compareMasks(const QImage &first, const QImage &second)
     return 0;
 }
 
-bool comesBefore(const fusion::Shot &first, const fusion::Shot &second)
+using Shots = std::vector<fusion::Shot>::iterator;
+
+/// Shots that follow one another and are alike as far as has been looked.
+struct Ties
 {
-    for (int y = 0; y < first.picture.height(); ++y) {
-        const int order = comparePictureRows(first.picture, second.picture, y);
-        if (order != 0)
-            return order < 0;
+    Shots begin;
+    Shots end;
+};
+
+/// Sorts tied shots and appends what is still tied. compare: as memcmp.
+template <typename Compare>
+void sortTies(const Ties &ties, Compare compare, std::vector<Ties> &left)
+{
+    const auto isFirst = [&](const fusion::Shot &shot) { return compare(*ties.begin, shot) == 0; };
+    if (std::all_of(ties.begin + 1, ties.end, isFirst)) {
+        left.push_back(ties);
+        return;
     }
-    return compareMasks(first.mask, second.mask) < 0;
+    std::stable_sort(ties.begin, ties.end, [&](const fusion::Shot &a, const fusion::Shot &b) {
+        return compare(a, b) < 0;
+    });
+    for (Shots begin = ties.begin; begin != ties.end;) {
+        const auto differs = [&](const fusion::Shot &shot) { return compare(*begin, shot) != 0; };
+        const Shots end = std::find_if(begin + 1, ties.end, differs);
+        if (end - begin > 1)
+            left.push_back({begin, end});
+        begin = end;
+    }
+}
+
+template <typename Compare>
+std::vector<Ties> sorted(const std::vector<Ties> &groups, Compare compare)
+{
+    std::vector<Ties> left;
+    for (const Ties &ties : groups)
+        sortTies(ties, compare, left);
+    return left;
 }
 
 } // namespace
 
+/// Row by row, so that shots that are alike over many rows, black ones for example, are not read
+/// again and again.
 void fusion::sortByContents(std::vector<Shot> &shots)
 {
-    std::stable_sort(shots.begin(), shots.end(), comesBefore);
+    if (shots.size() < 2)
+        return;
+    std::vector<Ties> groups{{shots.begin(), shots.end()}};
+    const int height = shots.front().picture.height();
+    for (int y = 0; y < height && !groups.empty(); ++y)
+        groups = sorted(groups, [y](const Shot &first, const Shot &second) {
+            return comparePictureRows(first.picture, second.picture, y);
+        });
+    sorted(groups, [](const Shot &first, const Shot &second) {
+        return compareMasks(first.mask, second.mask);
+    });
 }
