@@ -1,7 +1,7 @@
 #include "exposure_merge.h"
 
 #include "exposure_merge_rows.h"
-#include "large_image.h"
+#include "large_memory.h"
 #include "merge_weights.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
@@ -66,7 +66,7 @@ void mergeRows(const QList<QImage *> &pictures, int begin, int end, uchar *words
 QImage *mergeAll(const QList<QImage *> &pictures)
 {
     const QSize size = pictures.first()->size();
-    auto merged = std::make_unique<QImage>(pixels::largeImage(size, QImage::Format_RGB32));
+    auto merged = std::make_unique<QImage>(memory::largeImage(size, QImage::Format_RGB32));
     if (merged->size() != size)
         return nullptr;
     uchar *words = merged->bits();

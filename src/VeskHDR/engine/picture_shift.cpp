@@ -1,7 +1,7 @@
 #include "picture_shift.h"
 
 #include "Overlap.h"
-#include "large_image.h"
+#include "large_memory.h"
 #include "parallel_rows.h"
 #include "picture_pixels.h"
 
@@ -114,7 +114,7 @@ void replace(QImage *&picture, Make make, QPoint offset)
 
 QImage shift::copy(const QImage &words, int dx, int dy)
 {
-    QImage shifted = pixels::largeImage(words.size(), QImage::Format_ARGB32);
+    QImage shifted = memory::largeImage(words.size(), QImage::Format_ARGB32);
     if (!shifted.isNull())
         copyPixels<QRgb>(words, dx, dy, shifted);
     return shifted;

@@ -29,9 +29,9 @@ public:
     NumberPlanes(QSize planeSize, size_t planes)
         : size(planeSize)
         , stride(strideOf(static_cast<size_t>(planeSize.width())))
-        , memory(
-              largeMemory((stride * static_cast<size_t>(planeSize.height()) * planes + kRowSlack) *
-                          sizeof(Number)))
+        , numbers(memory::large(
+              (stride * static_cast<size_t>(planeSize.height()) * planes + kRowSlack) *
+              sizeof(Number)))
     {
     }
 
@@ -41,7 +41,7 @@ public:
 
     Number *row(size_t plane, int y) const
     {
-        return static_cast<Number *>(memory.get()) +
+        return static_cast<Number *>(numbers.get()) +
                (plane * static_cast<size_t>(size.height()) + static_cast<size_t>(y)) * stride;
     }
 
@@ -54,7 +54,7 @@ private:
 
     QSize size;
     size_t stride = 0;
-    LargeMemory memory;
+    memory::Large numbers;
 };
 
 /// A few rows to work in, each with padding that repeats its first and last number. Owns them.

@@ -4,11 +4,11 @@
 #include "FusionEngine.h"
 #include "fusion_rows.h"
 #include "fusion_watch.h"
-#include "large_memory.h"
 #include "shot_order.h"
 
+#include "large_memory.h"
+
 #include <algorithm>
-#include <cstdlib>
 #include <new>
 
 namespace {
@@ -62,28 +62,15 @@ Options inRange(Options options)
     return options;
 }
 
-/// A picture in memory of its own, contents not set.
-QImage newPicture(QSize size, QImage::Format format)
-{
-    const qsizetype rowBytes =
-        qsizetype(size.width()) * qsizetype(QImage::toPixelFormat(format).bitsPerPixel()) / 8;
-    fusion::LargeMemory memory =
-        fusion::largeMemory(static_cast<size_t>(rowBytes) * static_cast<size_t>(size.height()));
-    auto *bytes = static_cast<uchar *>(memory.get());
-    QImage picture(bytes, size.width(), size.height(), rowBytes, format, std::free, bytes);
-    if (picture.isNull())
-        throw std::bad_alloc();
-    memory.release();
-    return picture;
-}
-
 template <typename Rows>
 Result fuseSorted(const std::vector<Shot> &shots, const Options &options, const Control &control,
                   QImage::Format format)
 {
     Result result;
     fusion::Watch watch(control);
-    QImage picture = newPicture(shots.front().picture.size(), format);
+    QImage picture = memory::largeImage(shots.front().picture.size(), format);
+    if (picture.isNull())
+        throw std::bad_alloc();
     fusion::FusionEngine<Rows>(shots, options, watch).fuseInto(picture);
     result.status = watch.isCancelled() ? Status::Cancelled : Status::Done;
     if (result.status == Status::Done)

@@ -163,8 +163,11 @@ Result masksOf(const std::vector<SmallShot> &shots, int side, QSize size, int fi
             found[place] = 255;
     }
     std::vector<QImage> masks;
-    for (const Plane &plane : usable)
+    for (const Plane &plane : usable) {
+        if (!steps.reached(0.9 + 0.1 * double(masks.size()) / double(usable.size())))
+            return result;
         masks.push_back(asMask(plane, shots[0], side, size, 255));
+    }
     if (!steps.reached(1.0))
         return result;
     result = {masks, asMask(found, shots[0], side, size, 0), Status::Done};

@@ -17,8 +17,10 @@ using motion::SmallShot;
 /// A shot shows the same as the reference when no more of the region's places disagree.
 constexpr double kLargestDisagreement = 0.04;
 
-/// How many places of a region are looked at to choose for it, evenly spread.
+/// How many places of a region are looked at to choose for it, evenly spread: fewer for many shots,
+/// as all pairs of them are compared.
 constexpr size_t kMostSamples = 20000;
+constexpr size_t kMostSamplesOfAll = 100000;
 
 /// Logarithm of how well exposed and how rich in contrast the shot is there, as the fusion weighs
 /// pixels.
@@ -34,9 +36,10 @@ double richness(const SmallShot &shot, size_t place)
     return -2 * square + std::log(step + 1) + (motion::isClipped(shot, place) ? kClipped : 0.0);
 }
 
-Region samplesOf(const Region &region)
+Region samplesOf(const Region &region, size_t shots)
 {
-    const size_t step = (region.size() + kMostSamples - 1) / kMostSamples;
+    const size_t most = std::min(kMostSamples, kMostSamplesOfAll / shots);
+    const size_t step = (region.size() + most - 1) / most;
     Region samples;
     for (size_t i = 0; i < region.size(); i += step)
         samples.push_back(region[i]);
@@ -240,7 +243,7 @@ motion::RegionChoice motion::choose(const Region &region, const std::vector<Smal
                                     const Movement &movement, int fixed)
 {
     const size_t count = shots.size();
-    const Region samples = samplesOf(region);
+    const Region samples = samplesOf(region, count);
     const Disagreement disagreement(samples, shots, movement);
     const std::vector<double> rich = richnessOf(samples, shots);
     const std::vector<size_t> order = byRichness(rich, count);
