@@ -87,6 +87,10 @@ public:
                 pairs[i * count + j] =
                     flagsOf(samples, [&](size_t place) { return movement.disagree(i, j, place); });
         }
+        const std::vector<size_t> &order = movement.byBrightness();
+        for (size_t distance = kNear + 1; distance < count; ++distance)
+            for (size_t i = 0; i + distance < count; ++i)
+                askThoseBetween(order, i, i + distance);
     }
 
     bool showTheSame(size_t first, size_t second) const
@@ -121,6 +125,27 @@ private:
         }
         return all <= kLargestDisagreement * static_cast<double>(samples.size());
     }
+
+    /// Shots far apart in brightness have few levels in common, and agree too easily: they disagree
+    /// as well where all shots between them and near to the brighter agree with only one of them.
+    void askThoseBetween(const std::vector<size_t> &order, size_t darker, size_t brighter)
+    {
+        Flags &own = flags(order[darker], order[brighter]);
+        for (size_t word = 0; word < own.size(); ++word) {
+            uint64_t all = ~uint64_t(0);
+            for (size_t i = std::max(darker + 1, brighter - kNear); i < brighter; ++i)
+                all &=
+                    flags(order[darker], order[i])[word] ^ flags(order[i], order[brighter])[word];
+            own[word] |= all;
+        }
+    }
+
+    Flags &flags(size_t first, size_t second)
+    {
+        return pairs[std::max(first, second) * count + std::min(first, second)];
+    }
+
+    static constexpr size_t kNear = 2; ///< in the order of brightness
 
     size_t count;
     Region samples;
