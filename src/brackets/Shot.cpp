@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QImageReader>
 
+#include <array>
 #include <cmath>
 
 namespace {
@@ -32,6 +33,10 @@ Shot readFromExif(const QString &path)
     shot.exposureBias = tags.fraction(Directory::Exposure, ExifTags::ExposureBias);
     shot.exposureSeconds = fraction(ExifTags::ExposureTime);
     shot.fNumber = fraction(ExifTags::FNumber);
+    shot.serial = tags.text(Directory::Exposure, ExifTags::BodySerialNumber);
+    shot.lens = tags.text(Directory::Exposure, ExifTags::LensModel);
+    shot.focalLength = fraction(ExifTags::FocalLength);
+    shot.mode = brackets::modeOf(tags.number(Directory::Exposure, ExifTags::ExposureMode));
     shot.iso = int(tags.number(Directory::Exposure, ExifTags::Sensitivity).value_or(0));
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
@@ -52,9 +57,19 @@ QByteArray xmpIn(const QString &path)
 
 std::optional<double> Shot::exposureStops() const
 {
-    if (exposureSeconds <= 0 || fNumber <= 0 || iso <= 0)
+    if (exposureSeconds <= 0)
         return std::nullopt;
-    return std::log2(exposureSeconds * iso / (fNumber * fNumber));
+    const double sensitivity = iso > 0 ? iso : 100;
+    const double aperture = fNumber > 0 ? fNumber : 8;
+    return std::log2(exposureSeconds * sensitivity / (aperture * aperture));
+}
+
+Shot::Exposure brackets::modeOf(std::optional<quint32> exifNumber)
+{
+    constexpr std::array kModes = {Shot::Exposure::Automatic, Shot::Exposure::ByHand,
+                                   Shot::Exposure::CameraBracket};
+    return exifNumber && *exifNumber < kModes.size() ? kModes[*exifNumber]
+                                                     : Shot::Exposure::Unknown;
 }
 
 ShotReading brackets::readShot(const QString &name)
@@ -65,10 +80,10 @@ ShotReading brackets::readShot(const QString &name)
     reading.shot = VeskRawType::isRaw(path) ? brackets::readRawShot(path) : readFromExif(path);
     const Shot &shot = reading.shot;
     reading.shot.path = name;
-    if (!shot.takenAt.isValid())
-        reading.problem = QStringLiteral("it does not say when it was taken");
-    else if (const std::optional<ResultMark> mark = result_mark::in(xmpIn(path)))
+    if (const std::optional<ResultMark> mark = result_mark::in(xmpIn(path)))
         reading.problem = QStringLiteral("it is a result of %1").arg(mark->program);
+    else if (!shot.takenAt.isValid())
+        reading.problem = QStringLiteral("it does not say when it was taken");
     else if (!shot.exposureBias && !shot.exposureStops())
         reading.problem = QStringLiteral("it does not say how it was exposed");
     else if (shot.size.isEmpty())

@@ -20,6 +20,7 @@ struct HeaderFields
     QByteArray takenAt;
     QByteArray subSeconds;
     std::optional<double> exposureBias;
+    std::optional<quint32> exposureMode;
 };
 
 /// The library calls it at each entry, with the stream at the value, and moves on by itself.
@@ -35,6 +36,8 @@ void collect(void *context, int tag, int, int length, unsigned order, void *stre
         const auto denominator = byte_order::read<qint32>(value.data() + 4, isBigEndian);
         if (denominator != 0)
             fields->exposureBias = double(numerator) / denominator;
+    } else if (tag == ExifTags::ExposureMode && bytes->read(value.data(), 1, 2) == 2) {
+        fields->exposureMode = byte_order::read<quint16>(value.data(), order != kLittleEndian);
     } else if (tag == ExifTags::DateTimeOriginal && bytes->read(value.data(), 1, wanted) > 0) {
         fields->takenAt = value.data();
     } else if (tag == ExifTags::SubSecondsOriginal && bytes->read(value.data(), 1, wanted) > 0) {
@@ -74,6 +77,10 @@ Shot brackets::readRawShot(const QString &path)
     shot.size = QSize(header.sizes.iwidth, header.sizes.iheight);
     shot.orientation = orientationOf(header.sizes.flip);
     shot.exposureBias = fields.exposureBias;
+    shot.mode = brackets::modeOf(fields.exposureMode);
+    shot.serial = QString::fromLatin1(header.shootinginfo.BodySerial);
+    shot.lens = QString::fromLatin1(header.lens.Lens);
+    shot.focalLength = double(header.other.focal_len);
     shot.exposureSeconds = double(header.other.shutter);
     shot.fNumber = double(header.other.aperture);
     shot.iso = int(header.other.iso_speed);

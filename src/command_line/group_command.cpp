@@ -1,8 +1,10 @@
 #include "group_command.h"
 
+#include "SceneComparison.h"
 #include "bracket_finder.h"
 #include "console.h"
 #include "folder_shots.h"
+#include "library_messages.h"
 #include "natural_order.h"
 
 #include <QCommandLineParser>
@@ -22,34 +24,76 @@ struct GroupOptions
     FolderRules folder;
     BracketRules bracket;
     bool recursive = false;
+    bool json = false;
     QString problem; ///< empty when the options are all right
 };
 
-GroupOptions parse(const QStringList &words)
+/// The options of "veskhdr group".
+class GroupParser
 {
-    const QCommandLineOption gap(QStringLiteral("gap"), {}, QStringLiteral("seconds"));
-    const QCommandLineOption fewest(QStringLiteral("min"), {}, QStringLiteral("number"));
-    const QCommandLineOption raw(QStringLiteral("raw"));
-    const QCommandLineOption recursive(QStringLiteral("recursive"));
+public:
+    GroupOptions parse(const QStringList &words);
+
+private:
+    void readBracket(GroupOptions &options) const;
+    void readFolder(GroupOptions &options) const;
+
+    const QCommandLineOption gap{QStringLiteral("gap"), {}, QStringLiteral("seconds")};
+    const QCommandLineOption fewest{QStringLiteral("min"), {}, QStringLiteral("number")};
+    const QCommandLineOption most{QStringLiteral("max"), {}, QStringLiteral("number")};
+    const QCommandLineOption prefer{QStringLiteral("prefer"), {}, QStringLiteral("kind")};
+    const QCommandLineOption raw{QStringLiteral("raw")};
+    const QCommandLineOption recursive{QStringLiteral("recursive")};
+    const QCommandLineOption json{QStringLiteral("json")};
     QCommandLineParser parser;
-    parser.addOptions({gap, fewest, raw, recursive});
-    GroupOptions options;
-    bool isNumber = true;
-    if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words))
-        options.problem = parser.errorText();
-    options.folders = parser.positionalArguments();
-    if (options.problem.isEmpty() && options.folders.isEmpty())
-        options.problem = QStringLiteral("no folder given, see 'veskhdr group --help'");
-    if (parser.isSet(gap))
-        options.bracket.largestGapSeconds = parser.value(gap).toDouble(&isNumber);
-    if (!isNumber || !(options.bracket.largestGapSeconds >= 0))
-        options.problem = QStringLiteral("the gap must be a number of seconds");
+};
+
+void GroupParser::readBracket(GroupOptions &options) const
+{
+    const QString seconds = parser.value(gap);
+    if (parser.isSet(gap) && seconds != QLatin1String("auto")) {
+        bool isNumber = true;
+        const double number = seconds.toDouble(&isNumber);
+        options.bracket.largestGapSeconds = number;
+        if (!isNumber || !(number >= 0))
+            options.problem = QStringLiteral("the gap must be a number of seconds, or auto");
+    }
     if (parser.isSet(fewest))
         options.bracket.fewestPictures = parser.value(fewest).toInt();
+    if (parser.isSet(most))
+        options.bracket.mostPictures = parser.value(most).toInt();
     if (options.bracket.fewestPictures < 2)
         options.problem = QStringLiteral("a bracket has two pictures or more");
-    options.folder.preferRaw = parser.isSet(raw);
+    else if (options.bracket.mostPictures < options.bracket.fewestPictures)
+        options.problem = QStringLiteral("the most pictures of a bracket cannot be fewer than the "
+                                         "fewest");
+}
+
+void GroupParser::readFolder(GroupOptions &options) const
+{
+    const QString kind = parser.value(prefer);
+    if (parser.isSet(prefer) && kind != QLatin1String("raw") && kind != QLatin1String("jpeg"))
+        options.problem = QStringLiteral("--prefer takes raw or jpeg");
+    else if (parser.isSet(raw) && kind == QLatin1String("jpeg"))
+        options.problem = QStringLiteral("--raw and --prefer jpeg exclude each other");
+    options.folder.preferRaw = parser.isSet(raw) || kind == QLatin1String("raw");
+}
+
+GroupOptions GroupParser::parse(const QStringList &words)
+{
+    parser.addOptions({gap, fewest, most, prefer, raw, recursive, json});
+    GroupOptions options;
+    if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words)) {
+        options.problem = parser.errorText();
+        return options;
+    }
+    options.folders = parser.positionalArguments();
     options.recursive = parser.isSet(recursive);
+    options.json = parser.isSet(json);
+    readBracket(options);
+    readFolder(options);
+    if (options.folders.isEmpty())
+        options.problem = QStringLiteral("no folder given, see 'veskhdr group --help'");
     return options;
 }
 
@@ -88,50 +132,104 @@ QJsonValue inHundredths(const std::optional<double> &stops)
     return stops ? QJsonValue(qRound(*stops * 100) / 100.0) : QJsonValue();
 }
 
-QString toJsonLine(const Bracket &bracket)
+/// The value of each shot, or null.
+template <typename Value>
+QJsonArray ofEach(const Bracket &bracket, const Value &value)
 {
-    QJsonArray pictures;
-    QJsonArray biases;
-    QJsonArray seconds;
-    for (const Shot &shot : bracket) {
-        pictures.append(shot.path);
-        biases.append(inHundredths(shot.exposureBias));
-        seconds.append(shot.exposureSeconds > 0 ? QJsonValue(shot.exposureSeconds) : QJsonValue());
-    }
-    const Shot &first = bracket.front();
-    const QJsonObject object{
-        {QStringLiteral("pictures"), pictures},
-        {QStringLiteral("exposureBias"), biases},
-        {QStringLiteral("exposureTime"), seconds},
+    QJsonArray values;
+    for (const Shot &shot : bracket.shots)
+        values.append(value(shot));
+    return values;
+}
+
+QJsonValue orNull(double number)
+{
+    return number > 0 ? QJsonValue(number) : QJsonValue();
+}
+
+QJsonObject toJson(const Bracket &bracket)
+{
+    const Shot &first = bracket.shots.front();
+    return {
+        {QStringLiteral("pictures"), ofEach(bracket, [](const Shot &shot) { return shot.path; })},
+        {QStringLiteral("exposureBias"),
+         ofEach(bracket, [](const Shot &shot) { return inHundredths(shot.exposureBias); })},
+        {QStringLiteral("exposureTime"),
+         ofEach(bracket, [](const Shot &shot) { return orNull(shot.exposureSeconds); })},
+        {QStringLiteral("fNumber"),
+         ofEach(bracket, [](const Shot &shot) { return orNull(shot.fNumber); })},
+        {QStringLiteral("iso"), ofEach(bracket, [](const Shot &shot) { return orNull(shot.iso); })},
         {QStringLiteral("takenAt"),
          first.takenAt.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss.zzz"))},
         {QStringLiteral("width"), first.size.width()},
         {QStringLiteral("height"), first.size.height()},
         {QStringLiteral("orientation"), first.orientation},
         {QStringLiteral("model"), first.model},
+        {QStringLiteral("lens"), first.lens.isEmpty() ? QJsonValue() : QJsonValue(first.lens)},
+        {QStringLiteral("warnings"), QJsonArray::fromStringList(bracket.warnings)},
     };
+}
+
+QString toText(const QJsonObject &object)
+{
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
-void group(const QString &folder, const GroupOptions &options)
+/// What was found in all folders, for --json.
+struct GroupReport
+{
+    QJsonArray brackets;
+    QJsonArray leftOver;
+};
+
+void leaveOver(const QString &path, const QString &reason, bool json, GroupReport &report)
+{
+    if (json)
+        report.leftOver.append(
+            QJsonObject{{QStringLiteral("picture"), path}, {QStringLiteral("reason"), reason}});
+    else
+        console::complain(path, QStringLiteral("left out, ") + reason);
+}
+
+void tell(const Bracket &bracket, bool json, GroupReport &report)
+{
+    if (json)
+        return report.brackets.append(toJson(bracket));
+    for (const QString &warning : bracket.warnings)
+        console::complain(bracket.shots.front().path, QStringLiteral("warning: the bracket that "
+                                                                     "begins here: ") +
+                                                          warning);
+    console::print(toText(toJson(bracket)));
+}
+
+void group(const QString &folder, const GroupOptions &options, GroupReport &report)
 {
     const std::vector<Shot> shots = brackets::readFolder(
-        folder, options.folder, [](const QString &path, const QString &reason) {
-            console::complain(path, QStringLiteral("left out, ") + reason);
+        folder, options.folder, [&](const QString &path, const QString &reason) {
+            leaveOver(path, reason, options.json, report);
         });
-    for (const Bracket &bracket : brackets::find(shots, options.bracket))
-        console::print(toJsonLine(bracket));
+    const LibraryMute mute;
+    SceneComparison scenes;
+    const Grouping grouping =
+        brackets::find(shots, options.bracket, [&scenes](const Shot &one, const Shot &other) {
+            return scenes.compare(one, other);
+        });
+    for (const LeftOver &left : grouping.leftOver)
+        leaveOver(left.shot.path, left.reason, options.json, report);
+    for (const Bracket &bracket : grouping.brackets)
+        tell(bracket, options.json, report);
 }
 
 } // namespace
 
 ExitCode command_line::runGroup(const QStringList &words)
 {
-    const GroupOptions options = parse(words);
+    const GroupOptions options = GroupParser().parse(words);
     if (!options.problem.isEmpty()) {
         console::complain({}, QStringLiteral("group: ") + options.problem);
         return ExitCode::Usage;
     }
+    GroupReport report;
     ExitCode code = ExitCode::Ok;
     for (const QString &root : options.folders) {
         // Named as it was given; those below are named by their whole path.
@@ -141,11 +239,14 @@ ExitCode command_line::runGroup(const QStringList &words)
             code = ExitCode::NoInput;
         for (const QString &folder : folders) {
             if (isReadable(folder))
-                group(folder, options);
+                group(folder, options, report);
             else
                 code = ExitCode::NoInput;
         }
     }
+    if (options.json)
+        console::print(toText({{QStringLiteral("brackets"), report.brackets},
+                               {QStringLiteral("leftOver"), report.leftOver}}));
     return code;
 }
 
@@ -157,24 +258,31 @@ QString command_line::groupHelp()
 Finds the brackets among the pictures of a folder by what the camera noted in them,
 and prints each as a JSON object on a line of its own, by time. Nothing is changed.
 
-A bracket is a run of shots of one camera, size and orientation, each soon after the
-one before, whose exposures differ: in the exposure bias or, where that stands
-still, in even steps of time, aperture and sensitivity. Brackets that follow each
-other are told apart; single shots are passed over. Pictures without EXIF data,
-copies and other odd ones are named on standard error and left out. Of a raw file
-and a developed file with the same base name, the developed one is listed.
+A bracket is a run of shots of one camera, lens, size and orientation, soon after
+each other, whose exposures differ: in the exposure bias or, where that stands
+still, in time, aperture and sensitivity. They may be as many as you like; brackets
+that follow each other are told apart. Where the metadata leave a doubt, as after a
+long pause, the pictures are compared: they must show the same scene. Every picture
+that belongs to no bracket is named on standard error with the reason. Of a raw file
+and a developed file with the same base name one counts; results of veskhdr do not.
 
 Options:
-  --gap SECONDS     The longest pause within a bracket (5), not counting exposure
-  --min N           The fewest pictures of a bracket, 2 or more (3)
-  --raw             List the raw file where there are both
+  --gap SECONDS     The longest pause within a bracket, not counting exposure;
+                    "auto", which is the default, judges by the shots
+  --min N           The fewest exposures of a bracket, 2 or more (3)
+  --max N           The most pictures of a bracket
+  --prefer KIND     "raw" or "jpeg", which is the default: of a picture that is there
+                    raw and developed
+  --raw             Short for --prefer raw
   --recursive       Look into the folders below as well, each for itself
+  --json            Print one JSON object: brackets, and leftOver with picture and
+                    reason of all others
   --help            Show this text
 
-Members of an object: pictures (paths, in the order in which they were taken),
-exposureBias (stops, or null) and exposureTime (seconds, or null) of each, takenAt
-(of the first, by the camera's clock), width and height (upright), orientation
-(EXIF's number), model.
+Members of a bracket: pictures (paths, in the order in which they were taken),
+exposureBias (stops), exposureTime (seconds), fNumber and iso of each, or null;
+takenAt (of the first, by the camera's clock), width and height (upright),
+orientation (EXIF's number), model, lens, and warnings (why it may be none).
 
 Exit codes:
    0  all folders are searched, even if there is no bracket

@@ -35,12 +35,15 @@ public:
         ExposureBias = 0x9204,
         SubjectArea = 0x9214,
         MakerNote = 0x927C,
+        FocalLength = 0x920A,
         SubSecondsOriginal = 0x9291,
         ColourSpace = 0xA001,
         PixelWidth = 0xA002,
         PixelHeight = 0xA003,
         InteroperabilityDirectory = 0xA005,
         SubjectLocation = 0xA214,
+        ExposureMode = 0xA402,
+        BodySerialNumber = 0xA431,
         LensModel = 0xA434,
     };
 

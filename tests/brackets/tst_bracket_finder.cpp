@@ -2,6 +2,8 @@
 
 #include <QtTest>
 
+#include <cmath>
+
 namespace {
 
 const QDateTime kNoon(QDate(2026, 6, 21), QTime(12, 0), Qt::UTC);
@@ -44,7 +46,7 @@ QString toText(const std::vector<Bracket> &brackets)
     QStringList texts;
     for (const Bracket &bracket : brackets) {
         QStringList biases;
-        for (const Shot &shot : bracket)
+        for (const Shot &shot : bracket.shots)
             biases += QString::number(*shot.exposureBias);
         texts += biases.join(' ');
     }
@@ -53,7 +55,7 @@ QString toText(const std::vector<Bracket> &brackets)
 
 QString find(const std::vector<Shot> &shots, const BracketRules &rules = {})
 {
-    return toText(brackets::find(shots, rules));
+    return toText(brackets::find(shots, rules).brackets);
 }
 
 } // namespace
@@ -78,6 +80,27 @@ private slots:
     void biasUnknown_fallsBackToTheExposure();
     void nothingKnown_isNoBracket();
     void noShots_giveNoBrackets();
+    void biasesInUnevenSteps_areOneBracket();
+    void manyExposures_areOneBracketEach_data();
+    void manyExposures_areOneBracketEach();
+    void manyExposures_goingOnInAnotherScene_areToldApartByThePictures();
+    void meteredEachTime_isNoBracket();
+    void panoramaSetByHand_isNoBracket();
+    void extraOrMissingShot_doesNotSplit();
+    void zoomedOrOtherLens_endsABracket();
+    void longPause_withoutPictures_isWarnedOf();
+    void longPause_sameScene_isABracket();
+    void brokenRhythm_isTwoBracketsWhereBothAreWhole();
+    void clockWithoutSeconds_goesByNumbers();
+    void clockSetBack_goesByNumbers();
+    void wholeHourInABracket_isTheClock();
+    void renamedFiles_goByTime();
+    void twoBodiesOfOneModel_areToldApart();
+    void lensWithoutContacts_isNoObstacle();
+    void biasesThatTheExposuresDoNotFollow_areWarnedOf();
+    void mostPictures_areHonoured();
+    void leftOver_tellsWhy();
+    void tenThousandShotsOfOneTime_areCut();
 };
 
 void TestBracketFinder::burst_isCutIntoBrackets_data()
@@ -132,11 +155,13 @@ void TestBracketFinder::gap_endsABracket()
 
 void TestBracketFinder::gap_doesNotCountTheExposure()
 {
+    BracketRules rules;
+    rules.largestGapSeconds = 5;
     Shot bright = biased(0, 1);
     bright.exposureSeconds = 30;
-    QCOMPARE(find({biased(-2, 0), bright, biased(2, 33)}), QString("-2 0 2"));
+    QCOMPARE(find({biased(-2, 0), bright, biased(2, 33)}, rules), QString("-2 0 2"));
     bright.exposureSeconds = 20;
-    QCOMPARE(find({biased(-2, 0), bright, biased(2, 33)}), QString());
+    QCOMPARE(find({biased(-2, 0), bright, biased(2, 33)}, rules), QString());
 }
 
 void TestBracketFinder::otherCamera_inBetween_doesNotDisturb()
@@ -186,9 +211,9 @@ void TestBracketFinder::sameTime_isOrderedByNumberInTheName()
 void TestBracketFinder::manualExposure_inEvenSteps_isABracket()
 {
     const std::vector<Bracket> brackets =
-        brackets::find({timed(1.0 / 125, 0), timed(1.0 / 30, 1), timed(1.0 / 8, 2)}, {});
+        brackets::find({timed(1.0 / 125, 0), timed(1.0 / 30, 1), timed(1.0 / 8, 2)}, {}).brackets;
     QCOMPARE(brackets.size(), size_t(1));
-    QCOMPARE(brackets[0].size(), size_t(3));
+    QCOMPARE(brackets[0].shots.size(), size_t(3));
 }
 
 void TestBracketFinder::manualExposure_inUnevenOrSmallSteps_isNone()
@@ -201,19 +226,292 @@ void TestBracketFinder::biasUnknown_fallsBackToTheExposure()
 {
     std::vector<Shot> shots{timed(1.0 / 64, 0), timed(1.0 / 16, 1), timed(1.0 / 4, 2)};
     shots[1].exposureBias.reset();
-    QCOMPARE(brackets::find(shots, {}).size(), size_t(1));
+    QCOMPARE(brackets::find(shots, {}).brackets.size(), size_t(1));
 }
 
 void TestBracketFinder::nothingKnown_isNoBracket()
 {
     std::vector<Shot> shots = burst({0, 0, 0});
     shots[1].exposureBias.reset();
-    QCOMPARE(brackets::find(shots, {}).size(), size_t(0));
+    QCOMPARE(brackets::find(shots, {}).brackets.size(), size_t(0));
 }
 
 void TestBracketFinder::noShots_giveNoBrackets()
 {
-    QCOMPARE(brackets::find({}, {}).size(), size_t(0));
+    QCOMPARE(brackets::find({}, {}).brackets.size(), size_t(0));
+}
+
+void TestBracketFinder::biasesInUnevenSteps_areOneBracket()
+{
+    QCOMPARE(find(burst({2, 1.5, 1, .3, -.5, -1})), QString("2 1.5 1 0.3 -0.5 -1"));
+}
+
+/// So many exposures by hand, 3 to 8 seconds apart, after those that are there.
+void addByHand(std::vector<Shot> &shots, const std::vector<double> &stops, QRandomGenerator &random)
+{
+    double seconds = shots.empty() ? 0 : double(kNoon.msecsTo(shots.back().takenAt)) / 1000 + 5;
+    for (const double stop : stops) {
+        Shot shot = timed(0.01 * std::exp2(stop), seconds);
+        shot.mode = Shot::Exposure::ByHand;
+        shot.path = QStringLiteral("/photos/IMG_%1.jpg").arg(1000 + shots.size());
+        shots.push_back(shot);
+        seconds += shot.exposureSeconds + 3 + 5 * random.generateDouble();
+    }
+}
+
+std::vector<double> row(int count, double first, double step)
+{
+    std::vector<double> stops;
+    for (int i = 0; i < count; ++i)
+        stops.push_back(first + i * step);
+    return stops;
+}
+
+QList<int> sizesOf(const Grouping &grouping)
+{
+    QList<int> sizes;
+    for (const Bracket &bracket : grouping.brackets)
+        sizes += int(bracket.shots.size());
+    return sizes;
+}
+
+/// What pictures would tell of scenes of so many shots each.
+brackets::SceneTest scenesOf(const std::vector<Shot> &shots, const std::vector<size_t> &counts)
+{
+    QHash<QString, int> sceneOf;
+    size_t next = 0;
+    for (size_t scene = 0; scene < counts.size(); ++scene) {
+        for (size_t i = 0; i < counts[scene]; ++i)
+            sceneOf.insert(shots[next++].path, int(scene));
+    }
+    return [sceneOf](const Shot &one, const Shot &other) {
+        return sceneOf.value(one.path) == sceneOf.value(other.path) ? brackets::Scene::Same
+                                                                    : brackets::Scene::Other;
+    };
+}
+
+void TestBracketFinder::manyExposures_areOneBracketEach_data()
+{
+    QTest::addColumn<double>("step");
+    QTest::addColumn<bool>("turnsBack");
+    QTest::newRow("all rising") << 1.0 << false;
+    QTest::newRow("rising, falling, rising") << 1.0 << true;
+    QTest::newRow("thirds rising") << 1.0 / 3 << false;
+    QTest::newRow("thirds rising, falling, rising") << 1.0 / 3 << true;
+    QTest::newRow("two thirds falling, rising, falling") << -2.0 / 3 << true;
+}
+
+void TestBracketFinder::manyExposures_areOneBracketEach()
+{
+    QFETCH(const double, step);
+    QFETCH(const bool, turnsBack);
+    for (quint32 seed = 1; seed <= 20; ++seed) {
+        QRandomGenerator random(seed);
+        std::vector<Shot> shots;
+        addByHand(shots, row(13, -6 * step, step), random);
+        addByHand(shots, turnsBack ? row(14, 7 * step, -step) : row(14, -6 * step, step), random);
+        addByHand(shots, row(13, -6 * step, step), random);
+        QCOMPARE(sizesOf(brackets::find(shots, {})), QList<int>({13, 14, 13}));
+        const Grouping seen = brackets::find(shots, {}, scenesOf(shots, {13, 14, 13}));
+        QCOMPARE(sizesOf(seen), QList<int>({13, 14, 13}));
+        for (const Bracket &bracket : seen.brackets)
+            QCOMPARE(bracket.warnings, QStringList());
+    }
+}
+
+void TestBracketFinder::manyExposures_goingOnInAnotherScene_areToldApartByThePictures()
+{
+    QRandomGenerator random(3);
+    std::vector<Shot> shots;
+    addByHand(shots, row(27, -9, 2.0 / 3), random);
+    QCOMPARE(sizesOf(brackets::find(shots, {}, scenesOf(shots, {13, 14}))), QList<int>({13, 14}));
+    const Grouping unseen = brackets::find(shots, {});
+    QCOMPARE(sizesOf(unseen), QList<int>({27}));
+    QCOMPARE(unseen.brackets[0].warnings.size(), 1);
+}
+
+void TestBracketFinder::meteredEachTime_isNoBracket()
+{
+    std::vector<Shot> shots;
+    for (const double stop : {0.0, 0.33, 0.7, 1.3, 1.7})
+        shots.push_back(timed(0.01 * std::exp2(stop), double(shots.size())));
+    for (Shot &shot : shots)
+        shot.mode = Shot::Exposure::Automatic;
+    QCOMPARE(sizesOf(brackets::find(shots, {})), QList<int>());
+}
+
+void TestBracketFinder::panoramaSetByHand_isNoBracket()
+{
+    std::vector<Shot> shots;
+    for (int i = 0; i < 8; ++i)
+        shots.push_back(timed(0.01, 2 * i));
+    const Grouping grouping = brackets::find(shots, {});
+    QCOMPARE(sizesOf(grouping), QList<int>());
+    QCOMPARE(grouping.leftOver.size(), size_t(8));
+    for (const LeftOver &left : grouping.leftOver)
+        QCOMPARE(left.reason, QString("its neighbours have the same exposure"));
+}
+
+void TestBracketFinder::extraOrMissingShot_doesNotSplit()
+{
+    QCOMPARE(find(burst({-2, -1, 1, 2})), QString("-2 -1 1 2"));
+    QCOMPARE(find(burst({0, -1, 1, 2})), QString("0 -1 1 2"));
+    const Grouping extra = brackets::find(burst({-2, -1, -1, 0, 1, 2}), {});
+    QCOMPARE(toText(extra.brackets), QString("-2 -1 -1 0 1 2"));
+    QCOMPARE(extra.brackets[0].warnings, QStringList("some shots have the same exposure"));
+}
+
+void TestBracketFinder::zoomedOrOtherLens_endsABracket()
+{
+    std::vector<Shot> shots = burst({-2, 0, 2, 4});
+    for (Shot &shot : shots)
+        shot.focalLength = 50;
+    shots[3].focalLength = 51; // as noted after focusing anew
+    QCOMPARE(find(shots), QString("-2 0 2 4"));
+    shots[3].focalLength = 70;
+    QCOMPARE(find(shots), QString("-2 0 2"));
+    shots[3].focalLength = 50;
+    shots[3].lens = QStringLiteral("B");
+    QCOMPARE(find(shots), QString("-2 0 2"));
+}
+
+void TestBracketFinder::longPause_withoutPictures_isWarnedOf()
+{
+    const auto found = [](double pause) {
+        return brackets::find({biased(-2, 0), biased(0, pause), biased(2, 2 * pause)}, {}).brackets;
+    };
+    QCOMPARE(found(1)[0].warnings, QStringList());
+    QCOMPARE(found(20)[0].warnings.size(), 1);
+    QVERIFY(found(61).empty());
+}
+
+void TestBracketFinder::longPause_sameScene_isABracket()
+{
+    const std::vector<Shot> shots{biased(-2, 0), biased(0, 200), biased(2, 330)};
+    for (const auto answer :
+         {brackets::Scene::Same, brackets::Scene::Other, brackets::Scene::Unknown}) {
+        const Grouping grouping =
+            brackets::find(shots, {}, [answer](const Shot &, const Shot &) { return answer; });
+        QCOMPARE(sizesOf(grouping),
+                 answer == brackets::Scene::Same ? QList<int>({3}) : QList<int>());
+    }
+}
+
+void TestBracketFinder::brokenRhythm_isTwoBracketsWhereBothAreWhole()
+{
+    std::vector<Shot> shots = burst({-3, -2, -1, 0, 1, 2});
+    for (size_t i = 3; i < 6; ++i)
+        shots[i].takenAt = shots[i].takenAt.addSecs(6);
+    QCOMPARE(find(shots), QString("-3 -2 -1, 0 1 2"));
+}
+
+void TestBracketFinder::clockWithoutSeconds_goesByNumbers()
+{
+    std::vector<Shot> shots;
+    for (int i = 0; i < 12; ++i) {
+        Shot shot = biased(2 * (i % 3) - 2, 60 * (i / 6));
+        shot.path = QStringLiteral("/photos/IMG_%1.jpg").arg(9 + i);
+        shots.push_back(shot);
+    }
+    std::reverse(shots.begin(), shots.end());
+    QCOMPARE(find(shots), QString("-2 0 2, -2 0 2, -2 0 2, -2 0 2"));
+}
+
+void TestBracketFinder::clockSetBack_goesByNumbers()
+{
+    std::vector<Shot> shots;
+    for (int i = 0; i < 30; ++i) {
+        Shot shot = biased(2 * (i % 3) - 2, 100 * (i / 3) + i % 3);
+        if (i >= 15)
+            shot.takenAt = shot.takenAt.addSecs(-500); // into the midst of the others
+        shot.path = QStringLiteral("/photos/IMG_%1.jpg").arg(100 + i);
+        shots.push_back(shot);
+    }
+    QCOMPARE(sizesOf(brackets::find(shots, {})), QList<int>(10, 3));
+}
+
+void TestBracketFinder::wholeHourInABracket_isTheClock()
+{
+    for (const int hours : {-1, 1}) {
+        std::vector<Shot> shots;
+        for (int i = 0; i < 12; ++i) {
+            Shot shot =
+                biased(2 * (i % 3) - 2, 100 * (i / 3) + i % 3 + (i >= 7 ? 3600 * hours : 0));
+            shot.path = QStringLiteral("/photos/IMG_%1.jpg").arg(100 + i);
+            shots.push_back(shot);
+        }
+        QCOMPARE(sizesOf(brackets::find(shots, {})), QList<int>(4, 3));
+    }
+}
+
+void TestBracketFinder::renamedFiles_goByTime()
+{
+    std::vector<Shot> shots = burst({-2, 0, 2, -2, 0, 2, -2, 0, 2});
+    const int numbers[] = {4, 9, 1, 7, 3, 8, 2, 6, 5};
+    for (size_t i = 0; i < shots.size(); ++i)
+        shots[i].path = QStringLiteral("/photos/%1.jpg").arg(numbers[i]);
+    QCOMPARE(find(shots), QString("-2 0 2, -2 0 2, -2 0 2"));
+}
+
+void TestBracketFinder::twoBodiesOfOneModel_areToldApart()
+{
+    std::vector<Shot> shots = burst({-2, -1, 0, 0, 2, 1});
+    for (size_t i = 0; i < shots.size(); ++i)
+        shots[i].serial = QString::number(i % 2);
+    QCOMPARE(find(shots), QString("-2 0 2, -1 0 1"));
+}
+
+void TestBracketFinder::lensWithoutContacts_isNoObstacle()
+{
+    std::vector<Shot> shots{timed(1.0 / 64, 0), timed(1.0 / 16, 1), timed(1.0 / 4, 2)};
+    for (Shot &shot : shots)
+        shot.fNumber = 0;
+    QCOMPARE(sizesOf(brackets::find(shots, {})), QList<int>({3}));
+}
+
+void TestBracketFinder::biasesThatTheExposuresDoNotFollow_areWarnedOf()
+{
+    std::vector<Shot> shots = burst({-2, 0, 2});
+    for (Shot &shot : shots)
+        shot.exposureSeconds = 0.01;
+    const Grouping grouping = brackets::find(shots, {});
+    QCOMPARE(sizesOf(grouping), QList<int>({3}));
+    QCOMPARE(grouping.brackets[0].warnings,
+             QStringList("the exposures do not follow the exposure biases"));
+}
+
+void TestBracketFinder::mostPictures_areHonoured()
+{
+    BracketRules rules;
+    rules.mostPictures = 3;
+    QCOMPARE(find(burst({-3, -2, -1, 0, 1, 2}), rules), QString("-3 -2 -1, 0 1 2"));
+    rules.mostPictures = 6;
+    QCOMPARE(find(burst({-3, -2, -1, 0, 1, 2}), rules), QString("-3 -2 -1 0 1 2"));
+}
+
+void TestBracketFinder::leftOver_tellsWhy()
+{
+    std::vector<Shot> shots = burst({-2, 0, 2});
+    shots.push_back(biased(1, 200));  // alone
+    shots.push_back(biased(-1, 400)); // interrupted
+    shots.push_back(biased(0, 401));
+    const Grouping grouping = brackets::find(shots, {});
+    QCOMPARE(sizesOf(grouping), QList<int>({3}));
+    QCOMPARE(grouping.leftOver.size(), size_t(3));
+    QVERIFY(grouping.leftOver[0].reason.contains("stands alone"));
+    QVERIFY(grouping.leftOver[1].reason.contains("no bracket of 3 exposures"));
+    QVERIFY(grouping.leftOver[2].reason.contains("no bracket of 3 exposures"));
+}
+
+void TestBracketFinder::tenThousandShotsOfOneTime_areCut()
+{
+    std::vector<Shot> shots;
+    for (int i = 0; i < 9999; ++i) {
+        Shot shot = biased(2 * (i % 3) - 2, 0);
+        shot.path = QStringLiteral("/photos/IMG_%1.jpg").arg(i);
+        shots.push_back(shot);
+    }
+    QCOMPARE(brackets::find(shots, {}).brackets.size(), size_t(3333));
 }
 
 QTEST_GUILESS_MAIN(TestBracketFinder)

@@ -52,6 +52,7 @@ private slots:
         QTest::newRow("bytes behind it") << packet("") + "<x/>";
         QTest::newRow("entities") << "<!DOCTYPE x [<!ENTITY a \"aaaa\">]>" +
                                          packet("<xmp:Label>&a;</xmp:Label>");
+        QTest::newRow("document type") << "<!DOCTYPE x>" + packet("<xmp:Rating>4</xmp:Rating>");
         QTest::newRow("deep") << packet(nested(200));
         QTest::newRow("very deep") << packet(nested(100000));
         QTest::newRow("many properties") << packet(QByteArray("<xmp:a/>").repeated(100001));

@@ -266,6 +266,8 @@ private slots:
         };
         QVERIFY(keeps({30, 40}));
         QVERIFY(!keeps({30, 39}));
+        metadata.xmp.replace("Orientation=\"1\"", "Orientation=\"3\"");
+        QVERIFY(!keeps({30, 40}));
     }
 
     void forUprightPicture_otherColours_areTold()
@@ -366,7 +368,7 @@ private slots:
             packet("xmp:Rating=\"3\" xmpNote:HasExtendedXMP=\"" + name + "\"");
         const QByteArray pieces = extensionSegment(name, whole, 300, 9999) +
                                   extensionSegment(QByteArray(32, 'B'), "other", 0, 5) +
-                                  extensionSegment(name, whole, 0, 300);
+                                  extensionSegment(name, whole, 0, 300).repeated(2);
         const auto joined = XmpPacket::parse(xmpIn("\xFF\xD8" + xmpSegment(standard) + pieces));
         QVERIFY(joined);
         QCOMPARE(joined->text(xmp::kDublinCore, "source").size(), 500);
