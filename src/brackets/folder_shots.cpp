@@ -2,6 +2,7 @@
 
 #include "file_names.h"
 #include "natural_order.h"
+#include "parallel_rows.h"
 
 #include <VeskRawType.h>
 
@@ -62,6 +63,16 @@ std::vector<PictureFile> withoutTwins(std::vector<PictureFile> pictures, bool pr
     };
     pictures.erase(std::remove_if(pictures.begin(), pictures.end(), isTwin), pictures.end());
     return pictures;
+}
+
+/// On all cores.
+std::vector<ShotReading> readAll(const std::vector<PictureFile> &pictures)
+{
+    std::vector<ShotReading> readings(pictures.size());
+    parallel::each(int(pictures.size()), [&](int i) {
+        readings[size_t(i)] = brackets::readShot(pictures[size_t(i)].path);
+    });
+    return readings;
 }
 
 /// By time; of copies the original first, which is older than what was made of it.
@@ -141,12 +152,11 @@ brackets::readFolder(const QString &folder, const FolderRules &rules,
                      const std::function<void(const QString &, const QString &)> &leftOut)
 {
     std::vector<Shot> shots;
-    for (const PictureFile &picture : withoutTwins(picturesIn(folder), rules.preferRaw)) {
-        const ShotReading reading = brackets::readShot(picture.path);
+    for (ShotReading &reading : readAll(withoutTwins(picturesIn(folder), rules.preferRaw))) {
         if (reading.problem.isEmpty())
-            shots.push_back(reading.shot);
+            shots.push_back(std::move(reading.shot));
         else
-            leftOut(picture.path, reading.problem);
+            leftOut(reading.shot.path, reading.problem);
     }
     sortByTime(shots);
     Originals originals;

@@ -123,6 +123,31 @@ const std::vector<Patterns::Pattern> Patterns::all = {
              c.newScene();
          }
      }},
+    {"singles by hand", [](ShotCard &c) {
+         for (int i = 0; i < 8; ++i) {
+             c.take({std::round(c.between(-9, 9)) / 3}, byHand(), false);
+             c.wait(2, 40);
+             c.newScene();
+         }
+     }},
+    {"two scenes by hand, soon after each other", [](ShotCard &c) {
+         c.take(row(5, -2, 1), byHand());
+         c.wait(2, 5);
+         c.newScene();
+         c.take(row(6, -2, 1), byHand());
+     }},
+    {"two scenes by hand, there and back", [](ShotCard &c) {
+         c.take(row(5, -2, 1), byHand());
+         c.wait(2, 5);
+         c.newScene();
+         c.take(row(5, 2, -1), byHand());
+     }},
+    {"two scenes by hand, going on", [](ShotCard &c) {
+         c.take(row(4, -4, 1), byHand());
+         c.wait(2, 5);
+         c.newScene();
+         c.take(row(4, 0, 1), byHand());
+     }},
     {"single just before and after", [](ShotCard &c) {
          c.take({0}, {}, false);
          c.wait(1, 4);

@@ -113,7 +113,9 @@ private slots:
             const Score score = scoreOf(card, grouping);
             const QString told = describe(score);
             qInfo("seed %u: %s", seed, qPrintable(told));
-            QVERIFY2(score.right >= 0.99 * (score.right + score.lost), qPrintable(told));
+            // Exposures that go on where the scene changes can only be seen.
+            const double least = withPictures ? 0.99 : 0.94;
+            QVERIFY2(score.right >= least * (score.right + score.lost), qPrintable(told));
             QVERIFY2(score.wrongWithoutWarning == 0, qPrintable(told));
         }
     }
