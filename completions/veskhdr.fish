@@ -60,7 +60,10 @@ complete -c veskhdr -n '__fish_seen_subcommand_from devices' -f -l json -d 'Prin
 
 complete -c veskhdr -n '__fish_seen_subcommand_from inspect' -l json -d 'Print one JSON object per file'
 
-complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l gap -d 'Longest pause in seconds'
-complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l min -d 'Fewest pictures of a bracket'
+complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l gap -a auto -d 'Longest pause in seconds'
+complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l min -d 'Fewest exposures of a bracket'
+complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l max -d 'Most pictures of a bracket'
+complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l prefer -a 'raw jpeg' -d 'Of a picture that is there raw and developed'
 complete -c veskhdr -n '__fish_seen_subcommand_from group' -l raw -d 'List the raw file where there are both'
 complete -c veskhdr -n '__fish_seen_subcommand_from group' -l recursive -d 'Look into the folders below as well'
+complete -c veskhdr -n '__fish_seen_subcommand_from group' -l json -d 'Print one JSON object'

@@ -26,11 +26,13 @@ public:
     std::vector<Shot> shots;
     /// The paths of each bracket.
     std::vector<QStringList> brackets;
-    /// The bracket of each pattern by its name, for messages.
-    QHash<QString, QString> patternOf; ///< by the path of a shot
+    /// Names of the patterns by the paths of their shots, for messages.
+    QHash<QString, QString> patternOf;
 
-    /// What pictures of the shots would tell; wrong as often as said.
+    /// What pictures of the shots would tell.
     brackets::Scene compare(const Shot &one, const Shot &other) const;
+    /// A number of its own for each scene.
+    int sceneAt(const QString &path) const { return sceneOf.value(path); }
 
 private:
     friend struct Patterns;

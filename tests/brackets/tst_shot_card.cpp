@@ -1,6 +1,11 @@
+#include "SceneComparison.h"
 #include "ShotCard.h"
+#include "card_files.h"
+#include "folder_shots.h"
 
+#include <QFileInfo>
 #include <QSet>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -118,6 +123,33 @@ private slots:
             QVERIFY2(score.right >= least * (score.right + score.lost), qPrintable(told));
             QVERIFY2(score.wrongWithoutWarning == 0, qPrintable(told));
         }
+    }
+
+    /// Through files, headers and pictures.
+    void cardOfFiles_brackets_areFound()
+    {
+        const QTemporaryDir folder;
+        ShotCard card(11, ShotCard::Clock::Exact);
+        card.fill(600);
+        QVERIFY(card_files::write(card, folder.path()));
+        const std::vector<Shot> shots =
+            brackets::readFolder(folder.path(), {}, [](const QString &path, const QString &reason) {
+                QFAIL(qPrintable(path + ": " + reason));
+            });
+        SceneComparison scenes;
+        Grouping grouping =
+            brackets::find(shots, {}, [&scenes](const Shot &one, const Shot &other) {
+                return scenes.compare(one, other);
+            });
+        for (Bracket &bracket : grouping.brackets) {
+            for (Shot &shot : bracket.shots)
+                shot.path = "/card/" + QFileInfo(shot.path).fileName();
+        }
+        const Score score = scoreOf(card, grouping);
+        const QString told = describe(score);
+        qInfo("%s", qPrintable(told));
+        QVERIFY2(score.right >= 0.99 * (score.right + score.lost), qPrintable(told));
+        QVERIFY2(score.wrongWithoutWarning == 0, qPrintable(told));
     }
 
     void card_eachShot_standsInOnePlace()
