@@ -1,6 +1,7 @@
 #include "commands.h"
 
 #include "align_command.h"
+#include "batch_command.h"
 #include "console.h"
 #include "devices_command.h"
 #include "group_command.h"
@@ -29,6 +30,8 @@ constexpr std::array kCommands = {
             command_line::devicesHelp},
     Command{"group", "Find the brackets in a folder", command_line::runGroup,
             command_line::groupHelp},
+    Command{"batch", "Merge all brackets of folders", command_line::runBatch,
+            command_line::batchHelp},
     Command{"inspect", "Show what picture files hold", command_line::runInspect,
             command_line::inspectHelp},
 };

@@ -1,129 +1,40 @@
 #include "group_command.h"
 
-#include "SceneComparison.h"
-#include "bracket_finder.h"
+#include "BracketSearch.h"
 #include "console.h"
-#include "folder_shots.h"
-#include "library_messages.h"
-#include "natural_order.h"
 
 #include <QCommandLineParser>
-#include <QDirIterator>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-#include <algorithm>
 
 namespace {
 
 struct GroupOptions
 {
-    QStringList folders;
-    FolderRules folder;
-    BracketRules bracket;
-    bool recursive = false;
+    SearchOptions search;
     bool json = false;
     QString problem; ///< empty when the options are all right
 };
 
-/// The options of "veskhdr group".
-class GroupParser
+GroupOptions parse(const QStringList &words)
 {
-public:
-    GroupOptions parse(const QStringList &words);
-
-private:
-    void readBracket(GroupOptions &options) const;
-    void readFolder(GroupOptions &options) const;
-
-    const QCommandLineOption gap{QStringLiteral("gap"), {}, QStringLiteral("seconds")};
-    const QCommandLineOption fewest{QStringLiteral("min"), {}, QStringLiteral("number")};
-    const QCommandLineOption most{QStringLiteral("max"), {}, QStringLiteral("number")};
-    const QCommandLineOption prefer{QStringLiteral("prefer"), {}, QStringLiteral("kind")};
-    const QCommandLineOption raw{QStringLiteral("raw")};
-    const QCommandLineOption recursive{QStringLiteral("recursive")};
-    const QCommandLineOption json{QStringLiteral("json")};
+    const QCommandLineOption json(QStringLiteral("json"));
+    const BracketSearch search;
     QCommandLineParser parser;
-};
-
-void GroupParser::readBracket(GroupOptions &options) const
-{
-    const QString seconds = parser.value(gap);
-    if (parser.isSet(gap) && seconds != QLatin1String("auto")) {
-        bool isNumber = true;
-        const double number = seconds.toDouble(&isNumber);
-        options.bracket.largestGapSeconds = number;
-        if (!isNumber || !(number >= 0))
-            options.problem = QStringLiteral("the gap must be a number of seconds, or auto");
-    }
-    if (parser.isSet(fewest))
-        options.bracket.fewestPictures = parser.value(fewest).toInt();
-    if (parser.isSet(most))
-        options.bracket.mostPictures = parser.value(most).toInt();
-    if (options.bracket.fewestPictures < 2)
-        options.problem = QStringLiteral("a bracket has two pictures or more");
-    else if (options.bracket.mostPictures < options.bracket.fewestPictures)
-        options.problem = QStringLiteral("the most pictures of a bracket cannot be fewer than the "
-                                         "fewest");
-}
-
-void GroupParser::readFolder(GroupOptions &options) const
-{
-    const QString kind = parser.value(prefer);
-    if (parser.isSet(prefer) && kind != QLatin1String("raw") && kind != QLatin1String("jpeg"))
-        options.problem = QStringLiteral("--prefer takes raw or jpeg");
-    else if (parser.isSet(raw) && kind == QLatin1String("jpeg"))
-        options.problem = QStringLiteral("--raw and --prefer jpeg exclude each other");
-    options.folder.preferRaw = parser.isSet(raw) || kind == QLatin1String("raw");
-}
-
-GroupOptions GroupParser::parse(const QStringList &words)
-{
-    parser.addOptions({gap, fewest, most, prefer, raw, recursive, json});
+    search.addTo(parser);
+    parser.addOption(json);
     GroupOptions options;
     if (!parser.parse(QStringList(QStringLiteral("veskhdr")) + words)) {
         options.problem = parser.errorText();
         return options;
     }
-    options.folders = parser.positionalArguments();
-    options.recursive = parser.isSet(recursive);
     options.json = parser.isSet(json);
-    readBracket(options);
-    readFolder(options);
-    if (options.folders.isEmpty())
+    options.search.folders = parser.positionalArguments();
+    options.problem = search.read(parser, options.search);
+    if (options.problem.isEmpty() && options.search.folders.isEmpty())
         options.problem = QStringLiteral("no folder given, see 'veskhdr group --help'");
     return options;
-}
-
-bool isReadable(const QString &folder)
-{
-    const QFileInfo info(folder);
-    if (!info.exists())
-        console::complain(folder, QStringLiteral("no such folder"));
-    else if (!info.isDir())
-        console::complain(folder, QStringLiteral("is not a folder"));
-    else if (!info.isReadable() || !info.isExecutable())
-        console::complain(folder, QStringLiteral("permission denied"));
-    else
-        return true;
-    return false;
-}
-
-/// The folder, and with it those below when asked for, in natural order.
-QStringList foldersFrom(const QString &folder, bool recursive)
-{
-    const QString absolute = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
-    QStringList folders{absolute};
-    if (!recursive)
-        return folders;
-    QDirIterator below(absolute, QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks,
-                       QDirIterator::Subdirectories);
-    while (below.hasNext())
-        folders += below.next();
-    std::sort(folders.begin(), folders.end(), brackets::isBeforeNaturally);
-    return folders;
 }
 
 /// Stops, without the noise behind the decimal point that thirds leave.
@@ -202,48 +113,21 @@ void tell(const Bracket &bracket, bool json, GroupReport &report)
     console::print(toText(toJson(bracket)));
 }
 
-void group(const QString &folder, const GroupOptions &options, GroupReport &report)
-{
-    const std::vector<Shot> shots = brackets::readFolder(
-        folder, options.folder, [&](const QString &path, const QString &reason) {
-            leaveOver(path, reason, options.json, report);
-        });
-    const LibraryMute mute;
-    SceneComparison scenes;
-    const Grouping grouping =
-        brackets::find(shots, options.bracket, [&scenes](const Shot &one, const Shot &other) {
-            return scenes.compare(one, other);
-        });
-    for (const LeftOver &left : grouping.leftOver)
-        leaveOver(left.shot.path, left.reason, options.json, report);
-    for (const Bracket &bracket : grouping.brackets)
-        tell(bracket, options.json, report);
-}
-
 } // namespace
 
 ExitCode command_line::runGroup(const QStringList &words)
 {
-    const GroupOptions options = GroupParser().parse(words);
+    const GroupOptions options = parse(words);
     if (!options.problem.isEmpty()) {
         console::complain({}, QStringLiteral("group: ") + options.problem);
         return ExitCode::Usage;
     }
     GroupReport report;
-    ExitCode code = ExitCode::Ok;
-    for (const QString &root : options.folders) {
-        // Named as it was given; those below are named by their whole path.
-        const QStringList folders =
-            isReadable(root) ? foldersFrom(root, options.recursive) : QStringList();
-        if (folders.isEmpty())
-            code = ExitCode::NoInput;
-        for (const QString &folder : folders) {
-            if (isReadable(folder))
-                group(folder, options, report);
-            else
-                code = ExitCode::NoInput;
-        }
-    }
+    const ExitCode code = BracketSearch::run(
+        options.search, [&](const Bracket &bracket) { tell(bracket, options.json, report); },
+        [&](const QString &path, const QString &reason) {
+            leaveOver(path, reason, options.json, report);
+        });
     if (options.json)
         console::print(toText({{QStringLiteral("brackets"), report.brackets},
                                {QStringLiteral("leftOver"), report.leftOver}}));

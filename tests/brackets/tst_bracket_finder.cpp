@@ -100,6 +100,7 @@ private slots:
     void biasesThatTheExposuresDoNotFollow_areWarnedOf();
     void mostPictures_areHonoured();
     void leftOver_tellsWhy();
+    void tie_goesToTheShotsThatStandApart();
     void tenThousandShotsOfOneTime_areCut();
 };
 
@@ -501,6 +502,14 @@ void TestBracketFinder::leftOver_tellsWhy()
     QVERIFY(grouping.leftOver[0].reason.contains("stands alone"));
     QVERIFY(grouping.leftOver[1].reason.contains("no bracket of 3 exposures"));
     QVERIFY(grouping.leftOver[2].reason.contains("no bracket of 3 exposures"));
+}
+
+void TestBracketFinder::tie_goesToTheShotsThatStandApart()
+{
+    QCOMPARE(find({biased(-2, 0), biased(0, 5), biased(2, 10), biased(0, 10.5), biased(-2, 11)}),
+             QString("2 0 -2"));
+    QCOMPARE(find({biased(-2, 0), biased(0, 0.5), biased(2, 1), biased(0, 6), biased(-2, 11)}),
+             QString("-2 0 2"));
 }
 
 void TestBracketFinder::tenThousandShotsOfOneTime_areCut()

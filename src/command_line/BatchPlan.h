@@ -1,0 +1,56 @@
+#pragma once
+
+#include "bracket_finder.h"
+
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+/// Which part of the work one of several processes does: part k of n, from 1 on.
+struct Shard
+{
+    int part = 1;
+    int parts = 1;
+};
+
+/// One bracket of a batch: what it is merged from and into.
+struct BatchJob
+{
+    enum class State {
+        New,       ///< there is no result yet
+        Unchanged, ///< the result is there, made of the same pictures in the same way
+        Changed,   ///< the result is of other pictures or options, or older than a picture
+        Foreign,   ///< a file is there that is no result of this program
+        SameName,  ///< another bracket gets the same name
+    };
+
+    Bracket bracket;
+    QString output;
+    State state = State::New;
+
+    QStringList pictures() const;
+};
+
+/// Names the results of a batch and finds out what is to be done. The same files give the same plan
+/// in every process, so that several share the work without speaking to each other. One thread.
+class BatchPlan
+{
+public:
+    /// pattern: the file's name, with {date}, {time}, {first}, {last}, {count} and {folder}.
+    /// description: the options of the merge, as results bear them in their mark.
+    BatchPlan(const QString &folder, const QString &pattern, const QString &description);
+
+    BatchJob add(const Bracket &bracket);
+
+    /// Whether the job belongs to that part; the name of the result alone decides.
+    static bool belongsTo(const BatchJob &job, const Shard &shard);
+
+private:
+    QString nameOf(const Bracket &bracket) const;
+    BatchJob::State stateOf(const BatchJob &job) const;
+
+    const QString folder;
+    const QString pattern;
+    const QString description;
+    QSet<QString> outputs;
+};
