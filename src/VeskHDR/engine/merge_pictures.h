@@ -1,6 +1,7 @@
 #pragma once
 
 #include "opencl_api.h"
+#include "veskhdr_export.h"
 
 #include <QImage>
 #include <QList>
@@ -58,6 +59,6 @@ struct Outcome
 /// are left, in their order, of which the alignment may have shifted some. It ends the process with
 /// an assertion report when there is one picture to align.
 /// Nothing is thrown. Any thread.
-Outcome mergePictures(QList<QImage *> &pictures, const Options &options);
+VESKHDR_EXPORT Outcome mergePictures(QList<QImage *> &pictures, const Options &options);
 
 } // namespace merge

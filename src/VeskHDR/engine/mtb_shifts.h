@@ -1,6 +1,7 @@
 #pragma once
 
 #include "picture_shift.h"
+#include "veskhdr_export.h"
 
 #include <QImage>
 #include <QList>
@@ -25,10 +26,10 @@ int pyramidLevels(QSize size);
 int largestFindableShift(int levels);
 
 /// Shift of picture i + 1 onto picture i at index i. Needs two pictures or more, see mtb_alignment.
-std::vector<QPoint> pairShifts(const QList<QImage *> &pictures);
+VESKHDR_EXPORT std::vector<QPoint> pairShifts(const QList<QImage *> &pictures);
 
 /// Shift of picture i + 1 onto picture 0 at index i.
-std::vector<QPoint> summedShifts(const std::vector<QPoint> &pairShifts);
+VESKHDR_EXPORT std::vector<QPoint> summedShifts(const std::vector<QPoint> &pairShifts);
 
 /// What an alignment found; both are empty without a search.
 struct Alignment
