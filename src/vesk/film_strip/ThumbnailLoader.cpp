@@ -18,6 +18,7 @@ QImage thumbnail::make(const QString &path, int side, const std::atomic<bool> &c
     ReadOptions options;
     options.pixelLimit = kLargestPicture;
     options.side = side;
+    options.colours = ReadOptions::Colours::True;
     options.cancelled = &cancelled;
     return screen_colours::shown(picture::read(path, options).image);
 }

@@ -153,10 +153,6 @@
         <translation>Zu HDR &amp;zusammenfügen…</translation>
     </message>
     <message>
-        <source>Merge pictures of one scene taken at different exposures</source>
-        <translation>Verschieden belichtete Bilder eines Motivs zusammenfügen</translation>
-    </message>
-    <message>
         <source>&amp;About Vesk</source>
         <translation>Ü&amp;ber Vesk</translation>
     </message>
@@ -168,6 +164,18 @@
         <source>%1 (%2)</source>
         <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Exposures…</source>
+        <translation>&amp;Belichtungen verschmelzen…</translation>
+    </message>
+    <message>
+        <source>Align the selected shots and fuse them: preview, options, a new document</source>
+        <translation>Die ausgewählten Aufnahmen ausrichten und verschmelzen: mit Vorschau und Optionen, als neues Dokument</translation>
+    </message>
+    <message>
+        <source>Merge up to five shots by their weighted mean, in place of the document</source>
+        <translation>Bis zu fünf Aufnahmen als gewichtetes Mittel zusammenfügen; ersetzt das Dokument</translation>
     </message>
 </context>
 <context>
@@ -193,6 +201,14 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>%1 wird geöffnet (%2 von %3)…</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureMergeCommand</name>
+    <message>
+        <source>%1 merged</source>
+        <extracomment>The name of a merged picture; %1 is that of the shot it was made from.</extracomment>
+        <translation>%1 verschmolzen</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,265 @@
     <message>
         <source>%1[*] — Vesk</source>
         <translation>%1[*] — Vesk</translation>
+    </message>
+    <message>
+        <source>Fusion with preview</source>
+        <translation>Verschmelzen mit Vorschau</translation>
+    </message>
+    <message>
+        <source>Weighted mean of up to five</source>
+        <translation>Gewichtetes Mittel von bis zu fünf</translation>
+    </message>
+</context>
+<context>
+    <name>MergeOptionsPanel</name>
+    <message>
+        <source>C&amp;rop to what all shots cover</source>
+        <translation>Auf gemeinsame &amp;Fläche zuschneiden</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>Kontrast</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Verschmelzen</translation>
+    </message>
+    <message>
+        <source>Exposure fusion</source>
+        <translation>Belichtungsverschmelzung</translation>
+    </message>
+    <message>
+        <source>Mean (as Merge to HDR)</source>
+        <translation>Mittel (wie „Zu HDR zusammenfügen“)</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>&amp;Verfahren:</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>&amp;Ausrichten:</translation>
+    </message>
+    <message>
+        <source>&amp;Ghosts:</source>
+        <extracomment>What moved between the shots.</extracomment>
+        <translation>&amp;Geister:</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Aussehen</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Belichtung:</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>&amp;Kontrast:</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>&amp;Sättigung:</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Remove, automatically</source>
+        <translation>Automatisch entfernen</translation>
+    </message>
+    <message>
+        <source>Leave them in</source>
+        <translation>Belassen</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <extracomment>%1 is the name of a shot.</extracomment>
+        <translation>Aus %1</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>Perspektive</translation>
+    </message>
+    <message>
+        <source>Whole pixels</source>
+        <translation>Ganze Pixel</translation>
+    </message>
+    <message>
+        <source>None (tripod)</source>
+        <translation>Keine (Stativ)</translation>
+    </message>
+</context>
+<context>
+    <name>MergePreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+</context>
+<context>
+    <name>MergeTexts</name>
+    <message>
+        <source>it is too small</source>
+        <translation>sie ist zu klein</translation>
+    </message>
+    <message>
+        <source>it shows too little detail</source>
+        <translation>sie zeigt zu wenig Einzelheiten</translation>
+    </message>
+    <message>
+        <source>it does not match the others</source>
+        <translation>sie passt nicht zu den anderen</translation>
+    </message>
+    <message>
+        <source>Reading the pictures…</source>
+        <translation>Bilder werden gelesen…</translation>
+    </message>
+    <message>
+        <source>Aligning…</source>
+        <translation>Ausrichten…</translation>
+    </message>
+    <message>
+        <source>Looking for what moved…</source>
+        <translation>Suche, was sich bewegt hat…</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>Verschmelzen…</translation>
+    </message>
+    <message>
+        <source>At most %1 pictures can be merged.</source>
+        <translation>Höchstens %1 Bilder können verschmolzen werden.</translation>
+    </message>
+    <message>
+        <source>The pictures have different sizes.</source>
+        <translation>Die Bilder sind verschieden groß.</translation>
+    </message>
+    <message>
+        <source>Nothing is left to crop to: the pictures do not overlap.</source>
+        <translation>Es bleibt keine gemeinsame Fläche: Die Bilder überlappen nicht.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Der Arbeitsspeicher reicht nicht.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read: %2.</source>
+        <extracomment>A file, and why it could not be read.</extracomment>
+        <translation>„%1“ konnte nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
+        <translation>„%1“ (%2 Pixel) hat nicht die Größe von „%3“ (%4 Pixel).</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 LW</translation>
+    </message>
+    <message>
+        <source>left unaligned: %1</source>
+        <translation>nicht ausgerichtet: %1</translation>
+    </message>
+    <message>
+        <source>lies as it is</source>
+        <translation>liegt schon richtig</translation>
+    </message>
+    <message>
+        <source>aligned, %1 % sure</source>
+        <extracomment>How far an alignment can be trusted, in percent.</extracomment>
+        <translation>ausgerichtet, zu %1 % sicher</translation>
+    </message>
+    <message>
+        <source>%1 was left unaligned: %2.</source>
+        <translation>%1 wurde nicht ausgerichtet: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>MergeWorkspace</name>
+    <message>
+        <source>A&amp;dd Shots…</source>
+        <translation>Aufnahmen &amp;hinzufügen…</translation>
+    </message>
+    <message>
+        <source>&amp;Use as Reference</source>
+        <translation>Als Bez&amp;ug verwenden</translation>
+    </message>
+    <message>
+        <source>&amp;Before (hold B)</source>
+        <translation>V&amp;orher (B halten)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>Verschm&amp;elzen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Merge Exposures</source>
+        <translation>Belichtungen verschmelzen</translation>
+    </message>
+    <message>
+        <source>S&amp;hots:</source>
+        <translation>Aufnah&amp;men:</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>Add Shots</source>
+        <translation>Aufnahmen hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add two or more shots of one scene, or drop them here.</source>
+        <translation>Fügen Sie zwei oder mehr Aufnahmen einer Szene hinzu oder ziehen Sie sie hierher.</translation>
+    </message>
+    <message>
+        <source>Aligned: %1 of %2</source>
+        <translation>Ausgerichtet: %1 von %2</translation>
+    </message>
+    <message>
+        <source>Choose Reference A&amp;utomatically</source>
+        <translation>Bez&amp;ug automatisch wählen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Not Merged</source>
+        <translation>Nicht verschmolzen</translation>
     </message>
 </context>
 <context>
@@ -506,6 +781,77 @@
     <message>
         <source>Save As</source>
         <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>PNG picture, 16 bits per channel</source>
+        <translation>PNG-Bild, 16 Bit je Kanal</translation>
+    </message>
+    <message>
+        <source>PNG picture, 8 bits per channel</source>
+        <translation>PNG-Bild, 8 Bit je Kanal</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 16 bits per channel</source>
+        <translation>TIFF-Bild, 16 Bit je Kanal</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 8 bits per channel</source>
+        <translation>TIFF-Bild, 8 Bit je Kanal</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenColoursMenu</name>
+    <message>
+        <source>&amp;Screen Colours</source>
+        <translation>&amp;Bildschirmfarben</translation>
+    </message>
+    <message>
+        <source>&amp;sRGB (Most Screens)</source>
+        <translation>&amp;sRGB (die meisten Bildschirme)</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>Farbprofile</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>Profile of the Screen</source>
+        <translation>Profil des Bildschirms</translation>
+    </message>
+    <message>
+        <source>Screen Colours</source>
+        <translation>Bildschirmfarben</translation>
+    </message>
+    <message>
+        <source>“%1” is not a colour profile for a screen.</source>
+        <translation>„%1“ ist kein Farbprofil für einen Bildschirm.</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File…</source>
+        <translation>&amp;Profildatei…</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File: %1…</source>
+        <translation>&amp;Profildatei: %1…</translation>
+    </message>
+</context>
+<context>
+    <name>ShotList</name>
+    <message>
+        <source>Shots</source>
+        <translation>Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen…</translation>
+    </message>
+    <message>
+        <source>★ reference</source>
+        <extracomment>The shot that the others are aligned to.</extracomment>
+        <translation>★ Bezug</translation>
     </message>
 </context>
 <context>

@@ -153,10 +153,6 @@
         <translation>&amp;Combinar en HDR…</translation>
     </message>
     <message>
-        <source>Merge pictures of one scene taken at different exposures</source>
-        <translation>Combinar imágenes de una escena tomadas con distintas exposiciones</translation>
-    </message>
-    <message>
         <source>&amp;About Vesk</source>
         <translation>&amp;Acerca de Vesk</translation>
     </message>
@@ -168,6 +164,18 @@
         <source>%1 (%2)</source>
         <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Exposures…</source>
+        <translation>Fusionar &amp;exposiciones…</translation>
+    </message>
+    <message>
+        <source>Align the selected shots and fuse them: preview, options, a new document</source>
+        <translation>Alinear las tomas seleccionadas y fusionarlas: con vista previa y opciones, en un documento nuevo</translation>
+    </message>
+    <message>
+        <source>Merge up to five shots by their weighted mean, in place of the document</source>
+        <translation>Fusionar hasta cinco tomas por su media ponderada, en lugar del documento</translation>
     </message>
 </context>
 <context>
@@ -193,6 +201,14 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>Abriendo %1 (%2 de %3)…</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureMergeCommand</name>
+    <message>
+        <source>%1 merged</source>
+        <extracomment>The name of a merged picture; %1 is that of the shot it was made from.</extracomment>
+        <translation>%1 fusionada</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,265 @@
     <message>
         <source>%1[*] — Vesk</source>
         <translation>%1[*] — Vesk</translation>
+    </message>
+    <message>
+        <source>Fusion with preview</source>
+        <translation>Fusión con vista previa</translation>
+    </message>
+    <message>
+        <source>Weighted mean of up to five</source>
+        <translation>Media ponderada de hasta cinco</translation>
+    </message>
+</context>
+<context>
+    <name>MergeOptionsPanel</name>
+    <message>
+        <source>C&amp;rop to what all shots cover</source>
+        <translation>&amp;Recortar al área común</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Exposición</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>Contraste</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>Saturación</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Fusión</translation>
+    </message>
+    <message>
+        <source>Exposure fusion</source>
+        <translation>Fusión de exposiciones</translation>
+    </message>
+    <message>
+        <source>Mean (as Merge to HDR)</source>
+        <translation>Media (como «Combinar en HDR»)</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>&amp;Método:</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>&amp;Alineación:</translation>
+    </message>
+    <message>
+        <source>&amp;Ghosts:</source>
+        <extracomment>What moved between the shots.</extracomment>
+        <translation>Fan&amp;tasmas:</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Aspecto</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Exposición:</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>&amp;Contraste:</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>&amp;Saturación:</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>Resta&amp;blecer</translation>
+    </message>
+    <message>
+        <source>Remove, automatically</source>
+        <translation>Quitar automáticamente</translation>
+    </message>
+    <message>
+        <source>Leave them in</source>
+        <translation>Dejarlos</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <extracomment>%1 is the name of a shot.</extracomment>
+        <translation>De %1</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>Perspectiva</translation>
+    </message>
+    <message>
+        <source>Whole pixels</source>
+        <translation>Píxeles enteros</translation>
+    </message>
+    <message>
+        <source>None (tripod)</source>
+        <translation>Ninguna (trípode)</translation>
+    </message>
+</context>
+<context>
+    <name>MergePreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>Vista previa</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Antes</translation>
+    </message>
+</context>
+<context>
+    <name>MergeTexts</name>
+    <message>
+        <source>it is too small</source>
+        <translation>es demasiado pequeña</translation>
+    </message>
+    <message>
+        <source>it shows too little detail</source>
+        <translation>muestra muy poco detalle</translation>
+    </message>
+    <message>
+        <source>it does not match the others</source>
+        <translation>no encaja con las demás</translation>
+    </message>
+    <message>
+        <source>Reading the pictures…</source>
+        <translation>Leyendo las imágenes…</translation>
+    </message>
+    <message>
+        <source>Aligning…</source>
+        <translation>Alineando…</translation>
+    </message>
+    <message>
+        <source>Looking for what moved…</source>
+        <translation>Buscando lo que se movió…</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>Fusionando…</translation>
+    </message>
+    <message>
+        <source>At most %1 pictures can be merged.</source>
+        <translation>Se pueden fusionar como máximo %1 imágenes.</translation>
+    </message>
+    <message>
+        <source>The pictures have different sizes.</source>
+        <translation>Las imágenes tienen tamaños distintos.</translation>
+    </message>
+    <message>
+        <source>Nothing is left to crop to: the pictures do not overlap.</source>
+        <translation>No queda nada que recortar: las imágenes no se solapan.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>No hay memoria suficiente.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read: %2.</source>
+        <extracomment>A file, and why it could not be read.</extracomment>
+        <translation>No se pudo leer «%1»: %2.</translation>
+    </message>
+    <message>
+        <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
+        <translation>«%1» (%2 píxeles) no tiene el tamaño de «%3» (%4 píxeles).</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>left unaligned: %1</source>
+        <translation>sin alinear: %1</translation>
+    </message>
+    <message>
+        <source>lies as it is</source>
+        <translation>ya está en su sitio</translation>
+    </message>
+    <message>
+        <source>aligned, %1 % sure</source>
+        <extracomment>How far an alignment can be trusted, in percent.</extracomment>
+        <translation>alineada, %1 % de confianza</translation>
+    </message>
+    <message>
+        <source>%1 was left unaligned: %2.</source>
+        <translation>%1 se dejó sin alinear: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>MergeWorkspace</name>
+    <message>
+        <source>A&amp;dd Shots…</source>
+        <translation>Aña&amp;dir tomas…</translation>
+    </message>
+    <message>
+        <source>&amp;Use as Reference</source>
+        <translation>&amp;Usar como referencia</translation>
+    </message>
+    <message>
+        <source>&amp;Before (hold B)</source>
+        <translation>A&amp;ntes (mantener B)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>&amp;Fusionar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Merge Exposures</source>
+        <translation>Fusionar exposiciones</translation>
+    </message>
+    <message>
+        <source>S&amp;hots:</source>
+        <translation>&amp;Tomas:</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Todos los archivos</translation>
+    </message>
+    <message>
+        <source>Add Shots</source>
+        <translation>Añadir tomas</translation>
+    </message>
+    <message>
+        <source>Add two or more shots of one scene, or drop them here.</source>
+        <translation>Añada dos o más tomas de una escena, o suéltelas aquí.</translation>
+    </message>
+    <message>
+        <source>Aligned: %1 of %2</source>
+        <translation>Alineadas: %1 de %2</translation>
+    </message>
+    <message>
+        <source>Choose Reference A&amp;utomatically</source>
+        <translation>Referencia a&amp;utomática</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Not Merged</source>
+        <translation>No fusionado</translation>
     </message>
 </context>
 <context>
@@ -506,6 +781,77 @@
     <message>
         <source>Save As</source>
         <translation>Guardar como</translation>
+    </message>
+    <message>
+        <source>PNG picture, 16 bits per channel</source>
+        <translation>Imagen PNG, 16 bits por canal</translation>
+    </message>
+    <message>
+        <source>PNG picture, 8 bits per channel</source>
+        <translation>Imagen PNG, 8 bits por canal</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 16 bits per channel</source>
+        <translation>Imagen TIFF, 16 bits por canal</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 8 bits per channel</source>
+        <translation>Imagen TIFF, 8 bits por canal</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenColoursMenu</name>
+    <message>
+        <source>&amp;Screen Colours</source>
+        <translation>&amp;Colores de la pantalla</translation>
+    </message>
+    <message>
+        <source>&amp;sRGB (Most Screens)</source>
+        <translation>&amp;sRGB (la mayoría de las pantallas)</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>Perfiles de color</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Todos los archivos</translation>
+    </message>
+    <message>
+        <source>Profile of the Screen</source>
+        <translation>Perfil de la pantalla</translation>
+    </message>
+    <message>
+        <source>Screen Colours</source>
+        <translation>Colores de la pantalla</translation>
+    </message>
+    <message>
+        <source>“%1” is not a colour profile for a screen.</source>
+        <translation>«%1» no es un perfil de color para pantallas.</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File…</source>
+        <translation>&amp;Archivo de perfil…</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File: %1…</source>
+        <translation>&amp;Archivo de perfil: %1…</translation>
+    </message>
+</context>
+<context>
+    <name>ShotList</name>
+    <message>
+        <source>Shots</source>
+        <translation>Tomas</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Leyendo…</translation>
+    </message>
+    <message>
+        <source>★ reference</source>
+        <extracomment>The shot that the others are aligned to.</extracomment>
+        <translation>★ referencia</translation>
     </message>
 </context>
 <context>

@@ -153,10 +153,6 @@
         <translation>&amp;Fusion HDR…</translation>
     </message>
     <message>
-        <source>Merge pictures of one scene taken at different exposures</source>
-        <translation>Fusionner des images d’une même scène prises avec des expositions différentes</translation>
-    </message>
-    <message>
         <source>&amp;About Vesk</source>
         <translation>À &amp;propos de Vesk</translation>
     </message>
@@ -168,6 +164,18 @@
         <source>%1 (%2)</source>
         <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Exposures…</source>
+        <translation>Fusionner les &amp;expositions…</translation>
+    </message>
+    <message>
+        <source>Align the selected shots and fuse them: preview, options, a new document</source>
+        <translation>Aligner les prises sélectionnées et les fusionner : aperçu, options, nouveau document</translation>
+    </message>
+    <message>
+        <source>Merge up to five shots by their weighted mean, in place of the document</source>
+        <translation>Fusionner jusqu’à cinq prises par leur moyenne pondérée, à la place du document</translation>
     </message>
 </context>
 <context>
@@ -193,6 +201,14 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>Ouverture de %1 (%2 sur %3)…</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureMergeCommand</name>
+    <message>
+        <source>%1 merged</source>
+        <extracomment>The name of a merged picture; %1 is that of the shot it was made from.</extracomment>
+        <translation>%1 fusionnée</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,265 @@
     <message>
         <source>%1[*] — Vesk</source>
         <translation>%1[*] — Vesk</translation>
+    </message>
+    <message>
+        <source>Fusion with preview</source>
+        <translation>Fusion avec aperçu</translation>
+    </message>
+    <message>
+        <source>Weighted mean of up to five</source>
+        <translation>Moyenne pondérée de cinq au plus</translation>
+    </message>
+</context>
+<context>
+    <name>MergeOptionsPanel</name>
+    <message>
+        <source>C&amp;rop to what all shots cover</source>
+        <translation>&amp;Recadrer sur la zone commune</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Exposition</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>Contraste</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>Saturation</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Fusion</translation>
+    </message>
+    <message>
+        <source>Exposure fusion</source>
+        <translation>Fusion d’expositions</translation>
+    </message>
+    <message>
+        <source>Mean (as Merge to HDR)</source>
+        <translation>Moyenne (comme « Fusion HDR »)</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>&amp;Méthode :</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>&amp;Alignement :</translation>
+    </message>
+    <message>
+        <source>&amp;Ghosts:</source>
+        <extracomment>What moved between the shots.</extracomment>
+        <translation>Fan&amp;tômes :</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Aspect</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Exposition :</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>&amp;Contraste :</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>&amp;Saturation :</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>Réin&amp;itialiser</translation>
+    </message>
+    <message>
+        <source>Remove, automatically</source>
+        <translation>Supprimer automatiquement</translation>
+    </message>
+    <message>
+        <source>Leave them in</source>
+        <translation>Les laisser</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <extracomment>%1 is the name of a shot.</extracomment>
+        <translation>De %1</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>Perspective</translation>
+    </message>
+    <message>
+        <source>Whole pixels</source>
+        <translation>Pixels entiers</translation>
+    </message>
+    <message>
+        <source>None (tripod)</source>
+        <translation>Aucun (trépied)</translation>
+    </message>
+</context>
+<context>
+    <name>MergePreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>Aperçu</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Avant</translation>
+    </message>
+</context>
+<context>
+    <name>MergeTexts</name>
+    <message>
+        <source>it is too small</source>
+        <translation>elle est trop petite</translation>
+    </message>
+    <message>
+        <source>it shows too little detail</source>
+        <translation>elle montre trop peu de détails</translation>
+    </message>
+    <message>
+        <source>it does not match the others</source>
+        <translation>elle ne correspond pas aux autres</translation>
+    </message>
+    <message>
+        <source>Reading the pictures…</source>
+        <translation>Lecture des images…</translation>
+    </message>
+    <message>
+        <source>Aligning…</source>
+        <translation>Alignement…</translation>
+    </message>
+    <message>
+        <source>Looking for what moved…</source>
+        <translation>Recherche de ce qui a bougé…</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>Fusion…</translation>
+    </message>
+    <message>
+        <source>At most %1 pictures can be merged.</source>
+        <translation>On peut fusionner au plus %1 images.</translation>
+    </message>
+    <message>
+        <source>The pictures have different sizes.</source>
+        <translation>Les images ont des tailles différentes.</translation>
+    </message>
+    <message>
+        <source>Nothing is left to crop to: the pictures do not overlap.</source>
+        <translation>Il ne reste rien à recadrer : les images ne se recouvrent pas.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>La mémoire est insuffisante.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read: %2.</source>
+        <extracomment>A file, and why it could not be read.</extracomment>
+        <translation>« %1 » n’a pas pu être lu : %2.</translation>
+    </message>
+    <message>
+        <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
+        <translation>« %1 » (%2 pixels) n’a pas la taille de « %3 » (%4 pixels).</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 IL</translation>
+    </message>
+    <message>
+        <source>left unaligned: %1</source>
+        <translation>non alignée : %1</translation>
+    </message>
+    <message>
+        <source>lies as it is</source>
+        <translation>déjà en place</translation>
+    </message>
+    <message>
+        <source>aligned, %1 % sure</source>
+        <extracomment>How far an alignment can be trusted, in percent.</extracomment>
+        <translation>alignée, sûre à %1 %</translation>
+    </message>
+    <message>
+        <source>%1 was left unaligned: %2.</source>
+        <translation>%1 n’a pas été alignée : %2.</translation>
+    </message>
+</context>
+<context>
+    <name>MergeWorkspace</name>
+    <message>
+        <source>A&amp;dd Shots…</source>
+        <translation>A&amp;jouter des prises…</translation>
+    </message>
+    <message>
+        <source>&amp;Use as Reference</source>
+        <translation>&amp;Utiliser comme référence</translation>
+    </message>
+    <message>
+        <source>&amp;Before (hold B)</source>
+        <translation>A&amp;vant (maintenir B)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>&amp;Fusionner</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Merge Exposures</source>
+        <translation>Fusionner les expositions</translation>
+    </message>
+    <message>
+        <source>S&amp;hots:</source>
+        <translation>&amp;Prises :</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Tous les fichiers</translation>
+    </message>
+    <message>
+        <source>Add Shots</source>
+        <translation>Ajouter des prises</translation>
+    </message>
+    <message>
+        <source>Add two or more shots of one scene, or drop them here.</source>
+        <translation>Ajoutez deux prises ou plus d’une même scène, ou déposez-les ici.</translation>
+    </message>
+    <message>
+        <source>Aligned: %1 of %2</source>
+        <translation>Alignées : %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Choose Reference A&amp;utomatically</source>
+        <translation>Référence a&amp;utomatique</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Not Merged</source>
+        <translation>Non fusionné</translation>
     </message>
 </context>
 <context>
@@ -506,6 +781,77 @@
     <message>
         <source>Save As</source>
         <translation>Enregistrer sous</translation>
+    </message>
+    <message>
+        <source>PNG picture, 16 bits per channel</source>
+        <translation>Image PNG, 16 bits par canal</translation>
+    </message>
+    <message>
+        <source>PNG picture, 8 bits per channel</source>
+        <translation>Image PNG, 8 bits par canal</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 16 bits per channel</source>
+        <translation>Image TIFF, 16 bits par canal</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 8 bits per channel</source>
+        <translation>Image TIFF, 8 bits par canal</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenColoursMenu</name>
+    <message>
+        <source>&amp;Screen Colours</source>
+        <translation>&amp;Couleurs de l’écran</translation>
+    </message>
+    <message>
+        <source>&amp;sRGB (Most Screens)</source>
+        <translation>&amp;sRGB (la plupart des écrans)</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>Profils de couleurs</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Tous les fichiers</translation>
+    </message>
+    <message>
+        <source>Profile of the Screen</source>
+        <translation>Profil de l’écran</translation>
+    </message>
+    <message>
+        <source>Screen Colours</source>
+        <translation>Couleurs de l’écran</translation>
+    </message>
+    <message>
+        <source>“%1” is not a colour profile for a screen.</source>
+        <translation>« %1 » n’est pas un profil de couleurs pour un écran.</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File…</source>
+        <translation>&amp;Fichier de profil…</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File: %1…</source>
+        <translation>&amp;Fichier de profil : %1…</translation>
+    </message>
+</context>
+<context>
+    <name>ShotList</name>
+    <message>
+        <source>Shots</source>
+        <translation>Prises</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Lecture…</translation>
+    </message>
+    <message>
+        <source>★ reference</source>
+        <extracomment>The shot that the others are aligned to.</extracomment>
+        <translation>★ référence</translation>
     </message>
 </context>
 <context>

@@ -153,10 +153,6 @@
         <translation>HDR に統合(&amp;M)…</translation>
     </message>
     <message>
-        <source>Merge pictures of one scene taken at different exposures</source>
-        <translation>同じ場面を異なる露出で撮影した画像を統合します</translation>
-    </message>
-    <message>
         <source>&amp;About Vesk</source>
         <translation>Vesk について(&amp;A)</translation>
     </message>
@@ -168,6 +164,18 @@
         <source>%1 (%2)</source>
         <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Exposures…</source>
+        <translation>露出を合成(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Align the selected shots and fuse them: preview, options, a new document</source>
+        <translation>選択した写真を位置合わせして融合します：プレビュー、オプション、新しい書類</translation>
+    </message>
+    <message>
+        <source>Merge up to five shots by their weighted mean, in place of the document</source>
+        <translation>最大 5 枚を加重平均で統合し、書類を置き換えます</translation>
     </message>
 </context>
 <context>
@@ -193,6 +201,14 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>%1 を開いています (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureMergeCommand</name>
+    <message>
+        <source>%1 merged</source>
+        <extracomment>The name of a merged picture; %1 is that of the shot it was made from.</extracomment>
+        <translation>%1 合成</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,265 @@
     <message>
         <source>%1[*] — Vesk</source>
         <translation>%1[*] — Vesk</translation>
+    </message>
+    <message>
+        <source>Fusion with preview</source>
+        <translation>プレビュー付きの融合</translation>
+    </message>
+    <message>
+        <source>Weighted mean of up to five</source>
+        <translation>最大 5 枚の加重平均</translation>
+    </message>
+</context>
+<context>
+    <name>MergeOptionsPanel</name>
+    <message>
+        <source>C&amp;rop to what all shots cover</source>
+        <translation>共通部分に切り抜く(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>露出</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>コントラスト</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>彩度</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>Exposure fusion</source>
+        <translation>露出融合</translation>
+    </message>
+    <message>
+        <source>Mean (as Merge to HDR)</source>
+        <translation>平均（「HDR に統合」と同じ）</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>方法(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>位置合わせ(&amp;A):</translation>
+    </message>
+    <message>
+        <source>&amp;Ghosts:</source>
+        <extracomment>What moved between the shots.</extracomment>
+        <translation>ゴースト(&amp;G):</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>仕上がり</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>露出(&amp;E):</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>コントラスト(&amp;C):</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>彩度(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>リセット(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Remove, automatically</source>
+        <translation>自動で取り除く</translation>
+    </message>
+    <message>
+        <source>Leave them in</source>
+        <translation>そのまま残す</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <extracomment>%1 is the name of a shot.</extracomment>
+        <translation>%1 から</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>遠近</translation>
+    </message>
+    <message>
+        <source>Whole pixels</source>
+        <translation>ピクセル単位</translation>
+    </message>
+    <message>
+        <source>None (tripod)</source>
+        <translation>なし（三脚）</translation>
+    </message>
+</context>
+<context>
+    <name>MergePreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>合成前</translation>
+    </message>
+</context>
+<context>
+    <name>MergeTexts</name>
+    <message>
+        <source>it is too small</source>
+        <translation>小さすぎます</translation>
+    </message>
+    <message>
+        <source>it shows too little detail</source>
+        <translation>細部が足りません</translation>
+    </message>
+    <message>
+        <source>it does not match the others</source>
+        <translation>ほかの写真と一致しません</translation>
+    </message>
+    <message>
+        <source>Reading the pictures…</source>
+        <translation>画像を読み込んでいます…</translation>
+    </message>
+    <message>
+        <source>Aligning…</source>
+        <translation>位置合わせ中…</translation>
+    </message>
+    <message>
+        <source>Looking for what moved…</source>
+        <translation>動いたものを探しています…</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>合成中…</translation>
+    </message>
+    <message>
+        <source>At most %1 pictures can be merged.</source>
+        <translation>合成できるのは最大 %1 枚です。</translation>
+    </message>
+    <message>
+        <source>The pictures have different sizes.</source>
+        <translation>画像のサイズが異なります。</translation>
+    </message>
+    <message>
+        <source>Nothing is left to crop to: the pictures do not overlap.</source>
+        <translation>画像が重ならないため、切り抜く部分が残りません。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>メモリが足りません。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read: %2.</source>
+        <extracomment>A file, and why it could not be read.</extracomment>
+        <translation>「%1」を読み込めませんでした：%2。</translation>
+    </message>
+    <message>
+        <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
+        <translation>「%1」（%2 ピクセル）は「%3」（%4 ピクセル）とサイズが違います。</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>left unaligned: %1</source>
+        <translation>位置合わせなし：%1</translation>
+    </message>
+    <message>
+        <source>lies as it is</source>
+        <translation>そのままで一致</translation>
+    </message>
+    <message>
+        <source>aligned, %1 % sure</source>
+        <extracomment>How far an alignment can be trusted, in percent.</extracomment>
+        <translation>位置合わせ済み、確度 %1 %</translation>
+    </message>
+    <message>
+        <source>%1 was left unaligned: %2.</source>
+        <translation>%1 は位置合わせされませんでした：%2。</translation>
+    </message>
+</context>
+<context>
+    <name>MergeWorkspace</name>
+    <message>
+        <source>A&amp;dd Shots…</source>
+        <translation>写真を追加(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Use as Reference</source>
+        <translation>基準にする(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Before (hold B)</source>
+        <translation>合成前（B を長押し）(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>合成(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Merge Exposures</source>
+        <translation>露出を合成</translation>
+    </message>
+    <message>
+        <source>S&amp;hots:</source>
+        <translation>写真(&amp;H):</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>すべてのファイル</translation>
+    </message>
+    <message>
+        <source>Add Shots</source>
+        <translation>写真を追加</translation>
+    </message>
+    <message>
+        <source>Add two or more shots of one scene, or drop them here.</source>
+        <translation>同じ場面の写真を 2 枚以上追加するか、ここにドロップしてください。</translation>
+    </message>
+    <message>
+        <source>Aligned: %1 of %2</source>
+        <translation>位置合わせ済み：%2 枚中 %1 枚</translation>
+    </message>
+    <message>
+        <source>Choose Reference A&amp;utomatically</source>
+        <translation>基準を自動で選ぶ(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Not Merged</source>
+        <translation>合成されませんでした</translation>
     </message>
 </context>
 <context>
@@ -505,6 +780,77 @@
     <message>
         <source>Save As</source>
         <translation>名前を付けて保存</translation>
+    </message>
+    <message>
+        <source>PNG picture, 16 bits per channel</source>
+        <translation>PNG 画像、16 ビット/チャンネル</translation>
+    </message>
+    <message>
+        <source>PNG picture, 8 bits per channel</source>
+        <translation>PNG 画像、8 ビット/チャンネル</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 16 bits per channel</source>
+        <translation>TIFF 画像、16 ビット/チャンネル</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 8 bits per channel</source>
+        <translation>TIFF 画像、8 ビット/チャンネル</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenColoursMenu</name>
+    <message>
+        <source>&amp;Screen Colours</source>
+        <translation>画面の色(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;sRGB (Most Screens)</source>
+        <translation>sRGB（ほとんどの画面）(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>カラープロファイル</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>すべてのファイル</translation>
+    </message>
+    <message>
+        <source>Profile of the Screen</source>
+        <translation>画面のプロファイル</translation>
+    </message>
+    <message>
+        <source>Screen Colours</source>
+        <translation>画面の色</translation>
+    </message>
+    <message>
+        <source>“%1” is not a colour profile for a screen.</source>
+        <translation>「%1」は画面用のカラープロファイルではありません。</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File…</source>
+        <translation>プロファイル(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File: %1…</source>
+        <translation>プロファイル(&amp;P): %1…</translation>
+    </message>
+</context>
+<context>
+    <name>ShotList</name>
+    <message>
+        <source>Shots</source>
+        <translation>写真</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>読み込み中…</translation>
+    </message>
+    <message>
+        <source>★ reference</source>
+        <extracomment>The shot that the others are aligned to.</extracomment>
+        <translation>★ 基準</translation>
     </message>
 </context>
 <context>

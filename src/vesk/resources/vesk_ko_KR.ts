@@ -153,10 +153,6 @@
         <translation>HDR로 병합(&amp;M)…</translation>
     </message>
     <message>
-        <source>Merge pictures of one scene taken at different exposures</source>
-        <translation>같은 장면을 서로 다른 노출로 찍은 이미지를 병합합니다</translation>
-    </message>
-    <message>
         <source>&amp;About Vesk</source>
         <translation>Vesk 정보(&amp;A)</translation>
     </message>
@@ -168,6 +164,18 @@
         <source>%1 (%2)</source>
         <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Exposures…</source>
+        <translation>노출 합성(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Align the selected shots and fuse them: preview, options, a new document</source>
+        <translation>선택한 사진을 정렬하여 융합합니다: 미리보기, 옵션, 새 문서</translation>
+    </message>
+    <message>
+        <source>Merge up to five shots by their weighted mean, in place of the document</source>
+        <translation>최대 5장을 가중 평균으로 병합하여 문서를 대체합니다</translation>
     </message>
 </context>
 <context>
@@ -193,6 +201,14 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>%1 여는 중 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureMergeCommand</name>
+    <message>
+        <source>%1 merged</source>
+        <extracomment>The name of a merged picture; %1 is that of the shot it was made from.</extracomment>
+        <translation>%1 합성</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,265 @@
     <message>
         <source>%1[*] — Vesk</source>
         <translation>%1[*] — Vesk</translation>
+    </message>
+    <message>
+        <source>Fusion with preview</source>
+        <translation>미리보기가 있는 융합</translation>
+    </message>
+    <message>
+        <source>Weighted mean of up to five</source>
+        <translation>최대 5장의 가중 평균</translation>
+    </message>
+</context>
+<context>
+    <name>MergeOptionsPanel</name>
+    <message>
+        <source>C&amp;rop to what all shots cover</source>
+        <translation>공통 영역으로 자르기(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>노출</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>대비</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>채도</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>합성</translation>
+    </message>
+    <message>
+        <source>Exposure fusion</source>
+        <translation>노출 융합</translation>
+    </message>
+    <message>
+        <source>Mean (as Merge to HDR)</source>
+        <translation>평균 (‘HDR로 병합’과 같음)</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>방법(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>정렬(&amp;A):</translation>
+    </message>
+    <message>
+        <source>&amp;Ghosts:</source>
+        <extracomment>What moved between the shots.</extracomment>
+        <translation>고스트(&amp;G):</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>모양</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>노출(&amp;E):</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>대비(&amp;C):</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>채도(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>초기화(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Remove, automatically</source>
+        <translation>자동으로 제거</translation>
+    </message>
+    <message>
+        <source>Leave them in</source>
+        <translation>그대로 두기</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <extracomment>%1 is the name of a shot.</extracomment>
+        <translation>%1에서</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>원근</translation>
+    </message>
+    <message>
+        <source>Whole pixels</source>
+        <translation>픽셀 단위</translation>
+    </message>
+    <message>
+        <source>None (tripod)</source>
+        <translation>없음 (삼각대)</translation>
+    </message>
+</context>
+<context>
+    <name>MergePreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>미리보기</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>합성 전</translation>
+    </message>
+</context>
+<context>
+    <name>MergeTexts</name>
+    <message>
+        <source>it is too small</source>
+        <translation>너무 작습니다</translation>
+    </message>
+    <message>
+        <source>it shows too little detail</source>
+        <translation>세부가 부족합니다</translation>
+    </message>
+    <message>
+        <source>it does not match the others</source>
+        <translation>다른 사진과 맞지 않습니다</translation>
+    </message>
+    <message>
+        <source>Reading the pictures…</source>
+        <translation>사진을 읽는 중…</translation>
+    </message>
+    <message>
+        <source>Aligning…</source>
+        <translation>정렬 중…</translation>
+    </message>
+    <message>
+        <source>Looking for what moved…</source>
+        <translation>움직인 부분을 찾는 중…</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>합성 중…</translation>
+    </message>
+    <message>
+        <source>At most %1 pictures can be merged.</source>
+        <translation>최대 %1장을 합성할 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>The pictures have different sizes.</source>
+        <translation>사진의 크기가 서로 다릅니다.</translation>
+    </message>
+    <message>
+        <source>Nothing is left to crop to: the pictures do not overlap.</source>
+        <translation>사진이 겹치지 않아 자를 영역이 없습니다.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>메모리가 부족합니다.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read: %2.</source>
+        <extracomment>A file, and why it could not be read.</extracomment>
+        <translation>‘%1’을(를) 읽을 수 없습니다: %2.</translation>
+    </message>
+    <message>
+        <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
+        <translation>‘%1’ (%2 픽셀)의 크기가 ‘%3’ (%4 픽셀)과 다릅니다.</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1초</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1초</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>left unaligned: %1</source>
+        <translation>정렬하지 않음: %1</translation>
+    </message>
+    <message>
+        <source>lies as it is</source>
+        <translation>그대로 일치함</translation>
+    </message>
+    <message>
+        <source>aligned, %1 % sure</source>
+        <extracomment>How far an alignment can be trusted, in percent.</extracomment>
+        <translation>정렬됨, 확신도 %1 %</translation>
+    </message>
+    <message>
+        <source>%1 was left unaligned: %2.</source>
+        <translation>%1은(는) 정렬되지 않았습니다: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>MergeWorkspace</name>
+    <message>
+        <source>A&amp;dd Shots…</source>
+        <translation>사진 추가(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Use as Reference</source>
+        <translation>기준으로 사용(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Before (hold B)</source>
+        <translation>합성 전 (B 누르고 있기)(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>합성(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Merge Exposures</source>
+        <translation>노출 합성</translation>
+    </message>
+    <message>
+        <source>S&amp;hots:</source>
+        <translation>사진(&amp;H):</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>이미지</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>모든 파일</translation>
+    </message>
+    <message>
+        <source>Add Shots</source>
+        <translation>사진 추가</translation>
+    </message>
+    <message>
+        <source>Add two or more shots of one scene, or drop them here.</source>
+        <translation>한 장면을 찍은 사진을 두 장 이상 추가하거나 여기에 놓으세요.</translation>
+    </message>
+    <message>
+        <source>Aligned: %1 of %2</source>
+        <translation>정렬됨: %2장 중 %1장</translation>
+    </message>
+    <message>
+        <source>Choose Reference A&amp;utomatically</source>
+        <translation>기준 자동 선택(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Not Merged</source>
+        <translation>합성하지 못함</translation>
     </message>
 </context>
 <context>
@@ -505,6 +780,77 @@
     <message>
         <source>Save As</source>
         <translation>다른 이름으로 저장</translation>
+    </message>
+    <message>
+        <source>PNG picture, 16 bits per channel</source>
+        <translation>PNG 그림, 채널당 16비트</translation>
+    </message>
+    <message>
+        <source>PNG picture, 8 bits per channel</source>
+        <translation>PNG 그림, 채널당 8비트</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 16 bits per channel</source>
+        <translation>TIFF 그림, 채널당 16비트</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 8 bits per channel</source>
+        <translation>TIFF 그림, 채널당 8비트</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenColoursMenu</name>
+    <message>
+        <source>&amp;Screen Colours</source>
+        <translation>화면 색상(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;sRGB (Most Screens)</source>
+        <translation>sRGB (대부분의 화면)(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>색상 프로파일</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>모든 파일</translation>
+    </message>
+    <message>
+        <source>Profile of the Screen</source>
+        <translation>화면 프로파일</translation>
+    </message>
+    <message>
+        <source>Screen Colours</source>
+        <translation>화면 색상</translation>
+    </message>
+    <message>
+        <source>“%1” is not a colour profile for a screen.</source>
+        <translation>‘%1’은(는) 화면용 색상 프로파일이 아닙니다.</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File…</source>
+        <translation>프로파일 파일(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File: %1…</source>
+        <translation>프로파일 파일(&amp;P): %1…</translation>
+    </message>
+</context>
+<context>
+    <name>ShotList</name>
+    <message>
+        <source>Shots</source>
+        <translation>사진</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>읽는 중…</translation>
+    </message>
+    <message>
+        <source>★ reference</source>
+        <extracomment>The shot that the others are aligned to.</extracomment>
+        <translation>★ 기준</translation>
     </message>
 </context>
 <context>

@@ -153,10 +153,6 @@
         <translation>合并到 HDR(&amp;M)…</translation>
     </message>
     <message>
-        <source>Merge pictures of one scene taken at different exposures</source>
-        <translation>合并以不同曝光拍摄的同一场景的图像</translation>
-    </message>
-    <message>
         <source>&amp;About Vesk</source>
         <translation>关于 Vesk(&amp;A)</translation>
     </message>
@@ -168,6 +164,18 @@
         <source>%1 (%2)</source>
         <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Exposures…</source>
+        <translation>合成曝光(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Align the selected shots and fuse them: preview, options, a new document</source>
+        <translation>对齐并融合所选照片：可预览、可调选项，生成新文档</translation>
+    </message>
+    <message>
+        <source>Merge up to five shots by their weighted mean, in place of the document</source>
+        <translation>用加权平均合并最多五张照片，并替换当前文档</translation>
     </message>
 </context>
 <context>
@@ -193,6 +201,14 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>正在打开 %1 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureMergeCommand</name>
+    <message>
+        <source>%1 merged</source>
+        <extracomment>The name of a merged picture; %1 is that of the shot it was made from.</extracomment>
+        <translation>%1 合成</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,265 @@
     <message>
         <source>%1[*] — Vesk</source>
         <translation>%1[*] — Vesk</translation>
+    </message>
+    <message>
+        <source>Fusion with preview</source>
+        <translation>带预览的融合</translation>
+    </message>
+    <message>
+        <source>Weighted mean of up to five</source>
+        <translation>最多五张的加权平均</translation>
+    </message>
+</context>
+<context>
+    <name>MergeOptionsPanel</name>
+    <message>
+        <source>C&amp;rop to what all shots cover</source>
+        <translation>裁剪到共同区域(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>曝光</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>对比度</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>饱和度</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>Exposure fusion</source>
+        <translation>曝光融合</translation>
+    </message>
+    <message>
+        <source>Mean (as Merge to HDR)</source>
+        <translation>平均（同“合并到 HDR”）</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>方法(&amp;M)：</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>对齐(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>&amp;Ghosts:</source>
+        <extracomment>What moved between the shots.</extracomment>
+        <translation>重影(&amp;G)：</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>曝光(&amp;E)：</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>对比度(&amp;C)：</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>饱和度(&amp;S)：</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>重置(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Remove, automatically</source>
+        <translation>自动去除</translation>
+    </message>
+    <message>
+        <source>Leave them in</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <extracomment>%1 is the name of a shot.</extracomment>
+        <translation>取自 %1</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>透视</translation>
+    </message>
+    <message>
+        <source>Whole pixels</source>
+        <translation>整像素</translation>
+    </message>
+    <message>
+        <source>None (tripod)</source>
+        <translation>无（三脚架）</translation>
+    </message>
+</context>
+<context>
+    <name>MergePreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>合成前</translation>
+    </message>
+</context>
+<context>
+    <name>MergeTexts</name>
+    <message>
+        <source>it is too small</source>
+        <translation>尺寸太小</translation>
+    </message>
+    <message>
+        <source>it shows too little detail</source>
+        <translation>细节太少</translation>
+    </message>
+    <message>
+        <source>it does not match the others</source>
+        <translation>与其他照片不匹配</translation>
+    </message>
+    <message>
+        <source>Reading the pictures…</source>
+        <translation>正在读取图片…</translation>
+    </message>
+    <message>
+        <source>Aligning…</source>
+        <translation>正在对齐…</translation>
+    </message>
+    <message>
+        <source>Looking for what moved…</source>
+        <translation>正在查找移动的部分…</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>正在合成…</translation>
+    </message>
+    <message>
+        <source>At most %1 pictures can be merged.</source>
+        <translation>最多可合成 %1 张图片。</translation>
+    </message>
+    <message>
+        <source>The pictures have different sizes.</source>
+        <translation>图片尺寸不同。</translation>
+    </message>
+    <message>
+        <source>Nothing is left to crop to: the pictures do not overlap.</source>
+        <translation>图片互不重叠，没有可裁剪的区域。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>内存不足。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read: %2.</source>
+        <extracomment>A file, and why it could not be read.</extracomment>
+        <translation>无法读取“%1”：%2。</translation>
+    </message>
+    <message>
+        <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
+        <translation>“%1”（%2 像素）与“%3”（%4 像素）尺寸不同。</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>left unaligned: %1</source>
+        <translation>未对齐：%1</translation>
+    </message>
+    <message>
+        <source>lies as it is</source>
+        <translation>位置已吻合</translation>
+    </message>
+    <message>
+        <source>aligned, %1 % sure</source>
+        <extracomment>How far an alignment can be trusted, in percent.</extracomment>
+        <translation>已对齐，可信度 %1 %</translation>
+    </message>
+    <message>
+        <source>%1 was left unaligned: %2.</source>
+        <translation>%1 未对齐：%2。</translation>
+    </message>
+</context>
+<context>
+    <name>MergeWorkspace</name>
+    <message>
+        <source>A&amp;dd Shots…</source>
+        <translation>添加照片(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Use as Reference</source>
+        <translation>用作基准(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Before (hold B)</source>
+        <translation>合成前（按住 B）(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>合成(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Merge Exposures</source>
+        <translation>合成曝光</translation>
+    </message>
+    <message>
+        <source>S&amp;hots:</source>
+        <translation>照片(&amp;H)：</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有文件</translation>
+    </message>
+    <message>
+        <source>Add Shots</source>
+        <translation>添加照片</translation>
+    </message>
+    <message>
+        <source>Add two or more shots of one scene, or drop them here.</source>
+        <translation>请添加同一场景的两张或更多照片，或将其拖放到此处。</translation>
+    </message>
+    <message>
+        <source>Aligned: %1 of %2</source>
+        <translation>已对齐：%2 张中的 %1 张</translation>
+    </message>
+    <message>
+        <source>Choose Reference A&amp;utomatically</source>
+        <translation>自动选择基准(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Not Merged</source>
+        <translation>未合成</translation>
     </message>
 </context>
 <context>
@@ -505,6 +780,77 @@
     <message>
         <source>Save As</source>
         <translation>另存为</translation>
+    </message>
+    <message>
+        <source>PNG picture, 16 bits per channel</source>
+        <translation>PNG 图片，每通道 16 位</translation>
+    </message>
+    <message>
+        <source>PNG picture, 8 bits per channel</source>
+        <translation>PNG 图片，每通道 8 位</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 16 bits per channel</source>
+        <translation>TIFF 图片，每通道 16 位</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 8 bits per channel</source>
+        <translation>TIFF 图片，每通道 8 位</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenColoursMenu</name>
+    <message>
+        <source>&amp;Screen Colours</source>
+        <translation>屏幕颜色(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;sRGB (Most Screens)</source>
+        <translation>sRGB（大多数屏幕）(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>颜色配置文件</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有文件</translation>
+    </message>
+    <message>
+        <source>Profile of the Screen</source>
+        <translation>屏幕配置文件</translation>
+    </message>
+    <message>
+        <source>Screen Colours</source>
+        <translation>屏幕颜色</translation>
+    </message>
+    <message>
+        <source>“%1” is not a colour profile for a screen.</source>
+        <translation>“%1”不是屏幕的颜色配置文件。</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File…</source>
+        <translation>配置文件(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File: %1…</source>
+        <translation>配置文件(&amp;P)：%1…</translation>
+    </message>
+</context>
+<context>
+    <name>ShotList</name>
+    <message>
+        <source>Shots</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>正在读取…</translation>
+    </message>
+    <message>
+        <source>★ reference</source>
+        <extracomment>The shot that the others are aligned to.</extracomment>
+        <translation>★ 基准</translation>
     </message>
 </context>
 <context>

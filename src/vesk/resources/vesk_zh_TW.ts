@@ -153,10 +153,6 @@
         <translation>合併為 HDR(&amp;M)…</translation>
     </message>
     <message>
-        <source>Merge pictures of one scene taken at different exposures</source>
-        <translation>合併以不同曝光拍攝的同一場景的影像</translation>
-    </message>
-    <message>
         <source>&amp;About Vesk</source>
         <translation>關於 Vesk(&amp;A)</translation>
     </message>
@@ -168,6 +164,18 @@
         <source>%1 (%2)</source>
         <extracomment>The tip of a button: the command, and the keys that do the same.</extracomment>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Exposures…</source>
+        <translation>合成曝光(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Align the selected shots and fuse them: preview, options, a new document</source>
+        <translation>對齊並融合所選照片：可預覽、可調選項，產生新文件</translation>
+    </message>
+    <message>
+        <source>Merge up to five shots by their weighted mean, in place of the document</source>
+        <translation>以加權平均合併最多五張照片，並取代目前文件</translation>
     </message>
 </context>
 <context>
@@ -193,6 +201,14 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>正在開啟 %1 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureMergeCommand</name>
+    <message>
+        <source>%1 merged</source>
+        <extracomment>The name of a merged picture; %1 is that of the shot it was made from.</extracomment>
+        <translation>%1 合成</translation>
     </message>
 </context>
 <context>
@@ -335,6 +351,265 @@
     <message>
         <source>%1[*] — Vesk</source>
         <translation>%1[*] — Vesk</translation>
+    </message>
+    <message>
+        <source>Fusion with preview</source>
+        <translation>附預覽的融合</translation>
+    </message>
+    <message>
+        <source>Weighted mean of up to five</source>
+        <translation>最多五張的加權平均</translation>
+    </message>
+</context>
+<context>
+    <name>MergeOptionsPanel</name>
+    <message>
+        <source>C&amp;rop to what all shots cover</source>
+        <translation>裁切至共同區域(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>曝光</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>對比度</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>飽和度</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>Exposure fusion</source>
+        <translation>曝光融合</translation>
+    </message>
+    <message>
+        <source>Mean (as Merge to HDR)</source>
+        <translation>平均（同「合併為 HDR」）</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>方法(&amp;M)：</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment:</source>
+        <translation>對齊(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>&amp;Ghosts:</source>
+        <extracomment>What moved between the shots.</extracomment>
+        <translation>重影(&amp;G)：</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>外觀</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>曝光(&amp;E)：</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>對比度(&amp;C)：</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>飽和度(&amp;S)：</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>重設(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Remove, automatically</source>
+        <translation>自動去除</translation>
+    </message>
+    <message>
+        <source>Leave them in</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <extracomment>%1 is the name of a shot.</extracomment>
+        <translation>取自 %1</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>透視</translation>
+    </message>
+    <message>
+        <source>Whole pixels</source>
+        <translation>整像素</translation>
+    </message>
+    <message>
+        <source>None (tripod)</source>
+        <translation>無（三腳架）</translation>
+    </message>
+</context>
+<context>
+    <name>MergePreview</name>
+    <message>
+        <source>Preview</source>
+        <translation>預覽</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>合成前</translation>
+    </message>
+</context>
+<context>
+    <name>MergeTexts</name>
+    <message>
+        <source>it is too small</source>
+        <translation>尺寸太小</translation>
+    </message>
+    <message>
+        <source>it shows too little detail</source>
+        <translation>細節太少</translation>
+    </message>
+    <message>
+        <source>it does not match the others</source>
+        <translation>與其他照片不符</translation>
+    </message>
+    <message>
+        <source>Reading the pictures…</source>
+        <translation>正在讀取圖片…</translation>
+    </message>
+    <message>
+        <source>Aligning…</source>
+        <translation>正在對齊…</translation>
+    </message>
+    <message>
+        <source>Looking for what moved…</source>
+        <translation>正在尋找移動的部分…</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>正在合成…</translation>
+    </message>
+    <message>
+        <source>At most %1 pictures can be merged.</source>
+        <translation>最多可合成 %1 張圖片。</translation>
+    </message>
+    <message>
+        <source>The pictures have different sizes.</source>
+        <translation>圖片尺寸不同。</translation>
+    </message>
+    <message>
+        <source>Nothing is left to crop to: the pictures do not overlap.</source>
+        <translation>圖片互不重疊，沒有可裁切的區域。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>記憶體不足。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read: %2.</source>
+        <extracomment>A file, and why it could not be read.</extracomment>
+        <translation>無法讀取「%1」：%2。</translation>
+    </message>
+    <message>
+        <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
+        <translation>「%1」（%2 像素）與「%3」（%4 像素）尺寸不同。</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>left unaligned: %1</source>
+        <translation>未對齊：%1</translation>
+    </message>
+    <message>
+        <source>lies as it is</source>
+        <translation>位置已吻合</translation>
+    </message>
+    <message>
+        <source>aligned, %1 % sure</source>
+        <extracomment>How far an alignment can be trusted, in percent.</extracomment>
+        <translation>已對齊，可信度 %1 %</translation>
+    </message>
+    <message>
+        <source>%1 was left unaligned: %2.</source>
+        <translation>%1 未對齊：%2。</translation>
+    </message>
+</context>
+<context>
+    <name>MergeWorkspace</name>
+    <message>
+        <source>A&amp;dd Shots…</source>
+        <translation>加入照片(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Use as Reference</source>
+        <translation>作為基準(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Before (hold B)</source>
+        <translation>合成前（按住 B）(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>合成(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Merge Exposures</source>
+        <translation>合成曝光</translation>
+    </message>
+    <message>
+        <source>S&amp;hots:</source>
+        <translation>照片(&amp;H)：</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>影像</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有檔案</translation>
+    </message>
+    <message>
+        <source>Add Shots</source>
+        <translation>加入照片</translation>
+    </message>
+    <message>
+        <source>Add two or more shots of one scene, or drop them here.</source>
+        <translation>請加入同一場景的兩張或更多照片，或拖放至此處。</translation>
+    </message>
+    <message>
+        <source>Aligned: %1 of %2</source>
+        <translation>已對齊：%2 張中的 %1 張</translation>
+    </message>
+    <message>
+        <source>Choose Reference A&amp;utomatically</source>
+        <translation>自動選擇基準(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Not Merged</source>
+        <translation>未合成</translation>
     </message>
 </context>
 <context>
@@ -505,6 +780,77 @@
     <message>
         <source>Save As</source>
         <translation>另存新檔</translation>
+    </message>
+    <message>
+        <source>PNG picture, 16 bits per channel</source>
+        <translation>PNG 圖片，每色版 16 位元</translation>
+    </message>
+    <message>
+        <source>PNG picture, 8 bits per channel</source>
+        <translation>PNG 圖片，每色版 8 位元</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 16 bits per channel</source>
+        <translation>TIFF 圖片，每色版 16 位元</translation>
+    </message>
+    <message>
+        <source>TIFF picture, 8 bits per channel</source>
+        <translation>TIFF 圖片，每色版 8 位元</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenColoursMenu</name>
+    <message>
+        <source>&amp;Screen Colours</source>
+        <translation>螢幕色彩(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;sRGB (Most Screens)</source>
+        <translation>sRGB（大多數螢幕）(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>色彩描述檔</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有檔案</translation>
+    </message>
+    <message>
+        <source>Profile of the Screen</source>
+        <translation>螢幕描述檔</translation>
+    </message>
+    <message>
+        <source>Screen Colours</source>
+        <translation>螢幕色彩</translation>
+    </message>
+    <message>
+        <source>“%1” is not a colour profile for a screen.</source>
+        <translation>「%1」不是螢幕的色彩描述檔。</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File…</source>
+        <translation>描述檔(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>&amp;Profile File: %1…</source>
+        <translation>描述檔(&amp;P)：%1…</translation>
+    </message>
+</context>
+<context>
+    <name>ShotList</name>
+    <message>
+        <source>Shots</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>正在讀取…</translation>
+    </message>
+    <message>
+        <source>★ reference</source>
+        <extracomment>The shot that the others are aligned to.</extracomment>
+        <translation>★ 基準</translation>
     </message>
 </context>
 <context>

@@ -80,8 +80,12 @@ EditorActions::EditorActions(QObject *parent)
     nextTab = add(tr("&Next Document"), keysFor(QKeySequence::NextChild), "");
     previousTab = add(tr("&Previous Document"), keysFor(QKeySequence::PreviousChild), "");
 
+    mergeExposures = add(tr("Merge &Exposures…"), {Qt::CTRL | Qt::Key_M}, "merge-exposures");
+    mergeExposures->setToolTip(
+        tr("Align the selected shots and fuse them: preview, options, a new document"));
     merge = add(tr("&Merge to HDR…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_H}, "merge");
-    merge->setToolTip(tr("Merge pictures of one scene taken at different exposures"));
+    merge->setToolTip(
+        tr("Merge up to five shots by their weighted mean, in place of the document"));
     about = add(tr("&About Vesk"), noKeys, "");
     about->setMenuRole(QAction::AboutRole);
     openSelected = add(tr("Open"), noKeys, "open");

@@ -31,6 +31,7 @@ public:
     QAction *fullScreen;
     QAction *nextTab;
     QAction *previousTab;
+    QAction *mergeExposures;
     QAction *merge;
     QAction *about;
     QAction *openSelected; // in the film strip

@@ -4,6 +4,7 @@
 #include "DocumentSaver.h"
 #include "EditorStatusBar.h"
 #include "EditorUiManager.h"
+#include "ExposureMergeCommand.h"
 #include "FilmStrip.h"
 #include "HdrCommand.h"
 #include "HistogramDock.h"
@@ -55,14 +56,16 @@ MainWindow::MainWindow(QWidget *parent)
     , actions(new EditorActions(this))
     , folder(new PictureFolder(this))
     , filmStrip(new FilmStrip)
-    , documents(new DocumentArea(
-          new StartPage({actions->open, actions->openFolder, actions->merge}), this))
+    , documents(new DocumentArea(new StartPage({actions->open, actions->openFolder,
+                                                actions->mergeExposures, actions->merge}),
+                                 this))
     , opener(new DocumentOpener(documents, this))
     , saver(new DocumentSaver(this))
     , status(new EditorStatusBar)
     , leaveFullScreen(new QShortcut(Qt::Key_Escape, this))
     , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
     , hdr(std::make_unique<HdrCommand>(uiManager.get()))
+    , exposureMerge(std::make_unique<ExposureMergeCommand>(uiManager.get(), documents))
 {
     screen_colours::applySettings();
     setAcceptDrops(true);
@@ -124,13 +127,18 @@ void MainWindow::addMenus()
     view->addSeparator();
     view->addActions({actions->nextTab, actions->previousTab, actions->fullScreen});
 
-    menuBar()->addMenu(tr("&Tools"))->addAction(actions->merge);
+    QMenu *tools = menuBar()->addMenu(tr("&Tools"));
+    tools->setToolTipsVisible(true);
+    tools->addSection(tr("Fusion with preview"));
+    tools->addAction(actions->mergeExposures);
+    tools->addSection(tr("Weighted mean of up to five"));
+    tools->addAction(actions->merge);
     QMenu *settingsMenu = menuBar()->addMenu(tr("&Settings"));
     settingsMenu->addMenu(languages);
     settingsMenu->addMenu(new ScreenColoursMenu(this));
     menuBar()->addMenu(tr("&Help"))->addAction(actions->about);
 
-    filmStrip->addActions({actions->openSelected, actions->merge});
+    filmStrip->addActions({actions->openSelected, actions->mergeExposures, actions->merge});
     addActions({actions->fullScreen}); // also works while the menu bar is hidden
     connect(recentFiles, &RecentFilesMenu::fileChosen, this,
             [this](const QString &path) { openPaths({path}); });
@@ -151,7 +159,7 @@ void MainWindow::addToolBar()
     bar->addActions(
         {actions->zoomOut, actions->zoomIn, actions->zoomToFit, actions->zoomToActualSize});
     bar->addSeparator();
-    bar->addAction(actions->merge);
+    bar->addActions({actions->mergeExposures, actions->merge});
     for (QAction *action : {actions->zoomOut, actions->zoomIn}) // their icons say it all
         qobject_cast<QToolButton *>(bar->widgetForAction(action))
             ->setToolButtonStyle(Qt::ToolButtonIconOnly);
@@ -193,6 +201,8 @@ void MainWindow::connectActions()
     connect(actions->nextTab, &QAction::triggered, this, [this] { stepDocument(1); });
     connect(actions->previousTab, &QAction::triggered, this, [this] { stepDocument(-1); });
     connect(actions->merge, &QAction::triggered, this, [this] { hdr->activate(); });
+    connect(actions->mergeExposures, &QAction::triggered, this,
+            [this] { exposureMerge->activate(); });
     connect(actions->about, &QAction::triggered, this, [this] { workspace::showAboutBox(this); });
     connect(actions->openSelected, &QAction::triggered, this,
             [this] { openPaths(filmStrip->selectedPaths()); });

@@ -10,6 +10,7 @@ class DocumentArea;
 class DocumentOpener;
 class DocumentSaver;
 class EditorStatusBar;
+class ExposureMergeCommand;
 class FilmStrip;
 class HdrCommand;
 class HistogramDock;
@@ -75,4 +76,5 @@ private:
     QShortcut *leaveFullScreen;
     std::unique_ptr<EditorUiManager> uiManager;
     std::unique_ptr<HdrCommand> hdr;
+    std::unique_ptr<ExposureMergeCommand> exposureMerge;
 };

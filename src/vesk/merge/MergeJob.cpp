@@ -1,0 +1,135 @@
+#include "MergeJob.h"
+#include "merge_texts.h"
+
+#include <VeskGlobalSettings.h>
+#include <parallel_rows.h>
+#include <picture_reader.h>
+
+#include <QFileInfo>
+
+namespace {
+
+// Where the bar stands after each step.
+constexpr double kRead = 0.35;
+constexpr double kAligned = 0.65;
+constexpr double kSearched = 0.8;
+
+double doneAfter(exposure::Step step, double done)
+{
+    switch (step) {
+    case exposure::Step::Register:
+        return kRead + 0.5 * (kAligned - kRead) * done;
+    case exposure::Step::Resample:
+        return kRead + 0.5 * (kAligned - kRead) * (1 + done);
+    case exposure::Step::FindGhosts:
+        return kAligned + (kSearched - kAligned) * done;
+    case exposure::Step::Fuse:
+        return kSearched + (1 - kSearched) * done;
+    }
+    return 1;
+}
+
+struct Shots
+{
+    QList<QImage> pictures;
+    QString problem; ///< the first that there is; empty when all could be read
+};
+
+/// Side by side, with a size that all share.
+Shots checked(const QStringList &paths, const std::vector<DecodedPicture> &decoded)
+{
+    Shots shots;
+    for (int i = 0; i < paths.size(); ++i) {
+        const DecodedPicture &picture = decoded[size_t(i)];
+        if (picture.image.isNull())
+            return {{}, merge_texts::notRead(paths[i], picture.reason)};
+        if (!shots.pictures.isEmpty() && picture.image.size() != shots.pictures.first().size())
+            return {{},
+                    merge_texts::otherSize(paths[i], picture.image.size(), paths.first(),
+                                           shots.pictures.first().size())};
+        shots.pictures.append(picture.image);
+    }
+    return shots;
+}
+
+} // namespace
+
+MergeJob::MergeJob(QObject *parent)
+    : QObject(parent)
+{
+    worker.setMaxThreadCount(1);
+}
+
+MergeJob::~MergeJob()
+{
+    cancel();
+    worker.waitForDone();
+}
+
+void MergeJob::start(const QStringList &paths, const MergeSettings &settings)
+{
+    current = std::make_shared<std::atomic<bool>>(false);
+    worker.start([this, paths, settings, cancelled = current] {
+        const MergeResult result = run(paths, settings, cancelled);
+        QMetaObject::invokeMethod(
+            this, [=] { take(result, cancelled); }, Qt::QueuedConnection);
+    });
+}
+
+void MergeJob::cancel()
+{
+    if (current)
+        *current = true;
+    current.reset();
+}
+
+void MergeJob::tell(const QString &what, double done, const Flag &cancelled)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [=] {
+            if (!*cancelled)
+                Q_EMIT progressed(what, done);
+        },
+        Qt::QueuedConnection);
+}
+
+void MergeJob::take(const MergeResult &result, const Flag &cancelled)
+{
+    if (*cancelled)
+        return;
+    current.reset();
+    Q_EMIT finished(result);
+}
+
+MergeResult MergeJob::run(const QStringList &paths, const MergeSettings &settings,
+                          const Flag &cancelled)
+{
+    ReadOptions how = exposure::readOptionsFor(settings.method);
+    how.pixelLimit = VeskGlobalSettings::pixelLimit();
+    how.cancelled = cancelled.get();
+    std::vector<DecodedPicture> decoded(size_t(paths.size()));
+    parallel::each(
+        int(paths.size()),
+        [&](int i) {
+            if (!*cancelled)
+                decoded[size_t(i)] = picture::read(paths[i], how);
+        },
+        [&](int count) {
+            tell(merge_texts::reading(), kRead * count / int(paths.size()), cancelled);
+        });
+    if (*cancelled)
+        return {};
+    Shots shots = checked(paths, decoded);
+    decoded.clear();
+    if (!shots.problem.isEmpty())
+        return {{}, {}, shots.problem};
+    exposure::Control control;
+    control.cancelled = cancelled.get();
+    control.progress = [&](exposure::Step step, double done) {
+        tell(merge_texts::doing(step), doneAfter(step, done), cancelled);
+    };
+    exposure::Outcome outcome =
+        exposure::mergeSet(settings.method, std::move(shots.pictures), settings.options, control);
+    return {outcome.picture, outcome.report, merge_texts::problem(outcome.error)};
+}

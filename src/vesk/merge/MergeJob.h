@@ -1,0 +1,50 @@
+#pragma once
+
+#include "MergeSettings.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QThreadPool>
+
+#include <atomic>
+#include <memory>
+
+/// What a merge at full size gives.
+struct MergeResult
+{
+    QImage picture; ///< null when there is a problem
+    exposure::Report report;
+    QString problem; ///< in words, with the names of the files concerned
+};
+
+/// The merge at full size beside the GUI thread: reads the files, merges them. One at a time.
+/// Destroying it cancels and waits. GUI thread.
+class MergeJob : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MergeJob(QObject *parent = nullptr);
+    ~MergeJob() override;
+
+    /// paths: in merge order. Not while it is running.
+    void start(const QStringList &paths, const MergeSettings &settings);
+    /// Nobody hears of the job again; the worker lets go of its pictures at its next look.
+    void cancel();
+    bool isRunning() const { return bool(current); }
+
+Q_SIGNALS:
+    /// What is being done, in words, and how much of the whole is done, 0..1.
+    void progressed(const QString &what, double done);
+    void finished(const MergeResult &result);
+
+private:
+    using Flag = std::shared_ptr<std::atomic<bool>>;
+
+    MergeResult run(const QStringList &paths, const MergeSettings &settings, const Flag &cancelled);
+    void tell(const QString &what, double done, const Flag &cancelled);
+    void take(const MergeResult &result, const Flag &cancelled);
+
+    QThreadPool worker; // one thread
+    Flag current;       // of the job under way, null while there is none
+};

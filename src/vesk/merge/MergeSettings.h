@@ -1,0 +1,14 @@
+#pragma once
+
+#include <set_merge.h>
+
+/// What the user has chosen for a merge. References are places among the shots that are on.
+struct MergeSettings
+{
+    exposure::Method method = exposure::Method::Fusion;
+    exposure::Options options;
+
+    bool isMean() const { return method == exposure::Method::Mean; }
+    /// Whether both give the same picture but for the look.
+    bool isSameButLook(const MergeSettings &other) const;
+};

@@ -1,0 +1,381 @@
+#include "MergeWorkspace.h"
+#include "MergeOptionsPanel.h"
+#include "MergePreview.h"
+#include "ShotList.h"
+#include "merge_texts.h"
+
+#include <picture_kinds.h>
+#include <screen_colours.h>
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize kPreferredSize(1180, 700);
+constexpr int kShotWidth = 270;
+constexpr int kOptionWidth = 290;
+constexpr int kDelayMs = 15;
+constexpr int kProgressSteps = 1000;
+
+QPushButton *button(const QString &text, const char *name)
+{
+    auto *made = new QPushButton(text);
+    made->setObjectName(QLatin1String(name));
+    made->setAutoDefault(false);
+    return made;
+}
+
+QStringList localFiles(const QMimeData *data)
+{
+    QStringList files;
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile())
+            files.append(url.toLocalFile());
+    }
+    return files;
+}
+
+} // namespace
+
+MergeWorkspace::MergeWorkspace(const QStringList &paths, const QString &startFolder,
+                               QWidget *parent)
+    : QDialog(parent)
+    , folder(startFolder)
+    , shots(new ShotList)
+    , preview(new MergePreview)
+    , options(new MergeOptionsPanel)
+    , notes(new QLabel)
+    , state(new QLabel)
+    , progress(new QProgressBar)
+    , add(button(tr("A&dd Shots…"), "addButton"))
+    , reference(button(tr("&Use as Reference"), "referenceButton"))
+    , before(button(tr("&Before (hold B)"), "beforeButton"))
+    , mergeButton(button(tr("&Merge"), "mergeButton"))
+    , closeButton(button(tr("Close"), "closeButton"))
+{
+    setWindowTitle(tr("Merge Exposures"));
+    setAcceptDrops(true);
+    auto *row = new QHBoxLayout(this);
+    row->addWidget(makeShotColumn());
+    row->addWidget(makePreviewColumn(), 1);
+    row->addWidget(makeOptionColumn());
+    resize(kPreferredSize.boundedTo(screen()->availableSize() * 0.95));
+    mergeButton->setDefault(true);
+    connectParts();
+    showMerging(false);
+    addShots(paths);
+}
+
+MergeWorkspace::~MergeWorkspace() = default;
+
+// --- Building ---
+
+QWidget *MergeWorkspace::makeShotColumn()
+{
+    auto *column = new QWidget;
+    column->setFixedWidth(kShotWidth);
+    shots->setObjectName(QStringLiteral("shotList"));
+    notes->setObjectName(QStringLiteral("mergeNotes"));
+    notes->setWordWrap(true);
+    auto *label = new QLabel(tr("S&hots:"));
+    label->setBuddy(shots);
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(label);
+    layout->addWidget(shots, 1);
+    layout->addWidget(notes);
+    layout->addWidget(reference);
+    layout->addWidget(add);
+    return column;
+}
+
+QWidget *MergeWorkspace::makePreviewColumn()
+{
+    auto *column = new QWidget;
+    preview->setObjectName(QStringLiteral("mergePreview"));
+    state->setObjectName(QStringLiteral("mergeState"));
+    progress->setObjectName(QStringLiteral("mergeProgress"));
+    progress->setRange(0, kProgressSteps);
+    progress->setTextVisible(false);
+    auto *below = new QHBoxLayout;
+    below->addWidget(before);
+    below->addWidget(state, 1);
+    below->addWidget(progress, 1);
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(preview, 1);
+    layout->addLayout(below);
+    return column;
+}
+
+QWidget *MergeWorkspace::makeOptionColumn()
+{
+    auto *column = new QWidget;
+    column->setFixedWidth(kOptionWidth);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(closeButton);
+    buttons->addWidget(mergeButton);
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(options, 1);
+    layout->addLayout(buttons);
+    return column;
+}
+
+void MergeWorkspace::connectParts()
+{
+    delay.setSingleShot(true);
+    delay.setInterval(kDelayMs);
+    connect(&delay, &QTimer::timeout, this, &MergeWorkspace::requestPreview);
+    connect(&loader, &MergeShotLoader::loaded, shots, &ShotList::setShot);
+    connect(&loader, &MergeShotLoader::finished, this, &MergeWorkspace::onSetChanged);
+    connect(&previewer, &MergePreviewer::ready, this, &MergeWorkspace::showPreview);
+    connect(shots, &ShotList::setChanged, this, &MergeWorkspace::onSetChanged);
+    connect(shots, &QListWidget::currentRowChanged, this, &MergeWorkspace::updateButtons);
+    connect(options, &MergeOptionsPanel::changed, this, &MergeWorkspace::onSetChanged);
+    connect(add, &QPushButton::clicked, this, &MergeWorkspace::chooseShots);
+    connect(reference, &QPushButton::clicked, this, [this] {
+        if (shots->isCurrentChosen())
+            shots->chooseReferenceAutomatically();
+        else
+            shots->chooseCurrentAsReference();
+    });
+    connect(before, &QPushButton::pressed, this, [this] { showBefore(true); });
+    connect(before, &QPushButton::released, this, [this] { showBefore(false); });
+    connect(mergeButton, &QPushButton::clicked, this, &MergeWorkspace::startMerge);
+    connect(closeButton, &QPushButton::clicked, this, &MergeWorkspace::reject);
+    connect(&job, &MergeJob::progressed, this, [this](const QString &what, double done) {
+        state->setText(what);
+        progress->setValue(qRound(done * kProgressSteps));
+    });
+    connect(&job, &MergeJob::finished, this, &MergeWorkspace::finish);
+    qApp->installEventFilter(this);
+}
+
+// --- Shots ---
+
+void MergeWorkspace::addShots(const QStringList &paths)
+{
+    QStringList added;
+    const QStringList held = shots->paths();
+    for (const QString &path : paths) {
+        const QString absolute = QFileInfo(path).absoluteFilePath();
+        if (!held.contains(absolute) && !added.contains(absolute))
+            added.append(absolute);
+    }
+    shots->addPaths(added);
+    loader.load(added);
+    onSetChanged();
+}
+
+void MergeWorkspace::chooseShots()
+{
+    const QString filter = tr("Pictures") +
+                           QStringLiteral(" (%1);;").arg(pictures::dialogPatterns()) +
+                           tr("All files") + QStringLiteral(" (*)");
+    addShots(QFileDialog::getOpenFileNames(this, tr("Add Shots"), folder, filter));
+}
+
+void MergeWorkspace::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!isMerging() && !localFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MergeWorkspace::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    addShots(localFiles(event->mimeData()));
+}
+
+// --- Preview ---
+
+void MergeWorkspace::onSetChanged()
+{
+    QStringList names;
+    const QList<MergeShot> on = shots->shotsOn();
+    for (const MergeShot &shot : on)
+        names.append(QFileInfo(shot.path).fileName());
+    options->setShots(names);
+    updateButtons();
+    delay.start();
+}
+
+MergeSettings MergeWorkspace::settings() const
+{
+    MergeSettings chosen = options->settings();
+    if (!chosen.isMean())
+        chosen.options.reference = shots->chosenReference();
+    return chosen;
+}
+
+QString MergeWorkspace::whyNoPreview(const QList<MergeShot> &on) const
+{
+    if (loader.isBusy())
+        return merge_texts::reading();
+    if (on.size() < 2)
+        return tr("Add two or more shots of one scene, or drop them here.");
+    for (const MergeShot &shot : on) {
+        if (shot.size != on.first().size)
+            return merge_texts::otherSize(shot.path, shot.size, on.first().path, on.first().size);
+    }
+    return {};
+}
+
+void MergeWorkspace::requestPreview()
+{
+    const QList<MergeShot> on = shots->shotsOn();
+    const QString why = whyNoPreview(on);
+    if (!why.isEmpty()) {
+        showWhyThereIsNone(why);
+        return;
+    }
+    QList<QImage> small;
+    for (const MergeShot &shot : on)
+        small.append(shot.small);
+    previewer.request(small, settings());
+}
+
+void MergeWorkspace::showWhyThereIsNone(const QString &why)
+{
+    previewer.cancel();
+    preview->setAfter({});
+    preview->setBefore({});
+    preview->setText(why);
+    showNotes({});
+    if (!isMerging())
+        state->clear();
+}
+
+void MergeWorkspace::showPreview(const MergePreviewResult &result)
+{
+    if (result.picture.isNull()) {
+        showWhyThereIsNone(merge_texts::problem(result.error));
+        return;
+    }
+    const MergeSettings chosen = settings();
+    const bool tells = chosen.options.alignment == exposure::Alignment::Perspective;
+    shots->showReport(result.report, tells);
+    preview->setAfter(result.picture);
+    const QList<MergeShot> on = shots->shotsOn();
+    QStringList sentences;
+    int aligned = 0;
+    for (int i = 0; i < on.size(); ++i) {
+        const QString sentence =
+            merge_texts::unaligned(on[i].path, result.report.transforms[size_t(i)]);
+        aligned += sentence.isEmpty();
+        if (!sentence.isEmpty())
+            sentences.append(sentence);
+    }
+    showNotes(sentences);
+    if (!isMerging())
+        state->setText(tells ? tr("Aligned: %1 of %2").arg(aligned).arg(on.size()) : QString());
+}
+
+void MergeWorkspace::showNotes(const QStringList &sentences)
+{
+    notes->setText(sentences.join(QLatin1Char('\n')));
+    notes->setVisible(!sentences.isEmpty());
+}
+
+/// The reference as it was taken.
+void MergeWorkspace::showBefore(bool isBefore)
+{
+    if (isBefore && !preview->isShowingBefore()) {
+        const QList<MergeShot> on = shots->shotsOn();
+        const int place = shots->shownReference();
+        preview->setBefore(place < 0 ? QImage() : screen_colours::shown(on[place].small));
+    }
+    preview->showBefore(isBefore);
+}
+
+/// B is held to look at the picture before, whichever control has the keyboard.
+bool MergeWorkspace::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    const auto *widget = qobject_cast<QWidget *>(watched);
+    if (!isKey || !widget || widget->window() != this)
+        return QDialog::eventFilter(watched, event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (key->key() != Qt::Key_B || key->modifiers() != Qt::NoModifier)
+        return QDialog::eventFilter(watched, event);
+    if (!key->isAutoRepeat())
+        showBefore(event->type() == QEvent::KeyPress);
+    return true;
+}
+
+// --- Merging ---
+
+void MergeWorkspace::updateButtons()
+{
+    const QList<MergeShot> on = shots->shotsOn();
+    mergeButton->setEnabled(!isMerging() && whyNoPreview(on).isEmpty());
+    before->setEnabled(!on.isEmpty());
+    const bool isMean = options->settings().isMean();
+    reference->setEnabled(!isMerging() && !isMean && shots->currentItem());
+    reference->setText(shots->isCurrentChosen() ? tr("Choose Reference A&utomatically")
+                                                : tr("&Use as Reference"));
+}
+
+void MergeWorkspace::startMerge()
+{
+    underWay.clear();
+    const QList<MergeShot> on = shots->shotsOn();
+    for (const MergeShot &shot : on)
+        underWay.append(shot.path);
+    previewer.cancel();
+    job.start(underWay, settings());
+    showMerging(true);
+}
+
+void MergeWorkspace::showMerging(bool isUnderWay)
+{
+    for (QWidget *part : QList<QWidget *>{shots, options, add})
+        part->setEnabled(!isUnderWay);
+    progress->setVisible(isUnderWay);
+    progress->setValue(0);
+    closeButton->setText(isUnderWay ? tr("Cancel") : tr("Close"));
+    updateButtons();
+    if (isUnderWay) {
+        state->setText(merge_texts::reading());
+        closeButton->setFocus();
+    } else {
+        state->clear();
+    }
+}
+
+void MergeWorkspace::reject()
+{
+    if (!isMerging()) {
+        QDialog::reject();
+        return;
+    }
+    job.cancel();
+    showMerging(false);
+    requestPreview();
+}
+
+void MergeWorkspace::finish(const MergeResult &result)
+{
+    showMerging(false);
+    if (result.picture.isNull()) {
+        QMessageBox::warning(this, tr("Not Merged"), result.problem);
+        requestPreview();
+        return;
+    }
+    Q_EMIT merged(result.picture, underWay.value(result.report.reference));
+    accept();
+}

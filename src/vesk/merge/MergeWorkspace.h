@@ -1,0 +1,80 @@
+#pragma once
+
+#include "MergeJob.h"
+#include "MergePreviewer.h"
+#include "MergeShotLoader.h"
+
+#include <QDialog>
+#include <QTimer>
+
+class MergeOptionsPanel;
+class MergePreview;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class ShotList;
+
+/// The window in which a bracket becomes a picture: its shots, a preview that follows every option,
+/// and the merge at full size. GUI thread.
+class MergeWorkspace : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// folder: where the dialog that adds shots starts.
+    MergeWorkspace(const QStringList &paths, const QString &folder, QWidget *parent = nullptr);
+    ~MergeWorkspace() override;
+
+    void addShots(const QStringList &paths);
+    bool isMerging() const { return job.isRunning(); }
+
+    /// While the merge runs, only that is cancelled.
+    void reject() override;
+
+Q_SIGNALS:
+    /// referencePath: the shot whose metadata belong to the picture.
+    void merged(const QImage &picture, const QString &referencePath);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    QWidget *makeShotColumn();
+    QWidget *makePreviewColumn();
+    QWidget *makeOptionColumn();
+    void connectParts();
+
+    void chooseShots();
+    void onSetChanged();
+    void requestPreview();
+    void showPreview(const MergePreviewResult &result);
+    void showWhyThereIsNone(const QString &why);
+    void showNotes(const QStringList &sentences);
+    QString whyNoPreview(const QList<MergeShot> &shots) const;
+    MergeSettings settings() const;
+    void startMerge();
+    void finish(const MergeResult &result);
+    void showMerging(bool isUnderWay);
+    void showBefore(bool isBefore);
+    void updateButtons();
+
+    QString folder;
+    ShotList *shots;
+    MergePreview *preview;
+    MergeOptionsPanel *options;
+    QLabel *notes;
+    QLabel *state;
+    QProgressBar *progress;
+    QPushButton *add;
+    QPushButton *reference;
+    QPushButton *before;
+    QPushButton *mergeButton;
+    QPushButton *closeButton;
+    QTimer delay; // folds bursts of changes into one preview
+    MergeShotLoader loader;
+    MergePreviewer previewer;
+    MergeJob job;
+    QStringList underWay; // paths of the merge that runs
+};

@@ -1,0 +1,186 @@
+#include "ShotList.h"
+#include "merge_texts.h"
+
+#include <QFileInfo>
+#include <QIcon>
+#include <QPixmap>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QSize kIconSize(72, 54);
+
+} // namespace
+
+ShotList::ShotList(QWidget *parent)
+    : QListWidget(parent)
+{
+    setIconSize(kIconSize);
+    setWordWrap(true);
+    setSpacing(2);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAccessibleName(tr("Shots"));
+    connect(this, &QListWidget::itemChanged, this, [this] {
+        describe();
+        Q_EMIT setChanged();
+    });
+}
+
+void ShotList::addPaths(const QStringList &added)
+{
+    for (const QString &path : added)
+        entries.try_emplace(path);
+    const QSignalBlocker quiet(this);
+    int row = 0;
+    for (auto &[path, entry] : entries) { // ordered as the command line orders them
+        if (row >= count() || pathOf(*item(row)) != path) {
+            auto *line = new QListWidgetItem;
+            line->setData(Qt::UserRole, path);
+            line->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+            line->setCheckState(Qt::Checked);
+            insertItem(row, line);
+        }
+        ++row;
+    }
+    if (currentRow() < 0 && count() > 0)
+        setCurrentRow(0);
+    describe();
+}
+
+void ShotList::setShot(const MergeShot &shot)
+{
+    Entry &entry = entries[shot.path];
+    entry.shot = shot;
+    entry.isRead = true;
+    const QSignalBlocker quiet(this);
+    for (int row = 0; row < count(); ++row) {
+        if (pathOf(*item(row)) != shot.path)
+            continue;
+        item(row)->setIcon(QIcon(QPixmap::fromImage(shot.thumbnail)));
+        if (!shot.problem.isEmpty()) {
+            item(row)->setCheckState(Qt::Unchecked);
+            item(row)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        }
+    }
+    describe();
+}
+
+QStringList ShotList::paths() const
+{
+    QStringList all;
+    for (const auto &[path, entry] : entries)
+        all.append(path);
+    return all;
+}
+
+bool ShotList::isOn(const QListWidgetItem &item) const
+{
+    return item.checkState() == Qt::Checked;
+}
+
+QString ShotList::pathOf(const QListWidgetItem &item) const
+{
+    return item.data(Qt::UserRole).toString();
+}
+
+QList<MergeShot> ShotList::shotsOn() const
+{
+    QList<MergeShot> on;
+    for (int row = 0; row < count(); ++row) {
+        if (isOn(*item(row)))
+            on.append(entries.at(pathOf(*item(row))).shot);
+    }
+    return on;
+}
+
+/// Among those that are on; -1 for none.
+int ShotList::placeOf(const QString &path) const
+{
+    const QList<MergeShot> on = shotsOn();
+    for (int i = 0; i < on.size(); ++i) {
+        if (!path.isEmpty() && on[i].path == path)
+            return i;
+    }
+    return -1;
+}
+
+int ShotList::chosenReference() const
+{
+    const int place = placeOf(chosen);
+    return place < 0 ? exposure::kAutomatic : place;
+}
+
+int ShotList::shownReference() const
+{
+    return placeOf(shown);
+}
+
+void ShotList::chooseCurrentAsReference()
+{
+    if (!currentItem() || !isOn(*currentItem()))
+        return;
+    chosen = pathOf(*currentItem());
+    shown = chosen;
+    describe();
+    Q_EMIT setChanged();
+}
+
+void ShotList::chooseReferenceAutomatically()
+{
+    chosen.clear();
+    describe();
+    Q_EMIT setChanged();
+}
+
+bool ShotList::isCurrentChosen() const
+{
+    return currentItem() && pathOf(*currentItem()) == chosen;
+}
+
+void ShotList::showReport(const exposure::Report &report, bool tellsAlignment)
+{
+    const QList<MergeShot> on = shotsOn();
+    for (auto &[path, entry] : entries)
+        entry.alignment.clear();
+    for (int i = 0; i < on.size() && size_t(i) < report.transforms.size(); ++i) {
+        if (tellsAlignment && i != report.reference)
+            entries[on[i].path].alignment = merge_texts::alignment(report.transforms[size_t(i)]);
+    }
+    if (report.reference < on.size())
+        shown = on[report.reference].path;
+    describe();
+}
+
+/// The texts of all lines: they depend on the reference, and on who is on.
+void ShotList::describe()
+{
+    const QSignalBlocker quiet(this);
+    for (int row = 0; row < count(); ++row) {
+        const Entry &entry = entries.at(pathOf(*item(row)));
+        const QString name = QFileInfo(pathOf(*item(row))).fileName();
+        item(row)->setText(name + QLatin1Char('\n') + description(entry));
+        item(row)->setToolTip(entry.shot.problem.isEmpty() ? pathOf(*item(row))
+                                                           : entry.shot.problem);
+    }
+}
+
+QString ShotList::description(const Entry &entry) const
+{
+    if (!entry.isRead)
+        return tr("Reading…");
+    if (!entry.shot.problem.isEmpty())
+        return entry.shot.problem;
+    QStringList parts;
+    const auto reference = entries.find(shown);
+    if (entry.shot.stops && reference != entries.end() && reference->second.shot.stops)
+        parts += merge_texts::stops(*entry.shot.stops - *reference->second.shot.stops);
+    if (entry.shot.seconds > 0)
+        parts += merge_texts::exposureTime(entry.shot.seconds);
+    if (!shown.isEmpty() && entry.shot.path == shown)
+        //: The shot that the others are aligned to.
+        parts += tr("★ reference");
+    const QString line = parts.join(QStringLiteral("  "));
+    return entry.alignment.isEmpty() ? line : line + QLatin1Char('\n') + entry.alignment;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "MergeShot.h"
+
+#include <set_merge.h>
+
+#include <QString>
+
+/// What the merge workspace says, in the user's language. Any thread.
+namespace merge_texts {
+
+QString reading();
+QString doing(exposure::Step step);
+
+/// Empty for Error::None and for what the user has cancelled.
+QString problem(exposure::Error error);
+QString notRead(const QString &path, const QString &reason);
+QString otherSize(const QString &path, QSize size, const QString &first, QSize firstSize);
+
+/// Whole seconds, or a fraction: "1/125 s". Empty when not known.
+QString exposureTime(double seconds);
+/// Against the reference: "+2 stops".
+QString stops(double stops);
+
+/// How a shot lies over the reference: "aligned, 93 % sure", or why it does not.
+QString alignment(const registration::Transform &transform);
+/// The whole sentence for a shot that was left unaligned; empty for others.
+QString unaligned(const QString &path, const registration::Transform &transform);
+
+} // namespace merge_texts

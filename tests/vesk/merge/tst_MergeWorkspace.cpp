@@ -1,0 +1,450 @@
+#include "DocumentArea.h"
+#include "EditorActions.h"
+#include "EditorWindow.h"
+#include "FilmStrip.h"
+#include "LoadedPicture.h"
+#include "LookSlider.h"
+#include "MainWindow.h"
+#include "MergePreview.h"
+#include "MergeWorkspace.h"
+#include "ShotList.h"
+#include "picture_document.h"
+
+#include <VeskContext.h>
+#include <layer_composition.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QtTest>
+
+Q_DECLARE_METATYPE(exposure::Method)
+Q_DECLARE_METATYPE(exposure::Alignment)
+
+namespace {
+
+constexpr int kPatienceMs = 60000;
+constexpr QSize kSmallScreen(1366, 768);
+constexpr QSize kShotSize(320, 240);
+
+} // namespace
+
+class TestMergeWorkspace : public QObject, private EditorWindow
+{
+    Q_OBJECT
+
+private slots:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+    void command_opensWithWhatIsSelected();
+    void merge_equalsTheCommandLine_data();
+    void merge_equalsTheCommandLine();
+    void merge_deepShots_givesADeepDocument();
+    void merge_opensBesideTheOthers();
+    void everyOption_changesThePreview_data();
+    void everyOption_changesThePreview();
+    void reset_givesTheNeutralLookBack();
+    void shotSwitchedOff_isLeftOut();
+    void mean_hasNoLookAndNoGhosts();
+    void keyB_showsTheReferenceWhileItIsHeld();
+    void cancel_whileMerging_leavesNothingBehind();
+    void shotThatVanished_isNamed();
+    void damagedShot_isNamedAndSwitchedOff();
+    void shotOfAnotherSize_isNamed();
+    void everyControl_isReachedAndNamed();
+    void smallScreen_isLargeEnough();
+
+private:
+    void open(const QStringList &paths);
+    MergeWorkspace *workspace() const { return window->findChild<MergeWorkspace *>(); }
+    template <typename Part>
+    Part *part(const char *name) const
+    {
+        return workspace()->findChild<Part *>(QLatin1String(name));
+    }
+    QImage previewed() const { return part<MergePreview>("mergePreview")->shown(); }
+    void waitForPreview();
+    void change(const std::function<void()> &how);
+    void choose(const char *box, int data);
+    QImage merged();
+    QImage mergedByCommandLine(const QStringList &paths, const QStringList &options) const;
+};
+
+/// The workspace with these shots, and its first preview.
+void TestMergeWorkspace::open(const QStringList &paths)
+{
+    window->openPaths({paths.first()});
+    QTRY_COMPARE(documents->documents().size(), 1);
+    strip->select(paths);
+    QTRY_COMPARE(strip->selectedPaths().size(), paths.size());
+    window->findChild<EditorActions *>()->mergeExposures->trigger();
+    QVERIFY(workspace());
+    QVERIFY(QTest::qWaitForWindowExposed(workspace()));
+}
+
+void TestMergeWorkspace::waitForPreview()
+{
+    QTRY_VERIFY_WITH_TIMEOUT(!previewed().isNull(), kPatienceMs);
+}
+
+/// Does it, and waits until the preview has followed.
+void TestMergeWorkspace::change(const std::function<void()> &how)
+{
+    const qint64 before = previewed().cacheKey();
+    how();
+    QTRY_VERIFY_WITH_TIMEOUT(previewed().cacheKey() != before, kPatienceMs);
+}
+
+void TestMergeWorkspace::choose(const char *box, int data)
+{
+    auto *list = part<QComboBox>(box);
+    list->setCurrentIndex(list->findData(data));
+}
+
+/// Presses Merge, and gives the picture of the document that it opens.
+QImage TestMergeWorkspace::merged()
+{
+    const auto before = documents->documents().size();
+    part<QPushButton>("mergeButton")->click();
+    if (!QTest::qWaitFor([&] { return documents->documents().size() == before + 1; }, kPatienceMs))
+        return {};
+    return composition::composedPicture(current());
+}
+
+QImage TestMergeWorkspace::mergedByCommandLine(const QStringList &paths,
+                                               const QStringList &options) const
+{
+    const QString output = pictures->path(QStringLiteral("expected.tif"));
+    QProcess program;
+    program.start(qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr"),
+                  QStringList{QStringLiteral("merge"), QStringLiteral("--force")} + options +
+                      paths + QStringList{QStringLiteral("-o"), output});
+    program.waitForFinished(kPatienceMs);
+    const std::atomic<bool> neverCancelled{false};
+    return loadPicture(output, neverCancelled).image;
+}
+
+void TestMergeWorkspace::command_opensWithWhatIsSelected()
+{
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    QCOMPARE(window->findChild<EditorActions *>()->mergeExposures->shortcut(),
+             QKeySequence(QStringLiteral("Ctrl+M")));
+    open(bracket.mid(0, 2));
+    QCOMPARE(part<ShotList>("shotList")->paths(), bracket.mid(0, 2));
+    waitForPreview();
+    // Once more, with others selected: they come along.
+    strip->select({bracket.at(2)});
+    window->findChild<EditorActions *>()->mergeExposures->trigger();
+    QCOMPARE(part<ShotList>("shotList")->paths(), bracket);
+    QCOMPARE(window->findChildren<MergeWorkspace *>().size(), 1);
+}
+
+void TestMergeWorkspace::merge_equalsTheCommandLine_data()
+{
+    using exposure::Alignment;
+    using exposure::Method;
+    QTest::addColumn<Method>("method");
+    QTest::addColumn<Alignment>("alignment");
+    QTest::addColumn<int>("ghosts"); // place in the list
+    QTest::addColumn<bool>("crop");
+    QTest::addColumn<double>("look");
+    QTest::addColumn<int>("reference"); // -1: automatic
+    QTest::addColumn<QString>("options");
+    const auto row = [](const char *name, Method method, Alignment alignment, int ghosts, bool crop,
+                        double look, int reference, const char *options) {
+        QTest::newRow(name) << method << alignment << ghosts << crop << look << reference
+                            << QString::fromLatin1(options);
+    };
+    row("as it opens", Method::Fusion, Alignment::Perspective, 0, false, 0, -1, "");
+    row("shifts, cropped", Method::Fusion, Alignment::Shift, 0, true, 0, -1,
+        "--align shift --crop");
+    row("tripod, with ghosts", Method::Fusion, Alignment::None, 1, false, 0, -1,
+        "--align none --ghosts off");
+    row("ghosts from the third", Method::Fusion, Alignment::None, 4, false, 0, -1,
+        "--align none --ghosts s3.png");
+    row("a look", Method::Fusion, Alignment::Perspective, 0, false, 0.5, -1,
+        "--exposure 0.5 --contrast 0.5 --saturation 1.5");
+    row("onto the first", Method::Fusion, Alignment::Perspective, 0, false, 0, 0,
+        "--reference s1.png");
+    row("mean", Method::Mean, Alignment::Shift, 0, false, 0, -1, "--method mean");
+    row("mean, cropped", Method::Mean, Alignment::Shift, 0, true, 0, -1, "--method mean --crop");
+    row("mean, tripod", Method::Mean, Alignment::None, 0, false, 0, -1,
+        "--method mean --align none");
+}
+
+void TestMergeWorkspace::merge_equalsTheCommandLine()
+{
+    QFETCH(exposure::Method, method);
+    QFETCH(exposure::Alignment, alignment);
+    QFETCH(int, ghosts);
+    QFETCH(bool, crop);
+    QFETCH(double, look);
+    QFETCH(int, reference);
+    QFETCH(QString, options);
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    open(bracket);
+    waitForPreview();
+    choose("methodBox", int(method));
+    choose("alignmentBox", int(alignment));
+    part<QComboBox>("ghostsBox")->setCurrentIndex(ghosts);
+    part<QCheckBox>("cropBox")->setChecked(crop);
+    part<LookSlider>("exposureSlider")->setValue(look);
+    part<LookSlider>("contrastSlider")->setValue(look);
+    part<LookSlider>("saturationSlider")->setValue(1 + look);
+    if (reference >= 0) {
+        part<ShotList>("shotList")->setCurrentRow(reference);
+        part<QPushButton>("referenceButton")->click();
+    }
+    QStringList words = options.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (QString &word : words) {
+        if (word.endsWith(QLatin1String(".png")))
+            word = pictures->path(word);
+    }
+    const QImage expected = mergedByCommandLine(bracket, words);
+    QVERIFY(!expected.isNull());
+    const QImage picture = merged();
+    QCOMPARE(picture.size(), expected.size());
+    QCOMPARE(picture.convertToFormat(QImage::Format_RGB32), expected);
+    QTRY_VERIFY(!workspace());
+}
+
+void TestMergeWorkspace::merge_deepShots_givesADeepDocument()
+{
+    QStringList bracket;
+    for (const int shot : {1, 2, 3}) {
+        QImage deep = TestPictures::texture(kShotSize, 1).convertToFormat(QImage::Format_RGBX64);
+        for (int y = 0; y < deep.height(); ++y) {
+            auto *row = reinterpret_cast<QRgba64 *>(deep.scanLine(y));
+            for (int x = 0; x < deep.width(); ++x)
+                row[x] =
+                    qRgba64(quint16(row[x].red() / 4 * shot), quint16(row[x].green() / 4 * shot),
+                            quint16(row[x].blue() / 4 * shot + 100), 0xFFFF);
+        }
+        bracket.append(pictures->path(QStringLiteral("deep%1.png").arg(shot)));
+        QVERIFY(deep.save(bracket.constLast()));
+    }
+    open(bracket);
+    waitForPreview();
+    const QImage expected = mergedByCommandLine(bracket, {});
+    QCOMPARE(expected.format(), QImage::Format_RGBX64);
+    QCOMPARE(merged(), expected);
+}
+
+void TestMergeWorkspace::merge_opensBesideTheOthers()
+{
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    open(bracket);
+    waitForPreview();
+    VeskContext *first = current();
+    QVERIFY(!merged().isNull());
+    QCOMPARE(documents->documents().size(), 2);
+    QVERIFY(documents->documents().contains(first));
+    QVERIFY(current() != first);
+    QVERIFY(current()->isSaveAble());
+    QVERIFY(current()->getFilePath().isEmpty());
+    const QString source = document::metadataSource(*current());
+    QVERIFY(bracket.contains(source));
+    QCOMPARE(current()->getFileName(),
+             QStringLiteral("%1 merged").arg(QFileInfo(source).completeBaseName()));
+}
+
+void TestMergeWorkspace::everyOption_changesThePreview_data()
+{
+    QTest::addColumn<QString>("option");
+    for (const char *option : {"method", "alignment", "ghosts", "exposure", "contrast",
+                               "saturation", "crop", "reference", "off"})
+        QTest::newRow(option) << QString::fromLatin1(option);
+}
+
+void TestMergeWorkspace::everyOption_changesThePreview()
+{
+    QFETCH(QString, option);
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    const QImage before = previewed();
+    auto *list = part<ShotList>("shotList");
+    if (option == QLatin1String("method"))
+        change([&] { choose("methodBox", int(exposure::Method::Mean)); });
+    else if (option == QLatin1String("alignment"))
+        change([&] { choose("alignmentBox", int(exposure::Alignment::None)); });
+    else if (option == QLatin1String("ghosts"))
+        change([&] { part<QComboBox>("ghostsBox")->setCurrentIndex(1); });
+    else if (option == QLatin1String("crop"))
+        change([&] { part<QCheckBox>("cropBox")->setChecked(true); });
+    else if (option == QLatin1String("reference"))
+        change([&] {
+            list->setCurrentRow(2);
+            part<QPushButton>("referenceButton")->click();
+        });
+    else if (option == QLatin1String("off"))
+        change([&] { list->item(0)->setCheckState(Qt::Unchecked); });
+    else
+        change(
+            [&] { part<LookSlider>(qPrintable(option + QLatin1String("Slider")))->setValue(0.4); });
+    QVERIFY(!previewed().isNull());
+    const QStringList showing{"method", "exposure", "contrast", "saturation", "off"};
+    if (showing.contains(option))
+        QVERIFY(previewed() != before);
+}
+
+void TestMergeWorkspace::reset_givesTheNeutralLookBack()
+{
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    const QImage neutral = previewed();
+    change([&] { part<LookSlider>("exposureSlider")->setValue(1); });
+    QVERIFY(previewed() != neutral);
+    change([&] { part<QPushButton>("resetButton")->click(); });
+    QTRY_COMPARE_WITH_TIMEOUT(previewed(), neutral, kPatienceMs);
+    QCOMPARE(part<LookSlider>("saturationSlider")->value(), 1.0);
+}
+
+void TestMergeWorkspace::shotSwitchedOff_isLeftOut()
+{
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    open(bracket);
+    waitForPreview();
+    auto *list = part<ShotList>("shotList");
+    list->setFocus();
+    list->setCurrentRow(2);
+    change([&] { QTest::keyClick(list, Qt::Key_Space); });
+    QCOMPARE(list->shotsOn().size(), 2);
+    QCOMPARE(merged().convertToFormat(QImage::Format_RGB32),
+             mergedByCommandLine(bracket.mid(0, 2), {}));
+}
+
+void TestMergeWorkspace::mean_hasNoLookAndNoGhosts()
+{
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    choose("methodBox", int(exposure::Method::Mean));
+    for (const char *name :
+         {"ghostsBox", "exposureSlider", "contrastSlider", "saturationSlider", "referenceButton"})
+        QVERIFY2(!part<QWidget>(name)->isEnabled(), name);
+    QCOMPARE(part<QComboBox>("alignmentBox")->findData(int(exposure::Alignment::Perspective)), -1);
+    choose("methodBox", int(exposure::Method::Fusion));
+    QVERIFY(part<QWidget>("exposureSlider")->isEnabled());
+    QCOMPARE(part<QComboBox>("alignmentBox")->currentData().toInt(),
+             int(exposure::Alignment::Perspective));
+}
+
+void TestMergeWorkspace::keyB_showsTheReferenceWhileItIsHeld()
+{
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    auto *list = part<ShotList>("shotList");
+    const QImage after = previewed();
+    for (QWidget *focused : {static_cast<QWidget *>(list), part<QWidget>("methodBox")}) {
+        QTest::keyPress(focused, Qt::Key_B);
+        QVERIFY(part<MergePreview>("mergePreview")->isShowingBefore());
+        QCOMPARE(previewed(), list->shotsOn().at(list->shownReference()).small);
+        QTest::keyRelease(focused, Qt::Key_B);
+        QCOMPARE(previewed(), after);
+    }
+}
+
+void TestMergeWorkspace::cancel_whileMerging_leavesNothingBehind()
+{
+    const QStringList bracket = pictures->addBracket(5, {2400, 1800});
+    open(bracket);
+    waitForPreview();
+    const QStringList filesBefore = pictures->names();
+    part<QPushButton>("mergeButton")->click();
+    QVERIFY(workspace()->isMerging());
+    QVERIFY(part<QProgressBar>("mergeProgress")->isVisible());
+    QVERIFY(!part<QPushButton>("mergeButton")->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(part<QProgressBar>("mergeProgress")->value() > 0, kPatienceMs);
+    QTest::keyClick(workspace(), Qt::Key_Escape);
+    QVERIFY(!workspace()->isMerging()); // at once
+    QVERIFY(workspace()->isVisible());
+    QVERIFY(!part<QProgressBar>("mergeProgress")->isVisible());
+    QVERIFY(part<QPushButton>("mergeButton")->isEnabled());
+    QCOMPARE(documents->documents().size(), 1);
+    // What had been under way does not turn up later.
+    QVERIFY(!merged().isNull());
+    QTest::qWait(0);
+    QCOMPARE(documents->documents().size(), 2);
+    QCOMPARE(pictures->names(), filesBefore);
+}
+
+void TestMergeWorkspace::shotThatVanished_isNamed()
+{
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    open(bracket);
+    waitForPreview();
+    QVERIFY(QFile::remove(bracket.at(1)));
+    part<QPushButton>("mergeButton")->click();
+    QTRY_COMPARE_WITH_TIMEOUT(boxes->shown().size(), 1, kPatienceMs);
+    QVERIFY(boxes->shown().first().text.contains(QStringLiteral("“s2.png”")));
+    QVERIFY(boxes->shown().first().text.contains(QStringLiteral("no such file")));
+    QCOMPARE(documents->documents().size(), 1);
+    QVERIFY(workspace()->isVisible());
+    QVERIFY(part<QPushButton>("mergeButton")->isEnabled());
+}
+
+void TestMergeWorkspace::damagedShot_isNamedAndSwitchedOff()
+{
+    QStringList bracket = pictures->addBracket(2, kShotSize);
+    bracket.append(pictures->addDamaged(QStringLiteral("z.png")));
+    open(bracket);
+    waitForPreview();
+    auto *list = part<ShotList>("shotList");
+    QCOMPARE(list->count(), 3);
+    QVERIFY(list->item(2)->text().contains(QStringLiteral("truncated or damaged")));
+    QCOMPARE(list->item(2)->checkState(), Qt::Unchecked);
+    QCOMPARE(list->shotsOn().size(), 2);
+    QCOMPARE(merged().convertToFormat(QImage::Format_RGB32),
+             mergedByCommandLine(bracket.mid(0, 2), {}));
+}
+
+void TestMergeWorkspace::shotOfAnotherSize_isNamed()
+{
+    QStringList bracket = pictures->addBracket(2, kShotSize);
+    bracket.append(pictures->add(QStringLiteral("z.png"), {100, 80}));
+    open(bracket);
+    const auto *merge = part<QPushButton>("mergeButton");
+    auto *list = part<ShotList>("shotList");
+    QTRY_VERIFY_WITH_TIMEOUT(list->count() == 3 && !list->item(2)->icon().isNull(), kPatienceMs);
+    QTRY_VERIFY(part<MergePreview>("mergePreview")->text().contains(QStringLiteral("“z.png”")));
+    QVERIFY(!merge->isEnabled());
+    QVERIFY(previewed().isNull());
+    list->item(2)->setCheckState(Qt::Unchecked);
+    waitForPreview();
+    QVERIFY(merge->isEnabled());
+}
+
+void TestMergeWorkspace::everyControl_isReachedAndNamed()
+{
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    QSet<QWidget *> reached;
+    QWidget *first = part<ShotList>("shotList");
+    for (QWidget *next = first->nextInFocusChain(); next != first; next = next->nextInFocusChain())
+        if (next->isVisible() && (next->focusPolicy() & Qt::TabFocus))
+            reached.insert(next);
+    for (const char *name :
+         {"methodBox", "alignmentBox", "ghostsBox", "cropBox", "resetButton", "mergeButton",
+          "closeButton", "addButton", "referenceButton", "beforeButton"})
+        QVERIFY2(reached.contains(part<QWidget>(name)), name);
+    for (const char *name : {"exposureSlider", "contrastSlider", "saturationSlider"})
+        QVERIFY2(reached.contains(part<QWidget>(name)->focusProxy()), name);
+    for (const char *name : {"shotList", "mergePreview", "methodBox", "alignmentBox", "ghostsBox",
+                             "exposureSlider", "contrastSlider", "saturationSlider"})
+        QVERIFY2(!part<QWidget>(name)->accessibleName().isEmpty(), name);
+}
+
+void TestMergeWorkspace::smallScreen_isLargeEnough()
+{
+    open(pictures->addBracket(2, kShotSize));
+    const QSize least = workspace()->minimumSizeHint();
+    QVERIFY(least.width() <= kSmallScreen.width());
+    QVERIFY(least.height() <= kSmallScreen.height() - 60); // the desktop's own bars
+}
+
+QTEST_MAIN(TestMergeWorkspace)
+#include "tst_MergeWorkspace.moc"
