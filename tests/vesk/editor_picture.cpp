@@ -1,8 +1,9 @@
 // Photographs the editor with a merged bracket, for the documentation:
 //
-//   editor_picture OUTPUT FOLDER
+//   editor_picture OUTPUT WORKSPACE_OUTPUT FOLDER
 //
 // merges what is in FOLDER as a user does: everything selected in the film strip, Merge to HDR, OK.
+// Before that it opens the workspace of Merge Exposures, and photographs it, too.
 // Keeps its settings where the environment says; scripts/make-editor-picture sets that.
 
 #include "DocumentArea.h"
@@ -12,6 +13,8 @@
 #include "HistogramDock.h"
 #include "HistogramView.h"
 #include "MainWindow.h"
+#include "MergePreview.h"
+#include "MergeWorkspace.h"
 #include "MessageBoxAnswerer.h"
 #include "editor_application.h"
 
@@ -24,6 +27,7 @@
 namespace {
 
 constexpr QSize kWindowSize(1200, 800);
+constexpr QSize kWorkspaceSize(1100, 640);
 constexpr int kPatienceMs = 60000;
 
 QPushButton *okButton()
@@ -60,6 +64,20 @@ bool mergeAll(MainWindow &window, FilmStrip &strip)
     return window.findChild<DocumentArea *>()->currentCanvas();
 }
 
+bool photographWorkspace(MainWindow &window, FilmStrip &strip, const QString &output)
+{
+    strip.selectAll();
+    window.findChild<EditorActions *>()->mergeExposures->trigger();
+    auto *workspace = window.findChild<MergeWorkspace *>();
+    const auto *preview = workspace->findChild<MergePreview *>();
+    workspace->resize(kWorkspaceSize);
+    const bool isPreviewed =
+        QTest::qWaitFor([preview] { return !preview->shown().isNull(); }, kPatienceMs);
+    const bool isSaved = isPreviewed && workspace->grab().save(output);
+    workspace->close();
+    return isSaved;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -67,15 +85,16 @@ int main(int argc, char **argv)
     workspace::nameEditor();
     QApplication application(argc, argv);
     workspace::setUpEditor(application);
-    if (argc != 3)
+    if (argc != 4)
         return 64;
     MainWindow window;
     window.resize(kWindowSize);
     window.show();
-    window.openPaths({QString::fromLocal8Bit(argv[2])});
+    window.openPaths({QString::fromLocal8Bit(argv[3])});
     auto &strip = *window.findChild<FilmStrip *>();
     auto &histogram = *window.findChild<HistogramDock *>();
     if (!QTest::qWaitFor([&] { return hasAllThumbnails(strip); }, kPatienceMs) ||
+        !photographWorkspace(window, strip, QString::fromLocal8Bit(argv[2])) ||
         !mergeAll(window, strip))
         return 1;
     window.findChild<DocumentArea *>()->currentCanvas()->zoomToFit();
