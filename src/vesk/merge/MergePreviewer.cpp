@@ -1,5 +1,7 @@
 #include "MergePreviewer.h"
 
+#include <picture_set.h>
+#include <resample.h>
 #include <screen_colours.h>
 
 #include <QColorSpace>
@@ -14,14 +16,25 @@ QList<qint64> keysOf(const QList<QImage> &shots)
     return keys;
 }
 
-/// The mean takes pictures as the tool reads them.
-QList<QImage> asRead(QList<QImage> shots, exposure::Method method)
+/// As the tool reads them.
+QList<QImage> forTheMean(QList<QImage> shots)
 {
-    if (method == exposure::Method::Fusion)
-        return shots;
     for (QImage &shot : shots)
         shot = shot.convertToFormat(QImage::Format_RGB32);
     return shots;
+}
+
+exposure::Outcome failed(exposure::Error error)
+{
+    exposure::Outcome outcome;
+    outcome.error = error;
+    return outcome;
+}
+
+QRect commonArea(const exposure::Report &report, const QList<QImage> &shots)
+{
+    const std::vector<QSize> sizes(size_t(shots.size()), shots.first().size());
+    return registration::commonArea(report.transforms, sizes, sizes.front());
 }
 
 } // namespace
@@ -85,12 +98,74 @@ const exposure::Outcome &MergePreviewer::mergedWithoutLook(const Request &reques
                         kept.settings.isSameButLook(request.settings);
     if (isKept)
         return kept.outcome;
-    exposure::Options options = request.settings.options;
-    options.adjustment = {};
     exposure::Control control;
     control.cancelled = request.cancelled.get();
     kept = {keys, request.settings,
-            exposure::mergeSet(request.settings.method,
-                               asRead(request.shots, request.settings.method), options, control)};
+            request.settings.isMean()
+                ? exposure::mergeSet(exposure::Method::Mean, forTheMean(request.shots),
+                                     request.settings.options, control)
+                : fused(request, control)};
     return kept.outcome;
+}
+
+exposure::Outcome MergePreviewer::fused(const Request &request, const exposure::Control &control)
+{
+    exposure::Options options = request.settings.options;
+    options.adjustment = {};
+    if (isAlignedFor(request))
+        return layOver(request.shots, control) ? fusedFromAligned(options, control)
+                                               : failed(exposure::Error::Cancelled);
+    exposure::Outcome outcome =
+        exposure::mergeSet(exposure::Method::Fusion, request.shots, options, control);
+    aligned = {keysOf(request.shots), options.alignment, options.reference, {}, {}};
+    if (outcome.error == exposure::Error::None)
+        aligned.report = outcome.report;
+    return outcome;
+}
+
+bool MergePreviewer::isAlignedFor(const Request &request) const
+{
+    const exposure::Options &wanted = request.settings.options;
+    return !aligned.report.transforms.empty() && aligned.shots == keysOf(request.shots) &&
+           aligned.alignment == wanted.alignment && aligned.chosenReference == wanted.reference;
+}
+
+/// False when it was cancelled or memory is lacking.
+bool MergePreviewer::layOver(const QList<QImage> &shots, const exposure::Control &control)
+{
+    if (!aligned.pictures.isEmpty())
+        return true;
+    QList<QImage> pictures = shots;
+    if (picture_set::bringToFirst(pictures).isMemoryShort)
+        return false;
+    for (qsizetype i = 0; i < pictures.size(); ++i) {
+        pictures[i] =
+            registration::resample(pictures[i], aligned.report.transforms[size_t(i)],
+                                   pictures[aligned.report.reference].size(), control.cancelled);
+        if (pictures[i].isNull())
+            return false;
+    }
+    aligned.pictures = pictures;
+    return true;
+}
+
+/// As a merge does it behind its alignment.
+exposure::Outcome MergePreviewer::fusedFromAligned(const exposure::Options &wanted,
+                                                   const exposure::Control &control)
+{
+    exposure::Options options = wanted;
+    options.alignment = exposure::Alignment::None;
+    options.reference = aligned.report.reference;
+    options.crop = false;
+    exposure::Report report = aligned.report;
+    QList<QImage> pictures = aligned.pictures;
+    report.area = wanted.crop ? commonArea(report, pictures) : pictures.first().rect();
+    if (report.area.isEmpty())
+        return failed(exposure::Error::NothingCovered);
+    for (QImage &picture : pictures)
+        picture = wanted.crop ? picture.copy(report.area) : picture;
+    exposure::Outcome outcome = exposure::merge(pictures, options, control);
+    report.hasGhosts = outcome.report.hasGhosts;
+    outcome.report = report;
+    return outcome;
 }

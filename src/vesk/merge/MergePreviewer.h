@@ -17,8 +17,9 @@ struct MergePreviewResult
 };
 
 /// Merges small pictures beside the GUI thread for the preview. A new request ends the one under
-/// way; only the last one is answered. What the merge gave before the look was applied is kept, so
-/// that a change of the look alone takes a moment. GUI thread.
+/// way; only the last one is answered. The aligned shots are kept, and what the merge gave before
+/// the look was applied, so that only what a change concerns is done anew; the answers are the same
+/// as without that. GUI thread.
 class MergePreviewer : public QObject
 {
     Q_OBJECT
@@ -43,7 +44,7 @@ private:
         std::shared_ptr<std::atomic<bool>> cancelled;
     };
 
-    /// Of the worker alone: the last merge without its look.
+    /// The last merge without its look.
     struct Kept
     {
         QList<qint64> shots; ///< their cache keys
@@ -51,10 +52,28 @@ private:
         exposure::Outcome outcome;
     };
 
+    /// How the last fusion has aligned its shots.
+    struct Aligned
+    {
+        QList<qint64> shots; ///< cache keys of those that it was asked for
+        exposure::Alignment alignment = exposure::Alignment::None;
+        int chosenReference = exposure::kAutomatic;
+        exposure::Report report; ///< without transforms until there was a fusion
+        QList<QImage> pictures;  ///< in one space, laid over the reference; empty until needed
+    };
+
+    // On the worker's thread, with what only that uses.
     MergePreviewResult answer(const Request &request);
     const exposure::Outcome &mergedWithoutLook(const Request &request);
+    exposure::Outcome fused(const Request &request, const exposure::Control &control);
+    exposure::Outcome fusedFromAligned(const exposure::Options &options,
+                                       const exposure::Control &control);
+    bool isAlignedFor(const Request &request) const;
+    bool layOver(const QList<QImage> &shots, const exposure::Control &control);
+
+    Kept kept;
+    Aligned aligned;
 
     QThreadPool worker; // one thread
     std::shared_ptr<std::atomic<bool>> current;
-    Kept kept;
 };
