@@ -31,7 +31,7 @@ PairResult chained(const PairResult &toBefore, const PairResult &beforeToShot)
     result.confidence = std::min(toBefore.confidence, beforeToShot.confidence);
     result.residualPixels = std::hypot(toBefore.residualPixels, beforeToShot.residualPixels);
     result.reason = Reason::None;
-    result.movement = toBefore.movement + beforeToShot.movement;
+    result.movement = std::hypot(toBefore.movement, beforeToShot.movement);
     result.placesMoved = std::hypot(toBefore.placesMoved, beforeToShot.placesMoved);
     return result;
 }
@@ -80,14 +80,14 @@ bool isWarped(const PairResult &pair)
            pair.placesMoved > kTripodPixels;
 }
 
-/// A set in which nothing is turned or shifted by more than a pixel was taken from a tripod, and
-/// stays as it is: hands move more than that. What a perspective fit finds in it is mostly how the
-/// tiles of two exposures differ; but a shot in which a tenth of the places that agree lie further
-/// off than a pixel is warped itself, as scans of film are.
+/// A set in which nothing is turned or shifted by more than a pixel, and what the fit is unsure of,
+/// was taken from a tripod and stays as it is: hands move more than that. What a perspective fit
+/// finds in it is mostly how the tiles of two exposures differ; but a shot in which a tenth of the
+/// places that agree lie further off than a pixel is warped itself, as scans of film are.
 void keepTripodSet(std::vector<PairResult> &results)
 {
     const auto staysInPlace = [](const PairResult &pair) {
-        return !isFound(pair) || pair.movement <= kTripodPixels;
+        return !isFound(pair) || pair.movement <= kTripodPixels + pair.residualPixels;
     };
     if (!std::all_of(results.begin(), results.end(), staysInPlace))
         return;
