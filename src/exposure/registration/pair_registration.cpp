@@ -98,7 +98,13 @@ private:
     {
         MatchSearch search = searchAt(reference, 0, width);
         search.radius = 2;
+        const Matrix before = map;
+        const MotionFit first = fit;
         step(search);
+        if (fit.kind == first.kind && fit.inliers >= first.inliers)
+            return;
+        map = before; // fewer places agree: the wider look counts
+        fit = first;
     }
 
     void step(const MatchSearch &search)
