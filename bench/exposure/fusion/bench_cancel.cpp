@@ -19,6 +19,36 @@ double secondsSince(Clock::time_point start)
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
+/// Prints where the job stays silent for longest: there it may hear no cancel either.
+void printLongestSilence(const QList<QImage> &shots)
+{
+    struct Report
+    {
+        int step = 0;
+        double done = 0.0;
+    };
+    Clock::time_point last = Clock::now();
+    Report before;
+    Report longestFrom;
+    Report longestTo;
+    double longest = 0.0;
+    exposure::Control control;
+    control.progress = [&](exposure::Step step, double done) {
+        const Report now{int(step), done};
+        if (secondsSince(last) > longest) {
+            longest = secondsSince(last);
+            longestFrom = before;
+            longestTo = now;
+        }
+        before = now;
+        last = Clock::now();
+    };
+    exposure::merge(shots, {}, control);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    std::printf("longest silence %.0f ms, from %.2f of step %d to %.2f of step %d\n",
+                longest * 1000, longestFrom.done, longestFrom.step, longestTo.done, longestTo.step);
+}
+
 /// Milliseconds from the cancel, so long after the start, to the end; less than 0 when the job was
 /// done before.
 double cancelledAfter(const QList<QImage> &shots, double seconds)
@@ -51,6 +81,7 @@ int main(int count, char **arguments)
     if (exposure::merge(shots).error != exposure::Error::None)
         return 1;
     const double whole = secondsSince(start);
+    printLongestSilence(shots);
     double longest = 0.0;
     double longestAt = 0.0;
     for (int i = 0; i < moments; ++i) {
