@@ -192,7 +192,8 @@ xmp::Adapted xmp::forUprightPicture(const Metadata &metadata, const QImage &pict
     dropOtherPanorama(packet, picture.size());
     dropWhatNoLongerHolds(packet);
     correctAll(packet, picture);
-    if (format == PictureFormat::Png)
+    const bool holdsDatasets = format == PictureFormat::Jpeg || format == PictureFormat::Tiff;
+    if (!holdsDatasets)
         iptc::addTo(packet, metadata.iptc);
     if (mark) {
         beginDocument(packet);

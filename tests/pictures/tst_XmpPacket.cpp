@@ -22,6 +22,22 @@ QByteArray nested(int levels)
            QByteArray("</xmp:a>").repeated(levels);
 }
 
+QByteArray numbered(int count)
+{
+    QByteArray properties;
+    for (int i = 0; i < count; ++i)
+        properties += "<xmp:a" + QByteArray::number(i) + "/>";
+    return properties;
+}
+
+QByteArray attributes(int count)
+{
+    QByteArray list;
+    for (int i = 0; i < count; ++i)
+        list += " xmp:a" + QByteArray::number(i) + "=\"\"";
+    return list;
+}
+
 } // namespace
 
 class TestXmpPacket : public QObject
@@ -55,7 +71,16 @@ private slots:
         QTest::newRow("document type") << "<!DOCTYPE x>" + packet("<xmp:Rating>4</xmp:Rating>");
         QTest::newRow("deep") << packet(nested(200));
         QTest::newRow("very deep") << packet(nested(100000));
-        QTest::newRow("many properties") << packet(QByteArray("<xmp:a/>").repeated(100001));
+        QTest::newRow("many properties") << packet(numbered(2001));
+        QTest::newRow("many properties in parts")
+            << packet(numbered(1500) +
+                      "</rdf:Description><rdf:Description rdf:about=\"\" "
+                      "xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\">" +
+                      numbered(600));
+        QTest::newRow("many attributes") << packet("", attributes(2001));
+        QTest::newRow("many items")
+            << packet("<dc:subject><rdf:Bag>" + QByteArray("<rdf:li/>").repeated(20001) +
+                      "</rdf:Bag></dc:subject>");
         QTest::newRow("large") << packet("<xmp:Label>" + QByteArray(5 << 20, 'x') + "</xmp:Label>");
         QTest::newRow("not UTF-8") << packet("<xmp:Label>\xFF\xFE</xmp:Label>");
     }
@@ -64,6 +89,17 @@ private slots:
     {
         QFETCH(QByteArray, bytes);
         QVERIFY(!XmpPacket::parse(bytes));
+    }
+
+    void parse_asMuchAsIsAllowed_isTaken()
+    {
+        QVERIFY(XmpPacket::parse(packet(nested(50))));
+        QVERIFY(XmpPacket::parse(packet(numbered(1900))));
+        const auto keywords = XmpPacket::parse(
+            packet("<dc:subject><rdf:Bag>" + QByteArray("<rdf:li>a</rdf:li>").repeated(19000) +
+                   "</rdf:Bag></dc:subject>"));
+        QVERIFY(keywords);
+        QCOMPARE(keywords->count(xmp::kDublinCore, "subject"), 19000);
     }
 
     void parse_zeroBytesBehindThePacket_arePassedOver()
