@@ -85,6 +85,7 @@ private slots:
     void manyExposures_areOneBracketEach();
     void manyExposures_goingOnInAnotherScene_areToldApartByThePictures();
     void meteredEachTime_isNoBracket();
+    void steepExposuresOfTheCamera_areDoubted();
     void panoramaSetByHand_isNoBracket();
     void extraOrMissingShot_doesNotSplit();
     void zoomedOrOtherLens_endsABracket();
@@ -339,6 +340,19 @@ void TestBracketFinder::meteredEachTime_isNoBracket()
     for (Shot &shot : shots)
         shot.mode = Shot::Exposure::Automatic;
     QCOMPARE(sizesOf(brackets::find(shots, {})), QList<int>());
+}
+
+void TestBracketFinder::steepExposuresOfTheCamera_areDoubted()
+{
+    std::vector<Shot> shots;
+    for (const double stop : {0.0, 1.0, 2.0, 3.0})
+        shots.push_back(timed(0.01 * std::exp2(stop), double(shots.size())));
+    for (Shot &shot : shots)
+        shot.mode = Shot::Exposure::Automatic;
+    const Grouping unseen = brackets::find(shots, {});
+    QCOMPARE(sizesOf(unseen), QList<int>({4}));
+    QCOMPARE(unseen.brackets[0].warnings.size(), 1);
+    QCOMPARE(sizesOf(brackets::find(shots, {}, scenesOf(shots, {1, 1, 1, 1}))), QList<int>());
 }
 
 void TestBracketFinder::panoramaSetByHand_isNoBracket()

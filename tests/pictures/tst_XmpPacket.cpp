@@ -22,11 +22,11 @@ QByteArray nested(int levels)
            QByteArray("</xmp:a>").repeated(levels);
 }
 
-QByteArray numbered(int count)
+QByteArray numbered(int count, int first = 0)
 {
     QByteArray properties;
     for (int i = 0; i < count; ++i)
-        properties += "<xmp:a" + QByteArray::number(i) + "/>";
+        properties += "<xmp:a" + QByteArray::number(first + i) + "/>";
     return properties;
 }
 
@@ -76,7 +76,7 @@ private slots:
             << packet(numbered(1500) +
                       "</rdf:Description><rdf:Description rdf:about=\"\" "
                       "xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\">" +
-                      numbered(600));
+                      numbered(600, 5000));
         QTest::newRow("many attributes") << packet("", attributes(2001));
         QTest::newRow("many items")
             << packet("<dc:subject><rdf:Bag>" + QByteArray("<rdf:li/>").repeated(20001) +
