@@ -16,18 +16,19 @@ const QString kIndicator = QStringLiteral("^Please wait");
 const QString kPanel = QStringLiteral("^Merge to HDR");
 const QString kSaveAs = QStringLiteral("^Save As");
 const QString kNotSaved = QStringLiteral("^Not Saved");
+const QString kWorkspace = QStringLiteral("^Merge Exposures$");
 const QString kUnsaved = QStringLiteral("^Unsaved Changes");
 
 constexpr int kPatienceMs = 500; // a window that obeys a close is gone long before
 
 /// What the command-line program makes of the same pictures.
-QImage mergedByCommandLine(const QStringList &paths, const QString &output)
+QImage mergedByCommandLine(const QStringList &paths, const QString &output,
+                           const QString &method = QStringLiteral("mean"))
 {
     QProcess program;
-    program.start(
-        qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr"),
-        QStringList{QStringLiteral("merge"), QStringLiteral("--method"), QStringLiteral("mean")} +
-            paths + QStringList{QStringLiteral("--force"), QStringLiteral("-o"), output});
+    program.start(qEnvironmentVariable("VESK_BIN_DIR") + QStringLiteral("/veskhdr"),
+                  QStringList{QStringLiteral("merge"), QStringLiteral("--method"), method} + paths +
+                      QStringList{QStringLiteral("--force"), QStringLiteral("-o"), output});
     program.waitForFinished();
     return QImage(output).convertToFormat(QImage::Format_RGB32);
 }
@@ -99,6 +100,8 @@ private slots:
     void init();
     void cleanup();
     void openFiveMergeSave_equalsTheCommandLine();
+    void mergeExposures_byKeyboard_equalsTheCommandLine();
+    void mergeExposures_cancelled_leavesTheDocumentsAlone();
     void indicatorClosedByTheWindowManager_waitsForTheWorker();
     void damagedFile_isNamedAndTheOthersOpen();
     void fullDisk_saveFailsThenSucceedsElsewhere();
@@ -160,6 +163,45 @@ void TestEditorEndToEnd::openFiveMergeSave_equalsTheCommandLine()
     QVERIFY(editor->waitForWindow(windowOf(result)));
     QCOMPARE(QImage(result).convertToFormat(QImage::Format_RGB32), expected);
     quit(*editor);
+}
+
+void TestEditorEndToEnd::mergeExposures_byKeyboard_equalsTheCommandLine()
+{
+    const QString fused = QStringLiteral("^s[0-9] merged\\* — Vesk$");
+    QVERIFY(editor->launch(bracket));
+    QVERIFY(editor->waitForWindow(windowOf(bracket.constLast())));
+    QVERIFY(editor->press(windowOf(bracket.constLast()), {QStringLiteral("ctrl+m")}));
+    QVERIFY(editor->waitForWindow(kWorkspace));
+    // Merge is the default button, as soon as the shots are read.
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+            editor->press(kWorkspace, {QStringLiteral("Return")});
+            return editor->hasWindow(fused);
+        },
+        30000));
+    QVERIFY(editor->waitUntilGone(kWorkspace));
+    QVERIFY(editor->press(fused, {QStringLiteral("ctrl+s")}));
+    const QString result = pictures->path(QStringLiteral("result.png"));
+    chooseName(*editor, result);
+    if (QTest::currentTestFailed())
+        return;
+    QVERIFY(editor->waitForWindow(windowOf(result)));
+    const QImage byCommandLine = mergedByCommandLine(
+        bracket, pictures->path(QStringLiteral("expected.png")), QStringLiteral("fusion"));
+    QVERIFY(byCommandLine != expected); // that is the mean
+    QCOMPARE(QImage(result).convertToFormat(QImage::Format_RGB32), byCommandLine);
+    quit(*editor);
+}
+
+void TestEditorEndToEnd::mergeExposures_cancelled_leavesTheDocumentsAlone()
+{
+    QVERIFY(editor->launch(bracket));
+    QVERIFY(editor->waitForWindow(windowOf(bracket.constLast())));
+    QVERIFY(editor->press(windowOf(bracket.constLast()), {QStringLiteral("ctrl+m")}));
+    QVERIFY(editor->waitForWindow(kWorkspace));
+    QVERIFY(editor->press(kWorkspace, {QStringLiteral("Escape")}));
+    QVERIFY(editor->waitUntilGone(kWorkspace));
+    quit(*editor); // nothing is asked: nothing has changed
 }
 
 /// The worker is held at the start of its merge until the indicator has been closed in vain.

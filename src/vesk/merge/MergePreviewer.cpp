@@ -73,6 +73,7 @@ void MergePreviewer::request(const QList<QImage> &shots, const MergeSettings &se
                     Q_EMIT ready(result);
             },
             Qt::QueuedConnection);
+        prepare(asked);
     });
 }
 
@@ -121,6 +122,15 @@ exposure::Outcome MergePreviewer::fused(const Request &request, const exposure::
     if (outcome.error == exposure::Error::None)
         aligned.report = outcome.report;
     return outcome;
+}
+
+/// The user looks at the answer now: time to get ready for the next request.
+void MergePreviewer::prepare(const Request &request)
+{
+    exposure::Control control;
+    control.cancelled = request.cancelled.get();
+    if (!request.settings.isMean() && !*request.cancelled && isAlignedFor(request))
+        layOver(request.shots, control);
 }
 
 bool MergePreviewer::isAlignedFor(const Request &request) const

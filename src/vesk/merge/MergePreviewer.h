@@ -68,6 +68,7 @@ private:
     exposure::Outcome fused(const Request &request, const exposure::Control &control);
     exposure::Outcome fusedFromAligned(const exposure::Options &options,
                                        const exposure::Control &control);
+    void prepare(const Request &request);
     bool isAlignedFor(const Request &request) const;
     bool layOver(const QList<QImage> &shots, const exposure::Control &control);
 

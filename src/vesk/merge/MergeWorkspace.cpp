@@ -24,7 +24,7 @@
 namespace {
 
 constexpr QSize kPreferredSize(1180, 700);
-constexpr int kShotWidth = 270;
+constexpr int kShotWidth = 280;
 constexpr int kOptionWidth = 290;
 constexpr int kDelayMs = 15;
 constexpr int kProgressSteps = 1000;

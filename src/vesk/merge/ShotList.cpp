@@ -181,6 +181,7 @@ QString ShotList::description(const Entry &entry) const
     if (!shown.isEmpty() && entry.shot.path == shown)
         //: The shot that the others are aligned to.
         parts += tr("★ reference");
-    const QString line = parts.join(QStringLiteral("  "));
-    return entry.alignment.isEmpty() ? line : line + QLatin1Char('\n') + entry.alignment;
+    QStringList lines{parts.join(QStringLiteral("  ")), entry.alignment};
+    lines.removeAll({});
+    return lines.join(QLatin1Char('\n'));
 }

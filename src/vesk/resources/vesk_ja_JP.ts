@@ -542,7 +542,7 @@
     <message>
         <source>aligned, %1 % sure</source>
         <extracomment>How far an alignment can be trusted, in percent.</extracomment>
-        <translation>位置合わせ済み、確度 %1 %</translation>
+        <translation>位置合わせ済み（%1%）</translation>
     </message>
     <message>
         <source>%1 was left unaligned: %2.</source>
