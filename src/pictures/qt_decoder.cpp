@@ -13,6 +13,7 @@
 #include <QTransform>
 
 #include <algorithm>
+#include <mutex>
 #include <new>
 
 namespace {
@@ -62,6 +63,23 @@ bool areDecodersLoaded()
         }
     }();
     return areLoaded;
+}
+
+/// The same lock stays taken when memory runs out while Qt chooses a decoder: then nobody may ask
+/// again. One thread at a time, as behind that lock anyway.
+QByteArray formatOf(const QImageReader &reader)
+{
+    static std::mutex mutex;
+    static bool isLockLost = false;
+    const std::lock_guard guard(mutex);
+    if (isLockLost)
+        throw std::bad_alloc();
+    try {
+        return reader.format();
+    } catch (const std::bad_alloc &) {
+        isLockLost = true;
+        throw;
+    }
 }
 
 qint64 pixelsOf(QSize size)
@@ -183,7 +201,7 @@ DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    const QByteArray format = reader.format();
+    const QByteArray format = formatOf(reader);
     if (format.isEmpty() || !canDraw(format))
         return picture::failure(DecodeError::NotAPicture);
     if (!picture::isComplete(file, format))
