@@ -424,7 +424,7 @@ private slots:
                  int(Ok));
         QVERIFY(bytesOf("best.jpg").size() > bytesOf("usual.jpg").size());
         QVERIFY(bytesOf("usual.jpg").size() > bytesOf("small.jpg").size());
-        QCOMPARE(bytesOf("usual.jpg"), bytesOf("95.jpg"));
+        QCOMPARE(pixelsOf(path("usual.jpg")), pixelsOf(path("95.jpg"))); // their marks differ
     }
 
     void merge_doubleDash_endsTheOptions()

@@ -329,7 +329,10 @@ private slots:
         QVERIFY(first.save(folder.filePath("1.png")));
         QVERIFY(plainPicture({30, 40}).save(folder.filePath("2.png")));
         const QString out = folder.filePath("profile." + suffix);
-        QCOMPARE(runProgramIn(folder.path(), {"merge", "1.png", "2.png", "-o", out}).exitCode, 0);
+        QCOMPARE(runProgramIn(folder.path(),
+                              {"merge", "1.png", "2.png", "--reference", "1.png", "-o", out})
+                     .exitCode,
+                 0);
         const QImage written(out);
         QCOMPARE(written.colorSpace().primaries(), QColorSpace::Primaries::AdobeRgb);
         QVERIFY(std::abs(written.dotsPerMeterX() - 11811) <= 1);
