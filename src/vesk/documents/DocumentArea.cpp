@@ -167,9 +167,12 @@ void DocumentArea::keepReplacedWork(VeskContext *context)
     const QString name = context->getFileName();
     const QString path = context->getFilePath();
     const QString source = document::metadataSource(*context);
+    const std::optional<ResultMark> mark = document::resultMark(*context);
     QTimer::singleShot(0, this, [=] {
         VeskContext *kept = document::create(picture, name, path, this);
         document::setMetadataSource(*kept, source);
+        if (mark)
+            document::setResultMark(*kept, *mark);
         manager().addContext(kept);
         kept->setSaveAble(true);
     });

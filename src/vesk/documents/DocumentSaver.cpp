@@ -73,10 +73,11 @@ DocumentSaver::Outcome DocumentSaver::write(VeskContext &document, const SaveTar
     const QImage picture = composition::composedPicture(&document);
     if (picture.isNull())
         return reportFailure(target.path, tr("not enough memory"));
-    QStringList metadataSources{document::metadataSource(document), document.getFilePath()};
-    metadataSources.removeAll({}); // a document without a file has none of its own
+    document::SavedMetadata metadata{{document::metadataSource(document), document.getFilePath()},
+                                     document::resultMark(document)};
+    metadata.sources.removeAll({}); // a document without a file has none of its own
     const QPointer<VeskContext> guard = &document;
-    const WriteResult result = document::savePictureBeside(picture, target, metadataSources);
+    const WriteResult result = document::savePictureBeside(picture, target, metadata);
     if (result.error != OutputFile::Error::None)
         return reportFailure(target.path, result.reason);
     if (guard) {

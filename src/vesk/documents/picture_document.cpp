@@ -8,11 +8,13 @@
 #include <VeskSelection.h>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QVariant>
 
 namespace {
 
 constexpr char kMetadataSource[] = "metadataSource";
+constexpr char kResultMark[] = "resultMark";
 constexpr char kSavedBits[] = "savedBits";
 constexpr char kSavedLayers[] = "savedLayers";
 
@@ -73,6 +75,30 @@ QString document::metadataSource(const VeskContext &context)
 void document::setMetadataSource(VeskContext &context, const QString &path)
 {
     context.setProperty(kMetadataSource, path);
+}
+
+std::optional<ResultMark> document::resultMark(const VeskContext &context)
+{
+    const QVariant mark = context.property(kResultMark);
+    return mark.isValid() ? std::optional<ResultMark>(mark.value<ResultMark>()) : std::nullopt;
+}
+
+void document::setResultMark(VeskContext &context, const ResultMark &mark)
+{
+    context.setProperty(kResultMark, QVariant::fromValue(mark));
+}
+
+ResultMark document::markOfMerge(const QString &method, const QStringList &paths,
+                                 const QString &options)
+{
+    ResultMark mark;
+    mark.program = QStringLiteral("vesk");
+    mark.version = QCoreApplication::applicationVersion();
+    mark.method = method;
+    mark.options = options;
+    for (const QString &path : paths)
+        mark.sources += QFileInfo(path).fileName();
+    return mark;
 }
 
 int document::savedBits(const VeskContext &context)

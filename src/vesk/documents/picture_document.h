@@ -1,7 +1,12 @@
 #pragma once
 
+#include <ResultMark.h>
+
 #include <QImage>
 #include <QString>
+#include <QStringList>
+
+#include <optional>
 
 class QWidget;
 class VeskContext;
@@ -21,6 +26,15 @@ void addCanvas(VeskContext &context, QWidget *canvasOwner);
 /// unless another has been set (for a merged picture). May be empty.
 QString metadataSource(const VeskContext &context);
 void setMetadataSource(VeskContext &context, const QString &path);
+
+/// How the document was merged, for its file; nothing unless it was.
+std::optional<ResultMark> resultMark(const VeskContext &context);
+void setResultMark(VeskContext &context, const ResultMark &mark);
+
+/// The mark of what this program merged. paths: of the shots, in merge order. options: as on the
+/// command line, or empty.
+ResultMark markOfMerge(const QString &method, const QStringList &paths,
+                       const QString &options = {});
 
 /// Bits per sample that the user has chosen for the document's file: 8 or 16, 0 for those that the
 /// document has.

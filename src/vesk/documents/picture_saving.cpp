@@ -27,10 +27,11 @@ Metadata metadataOf(const QStringList &sources)
 } // namespace
 
 WriteResult document::savePicture(const QImage &picture, const SaveTarget &target,
-                                  const QStringList &metadataSources)
+                                  const SavedMetadata &metadata)
 {
     WriteOptions options;
-    options.metadata = metadataOf(metadataSources);
+    options.metadata = metadataOf(metadata.sources);
+    options.mark = metadata.mark;
     options.quality = target.quality;
     options.bitsPerSample = target.bitsPerSample;
     options.mayReplace = target.mayReplace;
@@ -38,13 +39,13 @@ WriteResult document::savePicture(const QImage &picture, const SaveTarget &targe
 }
 
 WriteResult document::savePictureBeside(const QImage &picture, const SaveTarget &target,
-                                        const QStringList &metadataSources)
+                                        const SavedMetadata &metadata)
 {
     VeskProgressIndicator indicator(kIndicatorSize, nullptr);
     indicator.startAnimation();
     WriteResult result;
     const std::unique_ptr<QThread> writer(QThread::create([&] {
-        result = savePicture(picture, target, metadataSources);
+        result = savePicture(picture, target, metadata);
         QCoreApplication::postEvent(&indicator, new QCloseEvent);
     }));
     writer->start();

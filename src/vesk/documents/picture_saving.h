@@ -5,16 +5,26 @@
 #include <picture_writer.h>
 
 #include <QImage>
+#include <QStringList>
+
+#include <optional>
 
 namespace document {
 
-/// Writes picture with the metadata of the first of metadataSources that has any. The file appears
-/// under its name only when it is complete. Any thread.
+/// What goes into a picture's file beside the picture.
+struct SavedMetadata
+{
+    QStringList sources;            ///< files; the first one that has metadata gives them
+    std::optional<ResultMark> mark; ///< of a merged picture
+};
+
+/// Writes picture with its metadata. The file appears under its name only when it is complete. Any
+/// thread.
 WriteResult savePicture(const QImage &picture, const SaveTarget &target,
-                        const QStringList &metadataSources);
+                        const SavedMetadata &metadata);
 
 /// The same on another thread, while a modal busy indicator keeps the user waiting. GUI thread.
 WriteResult savePictureBeside(const QImage &picture, const SaveTarget &target,
-                              const QStringList &metadataSources);
+                              const SavedMetadata &metadata);
 
 } // namespace document

@@ -63,6 +63,8 @@ bool HdrCommand::isSelectionAgreed() const
 void HdrCommand::nameMetadataSource(VeskContext *document)
 {
     const QStringList files = hdr->filesInMerge();
-    if (!files.isEmpty() && document->getFilePath().isEmpty())
-        document::setMetadataSource(*document, files.first());
+    if (files.isEmpty() || !document->getFilePath().isEmpty())
+        return;
+    document::setMetadataSource(*document, files.first());
+    document::setResultMark(*document, document::markOfMerge(QStringLiteral("mean"), files));
 }

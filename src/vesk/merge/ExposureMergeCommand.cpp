@@ -41,11 +41,13 @@ void ExposureMergeCommand::activate()
     shown->activateWindow();
 }
 
-void ExposureMergeCommand::open(const QImage &picture, const QString &referencePath)
+void ExposureMergeCommand::open(const QImage &picture, const QString &referencePath,
+                                const ResultMark &mark)
 {
     //: The name of a merged picture; %1 is that of the shot it was made from.
     const QString name = tr("%1 merged").arg(QFileInfo(referencePath).completeBaseName());
     VeskContext *document = documents->open(picture, name, {});
     document::setMetadataSource(*document, referencePath);
+    document::setResultMark(*document, mark);
     document->setSaveAble(true);
 }

@@ -6,6 +6,7 @@
 class DocumentArea;
 class EditorUiManager;
 class MergeWorkspace;
+struct ResultMark;
 
 /// The menu command "Merge Exposures": opens the workspace with what is selected, and the merged
 /// picture as a new document beside the others. GUI thread.
@@ -25,7 +26,7 @@ public:
     MergeWorkspace *workspace() const;
 
 private:
-    void open(const QImage &picture, const QString &referencePath);
+    void open(const QImage &picture, const QString &referencePath, const ResultMark &mark);
 
     EditorUiManager *uiManager;
     DocumentArea *documents;

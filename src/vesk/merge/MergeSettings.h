@@ -2,6 +2,8 @@
 
 #include <set_merge.h>
 
+#include <QStringList>
+
 /// What the user has chosen for a merge. References are places among the shots that are on.
 struct MergeSettings
 {
@@ -11,4 +13,11 @@ struct MergeSettings
     bool isMean() const { return method == exposure::Method::Mean; }
     /// Whether both give the same picture but for the look.
     bool isSameButLook(const MergeSettings &other) const;
+    /// What differs from the usual, as options of 'veskhdr merge'. paths: of the shots.
+    QString asOptions(const QStringList &paths) const;
+    /// The word that --method takes.
+    QString methodWord() const
+    {
+        return isMean() ? QStringLiteral("mean") : QStringLiteral("fusion");
+    }
 };

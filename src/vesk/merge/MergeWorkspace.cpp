@@ -3,6 +3,7 @@
 #include "MergePreview.h"
 #include "ShotList.h"
 #include "merge_texts.h"
+#include "picture_document.h"
 
 #include <picture_kinds.h>
 #include <screen_colours.h>
@@ -337,7 +338,8 @@ void MergeWorkspace::startMerge()
     for (const MergeShot &shot : on)
         underWay.append(shot.path);
     previewer.cancel();
-    job.start(underWay, settings());
+    asked = settings();
+    job.start(underWay, asked);
     showMerging(true);
 }
 
@@ -376,6 +378,7 @@ void MergeWorkspace::finish(const MergeResult &result)
         requestPreview();
         return;
     }
-    Q_EMIT merged(result.picture, underWay.value(result.report.reference));
+    Q_EMIT merged(result.picture, underWay.value(result.report.reference),
+                  document::markOfMerge(asked.methodWord(), underWay, asked.asOptions(underWay)));
     accept();
 }

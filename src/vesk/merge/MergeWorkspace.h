@@ -4,6 +4,8 @@
 #include "MergePreviewer.h"
 #include "MergeShotLoader.h"
 
+#include <ResultMark.h>
+
 #include <QDialog>
 #include <QTimer>
 
@@ -33,7 +35,7 @@ public:
 
 Q_SIGNALS:
     /// referencePath: the shot whose metadata belong to the picture.
-    void merged(const QImage &picture, const QString &referencePath);
+    void merged(const QImage &picture, const QString &referencePath, const ResultMark &mark);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -77,4 +79,5 @@ private:
     MergePreviewer previewer;
     MergeJob job;
     QStringList underWay; // paths of the merge that runs
+    MergeSettings asked;  // of the merge that runs
 };

@@ -169,6 +169,7 @@ void TestDocumentArea::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
     VeskContext *modified = open(QStringLiteral("work.png"), 4);
     modified->setSaveAble(true);
     document::setMetadataSource(*modified, QStringLiteral("/pictures/camera.jpg"));
+    document::setResultMark(*modified, document::markOfMerge(QStringLiteral("mean"), {}));
     mergeOver(modified);
     QTRY_COMPARE(tabTexts(), (QStringList{QStringLiteral("Untitled Document •"),
                                           QStringLiteral("work.png •")}));
@@ -177,6 +178,7 @@ void TestDocumentArea::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
     QCOMPARE(composition::composedPicture(kept), TestPictures::texture({40, 30}, 4));
     QCOMPARE(kept->getFilePath(), QStringLiteral("/pictures/work.png"));
     QCOMPARE(document::metadataSource(*kept), QStringLiteral("/pictures/camera.jpg"));
+    QVERIFY(document::resultMark(*kept));
 }
 
 void TestDocumentArea::merge_overChangesThatMayBeLost_replacesThem()

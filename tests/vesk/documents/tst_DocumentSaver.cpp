@@ -14,6 +14,7 @@
 #include <VeskPictureReader.h>
 #include <exif_metadata.h>
 #include <layer_composition.h>
+#include <metadata_reader.h>
 
 #include <QColorSpace>
 #include <QDir>
@@ -375,10 +376,17 @@ void TestDocumentSaver::save_mergedPicture_takesTheMetadataOfItsSource()
 {
     addCameraPicture(*pictures, QStringLiteral("first.jpg"));
     document::setMetadataSource(*makeDocument({}), pictures->path(QStringLiteral("first.jpg")));
+    document::setResultMark(
+        *document, document::markOfMerge(QStringLiteral("mean"), {QStringLiteral("/a/first.jpg")}));
     dialogs->answerNextWith(pictures->path(QStringLiteral("merged.png")));
     QVERIFY(saver->save(document.get()));
     QCOMPARE(dialogs->offered, QStringList{pictures->path(QStringLiteral("first-HDR.jpg"))});
-    QVERIFY(exif::read(pictures->path(QStringLiteral("merged.png"))).block().contains("Box"));
+    const Metadata written = metadata::read(pictures->path(QStringLiteral("merged.png")));
+    QVERIFY(written.exif.block().contains("Box"));
+    const std::optional<ResultMark> mark = result_mark::in(written.xmp);
+    QVERIFY(mark);
+    QCOMPARE(mark->program, QStringLiteral("vesk"));
+    QCOMPARE(mark->sources, QStringList{QStringLiteral("first.jpg")});
 }
 
 void TestDocumentSaver::save_missingFolder_keepsDocumentModifiedAndOffersAnotherPlace()

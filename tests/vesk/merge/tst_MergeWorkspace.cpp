@@ -247,6 +247,11 @@ void TestMergeWorkspace::merge_opensBesideTheOthers()
     QVERIFY(current() != first);
     QVERIFY(current()->isSaveAble());
     QVERIFY(current()->getFilePath().isEmpty());
+    const std::optional<ResultMark> mark = document::resultMark(*current());
+    QVERIFY(mark);
+    QCOMPARE(mark->method, QStringLiteral("fusion"));
+    QCOMPARE(mark->sources.size(), 3);
+    QCOMPARE(mark->options, QString());
     const QString source = document::metadataSource(*current());
     QVERIFY(bracket.contains(source));
     QCOMPARE(current()->getFileName(),
