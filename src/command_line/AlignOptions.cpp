@@ -32,6 +32,8 @@ QString suffixOf(PictureFormat format)
         return QStringLiteral(".png");
     case PictureFormat::Jpeg:
         return QStringLiteral(".jpg");
+    case PictureFormat::OpenExr:
+    case PictureFormat::RadianceHdr:
     case PictureFormat::Tiff:
         break;
     }

@@ -24,6 +24,7 @@ ParsedMergeOptions problem(const QString &text, const QString &file = {})
 }
 
 constexpr Choice<MergeMethod> kMethods[] = {{"fusion", MergeMethod::Fusion},
+                                            {"radiance", MergeMethod::Radiance},
                                             {"mean", MergeMethod::Mean}};
 constexpr Choice<exposure::Alignment> kAlignments[] = {
     {"perspective", exposure::Alignment::Perspective},
@@ -89,19 +90,24 @@ public:
             problem = readReferences(parser, options);
         if (problem.isEmpty() && parser.isSet(ghostMask)) {
             options.ghostMask = parser.value(ghostMask);
-            if (!picture::formatOfSuffix(options.ghostMask))
+            const auto format = picture::formatOfSuffix(options.ghostMask);
+            if (!format || picture::isForLight(*format))
                 problem = QStringLiteral("the name of the ghost mask must end in .png, .jpg, "
                                          ".jpeg, .tif or .tiff");
         }
         return problem;
     }
 
-    /// Name of the first of them that was given; empty when none was.
-    QString firstGiven(const QCommandLineParser &parser) const
+    /// Name of the first that was given although the method has none such; empty when none was.
+    QString strayOption(const QCommandLineParser &parser, MergeMethod method) const
     {
-        QList<QCommandLineOption> all{reference, ghosts, ghostMask};
-        for (const NumberOption &number : numbers)
-            all += number.option;
+        QList<QCommandLineOption> all;
+        if (method == MergeMethod::Mean)
+            all += {reference, ghosts, ghostMask};
+        for (const NumberOption &number : numbers) {
+            if (method != MergeMethod::Fusion)
+                all += number.option;
+        }
         for (const QCommandLineOption &option : all) {
             if (parser.isSet(option))
                 return QStringLiteral("--") + option.names().constFirst();
@@ -160,7 +166,7 @@ QString readMethod(const QCommandLineParser &parser, const QString &method, cons
 {
     const std::optional<MergeMethod> chosenMethod = chosen(method, kMethods);
     if (!chosenMethod)
-        return QStringLiteral("the method is fusion or mean");
+        return QStringLiteral("the method is fusion, radiance or mean");
     options.method = *chosenMethod;
     const bool isMean = options.method == MergeMethod::Mean;
     const auto usual = QString::fromLatin1(isMean ? "shift" : "perspective");
@@ -175,7 +181,7 @@ QString readMethod(const QCommandLineParser &parser, const QString &method, cons
         return QStringLiteral("the mean is aligned by shift or none");
     if (!isMean && !options.device.isEmpty())
         return QStringLiteral("--device goes with --method mean");
-    const QString stray = isMean ? ofFusion.firstGiven(parser) : QString();
+    const QString stray = ofFusion.strayOption(parser, options.method);
     return stray.isEmpty() ? QString() : stray + QStringLiteral(" goes with --method fusion");
 }
 
@@ -186,16 +192,16 @@ ParsedMergeOptions check(const MergeOptions &options)
     if (options.pictures.size() == 1)
         return problem(QStringLiteral("only one picture given, merging needs two or more"),
                        options.pictures.first());
-    if (options.method == MergeMethod::Fusion &&
-        size_t(options.pictures.size()) > fusion::kMostShots)
-        return problem(QStringLiteral("merge: fusion takes %1 pictures at most, --method mean more")
-                           .arg(fusion::kMostShots));
+    if (options.method != MergeMethod::Mean && size_t(options.pictures.size()) > fusion::kMostShots)
+        return problem(QStringLiteral("merge: %2 takes %1 pictures at most, --method mean more")
+                           .arg(fusion::kMostShots)
+                           .arg(wordOf(options.method)));
     if (options.output.isEmpty())
         return problem(QStringLiteral("merge: no output file given, name it with -o"));
     if (!options.hasFormat && !picture::formatOfSuffix(options.output))
         return problem(
             QStringLiteral("unknown kind of output file, the name must end in .png, .jpg, .jpeg, "
-                           ".tif or .tiff"),
+                           ".tif, .tiff, .exr or .hdr"),
             options.output);
     if (options.isToStandardOutput() && (options.json || options.verbose))
         return problem(
@@ -247,12 +253,15 @@ struct UsualOptions
         options.verbose = parser.isSet(verbose);
     }
 
-    /// Who names a device wants the mean: devices know no other, and all give the same pixels.
-    QString methodWord(const QCommandLineParser &parser) const
+    /// Who names a device wants the mean: devices know no other, and all give the same pixels. Who
+    /// names a file for light wants the radiance.
+    QString methodWord(const QCommandLineParser &parser, PictureFormat format) const
     {
         if (parser.isSet(method))
             return parser.value(method);
-        return QString::fromLatin1(parser.isSet(device) ? "mean" : "fusion");
+        return wordOf(parser.isSet(device)          ? MergeMethod::Mean
+                      : picture::isForLight(format) ? MergeMethod::Radiance
+                                                    : MergeMethod::Fusion);
     }
 
     const QCommandLineOption output{
@@ -272,6 +281,15 @@ struct UsualOptions
 };
 
 } // namespace
+
+QString wordOf(MergeMethod method)
+{
+    for (const Choice<MergeMethod> &choice : kMethods) {
+        if (choice.value == method)
+            return QLatin1String(choice.word);
+    }
+    return {};
+}
 
 ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
 {
@@ -293,8 +311,9 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
         wrong = ofOutput.read(parser, options);
     options.isQualityUnused = parser.isSet(usual.quality) && options.format != PictureFormat::Jpeg;
     if (wrong.isEmpty())
-        wrong = readMethod(parser, usual.methodWord(parser), parser.value(usual.align),
-                           parser.isSet(usual.noAlign), ofFusion, options);
+        wrong =
+            readMethod(parser, usual.methodWord(parser, options.format), parser.value(usual.align),
+                       parser.isSet(usual.noAlign), ofFusion, options);
     if (wrong.isEmpty())
         wrong = ofFusion.read(parser, options);
     if (wrong.isEmpty())

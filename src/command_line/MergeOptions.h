@@ -11,9 +11,13 @@
 #include <optional>
 
 enum class MergeMethod {
-    Fusion, ///< exposure::merge
-    Mean    ///< the "Merge to HDR" tool's merge, to the bit
+    Fusion,   ///< exposure::merge, to a picture
+    Radiance, ///< exposure::merge, to the light itself
+    Mean      ///< the "Merge to HDR" tool's merge, to the bit
 };
+
+/// The word that --method takes for it.
+QString wordOf(MergeMethod method);
 
 /// What the words after "veskhdr merge" ask for.
 struct MergeOptions

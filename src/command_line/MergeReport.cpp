@@ -43,6 +43,18 @@ QJsonArray conversionsToJson(const MergeReport &report)
     return conversions;
 }
 
+/// How levels became light.
+void addLight(const exposure::Report &report, QJsonObject &object)
+{
+    QJsonArray exposures;
+    for (const double exposure : report.exposures)
+        exposures.append(exposure);
+    object.insert(QStringLiteral("exposures"), exposures);
+    object.insert(QStringLiteral("exposuresKnown"), report.areExposuresKnown);
+    object.insert(QStringLiteral("curve"), report.isCurveRecovered ? QStringLiteral("recovered")
+                                                                   : QStringLiteral("profile"));
+}
+
 QJsonObject timesToJson(const MergeReport::Times &times)
 {
     return {
@@ -84,7 +96,7 @@ QString command_line::toJson(const MergeReport &report)
 {
     const bool isMean = report.method == MergeMethod::Mean;
     QJsonObject object{
-        {QStringLiteral("method"), isMean ? QStringLiteral("mean") : QStringLiteral("fusion")},
+        {QStringLiteral("method"), wordOf(report.method)},
         {QStringLiteral("reference"), report.inputs[report.fusion.reference]},
         {QStringLiteral("inputs"), QJsonArray::fromStringList(report.inputs)},
         {QStringLiteral("size"), sizeToJson(report.area.size())},
@@ -107,6 +119,8 @@ QString command_line::toJson(const MergeReport &report)
         object.insert(QStringLiteral("ghostMask"),
                       report.ghostMask.isEmpty() ? QJsonValue() : QJsonValue(report.ghostMask));
     }
+    if (report.method == MergeMethod::Radiance)
+        addLight(report.fusion, object);
     return QString::fromUtf8(QJsonDocument(object).toJson()).trimmed();
 }
 
@@ -115,7 +129,7 @@ QString command_line::toLines(const MergeReport &report)
     QString lines = timeLine(QStringLiteral("decode"), report.milliseconds.decode);
     if (report.isAligned)
         lines += timeLine(QStringLiteral("align"), report.milliseconds.align);
-    if (report.method == MergeMethod::Fusion)
+    if (report.method != MergeMethod::Mean)
         lines += timeLine(QStringLiteral("ghosts"), report.milliseconds.ghosts);
     lines += timeLine(QStringLiteral("merge"), report.milliseconds.merge) +
              timeLine(QStringLiteral("encode"), report.milliseconds.encode) +

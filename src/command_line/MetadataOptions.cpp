@@ -51,8 +51,7 @@ ResultMark command_line::markOf(const MergeOptions &options)
     ResultMark mark;
     mark.program = QStringLiteral("veskhdr");
     mark.version = QStringLiteral(VESK_VERSION);
-    mark.method =
-        options.method == MergeMethod::Mean ? QStringLiteral("mean") : QStringLiteral("fusion");
+    mark.method = wordOf(options.method);
     mark.options = options.description;
     for (const QString &picture : options.pictures) {
         if (options.keepsMetadata)

@@ -8,11 +8,11 @@ using colour_profile::Space;
 using command_line::Choice;
 using command_line::chosen;
 
-constexpr Choice<PictureFormat> kFormats[] = {{"png", PictureFormat::Png},
-                                              {"jpeg", PictureFormat::Jpeg},
-                                              {"jpg", PictureFormat::Jpeg},
-                                              {"tiff", PictureFormat::Tiff},
-                                              {"tif", PictureFormat::Tiff}};
+constexpr Choice<PictureFormat> kFormats[] = {
+    {"png", PictureFormat::Png},        {"jpeg", PictureFormat::Jpeg},
+    {"jpg", PictureFormat::Jpeg},       {"tiff", PictureFormat::Tiff},
+    {"tif", PictureFormat::Tiff},       {"exr", PictureFormat::OpenExr},
+    {"hdr", PictureFormat::RadianceHdr}};
 constexpr Choice<Space> kSpaces[] = {{"srgb", Space::Srgb},
                                      {"adobe", Space::AdobeRgb},
                                      {"prophoto", Space::ProPhotoRgb},
@@ -40,7 +40,7 @@ QString OutputOptions::readFormat(const QCommandLineParser &parser, MergeOptions
 {
     const std::optional<PictureFormat> named = chosen(parser.value(format), kFormats);
     if (parser.isSet(format) && !named)
-        return QStringLiteral("the format is png, jpeg or tiff");
+        return QStringLiteral("the format is png, jpeg, tiff, exr or hdr");
     if (!named && options.isToStandardOutput())
         return QStringLiteral("standard output has no suffix, name its format with --format");
     options.hasFormat = named.has_value();
@@ -69,8 +69,8 @@ QString OutputOptions::readSpaces(const QCommandLineParser &parser, MergeOptions
 QString OutputOptions::readNumbers(const QCommandLineParser &parser, MergeOptions &options) const
 {
     options.depth = parser.value(depth).toInt();
-    if (parser.isSet(depth) && options.depth != 8 && options.depth != 16)
-        return QStringLiteral("--depth takes 8 or 16");
+    if (parser.isSet(depth) && options.depth != 8 && options.depth != 16 && options.depth != 32)
+        return QStringLiteral("--depth takes 8, 16 or 32");
     if (parser.isSet(effort))
         options.effort = parser.value(effort).toInt();
     return options.effort < 1 || options.effort > 9
@@ -78,8 +78,33 @@ QString OutputOptions::readNumbers(const QCommandLineParser &parser, MergeOption
                : QString();
 }
 
+/// Light needs floats, and floats are for light.
+QString OutputOptions::checkLight(const MergeOptions &options)
+{
+    const bool isLight = options.method == MergeMethod::Radiance;
+    if (picture::isForLight(options.format) && !isLight)
+        return QStringLiteral("OpenEXR and Radiance files go with --method radiance");
+    if (!isLight)
+        return options.depth == 32 ? QStringLiteral("--depth 32 goes with --method radiance")
+                                   : QString();
+    const bool isTiff = options.format == PictureFormat::Tiff;
+    if (!picture::isForLight(options.format) && !isTiff)
+        return QStringLiteral("the radiance goes to .exr, .hdr or .tif files");
+    if (options.outputSpace)
+        return QStringLiteral("--output-space goes with --method fusion");
+    const bool hasDepth = options.format == PictureFormat::OpenExr ? options.depth != 8
+                          : isTiff ? options.depth == 0 || options.depth == 32
+                                   : options.depth == 0;
+    return hasDepth ? QString()
+                    : QStringLiteral("of the radiance OpenEXR files have 16 or 32 bits, TIFF files "
+                                     "32, and --depth says nothing of Radiance files");
+}
+
 QString OutputOptions::check(const QCommandLineParser &parser, const MergeOptions &options) const
 {
+    const QString problemOfLight = checkLight(options);
+    if (!problemOfLight.isEmpty())
+        return problemOfLight;
     if (options.depth == 16 && options.format == PictureFormat::Jpeg)
         return QStringLiteral("JPEG files have 8 bits");
     if (parser.isSet(compression) && options.format != PictureFormat::Tiff)

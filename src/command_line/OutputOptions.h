@@ -18,6 +18,7 @@ public:
     QString check(const QCommandLineParser &parser, const MergeOptions &options) const;
 
 private:
+    static QString checkLight(const MergeOptions &options);
     QString readFormat(const QCommandLineParser &parser, MergeOptions &options) const;
     QString readSpaces(const QCommandLineParser &parser, MergeOptions &options) const;
     QString readNumbers(const QCommandLineParser &parser, MergeOptions &options) const;

@@ -15,6 +15,7 @@
 #include "mtb_shifts.h"
 #include "opencl_devices.h"
 #include "picture_set.h"
+#include "shot_exposures.h"
 #include "transform_report.h"
 
 #include <QColorSpace>
@@ -69,6 +70,8 @@ private:
     void begin(merge::Step step);
     ExitCode mergePictures();
     ExitCode fusePictures();
+    exposure::Options jobOptions();
+    void takeLight(const exposure::Outcome &outcome);
     ExitCode fusionFailure(exposure::Error error);
     void showFusion(exposure::Step step, double done);
     ExitCode bringToOutputSpace();
@@ -93,7 +96,9 @@ private:
     QList<QImage *> pictures;      ///< in merge order; owned
     cl_device_id device = nullptr; ///< null: the processor merges
     std::unique_ptr<QImage> merged;
-    QImage ghosts; ///< what moved; null when nothing did
+    command_line::ShotExposures exposures; ///< of the radiance
+    double whiteLuminance = 0.0;           ///< of the radiance, see WriteOptions
+    QImage ghosts;                         ///< what moved; null when nothing did
     MergeReport report;
     ProgressBar bar;
     QElapsedTimer stepTimer;
@@ -318,11 +323,13 @@ ExitCode Merge::fusePictures()
         return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
     exposure::Control control;
     control.progress = [this](exposure::Step step, double done) { showFusion(step, done); };
-    exposure::Outcome outcome = exposure::merge(std::move(shots), options.fusion, control);
+    exposure::Outcome outcome = exposure::merge(std::move(shots), jobOptions(), control);
     if (outcome.error != exposure::Error::None)
         return fusionFailure(outcome.error);
     merged = std::make_unique<QImage>(std::move(outcome.picture));
     ghosts = std::move(outcome.ghosts);
+    if (options.method == MergeMethod::Radiance)
+        takeLight(outcome);
     report.isAligned = options.fusion.alignment != exposure::Alignment::None;
     report.area = outcome.report.area;
     report.milliseconds.align = outcome.report.registerMs;
@@ -330,6 +337,33 @@ ExitCode Merge::fusePictures()
     report.milliseconds.merge = outcome.report.fuseMs;
     report.fusion = std::move(outcome.report);
     return ExitCode::Ok;
+}
+
+exposure::Options Merge::jobOptions()
+{
+    exposure::Options how = options.fusion;
+    if (options.method == MergeMethod::Radiance) {
+        exposures = command_line::shotExposures(files);
+        how.product = exposure::Product::Light;
+        how.exposures = exposures.relative;
+    }
+    return how;
+}
+
+/// What one would not guess of the light is said.
+void Merge::takeLight(const exposure::Outcome &outcome)
+{
+    const exposure::Report &done = outcome.report;
+    if (exposures.hasScale)
+        whiteLuminance = command_line::luminanceOfWhite(exposures.relative[size_t(done.reference)]);
+    if (!done.areExposuresKnown)
+        refuse(ExitCode::Ok, options.output,
+               QStringLiteral("warning: not all pictures tell their exposures, they are taken "
+                              "from the pixels"));
+    if (!done.isCurveRecovered && !isFirstDeep)
+        refuse(ExitCode::Ok, options.output,
+               QStringLiteral("warning: the set is too small to tell the camera's tone curve, "
+                              "that of the colour profile is taken"));
 }
 
 ExitCode Merge::fusionFailure(exposure::Error error)
@@ -391,6 +425,10 @@ ExitCode Merge::bringToOutputSpace()
 
 int Merge::bitsToWrite() const
 {
+    if (options.method == MergeMethod::Radiance)
+        return options.depth != 0                         ? options.depth
+               : options.format == PictureFormat::OpenExr ? 16
+                                                          : 32;
     const bool isDeep = options.depth == 0 ? isFirstDeep : options.depth == 16;
     return isDeep && options.format != PictureFormat::Jpeg ? 16 : 8;
 }
@@ -423,6 +461,7 @@ ExitCode Merge::encode()
     writeOptions.metadata = keptMetadata();
     writeOptions.mark = command_line::markOf(options);
     writeOptions.quality = options.quality;
+    writeOptions.whiteLuminance = whiteLuminance;
     writeOptions.bitsPerSample = bitsToWrite();
     writeOptions.tiffCompression = options.tiffCompression;
     writeOptions.effort = options.effort;

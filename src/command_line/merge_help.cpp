@@ -13,11 +13,13 @@ The fusion works at the depth of the pictures, and in the colours of the first o
 A picture may be "-": standard input.
 
 Options:
-  -o, --output OUT  File to write: PNG, JPEG or TIFF by its suffix
-                    (.png .jpg .jpeg .tif .tiff); "-" is standard output
-  --format NAME     "png", "jpeg" or "tiff", whatever the suffix
+  -o, --output OUT  File to write: PNG, JPEG, TIFF, or for the radiance OpenEXR,
+                    Radiance or TIFF, by its suffix (.png .jpg .jpeg .tif .tiff .exr
+                    .hdr); "-" is standard output
+  --format NAME     "png", "jpeg", "tiff", "exr" or "hdr", whatever the suffix
   --depth BITS      8 or 16 bits per channel; otherwise as the first picture has,
-                    and 8 for JPEG and the mean
+                    and 8 for JPEG and the mean. Of the radiance OpenEXR files have 16
+                    or 32, TIFF files 32
   --raw-space NAME  Convert camera raw files to "srgb", which is the default, "adobe",
                     "prophoto" or "p3"
   --output-space NAME
@@ -26,8 +28,9 @@ Options:
   --tiff-compression HOW
                     "lzw", which is the default, "deflate" or "none"
   --effort N        Make PNG and deflated TIFF files smaller, 1 (fast) to 9 (1)
-  --method HOW      "fusion", which is the default, or "mean": the weighted mean of
-                    the "Merge to HDR" tool, to the bit
+  --method HOW      "fusion", which is the default; "radiance": the light of the scene,
+                    linear, which is the default for OpenEXR and Radiance files; or
+                    "mean": the weighted mean of the "Merge to HDR" tool, to the bit
   --align HOW       "perspective" for hand-held shots, which is fusion's default;
                     "shift" by whole pixels, which is the mean's, onto the first
                     picture; "none" for shots from a tripod

@@ -2,6 +2,7 @@
 
 #include "fusion.h"
 #include "motion.h"
+#include "radiance.h"
 
 #include <QColorSpace>
 #include <QElapsedTimer>
@@ -46,6 +47,9 @@ private:
     void resample();
     void findGhosts();
     void fuse();
+    void mergeLight();
+    void takeStatus(fusion::Status status);
+    fusion::Shot shotAt(qsizetype index) const;
     void finish();
     void fail(Error error) { outcome.error = error; }
     bool isGoingOn() const { return outcome.error == Error::None; }
@@ -66,7 +70,8 @@ Outcome Job::run()
     timed(&Job::align, outcome.report.registerMs);
     if (options.ghosts == Ghosts::Remove && shots.size() > 1)
         timed(&Job::findGhosts, outcome.report.ghostsMs);
-    timed(&Job::fuse, outcome.report.fuseMs);
+    timed(options.product == Product::Picture ? &Job::fuse : &Job::mergeLight,
+          outcome.report.fuseMs);
     if (isGoingOn())
         finish();
     if (!isGoingOn())
@@ -98,6 +103,8 @@ void Job::check()
     const auto isNull = [](const QImage &shot) { return shot.isNull(); };
     if (shots.isEmpty() || size_t(shots.size()) > fusion::kMostShots ||
         std::any_of(shots.cbegin(), shots.cend(), isNull))
+        return fail(Error::NoPictures);
+    if (!options.exposures.empty() && qsizetype(options.exposures.size()) != shots.size())
         return fail(Error::NoPictures);
     const QSize size = shots.first().size();
     const auto differs = [size](const QImage &shot) { return shot.size() != size; };
@@ -168,20 +175,15 @@ void Job::findGhosts()
         outcome.ghosts = result.found.scaled(shots.first().size());
 }
 
-void Job::fuse()
+fusion::Shot Job::shotAt(qsizetype index) const
 {
-    std::vector<fusion::Shot> parts;
-    parts.reserve(size_t(shots.size()));
-    for (qsizetype i = 0; i < shots.size(); ++i)
-        parts.push_back({shots[i], masks.empty() ? QImage() : masks[size_t(i)]});
-    shots.clear();
-    fusion::Control hand;
-    hand.cancelled = control.cancelled;
-    hand.progress = progressOf(Step::Fuse);
-    fusion::Result result = fusion::fuse(parts, options.weights, hand);
-    switch (result.status) {
+    return {shots[index], masks.empty() ? QImage() : masks[size_t(index)]};
+}
+
+void Job::takeStatus(fusion::Status status)
+{
+    switch (status) {
     case fusion::Status::Done:
-        outcome.picture = std::move(result.picture);
         return;
     case fusion::Status::Cancelled:
         return fail(Error::Cancelled);
@@ -192,11 +194,50 @@ void Job::fuse()
     }
 }
 
+void Job::fuse()
+{
+    std::vector<fusion::Shot> parts;
+    parts.reserve(size_t(shots.size()));
+    for (qsizetype i = 0; i < shots.size(); ++i)
+        parts.push_back(shotAt(i));
+    shots.clear();
+    fusion::Control hand;
+    hand.cancelled = control.cancelled;
+    hand.progress = progressOf(Step::Fuse);
+    fusion::Result result = fusion::fuse(parts, options.weights, hand);
+    outcome.picture = std::move(result.picture);
+    takeStatus(result.status);
+    if (!isGoingOn())
+        return;
+    adjust(outcome.picture, options.adjustment);
+    outcome.picture.setColorSpace(reference.colorSpace());
+}
+
+void Job::mergeLight()
+{
+    std::vector<radiance::Shot> parts;
+    for (qsizetype i = 0; i < shots.size(); ++i)
+        parts.push_back(
+            {shotAt(i), options.exposures.empty() ? 0.0 : options.exposures[size_t(i)]});
+    shots.clear();
+    fusion::Control hand;
+    hand.cancelled = control.cancelled;
+    hand.progress = progressOf(Step::Fuse);
+    radiance::Options how;
+    how.curve = options.curve;
+    how.reference = outcome.report.reference;
+    radiance::Result result = radiance::merge(std::move(parts), how, hand);
+    outcome.picture = std::move(result.picture);
+    outcome.bounds = std::move(result.bounds);
+    outcome.report.exposures = std::move(result.exposures);
+    outcome.report.areExposuresKnown = result.areExposuresKnown;
+    outcome.report.isCurveRecovered = result.isCurveRecovered;
+    takeStatus(result.status);
+}
+
 void Job::finish()
 {
     QImage &picture = outcome.picture;
-    adjust(picture, options.adjustment);
-    picture.setColorSpace(reference.colorSpace());
     picture.setDotsPerMeterX(reference.dotsPerMeterX());
     picture.setDotsPerMeterY(reference.dotsPerMeterY());
 }

@@ -2,6 +2,7 @@
 
 #include "Adjustment.h"
 #include "fusion_options.h"
+#include "radiance_options.h"
 #include "shot_placement.h"
 
 #include <QImage>
@@ -15,6 +16,11 @@
 /// fuses, adjusts. The one entry for the command line and the editor.
 namespace exposure {
 
+enum class Product {
+    Picture, ///< for the screen, by fusion
+    Light    ///< the scene's, by radiance::merge
+};
+
 enum class Ghosts {
     Keep,  ///< moving things are blended like all else
     Remove ///< each moving thing comes from one shot, whole
@@ -22,6 +28,7 @@ enum class Ghosts {
 
 struct Options
 {
+    Product product = Product::Picture;
     Alignment alignment = Alignment::Perspective;
     /// Index of the shot that the others are aligned to; kAutomatic: referenceShot(), by shifts the
     /// first.
@@ -29,8 +36,11 @@ struct Options
     Ghosts ghosts = Ghosts::Remove;
     int ghostReference = kAutomatic; ///< index of the shot that moving things come from
     bool crop = false;               ///< to the area that every shot covers
-    fusion::Options weights;
-    Adjustment adjustment;
+    fusion::Options weights;         ///< of the fusion
+    Adjustment adjustment;           ///< of the fusion
+    /// Of the radiance: for each shot, see radiance::Shot; or empty, when none is known.
+    std::vector<double> exposures;
+    radiance::Curve curve = radiance::Curve::Automatic; ///< of the radiance
 };
 
 enum class Step { Register, Resample, FindGhosts, Fuse };
@@ -46,7 +56,7 @@ enum class Error {
     None,
     Cancelled,
     NoMemory,
-    NoPictures, ///< none, one of them null, or more than fusion::kMostShots
+    NoPictures, ///< none, one null, more than fusion::kMostShots, or exposures not one for each
     DifferentSizes,
     NothingCovered ///< cropping leaves nothing
 };
@@ -58,14 +68,20 @@ struct Report
     std::vector<registration::Transform> transforms; ///< onto the reference; one for each shot
     QRect area;                                      ///< of the reference that the picture shows
     bool hasGhosts = false;                          ///< something moved
-    qint64 registerMs = 0;                           ///< resampling included
+    std::vector<double> exposures;  ///< of the radiance, as used; that of the reference is 1
+    bool areExposuresKnown = false; ///< of the radiance: they were given
+    bool isCurveRecovered = false;  ///< of the radiance: the shots told it
+    qint64 registerMs = 0;          ///< resampling included
     qint64 ghostsMs = 0;
-    qint64 fuseMs = 0;
+    qint64 fuseMs = 0; ///< of either method
 };
 
 struct Outcome
 {
-    QImage picture; ///< null unless error is None; profile and resolution are the reference's
+    /// Null unless error is None. Profile and resolution are the reference's; the radiance has
+    /// linear light in the primaries of the first shot's profile instead.
+    QImage picture;
+    QImage bounds; ///< of the radiance, see radiance::Result; null where all is measured
     /// What moved: Format_Grayscale8 of the picture's size, 255 where; null when nothing did.
     QImage ghosts;
     Report report;
@@ -74,7 +90,8 @@ struct Outcome
 
 /// shots: 1 to fusion::kMostShots upright pictures of one size, 8 or 16 bits per channel; the job
 /// takes them over and lets go of each as early as it can. The result has their depth:
-/// Format_RGB32, or Format_RGBX64 when one of them has more than 8 bits.
+/// Format_RGB32, or Format_RGBX64 when one of them has more than 8 bits; the radiance is in
+/// Format_RGBX32FPx4.
 /// Any thread, reentrant; uses all cores inside the call, which change no pixel. Throws nothing.
 Outcome merge(QList<QImage> shots, const Options &options = {}, const Control &control = {});
 

@@ -31,6 +31,14 @@ void unpackShorts(const QImage &picture, int y, unsigned char *bytes)
     }
 }
 
+void unpackFloats(const QImage &picture, int y, unsigned char *bytes)
+{
+    constexpr size_t kPixelBytes = 3 * sizeof(float);
+    const auto *pixel = reinterpret_cast<const float *>(picture.constScanLine(y));
+    for (int x = 0; x < picture.width(); ++x, pixel += 4, bytes += kPixelBytes)
+        std::memcpy(bytes, pixel, kPixelBytes);
+}
+
 double dotsPerInch(int dotsPerMetre)
 {
     constexpr double kMetresPerInch = 0.0254;
@@ -61,7 +69,7 @@ int encoding::samplesPerPixel(const QImage &picture)
 
 int encoding::bitsPerSample(const QImage &picture)
 {
-    return picture.depth() == 64 ? 16 : 8;
+    return picture.depth() == 128 ? 32 : picture.depth() == 64 ? 16 : 8;
 }
 
 size_t encoding::bytesPerRow(const QImage &picture)
@@ -72,10 +80,14 @@ size_t encoding::bytesPerRow(const QImage &picture)
 
 void encoding::unpackRow(const QImage &picture, int y, unsigned char *bytes)
 {
-    if (bitsPerSample(picture) == 16)
-        unpackShorts(picture, y, bytes);
-    else
-        unpackBytes(picture, y, bytes);
+    switch (bitsPerSample(picture)) {
+    case 32:
+        return unpackFloats(picture, y, bytes);
+    case 16:
+        return unpackShorts(picture, y, bytes);
+    default:
+        return unpackBytes(picture, y, bytes);
+    }
 }
 
 encoding::Resolution encoding::resolutionOf(const QImage &picture)

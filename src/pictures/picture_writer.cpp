@@ -2,6 +2,8 @@
 
 #include "colour_profile.h"
 #include "exif_metadata.h"
+#include "exr_encoder.h"
+#include "hdr_encoder.h"
 #include "iptc_data.h"
 #include "jpeg_encoder.h"
 #include "png_encoder.h"
@@ -83,9 +85,34 @@ QImage::Format wordsWithAlpha(const QImage &picture, PictureFormat format, bool 
     return deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32;
 }
 
+bool isInFloats(const QImage &picture)
+{
+    return encoding::bitsPerSample(picture) == 32;
+}
+
+/// In linear floats, without alpha.
+QImage lightOf(const QImage &picture)
+{
+    const QImage floats = picture.convertToFormat(QImage::Format_RGBX32FPx4);
+    const QColorSpace space =
+        picture.colorSpace().isValid() ? picture.colorSpace() : QColorSpace(QColorSpace::SRgb);
+    if (floats.isNull() || space.transferFunction() == QColorSpace::TransferFunction::Linear)
+        return floats;
+    QImage tagged = floats;
+    tagged.setColorSpace(space);
+    return tagged.convertedToColorSpace(
+        space.withTransferFunction(QColorSpace::TransferFunction::Linear));
+}
+
 /// The picture as the format's encoder takes it; null when memory is lacking.
 QImage encodable(const QImage &picture, PictureFormat format, int bitsPerSample)
 {
+    const bool keepsFloats = format == PictureFormat::Tiff && isInFloats(picture) &&
+                             (bitsPerSample == 0 || bitsPerSample == 32);
+    if (picture::isForLight(format))
+        return lightOf(picture);
+    if (keepsFloats)
+        return picture.convertToFormat(QImage::Format_RGBX32FPx4);
     const bool deep = isWrittenDeep(picture, format, bitsPerSample);
     if (!picture.hasAlphaChannel())
         return picture.convertToFormat(wordsWithoutAlpha(deep));
@@ -133,6 +160,7 @@ KeptMetadata metadataOf(const QImage &picture, PictureFormat format, const Write
     const xmp::Adapted xmp = xmp::forUprightPicture(options.metadata, picture, format,
                                                     options.mark ? &*options.mark : nullptr);
     KeptMetadata metadata{{exif.tags, {}, xmp.packet, {}}, exif.leftOut + xmp.leftOut};
+    metadata.kept.whiteLuminance = options.whiteLuminance;
     keepDatasets(options.metadata.iptc, format, metadata);
     keepProfile(picture, metadata);
     return metadata;
@@ -149,6 +177,10 @@ QString encode(const QImage &picture, PictureFormat format, const PictureMetadat
     case PictureFormat::Tiff:
         return tiff_file::encode(picture, metadata, device, options.progress,
                                  {options.tiffCompression, options.effort});
+    case PictureFormat::OpenExr:
+        return exr_file::encode(picture, metadata, options.bitsPerSample, device, options.progress);
+    case PictureFormat::RadianceHdr:
+        return hdr_file::encode(picture, metadata, device, options.progress);
     }
     return {};
 }

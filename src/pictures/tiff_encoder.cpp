@@ -135,7 +135,7 @@ bool writeExif(TIFF *tiff, QIODevice &device, const ExifTags &exif)
     return true;
 }
 
-void setCompression(TIFF *tiff, const tiff_file::Compression &compression)
+void setCompression(TIFF *tiff, const QImage &picture, const tiff_file::Compression &compression)
 {
     if (compression.kind == TiffCompression::None) {
         TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE);
@@ -144,7 +144,9 @@ void setCompression(TIFF *tiff, const tiff_file::Compression &compression)
     const bool isDeflate = compression.kind == TiffCompression::Deflate;
     TIFFSetField(tiff, TIFFTAG_COMPRESSION,
                  isDeflate ? COMPRESSION_ADOBE_DEFLATE : COMPRESSION_LZW);
-    TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
+    TIFFSetField(tiff, TIFFTAG_PREDICTOR,
+                 encoding::bitsPerSample(picture) == 32 ? PREDICTOR_FLOATINGPOINT
+                                                        : PREDICTOR_HORIZONTAL);
     if (isDeflate)
         TIFFSetField(tiff, TIFFTAG_ZIPQUALITY, compression.effort);
 }
@@ -158,12 +160,14 @@ void setLayout(TIFF *tiff, const QImage &picture, const tiff_file::Compression &
     TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, static_cast<uint32_t>(picture.height()));
     TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, encoding::bitsPerSample(picture));
     TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, encoding::samplesPerPixel(picture));
+    if (encoding::bitsPerSample(picture) == 32)
+        TIFFSetField(tiff, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_IEEEFP);
     if (picture.hasAlphaChannel())
         TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &kindOfAlpha);
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
     TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
     TIFFSetField(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
-    setCompression(tiff, compression);
+    setCompression(tiff, picture, compression);
     TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(tiff, 0));
 }
 
