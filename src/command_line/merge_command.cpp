@@ -362,8 +362,8 @@ void Merge::takeLight(const exposure::Outcome &outcome)
                               "from the pixels"));
     if (!done.isCurveRecovered && !isFirstDeep)
         refuse(ExitCode::Ok, options.output,
-               QStringLiteral("warning: the set is too small to tell the camera's tone curve, "
-                              "that of the colour profile is taken"));
+               QStringLiteral("warning: the set does not tell the camera's tone curve, that of "
+                              "the colour profile is taken"));
 }
 
 ExitCode Merge::fusionFailure(exposure::Error error)
