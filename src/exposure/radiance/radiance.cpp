@@ -2,6 +2,7 @@
 
 #include "Response.h"
 #include "fusion_watch.h"
+#include "large_memory.h"
 #include "level_samples.h"
 #include "radiance_rows.h"
 #include "response_fit.h"
@@ -178,7 +179,7 @@ std::vector<ShotRows> Merge::shotsInOrder() const
 void Merge::mergeRows()
 {
     const QSize size = shots.front().picture.picture.size();
-    result.picture = QImage(size, QImage::Format_RGBX32FPx4);
+    result.picture = memory::largeImage(size, QImage::Format_RGBX32FPx4);
     result.bounds = QImage(size, QImage::Format_Grayscale8);
     if (result.picture.isNull() || result.bounds.isNull())
         throw std::bad_alloc();
