@@ -39,7 +39,8 @@ Grouping brackets::find(std::vector<Shot> shots, const BracketRules &rules,
                         const SceneTest &isSameScene)
 {
     Grouping grouping;
-    for (const Sequence &sequence : inSequences(std::move(shots))) {
+    const std::vector<Sequence> sequences = inSequences(std::move(shots));
+    for (const Sequence &sequence : sequences) {
         RunCutter cutter(sequence, rules, isSameScene);
         cutter.cut();
         append(sequence, cutter, grouping);

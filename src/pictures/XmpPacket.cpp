@@ -186,9 +186,11 @@ XmpPacket::XmpPacket(std::unique_ptr<Data> properties)
 }
 
 XmpPacket::XmpPacket()
+    : d([] {
+        const Library library;
+        return std::make_unique<Data>(xmp_new_empty());
+    }())
 {
-    const Library library;
-    d = std::make_unique<Data>(xmp_new_empty());
 }
 
 XmpPacket::XmpPacket(XmpPacket &&) noexcept = default;

@@ -25,7 +25,7 @@ struct BracketSettings
     QVector<QPoint> offsets;
     /// Hand and Strong take no offsets.
     Motion motion = Motion::Shift;
-    quint32 seed = 1; ///< of sensor noise and trembling
+    quint32 seed = 1;       ///< of sensor noise and trembling
     bool hasWalker = false; ///< somebody walks through the room from shot to shot
 };
 
