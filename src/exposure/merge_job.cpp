@@ -1,6 +1,7 @@
 #include "merge_job.h"
 
 #include "fusion.h"
+#include "large_memory.h"
 #include "motion.h"
 #include "radiance.h"
 
@@ -26,6 +27,22 @@ Error errorOf(registration::Outcome outcome)
         break;
     }
     return Error::NoPictures;
+}
+
+/// Each place of a mask of half the size as 2 x 2 pixels. QImage::scaled waits for ever where
+/// memory for a thread is lacking.
+QImage doubled(const QImage &half, QSize size)
+{
+    QImage picture = memory::largeImage(size, QImage::Format_Grayscale8);
+    if (picture.isNull())
+        throw std::bad_alloc();
+    for (int y = 0; y < size.height(); ++y) {
+        const uchar *from = half.constScanLine(y / 2);
+        uchar *to = picture.scanLine(y);
+        for (int x = 0; x < size.width(); ++x)
+            to[x] = from[x / 2];
+    }
+    return picture;
 }
 
 /// One job. The steps run in the order in which they stand here, each unless one before failed.
@@ -172,7 +189,7 @@ void Job::findGhosts()
     masks = std::move(result.masks);
     outcome.report.hasGhosts = !result.found.isNull();
     if (outcome.report.hasGhosts)
-        outcome.ghosts = result.found.scaled(shots.first().size());
+        outcome.ghosts = doubled(result.found, shots.first().size());
 }
 
 fusion::Shot Job::shotAt(qsizetype index) const
