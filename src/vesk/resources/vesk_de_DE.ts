@@ -749,8 +749,20 @@
         <translation>die PNG-Datei konnte nicht geschrieben werden</translation>
     </message>
     <message>
+        <source>the OpenEXR file could not be written</source>
+        <translation>die OpenEXR-Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the Radiance file could not be written</source>
+        <translation>die Radiance-Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
         <source>the TIFF file could not be written</source>
         <translation>die TIFF-Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>this program was built without OpenEXR</source>
+        <translation>dieses Programm wurde ohne OpenEXR gebaut</translation>
     </message>
 </context>
 <context>

@@ -749,8 +749,20 @@
         <translation>no se ha podido escribir el archivo PNG</translation>
     </message>
     <message>
+        <source>the OpenEXR file could not be written</source>
+        <translation>no se ha podido escribir el archivo OpenEXR</translation>
+    </message>
+    <message>
+        <source>the Radiance file could not be written</source>
+        <translation>no se ha podido escribir el archivo Radiance</translation>
+    </message>
+    <message>
         <source>the TIFF file could not be written</source>
         <translation>no se ha podido escribir el archivo TIFF</translation>
+    </message>
+    <message>
+        <source>this program was built without OpenEXR</source>
+        <translation>este programa se compiló sin OpenEXR</translation>
     </message>
 </context>
 <context>

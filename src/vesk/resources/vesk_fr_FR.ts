@@ -749,8 +749,20 @@
         <translation>le fichier PNG n’a pas pu être écrit</translation>
     </message>
     <message>
+        <source>the OpenEXR file could not be written</source>
+        <translation>le fichier OpenEXR n’a pas pu être écrit</translation>
+    </message>
+    <message>
+        <source>the Radiance file could not be written</source>
+        <translation>le fichier Radiance n’a pas pu être écrit</translation>
+    </message>
+    <message>
         <source>the TIFF file could not be written</source>
         <translation>le fichier TIFF n’a pas pu être écrit</translation>
+    </message>
+    <message>
+        <source>this program was built without OpenEXR</source>
+        <translation>ce programme a été compilé sans OpenEXR</translation>
     </message>
 </context>
 <context>

@@ -748,8 +748,20 @@
         <translation>PNG ファイルを書き込めませんでした</translation>
     </message>
     <message>
+        <source>the OpenEXR file could not be written</source>
+        <translation>OpenEXR ファイルを書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>the Radiance file could not be written</source>
+        <translation>Radiance ファイルを書き込めませんでした</translation>
+    </message>
+    <message>
         <source>the TIFF file could not be written</source>
         <translation>TIFF ファイルを書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>this program was built without OpenEXR</source>
+        <translation>このプログラムは OpenEXR なしでビルドされています</translation>
     </message>
 </context>
 <context>

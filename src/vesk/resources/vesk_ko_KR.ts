@@ -748,8 +748,20 @@
         <translation>PNG 파일을 쓰지 못했습니다</translation>
     </message>
     <message>
+        <source>the OpenEXR file could not be written</source>
+        <translation>OpenEXR 파일을 쓰지 못했습니다</translation>
+    </message>
+    <message>
+        <source>the Radiance file could not be written</source>
+        <translation>Radiance 파일을 쓰지 못했습니다</translation>
+    </message>
+    <message>
         <source>the TIFF file could not be written</source>
         <translation>TIFF 파일을 쓰지 못했습니다</translation>
+    </message>
+    <message>
+        <source>this program was built without OpenEXR</source>
+        <translation>이 프로그램은 OpenEXR 없이 빌드되었습니다</translation>
     </message>
 </context>
 <context>

@@ -748,8 +748,20 @@
         <translation>无法写入 PNG 文件</translation>
     </message>
     <message>
+        <source>the OpenEXR file could not be written</source>
+        <translation>无法写入 OpenEXR 文件</translation>
+    </message>
+    <message>
+        <source>the Radiance file could not be written</source>
+        <translation>无法写入 Radiance 文件</translation>
+    </message>
+    <message>
         <source>the TIFF file could not be written</source>
         <translation>无法写入 TIFF 文件</translation>
+    </message>
+    <message>
+        <source>this program was built without OpenEXR</source>
+        <translation>此程序在构建时未包含 OpenEXR</translation>
     </message>
 </context>
 <context>

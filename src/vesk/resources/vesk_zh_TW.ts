@@ -748,8 +748,20 @@
         <translation>無法寫入 PNG 檔案</translation>
     </message>
     <message>
+        <source>the OpenEXR file could not be written</source>
+        <translation>無法寫入 OpenEXR 檔案</translation>
+    </message>
+    <message>
+        <source>the Radiance file could not be written</source>
+        <translation>無法寫入 Radiance 檔案</translation>
+    </message>
+    <message>
         <source>the TIFF file could not be written</source>
         <translation>無法寫入 TIFF 檔案</translation>
+    </message>
+    <message>
+        <source>this program was built without OpenEXR</source>
+        <translation>此程式建置時未包含 OpenEXR</translation>
     </message>
 </context>
 <context>
