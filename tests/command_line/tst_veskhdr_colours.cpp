@@ -113,13 +113,17 @@ private:
         const QByteArray profile = greyProfile(1.8);
         const cmsHPROFILE from =
             cmsOpenProfileFromMem(profile.constData(), quint32(profile.size()));
+        const cmsHPROFILE to = cmsCreate_sRGBProfile();
         const cmsHTRANSFORM way =
-            cmsCreateTransform(from, TYPE_GRAY_16, cmsCreate_sRGBProfile(), TYPE_RGBA_16,
-                               INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_BLACKPOINTCOMPENSATION);
+            cmsCreateTransform(from, TYPE_GRAY_16, to, TYPE_RGBA_16, INTENT_RELATIVE_COLORIMETRIC,
+                               cmsFLAGS_BLACKPOINTCOMPENSATION);
+        cmsCloseProfile(from);
+        cmsCloseProfile(to);
         picture.fill(Qt::black);
         for (int y = 0; y < kSize.height(); ++y)
             cmsDoTransform(way, words.constData() + 2 * kSize.width() * y, picture.scanLine(y),
                            quint32(kSize.width()));
+        cmsDeleteTransform(way);
         return picture;
     }
 

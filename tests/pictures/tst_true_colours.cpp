@@ -190,9 +190,12 @@ private slots:
         QImage expected(67, 43, QImage::Format_RGBX64);
         const cmsHPROFILE from =
             cmsOpenProfileFromMem(greyProfile(1.8).constData(), quint32(greyProfile(1.8).size()));
+        const cmsHPROFILE to = cmsCreate_sRGBProfile();
         const cmsHTRANSFORM way =
-            cmsCreateTransform(from, TYPE_GRAY_8, cmsCreate_sRGBProfile(), TYPE_RGBA_16,
-                               INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_BLACKPOINTCOMPENSATION);
+            cmsCreateTransform(from, TYPE_GRAY_8, to, TYPE_RGBA_16, INTENT_RELATIVE_COLORIMETRIC,
+                               cmsFLAGS_BLACKPOINTCOMPENSATION);
+        cmsCloseProfile(from);
+        cmsCloseProfile(to);
         expected.fill(Qt::black);
         for (int y = 0; y < 43; ++y) {
             if (isKnown)
@@ -203,6 +206,7 @@ private slots:
                                                        uchar(levels[67 * y + x]),
                                                        uchar(levels[67 * y + x])));
         }
+        cmsDeleteTransform(way);
         const double difference = meanDifference(picture.image, expected);
         qInfo("mean CIEDE2000 %.3f", difference);
         QVERIFY(difference < 0.3);

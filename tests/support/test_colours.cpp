@@ -19,19 +19,28 @@ cmsHPROFILE opened(const QByteArray &profile)
                              : cmsOpenProfileFromMem(profile.constData(), quint32(profile.size()));
 }
 
+/// The profiles are closed.
+cmsHTRANSFORM between(cmsHPROFILE from, cmsUInt32Number layout, cmsHPROFILE to,
+                      cmsUInt32Number otherLayout)
+{
+    const cmsHTRANSFORM way =
+        cmsCreateTransform(from, layout, to, otherLayout, INTENT_RELATIVE_COLORIMETRIC, kExact);
+    cmsCloseProfile(from);
+    cmsCloseProfile(to);
+    return way;
+}
+
 cmsHTRANSFORM labOfSrgb()
 {
     static const cmsHTRANSFORM way =
-        cmsCreateTransform(cmsCreate_sRGBProfile(), TYPE_RGB_DBL, cmsCreateLab4Profile(nullptr),
-                           TYPE_Lab_16, INTENT_RELATIVE_COLORIMETRIC, kExact);
+        between(cmsCreate_sRGBProfile(), TYPE_RGB_DBL, cmsCreateLab4Profile(nullptr), TYPE_Lab_16);
     return way;
 }
 
 cmsHTRANSFORM srgbOfLab()
 {
     static const cmsHTRANSFORM way =
-        cmsCreateTransform(cmsCreateLab4Profile(nullptr), TYPE_Lab_16, cmsCreate_sRGBProfile(),
-                           TYPE_RGB_DBL, INTENT_RELATIVE_COLORIMETRIC, kExact);
+        between(cmsCreateLab4Profile(nullptr), TYPE_Lab_16, cmsCreate_sRGBProfile(), TYPE_RGB_DBL);
     return way;
 }
 
