@@ -121,7 +121,7 @@ ExposurePattern RunCutter::patternOf(const Part &part) const
     return pattern;
 }
 
-/// Whether the metadata alone leave open that this shot of the part and the next show one scene.
+/// Whether the metadata alone leave open that this shot of a part and the next one show one scene.
 bool RunCutter::isDoubtful(const Part &part, size_t shot) const
 {
     const Shot &first = sequence.shots[part.begin];

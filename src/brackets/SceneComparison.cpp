@@ -24,7 +24,7 @@ constexpr int kReach = 8; // of the surroundings
 constexpr double kSmallestDeviation = 0.06;
 constexpr double kSameScene = 0.32;
 constexpr double kSurelySame = 0.6; ///< no need to look at other shifts
-/// Of the part of the picture that a shake of the hand moves out.
+/// Share of the picture that a shake of the hand moves out.
 constexpr int kLargestShift = kSide / 12;
 /// Pixels of one level: more of them, and the picture shows too little.
 constexpr double kMostOfOneLevel = 0.75;
@@ -106,7 +106,7 @@ std::vector<float> normalised(const std::vector<float> &ranks, QSize size)
     return values;
 }
 
-/// The part in the middle that has the picture's proportions: some cameras put black bars around
+/// The middle that has the picture's proportions: some cameras put black bars around
 /// it.
 QImage withoutBars(const QImage &thumbnail, QSize picture)
 {
@@ -158,7 +158,7 @@ const SceneComparison::Small &SceneComparison::smallOf(const Shot &shot)
     return found != known.cend() ? *found : *known.insert(shot.path, read(shot));
 }
 
-/// Of the part that both pictures show, the other one moved.
+/// Over what both pictures show, the other one moved.
 double SceneComparison::correlation(const Small &one, const Small &other, int dx, int dy)
 {
     double products = 0;

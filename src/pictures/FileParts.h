@@ -19,9 +19,9 @@ public:
 
     /// The marker's second byte ("\xE1"), or the chunk's name ("eXIf").
     const QByteArray &name() const { return partName; }
-    /// What the file says of the part's bytes, without head and checksum.
+    /// How many bytes the file says that it has, without head and checksum.
     qint64 length() const { return partLength; }
-    /// The part's first bytes, or as many as there are.
+    /// Its first bytes, or as many as there are.
     QByteArray start(qint64 count) const;
     /// All its bytes; empty when the file lacks some, or when they are more than any metadata have.
     QByteArray bytes() const;

@@ -26,7 +26,7 @@ const QByteArray kXmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
 const QByteArray kExtensionSignature("http://ns.adobe.com/xmp/extension/\0", 35);
 const QByteArray kPhotoshopSignature("Photoshop 3.0\0", 14);
 
-/// The part's bytes behind the signature; nothing when it begins in another way.
+/// Its bytes behind the signature; nothing when it begins in another way.
 QByteArray behind(const QByteArray &signature, const FileParts &part)
 {
     return part.start(signature.size()) == signature ? part.bytes().mid(signature.size())

@@ -16,9 +16,9 @@ namespace radiance {
 
 /// Merges 1 to fusion::kMostShots shots of one size, upright, in the formats that fusion takes and
 /// with its masks; a pixel that is not opaque is not covered by its shot. Where all masks are 0 all
-/// shots count. The sums are taken in the order of the exposures, so the result does not depend on
-/// that of the shots (of different exposures) nor on the number of threads. Throws nothing. Any
-/// thread, reentrant; uses all cores inside the call.
+/// shots count. The sums are taken in the order of the exposures, so another order of the shots
+/// changes no more than the last digits of the exposures do when they are fitted. The number of
+/// threads changes no bit. Throws nothing. Any thread, reentrant; uses all cores inside the call.
 Result merge(std::vector<Shot> shots, const Options &options = {},
              const fusion::Control &control = {});
 

@@ -29,7 +29,7 @@ private slots:
     void merge_uncoveredAndMaskedPixels_equalsPlain_data();
     void merge_uncoveredAndMaskedPixels_equalsPlain();
     void merge_threads_changeNoBit();
-    void merge_orderOfShots_changesNoBit();
+    void merge_orderOfShots_changesNoMoreThanRounding();
     void merge_oneShot_isItsLight();
     void merge_clippedEverywhere_isTheNearestBoundAndFlagged();
     void merge_blackEverywhere_isBlackAndFlagged();
@@ -157,7 +157,7 @@ void TestRadiance::merge_threads_changeNoBit()
     QCOMPARE(five, one);
 }
 
-void TestRadiance::merge_orderOfShots_changesNoBit()
+void TestRadiance::merge_orderOfShots_changesNoMoreThanRounding()
 {
     auto shots = asShots(randomShots::bracket(4, {67, 53}, QImage::Format_RGB32, 16));
     for (size_t i = 1; i < shots.size(); ++i) // one profile for all, whichever comes first
