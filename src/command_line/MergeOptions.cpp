@@ -37,8 +37,8 @@ struct NumberOption
     QCommandLineOption option;
     double least;
     double most;
-    double exposure::Adjustment::*adjustment = nullptr; ///< what it sets: this
-    double fusion::Options::*weight = nullptr;          ///< or that
+    double exposure::Look::*adjustment = nullptr; ///< what it sets: this
+    double fusion::Options::*weight = nullptr;    ///< or that
 };
 
 NumberOption numberOption(const char *name, double least, double most)
@@ -46,8 +46,7 @@ NumberOption numberOption(const char *name, double least, double most)
     return {QCommandLineOption(QLatin1String(name), {}, QStringLiteral("number")), least, most};
 }
 
-NumberOption adjusting(const char *name, double least, double most,
-                       double exposure::Adjustment::*member)
+NumberOption adjusting(const char *name, double least, double most, double exposure::Look::*member)
 {
     NumberOption number = numberOption(name, least, most);
     number.adjustment = member;
@@ -66,9 +65,13 @@ class FusionOptions
 {
 public:
     FusionOptions()
-        : numbers{adjusting("exposure", -4.0, 4.0, &exposure::Adjustment::exposure),
-                  adjusting("contrast", -1.0, 1.0, &exposure::Adjustment::contrast),
-                  adjusting("saturation", 0.0, 3.0, &exposure::Adjustment::saturation),
+        : numbers{adjusting("exposure", -4.0, 4.0, &exposure::Look::exposure),
+                  adjusting("contrast", -1.0, 1.0, &exposure::Look::contrast),
+                  adjusting("highlights", -1.0, 1.0, &exposure::Look::highlights),
+                  adjusting("shadows", -1.0, 1.0, &exposure::Look::shadows),
+                  adjusting("black-point", 0.0, 0.4, &exposure::Look::blackPoint),
+                  adjusting("white-point", 0.6, 1.0, &exposure::Look::whitePoint),
+                  adjusting("saturation", 0.0, 3.0, &exposure::Look::saturation),
                   weighing("exposure-weight", &fusion::Options::exposureWeight),
                   weighing("contrast-weight", &fusion::Options::contrastWeight),
                   weighing("saturation-weight", &fusion::Options::saturationWeight)}

@@ -43,6 +43,13 @@ Options:
   --ghost-mask FILE Write what moved, white on black
   --exposure N      Brighten the result by so many stops, -4 to 4 (0)
   --contrast N      Harden (up to 1) or soften (down to -1) it (0)
+  --highlights N    Darken what is light (down to -1) or brighten it (up to 1), with
+                    the detail in it (0)
+  --shadows N       Brighten what is dark (up to 1) or darken it (down to -1), with
+                    the detail in it (0)
+  --black-point N, --white-point N
+                    What becomes black, 0 to 0.4 (0), and white, 0.6 to 1 (1), as
+                    shares of the range
   --saturation N    Colours from none (0) to vivid (3) (1)
   --exposure-weight N, --contrast-weight N, --saturation-weight N
                     How much a middle exposure (1), local contrast (1) and vivid

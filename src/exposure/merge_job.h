@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Adjustment.h"
+#include "adjust.h"
 #include "fusion_options.h"
 #include "radiance_options.h"
 #include "shot_placement.h"
@@ -37,7 +37,7 @@ struct Options
     int ghostReference = kAutomatic; ///< index of the shot that moving things come from
     bool crop = false;               ///< to the area that every shot covers
     fusion::Options weights;         ///< of the fusion
-    Adjustment adjustment;           ///< of the fusion
+    Look adjustment;                 ///< of the fusion
     /// Of the radiance: for each shot, see radiance::Shot; or empty, when none is known.
     std::vector<double> exposures;
     radiance::Curve curve = radiance::Curve::Automatic; ///< of the radiance

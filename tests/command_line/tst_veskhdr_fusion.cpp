@@ -132,6 +132,10 @@ private slots:
         QTest::addColumn<QStringList>("options");
         QTest::newRow("exposure") << QStringList{"--exposure", "-1.5"};
         QTest::newRow("contrast") << QStringList{"--contrast=-0.5"};
+        QTest::newRow("highlights") << QStringList{"--highlights", "-1"};
+        QTest::newRow("shadows") << QStringList{"--shadows", "0.8"};
+        QTest::newRow("black point") << QStringList{"--black-point", "0.2"};
+        QTest::newRow("white point") << QStringList{"--white-point", "0.7"};
         QTest::newRow("saturation") << QStringList{"--saturation", "0"};
         QTest::newRow("exposure weight") << QStringList{"--exposure-weight", "0"};
         QTest::newRow("contrast weight") << QStringList{"--contrast-weight", "0"};

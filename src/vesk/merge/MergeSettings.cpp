@@ -35,6 +35,10 @@ QString MergeSettings::asOptions(const QStringList &paths) const
         words += QStringLiteral("--ghosts ") + nameOf(options.ghostReference);
     addNumber("exposure", options.adjustment.exposure, 0.0);
     addNumber("contrast", options.adjustment.contrast, 0.0);
+    addNumber("highlights", options.adjustment.highlights, 0.0);
+    addNumber("shadows", options.adjustment.shadows, 0.0);
+    addNumber("black-point", options.adjustment.blackPoint, 0.0);
+    addNumber("white-point", options.adjustment.whitePoint, 1.0);
     addNumber("saturation", options.adjustment.saturation, 1.0);
     return words.join(u' ');
 }

@@ -1,0 +1,49 @@
+#include "level_curve.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace exposure {
+namespace {
+
+constexpr int kLevels = 65536;
+
+double toLinear(double encoded)
+{
+    return encoded <= 0.04045 ? encoded / 12.92 : std::pow((encoded + 0.055) / 1.055, 2.4);
+}
+
+double toEncoded(double linear)
+{
+    return linear <= 0.0031308 ? linear * 12.92 : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
+}
+
+/// From 0 to 1 and through the middle; steep there for positive contrast, flat for negative.
+double curved(double value, double contrast)
+{
+    if (contrast == 0.0)
+        return value;
+    const double steep = std::exp2(std::abs(contrast) * 2);
+    const double side = value < 0.5 ? value * 2 : 2 - value * 2;
+    const double bent = std::pow(side, contrast < 0 ? 1 / steep : steep) / 2;
+    return value < 0.5 ? bent : 1 - bent;
+}
+
+} // namespace
+
+std::vector<uint16_t> levelCurve(const Look &look, int top)
+{
+    const double gain = std::exp2(look.exposure);
+    const double range = look.whitePoint - look.blackPoint;
+    std::vector<uint16_t> curve(kLevels);
+    for (int level = 0; level < kLevels; ++level) {
+        const double stretched =
+            std::clamp((level / double(kLevels - 1) - look.blackPoint) / range, 0.0, 1.0);
+        const double bright = gain == 1.0 ? stretched : toEncoded(toLinear(stretched) * gain);
+        const double value = curved(std::clamp(bright, 0.0, 1.0), look.contrast);
+        curve[size_t(level)] = uint16_t(std::lround(value * top));
+    }
+    return curve;
+}
+
+} // namespace exposure
