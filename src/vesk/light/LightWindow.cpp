@@ -40,7 +40,7 @@ LightWindow::LightWindow(const light_file::Light &light, const QString &saveFold
     , progress(new QProgressBar)
     , method(new QComboBox)
     , exposure(new LookSlider(tr("Exposure"), -kMostStops, kMostStops, 0))
-    , marks(new QCheckBox(tr("&Mark what is brighter than white")))
+    , marks(new QCheckBox(tr("Mar&k what is brighter than white")))
     , saveButton(new QPushButton(tr("&Save Light…")))
     , developButton(new QPushButton(tr("&Develop")))
     , closeButton(new QPushButton(tr("Close")))
@@ -93,7 +93,7 @@ QWidget *LightWindow::makeOptionColumn()
     closeButton->setAutoDefault(false);
     saveButton->setAutoDefault(false);
     auto *form = new QFormLayout;
-    addRow(*form, tr("Me&thod:"), method);
+    addRow(*form, tr("&Method:"), method);
     addRow(*form, tr("&Exposure:"), exposure);
     form->addRow(marks);
     auto *buttons = new QHBoxLayout;

@@ -65,9 +65,9 @@ std::optional<SaveTarget> targetFor(const QString &path)
 
 QString refuse(QWidget *window, const QString &path, const QString &reason)
 {
-    QMessageBox::warning(
-        window, LightSaving::tr("Not Saved"),
-        LightSaving::tr("%1 was not saved: %2").arg(QDir::toNativeSeparators(path), reason));
+    QMessageBox::warning(window, LightSaving::tr("Not Saved"),
+                         LightSaving::tr("“%1” could not be saved: %2.")
+                             .arg(QDir::toNativeSeparators(path), reason));
     return {};
 }
 

@@ -287,6 +287,119 @@
     </message>
 </context>
 <context>
+    <name>LightCommand</name>
+    <message>
+        <source>%1 developed</source>
+        <translation>%1 entwickelt</translation>
+    </message>
+</context>
+<context>
+    <name>LightSaving</name>
+    <message>
+        <source>Radiance picture</source>
+        <translation>Radiance-Bild</translation>
+    </message>
+    <message>
+        <source>TIFF picture, floating point</source>
+        <translation>TIFF-Bild, Gleitkomma</translation>
+    </message>
+    <message>
+        <source>OpenEXR picture</source>
+        <translation>OpenEXR-Bild</translation>
+    </message>
+    <message>
+        <source>Save Light</source>
+        <translation>Licht speichern</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>Nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>„%1“ konnte nicht gespeichert werden: %2.</translation>
+    </message>
+    <message>
+        <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
+        <translation>Dateien dieser Art enthalten kein Licht; wählen Sie .exr, .hdr oder .tif</translation>
+    </message>
+</context>
+<context>
+    <name>LightWindow</name>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>&amp;Verfahren:</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Belichtung:</translation>
+    </message>
+    <message>
+        <source>%1 — Light</source>
+        <translation>%1 — Licht</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k what is brighter than white</source>
+        <translation>Mar&amp;kieren, was heller als Weiß ist</translation>
+    </message>
+    <message>
+        <source>&amp;Save Light…</source>
+        <translation>Licht &amp;speichern…</translation>
+    </message>
+    <message>
+        <source>&amp;Develop</source>
+        <translation>&amp;Entwickeln</translation>
+    </message>
+    <message>
+        <source>As one shot shows it</source>
+        <translation>Wie eine Aufnahme es zeigt</translation>
+    </message>
+    <message>
+        <source>One curve for all of it</source>
+        <translation>Eine Kurve für alles</translation>
+    </message>
+    <message>
+        <source>Each place at its best</source>
+        <translation>Jede Stelle, wie sie am besten wirkt</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to show this.</source>
+        <translation>Der Speicher reicht nicht aus, um dies zu zeigen.</translation>
+    </message>
+    <message>
+        <source>Not Developed</source>
+        <translation>Nicht entwickelt</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a picture of this size.</source>
+        <translation>Der Speicher reicht nicht für ein Bild dieser Größe.</translation>
+    </message>
+    <message>
+        <source>Developing…</source>
+        <translation>Entwickle…</translation>
+    </message>
+    <message>
+        <source>Light Not Saved</source>
+        <translation>Licht nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The light is in no file yet. Close it without saving?</source>
+        <translation>Das Licht ist noch in keiner Datei. Ohne Speichern schließen?</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>

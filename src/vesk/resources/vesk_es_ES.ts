@@ -287,6 +287,119 @@
     </message>
 </context>
 <context>
+    <name>LightCommand</name>
+    <message>
+        <source>%1 developed</source>
+        <translation>%1 revelada</translation>
+    </message>
+</context>
+<context>
+    <name>LightSaving</name>
+    <message>
+        <source>Radiance picture</source>
+        <translation>Imagen Radiance</translation>
+    </message>
+    <message>
+        <source>TIFF picture, floating point</source>
+        <translation>Imagen TIFF, coma flotante</translation>
+    </message>
+    <message>
+        <source>OpenEXR picture</source>
+        <translation>Imagen OpenEXR</translation>
+    </message>
+    <message>
+        <source>Save Light</source>
+        <translation>Guardar la luz</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>No se ha guardado</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>No se ha podido guardar «%1»: %2.</translation>
+    </message>
+    <message>
+        <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
+        <translation>los archivos de este tipo no contienen luz; elija .exr, .hdr o .tif</translation>
+    </message>
+</context>
+<context>
+    <name>LightWindow</name>
+    <message>
+        <source>Exposure</source>
+        <translation>Exposición</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>&amp;Método:</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Exposición:</translation>
+    </message>
+    <message>
+        <source>%1 — Light</source>
+        <translation>%1 — Luz</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k what is brighter than white</source>
+        <translation>Mar&amp;car lo que es más claro que el blanco</translation>
+    </message>
+    <message>
+        <source>&amp;Save Light…</source>
+        <translation>&amp;Guardar la luz…</translation>
+    </message>
+    <message>
+        <source>&amp;Develop</source>
+        <translation>&amp;Revelar</translation>
+    </message>
+    <message>
+        <source>As one shot shows it</source>
+        <translation>Como la muestra una toma</translation>
+    </message>
+    <message>
+        <source>One curve for all of it</source>
+        <translation>Una curva para todo</translation>
+    </message>
+    <message>
+        <source>Each place at its best</source>
+        <translation>Cada zona a su mejor luz</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to show this.</source>
+        <translation>No hay memoria suficiente para mostrarlo.</translation>
+    </message>
+    <message>
+        <source>Not Developed</source>
+        <translation>No revelada</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a picture of this size.</source>
+        <translation>No hay memoria suficiente para una imagen de este tamaño.</translation>
+    </message>
+    <message>
+        <source>Developing…</source>
+        <translation>Revelando…</translation>
+    </message>
+    <message>
+        <source>Light Not Saved</source>
+        <translation>Luz sin guardar</translation>
+    </message>
+    <message>
+        <source>The light is in no file yet. Close it without saving?</source>
+        <translation>La luz aún no está en ningún archivo. ¿Cerrarla sin guardar?</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>

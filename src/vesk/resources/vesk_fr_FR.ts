@@ -287,6 +287,119 @@
     </message>
 </context>
 <context>
+    <name>LightCommand</name>
+    <message>
+        <source>%1 developed</source>
+        <translation>%1 développée</translation>
+    </message>
+</context>
+<context>
+    <name>LightSaving</name>
+    <message>
+        <source>Radiance picture</source>
+        <translation>Image Radiance</translation>
+    </message>
+    <message>
+        <source>TIFF picture, floating point</source>
+        <translation>Image TIFF, virgule flottante</translation>
+    </message>
+    <message>
+        <source>OpenEXR picture</source>
+        <translation>Image OpenEXR</translation>
+    </message>
+    <message>
+        <source>Save Light</source>
+        <translation>Enregistrer la lumière</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>Échec de l’enregistrement</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>Impossible d’enregistrer «&#xa0;%1&#xa0;»&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
+        <translation>les fichiers de ce type ne contiennent pas de lumière ; choisissez .exr, .hdr ou .tif</translation>
+    </message>
+</context>
+<context>
+    <name>LightWindow</name>
+    <message>
+        <source>Exposure</source>
+        <translation>Exposition</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>&amp;Méthode :</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Exposition :</translation>
+    </message>
+    <message>
+        <source>%1 — Light</source>
+        <translation>%1 — Lumière</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k what is brighter than white</source>
+        <translation>Mar&amp;quer ce qui dépasse le blanc</translation>
+    </message>
+    <message>
+        <source>&amp;Save Light…</source>
+        <translation>Enregi&amp;strer la lumière…</translation>
+    </message>
+    <message>
+        <source>&amp;Develop</source>
+        <translation>&amp;Développer</translation>
+    </message>
+    <message>
+        <source>As one shot shows it</source>
+        <translation>Comme une vue la montre</translation>
+    </message>
+    <message>
+        <source>One curve for all of it</source>
+        <translation>Une courbe pour tout</translation>
+    </message>
+    <message>
+        <source>Each place at its best</source>
+        <translation>Chaque endroit au mieux</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to show this.</source>
+        <translation>La mémoire ne suffit pas pour l’afficher.</translation>
+    </message>
+    <message>
+        <source>Not Developed</source>
+        <translation>Non développée</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a picture of this size.</source>
+        <translation>La mémoire ne suffit pas pour une image de cette taille.</translation>
+    </message>
+    <message>
+        <source>Developing…</source>
+        <translation>Développement…</translation>
+    </message>
+    <message>
+        <source>Light Not Saved</source>
+        <translation>Lumière non enregistrée</translation>
+    </message>
+    <message>
+        <source>The light is in no file yet. Close it without saving?</source>
+        <translation>La lumière n’est encore dans aucun fichier. Fermer sans enregistrer ?</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>

@@ -287,6 +287,119 @@
     </message>
 </context>
 <context>
+    <name>LightCommand</name>
+    <message>
+        <source>%1 developed</source>
+        <translation>%1 現像</translation>
+    </message>
+</context>
+<context>
+    <name>LightSaving</name>
+    <message>
+        <source>Radiance picture</source>
+        <translation>Radiance 画像</translation>
+    </message>
+    <message>
+        <source>TIFF picture, floating point</source>
+        <translation>TIFF 画像、浮動小数点</translation>
+    </message>
+    <message>
+        <source>OpenEXR picture</source>
+        <translation>OpenEXR 画像</translation>
+    </message>
+    <message>
+        <source>Save Light</source>
+        <translation>光を保存</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>保存できませんでした</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>「%1」を保存できませんでした：%2。</translation>
+    </message>
+    <message>
+        <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
+        <translation>この種類のファイルは光を保持できません。.exr、.hdr、.tif のいずれかを選んでください</translation>
+    </message>
+</context>
+<context>
+    <name>LightWindow</name>
+    <message>
+        <source>Exposure</source>
+        <translation>露出</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>方法(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>露出(&amp;E):</translation>
+    </message>
+    <message>
+        <source>%1 — Light</source>
+        <translation>%1 — 光</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k what is brighter than white</source>
+        <translation>白より明るい部分を示す(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Light…</source>
+        <translation>光を保存(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;Develop</source>
+        <translation>現像(&amp;D)</translation>
+    </message>
+    <message>
+        <source>As one shot shows it</source>
+        <translation>1 枚の写真として</translation>
+    </message>
+    <message>
+        <source>One curve for all of it</source>
+        <translation>全体に 1 つの曲線</translation>
+    </message>
+    <message>
+        <source>Each place at its best</source>
+        <translation>場所ごとに最適化</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to show this.</source>
+        <translation>表示するためのメモリーが足りません。</translation>
+    </message>
+    <message>
+        <source>Not Developed</source>
+        <translation>現像できませんでした</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a picture of this size.</source>
+        <translation>この大きさの画像にはメモリーが足りません。</translation>
+    </message>
+    <message>
+        <source>Developing…</source>
+        <translation>現像中…</translation>
+    </message>
+    <message>
+        <source>Light Not Saved</source>
+        <translation>光は保存されていません</translation>
+    </message>
+    <message>
+        <source>The light is in no file yet. Close it without saving?</source>
+        <translation>光はまだファイルに保存されていません。保存せずに閉じますか?</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>

@@ -287,6 +287,119 @@
     </message>
 </context>
 <context>
+    <name>LightCommand</name>
+    <message>
+        <source>%1 developed</source>
+        <translation>%1 현상</translation>
+    </message>
+</context>
+<context>
+    <name>LightSaving</name>
+    <message>
+        <source>Radiance picture</source>
+        <translation>Radiance 사진</translation>
+    </message>
+    <message>
+        <source>TIFF picture, floating point</source>
+        <translation>TIFF 사진, 부동 소수점</translation>
+    </message>
+    <message>
+        <source>OpenEXR picture</source>
+        <translation>OpenEXR 사진</translation>
+    </message>
+    <message>
+        <source>Save Light</source>
+        <translation>빛 저장</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>저장하지 못함</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>“%1”을(를) 저장하지 못했습니다: %2.</translation>
+    </message>
+    <message>
+        <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
+        <translation>이 종류의 파일은 빛을 담지 못합니다. .exr, .hdr 또는 .tif를 선택하십시오</translation>
+    </message>
+</context>
+<context>
+    <name>LightWindow</name>
+    <message>
+        <source>Exposure</source>
+        <translation>노출</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>방법(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>노출(&amp;E):</translation>
+    </message>
+    <message>
+        <source>%1 — Light</source>
+        <translation>%1 — 빛</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k what is brighter than white</source>
+        <translation>흰색보다 밝은 부분 표시(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Light…</source>
+        <translation>빛 저장(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;Develop</source>
+        <translation>현상(&amp;D)</translation>
+    </message>
+    <message>
+        <source>As one shot shows it</source>
+        <translation>한 장의 사진처럼</translation>
+    </message>
+    <message>
+        <source>One curve for all of it</source>
+        <translation>전체에 하나의 곡선</translation>
+    </message>
+    <message>
+        <source>Each place at its best</source>
+        <translation>부분마다 가장 알맞게</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to show this.</source>
+        <translation>표시할 메모리가 부족합니다.</translation>
+    </message>
+    <message>
+        <source>Not Developed</source>
+        <translation>현상하지 못했습니다</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a picture of this size.</source>
+        <translation>이 크기의 사진을 만들 메모리가 부족합니다.</translation>
+    </message>
+    <message>
+        <source>Developing…</source>
+        <translation>현상하는 중…</translation>
+    </message>
+    <message>
+        <source>Light Not Saved</source>
+        <translation>빛이 저장되지 않음</translation>
+    </message>
+    <message>
+        <source>The light is in no file yet. Close it without saving?</source>
+        <translation>빛이 아직 파일에 없습니다. 저장하지 않고 닫을까요?</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>

@@ -287,6 +287,119 @@
     </message>
 </context>
 <context>
+    <name>LightCommand</name>
+    <message>
+        <source>%1 developed</source>
+        <translation>%1 已显影</translation>
+    </message>
+</context>
+<context>
+    <name>LightSaving</name>
+    <message>
+        <source>Radiance picture</source>
+        <translation>Radiance 图片</translation>
+    </message>
+    <message>
+        <source>TIFF picture, floating point</source>
+        <translation>TIFF 图片，浮点</translation>
+    </message>
+    <message>
+        <source>OpenEXR picture</source>
+        <translation>OpenEXR 图片</translation>
+    </message>
+    <message>
+        <source>Save Light</source>
+        <translation>保存光照</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>未能保存</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>无法保存“%1”：%2。</translation>
+    </message>
+    <message>
+        <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
+        <translation>此类文件不保存光照；请选择 .exr、.hdr 或 .tif</translation>
+    </message>
+</context>
+<context>
+    <name>LightWindow</name>
+    <message>
+        <source>Exposure</source>
+        <translation>曝光</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>方法(&amp;M)：</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>曝光(&amp;E)：</translation>
+    </message>
+    <message>
+        <source>%1 — Light</source>
+        <translation>%1 — 光照</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k what is brighter than white</source>
+        <translation>标出比白色更亮的部分(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Light…</source>
+        <translation>保存光照(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;Develop</source>
+        <translation>显影(&amp;D)</translation>
+    </message>
+    <message>
+        <source>As one shot shows it</source>
+        <translation>如单张照片所示</translation>
+    </message>
+    <message>
+        <source>One curve for all of it</source>
+        <translation>全图用一条曲线</translation>
+    </message>
+    <message>
+        <source>Each place at its best</source>
+        <translation>各处取最佳</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to show this.</source>
+        <translation>内存不足，无法显示。</translation>
+    </message>
+    <message>
+        <source>Not Developed</source>
+        <translation>未能显影</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a picture of this size.</source>
+        <translation>内存不足，无法生成此尺寸的图片。</translation>
+    </message>
+    <message>
+        <source>Developing…</source>
+        <translation>正在显影…</translation>
+    </message>
+    <message>
+        <source>Light Not Saved</source>
+        <translation>光照未保存</translation>
+    </message>
+    <message>
+        <source>The light is in no file yet. Close it without saving?</source>
+        <translation>光照尚未存入文件。不保存就关闭吗？</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>

@@ -287,6 +287,119 @@
     </message>
 </context>
 <context>
+    <name>LightCommand</name>
+    <message>
+        <source>%1 developed</source>
+        <translation>%1 已顯影</translation>
+    </message>
+</context>
+<context>
+    <name>LightSaving</name>
+    <message>
+        <source>Radiance picture</source>
+        <translation>Radiance 圖片</translation>
+    </message>
+    <message>
+        <source>TIFF picture, floating point</source>
+        <translation>TIFF 圖片，浮點</translation>
+    </message>
+    <message>
+        <source>OpenEXR picture</source>
+        <translation>OpenEXR 圖片</translation>
+    </message>
+    <message>
+        <source>Save Light</source>
+        <translation>儲存光照</translation>
+    </message>
+    <message>
+        <source>Not Saved</source>
+        <translation>未能儲存</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: %2.</source>
+        <translation>無法儲存「%1」：%2。</translation>
+    </message>
+    <message>
+        <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
+        <translation>此類檔案不保存光照；請選擇 .exr、.hdr 或 .tif</translation>
+    </message>
+</context>
+<context>
+    <name>LightWindow</name>
+    <message>
+        <source>Exposure</source>
+        <translation>曝光</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Method:</source>
+        <translation>方法(&amp;M)：</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>曝光(&amp;E)：</translation>
+    </message>
+    <message>
+        <source>%1 — Light</source>
+        <translation>%1 — 光照</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k what is brighter than white</source>
+        <translation>標出比白色更亮的部分(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Light…</source>
+        <translation>儲存光照(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;Develop</source>
+        <translation>顯影(&amp;D)</translation>
+    </message>
+    <message>
+        <source>As one shot shows it</source>
+        <translation>如單張照片所示</translation>
+    </message>
+    <message>
+        <source>One curve for all of it</source>
+        <translation>全圖用一條曲線</translation>
+    </message>
+    <message>
+        <source>Each place at its best</source>
+        <translation>各處取最佳</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to show this.</source>
+        <translation>記憶體不足，無法顯示。</translation>
+    </message>
+    <message>
+        <source>Not Developed</source>
+        <translation>未能顯影</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a picture of this size.</source>
+        <translation>記憶體不足，無法產生此尺寸的圖片。</translation>
+    </message>
+    <message>
+        <source>Developing…</source>
+        <translation>正在顯影…</translation>
+    </message>
+    <message>
+        <source>Light Not Saved</source>
+        <translation>光照未儲存</translation>
+    </message>
+    <message>
+        <source>The light is in no file yet. Close it without saving?</source>
+        <translation>光照尚未存入檔案。不儲存就關閉嗎？</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>
