@@ -66,13 +66,16 @@ std::vector<PictureFile> withoutTwins(std::vector<PictureFile> pictures, bool pr
 }
 
 /// On all cores.
-std::vector<ShotReading> readAll(const std::vector<PictureFile> &pictures)
+std::vector<ShotReading> readAll(const std::vector<PictureFile> &pictures,
+                                 const std::atomic<bool> *cancelled)
 {
+    const auto isCancelled = [cancelled] { return cancelled && *cancelled; };
     std::vector<ShotReading> readings(pictures.size());
     parallel::each(int(pictures.size()), [&](int i) {
-        readings[size_t(i)] = brackets::readShot(pictures[size_t(i)].path);
+        if (!isCancelled())
+            readings[size_t(i)] = brackets::readShot(pictures[size_t(i)].path);
     });
-    return readings;
+    return isCancelled() ? std::vector<ShotReading>() : readings;
 }
 
 /// By time; of copies the original first, which is older than what was made of it.
@@ -152,7 +155,8 @@ brackets::readFolder(const QString &folder, const FolderRules &rules,
                      const std::function<void(const QString &, const QString &)> &leftOut)
 {
     std::vector<Shot> shots;
-    for (ShotReading &reading : readAll(withoutTwins(picturesIn(folder), rules.preferRaw))) {
+    const std::vector<PictureFile> files = withoutTwins(picturesIn(folder), rules.preferRaw);
+    for (ShotReading &reading : readAll(files, rules.cancelled)) {
         if (reading.problem.isEmpty())
             shots.push_back(std::move(reading.shot));
         else

@@ -4,12 +4,14 @@
 
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
 #include <vector>
 
 struct FolderRules
 {
     bool preferRaw = false; ///< of a picture that was recorded both raw and developed
+    const std::atomic<bool> *cancelled = nullptr; ///< true ends the reading soon, without a result
 };
 
 namespace brackets {

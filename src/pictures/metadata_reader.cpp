@@ -150,23 +150,13 @@ QByteArray iptcInJpeg(FileParts &parts)
     return iptc::inPhotoshopBlock(block);
 }
 
-QByteArray sidecarOf(const QString &path)
+QByteArray packetIn(const QString &sidecar)
 {
-    const QFileInfo file(path);
-    QStringList names{file.fileName()};
-    if (VeskRawType::isRaw(file_names::ReadablePath(path).path()))
-        names += file.completeBaseName();
-    for (const QString &name : std::as_const(names)) {
-        for (const char *suffix : {".xmp", ".XMP"}) {
-            const file_names::ReadablePath beside(file.path() + u'/' + name +
-                                                  QLatin1String(suffix));
-            QFile sidecar(beside.path());
-            if (QFileInfo(beside.path()).isFile() && sidecar.size() <= kLargestSidecar &&
-                sidecar.open(QIODevice::ReadOnly))
-                return sidecar.readAll();
-        }
-    }
-    return {};
+    const file_names::ReadablePath readable(sidecar);
+    QFile file(readable.path());
+    return !sidecar.isEmpty() && file.size() <= kLargestSidecar && file.open(QIODevice::ReadOnly)
+               ? file.readAll()
+               : QByteArray();
 }
 
 /// What one of them cannot be read for is not asked of the other.
@@ -206,11 +196,28 @@ QByteArray metadata::iptcIn(QIODevice &file)
                                                     : QByteArray();
 }
 
+QString metadata::sidecarOf(const QString &path)
+{
+    const QFileInfo file(path);
+    QStringList names{file.fileName()};
+    if (VeskRawType::isRaw(file_names::ReadablePath(path).path()))
+        names += file.completeBaseName();
+    for (const QString &name : std::as_const(names)) {
+        for (const char *suffix : {".xmp", ".XMP"}) {
+            const QString sidecar = file.path() + u'/' + name + QLatin1String(suffix);
+            const file_names::ReadablePath beside(sidecar);
+            if (QFileInfo(beside.path()).isFile())
+                return sidecar;
+        }
+    }
+    return {};
+}
+
 Metadata metadata::read(const QString &name)
 {
     const file_names::ReadablePath path(name);
     QFile file(path.path());
     if (!QFileInfo(path.path()).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
-    return {exif::read(name), merged(sidecarOf(name), xmpIn(file)), iptcIn(file)};
+    return {exif::read(name), merged(packetIn(sidecarOf(name)), xmpIn(file)), iptcIn(file)};
 }

@@ -14,6 +14,9 @@ namespace metadata {
 /// beside camera raw files. Empty when the file cannot be read, or says nothing.
 Metadata read(const QString &path);
 
+/// The sidecar file that read() takes for this picture; empty when there is none.
+QString sidecarOf(const QString &path);
+
 /// The XMP packet alone, without a sidecar's. An extended one of a JPEG file is joined to it.
 QByteArray xmpIn(QIODevice &file);
 

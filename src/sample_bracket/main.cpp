@@ -117,9 +117,13 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
         QStringLiteral("moving"),
         QStringLiteral("Somebody walks through the room; sample_moving.png gets where: white the "
                        "person at any moment, grey shadows and mirror images."));
+    const QCommandLineOption later(
+        QStringLiteral("later"),
+        QStringLiteral("So much later in the day, if another bracket is to follow."),
+        QStringLiteral("minutes"), QStringLiteral("0"));
     const QCommandLineOption json(QStringLiteral("json"),
                                   QStringLiteral("Describe the files in JSON."));
-    parser.addOptions({size, shots, seed, shifts, motion, format, threads, moving, json});
+    parser.addOptions({size, shots, seed, shifts, motion, format, threads, moving, later, json});
     parser.process(app);
 
     const auto refuse = [](const QString &message) -> std::optional<Options> {
@@ -162,6 +166,9 @@ std::optional<Options> parseOptions(const QCoreApplication &app)
     options.format = parser.value(format);
     if (options.format != QLatin1String("jpg") && options.format != QLatin1String("png"))
         return refuse(QStringLiteral("--format: neither jpg nor png: ") + options.format);
+    options.bracket.minutesLater = parser.value(later).toInt(&isNumber);
+    if (!isNumber || options.bracket.minutesLater < 0)
+        return refuse(QStringLiteral("--later: not a number: ") + parser.value(later));
     options.bracket.hasWalker = parser.isSet(moving);
     options.asJson = parser.isSet(json);
     return options;

@@ -50,9 +50,10 @@ int marginFor(const QVector<QPoint> &offsets)
 }
 
 /// A burst: the next shot starts a third of a second after the last one has ended.
-QVector<ExposureData> exposuresOf(const QVector<double> &stops)
+QVector<ExposureData> exposuresOf(const QVector<double> &stops, int minutesLater)
 {
-    QDateTime time(QDate(2024, 6, 15), QTime(10, 42, 7, 120));
+    QDateTime time =
+        QDateTime(QDate(2024, 6, 15), QTime(10, 42, 7, 120)).addSecs(60 * minutesLater);
     QVector<ExposureData> exposures;
     for (const double stop : stops) {
         ExposureData exposure;
@@ -115,7 +116,7 @@ QVector<Shot> photographBracket(const BracketSettings &settings, QImage *changed
     constexpr int kAround = 2; // pixels that the interpolation reads beyond a place
     const QVector<QPoint> offsets = offsetsOf(settings);
     const QVector<Homography> maps = mapsOf(settings, offsets);
-    const QVector<ExposureData> exposures = exposuresOf(settings.stops);
+    const QVector<ExposureData> exposures = exposuresOf(settings.stops, settings.minutesLater);
     const bool turns = isTurned(settings);
     const int margin = turns ? reachOf(maps, settings.size) + kAround : marginFor(offsets);
     const std::vector<RadianceImage> moments = momentsOf(settings, margin, offsets, changed);

@@ -26,6 +26,7 @@ struct BracketSettings
     /// Hand and Strong take no offsets.
     Motion motion = Motion::Shift;
     quint32 seed = 1;       ///< of sensor noise and trembling
+    int minutesLater = 0;   ///< than the first bracket of the day
     bool hasWalker = false; ///< somebody walks through the room from shot to shot
 };
 

@@ -2,8 +2,9 @@
 
 #include <QStyledItemDelegate>
 
-/// Paints a thumbnail over its name. What is selected gets a coloured ground: the picture itself
-/// keeps its colours. GUI thread.
+/// Paints a thumbnail over its exposure and its name, its stars on it, and a band behind those that
+/// are one bracket. What is selected gets a coloured ground: the picture itself keeps its colours.
+/// GUI thread.
 class FilmStripDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -1,11 +1,15 @@
 #include "FilmStripModel.h"
+#include "exposure_texts.h"
 
 #include <VeskScreenColours.h>
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPainter>
 #include <QPixmap>
+
+#include <algorithm>
 
 namespace {
 
@@ -59,8 +63,33 @@ void FilmStripModel::setPictures(const QList<FolderEntry> &pictures)
     if (before > 0 && entries.isEmpty()) { // another folder
         loader.dropWaiting();
         requested.clear();
+        notes = {};
+        rated.clear();
     }
     insertMissing(pictures);
+}
+
+void FilmStripModel::setNotes(const FolderNotes &found)
+{
+    notes = found;
+    tellAllChanged({});
+}
+
+void FilmStripModel::setStars(const QString &path, int stars)
+{
+    rated.insert(path, stars);
+    tellAllChanged({kStarsRole, kBestStarsRole}); // a bracket's shots stand where the best does
+}
+
+void FilmStripModel::tellAllChanged(const QList<int> &roles)
+{
+    if (!entries.isEmpty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), roles);
+}
+
+QStringList FilmStripModel::bracketOf(const QString &path) const
+{
+    return notes.brackets.value(notes.pictures.value(path).bracket);
 }
 
 /// Takes out the rows of files that have gone, and the thumbnails of those that have changed.
@@ -133,12 +162,81 @@ QVariant FilmStripModel::data(const QModelIndex &index, int role) const
     case Qt::DecorationRole:
         return thumbnail(path);
     case Qt::ToolTipRole:
-        return QDir::toNativeSeparators(path);
+        return tipFor(path);
+    case Qt::AccessibleTextRole:
+        return spoken(path);
     case kPathRole:
         return path;
+    case kExposureRole:
+        return exposureOf(notes.pictures.value(path));
+    case kBracketRole:
+        return notes.pictures.value(path).bracket;
+    case kStarsRole:
+        return starsOf(path);
+    case kBestStarsRole:
+        return bestStarsOf(path);
+    case kResultRole:
+        return notes.pictures.value(path).isResult;
+    case kTimeRole:
+        return notes.pictures.value(path).shot.takenAt;
     default:
         return {};
     }
+}
+
+/// A result tells the exposure of one of its shots.
+QString FilmStripModel::exposureOf(const PictureNote &note) const
+{
+    if (note.isResult)
+        return tr("merged");
+    QStringList parts{exposure_texts::time(note.shot.exposureSeconds)};
+    if (note.stops)
+        parts.prepend(exposure_texts::stops(*note.stops));
+    parts.removeAll({});
+    return parts.join(QStringLiteral("  "));
+}
+
+QString FilmStripModel::tipFor(const QString &path) const
+{
+    const PictureNote note = notes.pictures.value(path);
+    QStringList lines{QFileInfo(path).fileName(), exposure_texts::settings(note.shot)};
+    if (note.stops)
+        lines += tr("Bracket of %1, %2")
+                     .arg(bracketOf(path).size())
+                     .arg(exposure_texts::stops(*note.stops));
+    if (note.isResult)
+        lines += tr("A merged picture");
+    if (note.shot.takenAt.isValid())
+        lines += QLocale().toString(note.shot.takenAt, QLocale::ShortFormat);
+    lines += QDir::toNativeSeparators(path);
+    lines.removeAll({});
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString FilmStripModel::spoken(const QString &path) const
+{
+    const PictureNote note = notes.pictures.value(path);
+    QStringList parts{QFileInfo(path).fileName(), exposureOf(note)};
+    if (note.bracket >= 0)
+        parts += tr("bracket %1 of %2").arg(note.bracket + 1).arg(notes.brackets.size());
+    if (starsOf(path) > 0)
+        parts += tr("%n star(s)", nullptr, starsOf(path));
+    parts.removeAll({});
+    return parts.join(QStringLiteral(", "));
+}
+
+int FilmStripModel::starsOf(const QString &path) const
+{
+    return rated.value(path, notes.pictures.value(path).stars);
+}
+
+int FilmStripModel::bestStarsOf(const QString &path) const
+{
+    int best = starsOf(path);
+    const QStringList shots = bracketOf(path);
+    for (const QString &shot : shots)
+        best = std::max(best, starsOf(shot));
+    return best;
 }
 
 QIcon FilmStripModel::thumbnail(const QString &path) const
@@ -156,8 +254,7 @@ void FilmStripModel::remake()
     loader.dropWaiting();
     thumbnails.clear();
     requested.clear();
-    if (!entries.isEmpty())
-        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {Qt::DecorationRole});
+    tellAllChanged({Qt::DecorationRole});
 }
 
 void FilmStripModel::take(int request, const QString &path, const QImage &image)

@@ -12,6 +12,11 @@ struct FolderEntry
 {
     QString path;
     QDateTime modified;
+
+    bool operator==(const FolderEntry &other) const
+    {
+        return path == other.path && modified == other.modified;
+    }
 };
 
 namespace pictures {

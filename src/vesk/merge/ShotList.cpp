@@ -1,6 +1,8 @@
 #include "ShotList.h"
 #include "merge_texts.h"
 
+#include <exposure_texts.h>
+
 #include <QFileInfo>
 #include <QIcon>
 #include <QPixmap>
@@ -175,9 +177,9 @@ QString ShotList::description(const Entry &entry) const
     QStringList parts;
     const auto reference = entries.find(shown);
     if (entry.shot.stops && reference != entries.end() && reference->second.shot.stops)
-        parts += merge_texts::stops(*entry.shot.stops - *reference->second.shot.stops);
+        parts += exposure_texts::stops(*entry.shot.stops - *reference->second.shot.stops);
     if (entry.shot.seconds > 0)
-        parts += merge_texts::exposureTime(entry.shot.seconds);
+        parts += exposure_texts::time(entry.shot.seconds);
     if (!shown.isEmpty() && entry.shot.path == shown)
         //: The shot that the others are aligned to.
         parts += tr("★ reference");

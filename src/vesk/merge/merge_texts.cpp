@@ -2,9 +2,6 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QLocale>
-
-#include <cmath>
 
 namespace {
 
@@ -83,29 +80,6 @@ QString merge_texts::otherSize(const QString &path, QSize size, const QString &f
     };
     return MergeTexts::tr("“%1” (%2 pixels) has not the size of “%3” (%4 pixels).")
         .arg(nameOf(path), inPixels(size), nameOf(first), inPixels(firstSize));
-}
-
-QString merge_texts::exposureTime(double seconds)
-{
-    constexpr double kLongestFraction = 0.4;
-    if (seconds <= 0)
-        return {};
-    if (seconds < kLongestFraction)
-        //: An exposure time in seconds.
-        return MergeTexts::tr("1/%1 s").arg(qRound(1 / seconds));
-    //: An exposure time in seconds.
-    return MergeTexts::tr("%1 s").arg(QLocale().toString(seconds, 'g', 2));
-}
-
-QString merge_texts::stops(double stops)
-{
-    const double rounded = std::round(stops * 3) / 3; // cameras count in thirds
-    const QString number = QLocale().toString(std::abs(rounded), 'f', 1);
-    const QString sign = rounded > 0   ? QStringLiteral("+")
-                         : rounded < 0 ? QStringLiteral("−")
-                                       : QString();
-    //: Stops of exposure, with a sign.
-    return MergeTexts::tr("%1 EV").arg(sign + number);
 }
 
 QString merge_texts::alignment(const registration::Transform &transform)

@@ -17,11 +17,6 @@ QString problem(exposure::Error error);
 QString notRead(const QString &path, const QString &reason);
 QString otherSize(const QString &path, QSize size, const QString &first, QSize firstSize);
 
-/// Whole seconds, or a fraction: "1/125 s". Empty when not known.
-QString exposureTime(double seconds);
-/// Against the reference: "+2 stops".
-QString stops(double stops);
-
 /// How a shot lies over the reference: "aligned, 93 % sure", or why it does not.
 QString alignment(const registration::Transform &transform);
 /// The whole sentence for a shot that was left unaligned; empty for others.

@@ -15,6 +15,8 @@ constexpr int kDefaultQuality = 95;
 const QLatin1String kQuality("editor/jpegQuality");
 const QLatin1String kScreenProfile("editor/screenProfile");
 const QLatin1String kFolder("editor/folder");
+const QLatin1String kFilmStripOrder("editor/filmStripOrder");
+const QLatin1String kResultsHidden("editor/hideResults");
 const QLatin1String kRecent("editor/recentFiles");
 const QLatin1String kGeometry("editor/geometry");
 const QLatin1String kLayout("editor/layout");
@@ -68,6 +70,26 @@ QString settings::folder()
 void settings::setFolder(const QString &path)
 {
     setValue(kFolder, path);
+}
+
+int settings::filmStripOrder()
+{
+    return value(kFilmStripOrder).toInt();
+}
+
+void settings::setFilmStripOrder(int key)
+{
+    setValue(kFilmStripOrder, key);
+}
+
+bool settings::areResultsHidden()
+{
+    return value(kResultsHidden).toBool();
+}
+
+void settings::setResultsHidden(bool areHidden)
+{
+    setValue(kResultsHidden, areHidden);
 }
 
 QStringList settings::recentFiles()

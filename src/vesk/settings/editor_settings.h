@@ -20,6 +20,13 @@ void setScreenProfile(const QString &path);
 QString folder();
 void setFolder(const QString &path);
 
+/// How the film strip sorts, as FilmStripOrder numbers it, and whether it leaves out what was
+/// merged.
+int filmStripOrder();
+void setFilmStripOrder(int key);
+bool areResultsHidden();
+void setResultsHidden(bool areHidden);
+
 /// Latest first.
 QStringList recentFiles();
 void setRecentFiles(const QStringList &paths);

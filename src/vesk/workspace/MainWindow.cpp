@@ -6,6 +6,7 @@
 #include "EditorUiManager.h"
 #include "ExposureMergeCommand.h"
 #include "FilmStrip.h"
+#include "FilmStripActions.h"
 #include "HdrCommand.h"
 #include "HistogramDock.h"
 #include "LanguageMenu.h"
@@ -56,6 +57,7 @@ MainWindow::MainWindow(QWidget *parent)
     , actions(new EditorActions(this))
     , folder(new PictureFolder(this))
     , filmStrip(new FilmStrip)
+    , filmStripActions(new FilmStripActions(filmStrip, this))
     , documents(new DocumentArea(new StartPage({actions->open, actions->openFolder,
                                                 actions->mergeExposures, actions->merge}),
                                  this))
@@ -127,6 +129,8 @@ void MainWindow::addMenus()
     view->addSeparator();
     view->addActions({actions->nextTab, actions->previousTab, actions->fullScreen});
 
+    filmStripActions->addTo(*menuBar()->addMenu(tr("&Pictures")));
+
     QMenu *tools = menuBar()->addMenu(tr("&Tools"));
     tools->setToolTipsVisible(true);
     tools->addSection(tr("Fusion with preview"));
@@ -138,7 +142,8 @@ void MainWindow::addMenus()
     settingsMenu->addMenu(new ScreenColoursMenu(this));
     menuBar()->addMenu(tr("&Help"))->addAction(actions->about);
 
-    filmStrip->addActions({actions->openSelected, actions->mergeExposures, actions->merge});
+    filmStrip->addActions({actions->openSelected, actions->mergeExposures, actions->merge,
+                           filmStripActions->starsMenu()->menuAction()});
     addActions({actions->fullScreen}); // also works while the menu bar is hidden
     connect(recentFiles, &RecentFilesMenu::fileChosen, this,
             [this](const QString &path) { openPaths({path}); });
@@ -256,6 +261,9 @@ void MainWindow::connectFolder()
         filmStripDock->setToolTip(QDir::toNativeSeparators(path));
     });
     connect(filmStrip, &FilmStrip::openRequested, this, &MainWindow::openPaths);
+    connect(filmStrip, &FilmStrip::mergeRequested, actions->mergeExposures, &QAction::trigger);
+    connect(filmStripActions, &FilmStripActions::said, status,
+            [this](const QString &text) { status->showMessage(text, 5000); });
 }
 
 // --- Commands ---

@@ -12,6 +12,7 @@ class DocumentSaver;
 class EditorStatusBar;
 class ExposureMergeCommand;
 class FilmStrip;
+class FilmStripActions;
 class HdrCommand;
 class HistogramDock;
 class LanguageMenu;
@@ -65,6 +66,7 @@ private:
     EditorActions *actions;
     PictureFolder *folder;
     FilmStrip *filmStrip;
+    FilmStripActions *filmStripActions;
     DocumentArea *documents;
     DocumentOpener *opener;
     DocumentSaver *saver;

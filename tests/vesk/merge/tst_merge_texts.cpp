@@ -7,48 +7,9 @@ class TestMergeTexts : public QObject
     Q_OBJECT
 
 private slots:
-    void stops_areRoundedToThirdsAndSigned_data();
-    void stops_areRoundedToThirdsAndSigned();
-    void exposureTime_isAFractionOrSeconds_data();
-    void exposureTime_isAFractionOrSeconds();
     void unaligned_namesTheShotAndTheReason();
     void problem_everyError_isSaidInWords();
 };
-
-void TestMergeTexts::stops_areRoundedToThirdsAndSigned_data()
-{
-    QTest::addColumn<double>("stops");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("none") << 0.0 << "0.0 EV";
-    QTest::newRow("nearly none") << -0.04 << "0.0 EV";
-    QTest::newRow("brighter") << 2.02 << "+2.0 EV";
-    QTest::newRow("a third") << 0.32 << "+0.3 EV";
-    QTest::newRow("darker") << -3.97 << "−4.0 EV";
-}
-
-void TestMergeTexts::stops_areRoundedToThirdsAndSigned()
-{
-    QFETCH(double, stops);
-    QFETCH(QString, text);
-    QCOMPARE(merge_texts::stops(stops), text);
-}
-
-void TestMergeTexts::exposureTime_isAFractionOrSeconds_data()
-{
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("not known") << 0.0 << "";
-    QTest::newRow("short") << 1.0 / 125 << "1/125 s";
-    QTest::newRow("half a second") << 0.5 << "0.5 s";
-    QTest::newRow("long") << 8.0 << "8 s";
-}
-
-void TestMergeTexts::exposureTime_isAFractionOrSeconds()
-{
-    QFETCH(double, seconds);
-    QFETCH(QString, text);
-    QCOMPARE(merge_texts::exposureTime(seconds), text);
-}
 
 void TestMergeTexts::unaligned_namesTheShotAndTheReason()
 {
