@@ -2,6 +2,7 @@
 #include "exposure_texts.h"
 
 #include <VeskScreenColours.h>
+#include <picture_rating.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -220,7 +221,7 @@ QString FilmStripModel::spoken(const QString &path) const
     if (note.bracket >= 0)
         parts += tr("bracket %1 of %2").arg(note.bracket + 1).arg(notes.brackets.size());
     if (starsOf(path) > 0)
-        parts += tr("%n star(s)", nullptr, starsOf(path));
+        parts += tr("rated %1 of %2").arg(starsOf(path)).arg(rating::kMost);
     parts.removeAll({});
     return parts.join(QStringLiteral(", "));
 }

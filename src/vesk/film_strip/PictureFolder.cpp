@@ -21,9 +21,13 @@ QList<FolderEntry> pictures::inFolder(const QString &folder)
         if (hasPictureSuffix(file.filePath()))
             entries.append({file.absoluteFilePath(), file.lastModified()});
     }
-    const auto nameOf = [](const FolderEntry &entry) { return QFileInfo(entry.path).fileName(); };
-    std::sort(entries.begin(), entries.end(), [&](const FolderEntry &a, const FolderEntry &b) {
-        return brackets::isBeforeNaturally(nameOf(a), nameOf(b));
+    // What was made of a picture stands behind it: "a merged.jpg" behind "a.jpg".
+    std::sort(entries.begin(), entries.end(), [](const FolderEntry &a, const FolderEntry &b) {
+        const QFileInfo one(a.path);
+        const QFileInfo other(b.path);
+        return one.completeBaseName() != other.completeBaseName()
+                   ? brackets::isBeforeNaturally(one.completeBaseName(), other.completeBaseName())
+                   : brackets::isBeforeNaturally(one.fileName(), other.fileName());
     });
     return entries;
 }

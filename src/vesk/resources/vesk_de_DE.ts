@@ -212,10 +212,107 @@
     </message>
 </context>
 <context>
+    <name>ExposureTexts</name>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 LW</translation>
+    </message>
+</context>
+<context>
     <name>FilmStrip</name>
     <message>
         <source>No pictures in this folder</source>
         <translation>Keine Bilder in diesem Ordner</translation>
+    </message>
+    <message>
+        <source>Film Strip</source>
+        <translation>Filmstreifen</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripActions</name>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>&amp;Nächste Belichtungsreihe</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Bracket</source>
+        <translation>&amp;Vorherige Belichtungsreihe</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Pictures</source>
+        <translation>&amp;Alle Bilder auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Merged Results</source>
+        <translation>&amp;Ergebnisse ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Rating</source>
+        <translation>&amp;Bewertung</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>&amp;Sortieren nach</translation>
+    </message>
+    <message>
+        <source>The rating of “%1” could not be saved: %2.</source>
+        <extracomment>%1 is the name of a picture, %2 the reason.</extracomment>
+        <translation>Die Bewertung von „%1“ konnte nicht gespeichert werden: %2.</translation>
+    </message>
+    <message>
+        <source>No Stars</source>
+        <translation>Keine Sterne</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>&amp;Time Taken</source>
+        <translation>&amp;Aufnahmezeit</translation>
+    </message>
+    <message>
+        <source>There is no further bracket in this folder.</source>
+        <translation>In diesem Ordner gibt es keine weitere Belichtungsreihe.</translation>
+    </message>
+    <message>
+        <source>Bracket %1 of %2</source>
+        <translation>Belichtungsreihe %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripModel</name>
+    <message>
+        <source>merged</source>
+        <translation>verschmolzen</translation>
+    </message>
+    <message>
+        <source>Bracket of %1, %2</source>
+        <translation>Belichtungsreihe aus %1, %2</translation>
+    </message>
+    <message>
+        <source>A merged picture</source>
+        <translation>Ein verschmolzenes Bild</translation>
+    </message>
+    <message>
+        <source>bracket %1 of %2</source>
+        <translation>Belichtungsreihe %1 von %2</translation>
+    </message>
+    <message>
+        <source>rated %1 of %2</source>
+        <translation>mit %1 von %2 bewertet</translation>
     </message>
 </context>
 <context>
@@ -473,6 +570,10 @@
         <source>Weighted mean of up to five</source>
         <translation>Gewichtetes Mittel von bis zu fünf</translation>
     </message>
+    <message>
+        <source>&amp;Pictures</source>
+        <translation>&amp;Bilder</translation>
+    </message>
 </context>
 <context>
     <name>MergeOptionsPanel</name>
@@ -628,21 +729,6 @@
     <message>
         <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
         <translation>„%1“ (%2 Pixel) hat nicht die Größe von „%3“ (%4 Pixel).</translation>
-    </message>
-    <message>
-        <source>1/%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>1/%1 s</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>%1 s</translation>
-    </message>
-    <message>
-        <source>%1 EV</source>
-        <extracomment>Stops of exposure, with a sign.</extracomment>
-        <translation>%1 LW</translation>
     </message>
     <message>
         <source>left unaligned: %1</source>
@@ -876,6 +962,13 @@
     <message>
         <source>this program was built without OpenEXR</source>
         <translation>dieses Programm wurde ohne OpenEXR gebaut</translation>
+    </message>
+</context>
+<context>
+    <name>PictureRating</name>
+    <message>
+        <source>its XMP file cannot be read</source>
+        <translation>seine XMP-Datei kann nicht gelesen werden</translation>
     </message>
 </context>
 <context>

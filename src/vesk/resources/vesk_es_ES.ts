@@ -212,10 +212,107 @@
     </message>
 </context>
 <context>
+    <name>ExposureTexts</name>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>FilmStrip</name>
     <message>
         <source>No pictures in this folder</source>
         <translation>No hay imágenes en esta carpeta</translation>
+    </message>
+    <message>
+        <source>Film Strip</source>
+        <translation>Tira de imágenes</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripActions</name>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>Serie &amp;siguiente</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Bracket</source>
+        <translation>Serie &amp;anterior</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Pictures</source>
+        <translation>Seleccionar &amp;todas las imágenes</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Merged Results</source>
+        <translation>&amp;Ocultar imágenes fusionadas</translation>
+    </message>
+    <message>
+        <source>&amp;Rating</source>
+        <translation>&amp;Puntuación</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>Or&amp;denar por</translation>
+    </message>
+    <message>
+        <source>The rating of “%1” could not be saved: %2.</source>
+        <extracomment>%1 is the name of a picture, %2 the reason.</extracomment>
+        <translation>No se pudo guardar la puntuación de «%1»: %2.</translation>
+    </message>
+    <message>
+        <source>No Stars</source>
+        <translation>Sin estrellas</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Nombre</translation>
+    </message>
+    <message>
+        <source>&amp;Time Taken</source>
+        <translation>&amp;Fecha de la toma</translation>
+    </message>
+    <message>
+        <source>There is no further bracket in this folder.</source>
+        <translation>No hay más series en esta carpeta.</translation>
+    </message>
+    <message>
+        <source>Bracket %1 of %2</source>
+        <translation>Serie %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripModel</name>
+    <message>
+        <source>merged</source>
+        <translation>fusionada</translation>
+    </message>
+    <message>
+        <source>Bracket of %1, %2</source>
+        <translation>Serie de %1, %2</translation>
+    </message>
+    <message>
+        <source>A merged picture</source>
+        <translation>Una imagen fusionada</translation>
+    </message>
+    <message>
+        <source>bracket %1 of %2</source>
+        <translation>serie %1 de %2</translation>
+    </message>
+    <message>
+        <source>rated %1 of %2</source>
+        <translation>puntuada con %1 de %2</translation>
     </message>
 </context>
 <context>
@@ -473,6 +570,10 @@
         <source>Weighted mean of up to five</source>
         <translation>Media ponderada de hasta cinco</translation>
     </message>
+    <message>
+        <source>&amp;Pictures</source>
+        <translation>&amp;Imágenes</translation>
+    </message>
 </context>
 <context>
     <name>MergeOptionsPanel</name>
@@ -628,21 +729,6 @@
     <message>
         <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
         <translation>«%1» (%2 píxeles) no tiene el tamaño de «%3» (%4 píxeles).</translation>
-    </message>
-    <message>
-        <source>1/%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>1/%1 s</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>%1 s</translation>
-    </message>
-    <message>
-        <source>%1 EV</source>
-        <extracomment>Stops of exposure, with a sign.</extracomment>
-        <translation>%1 EV</translation>
     </message>
     <message>
         <source>left unaligned: %1</source>
@@ -876,6 +962,13 @@
     <message>
         <source>this program was built without OpenEXR</source>
         <translation>este programa se compiló sin OpenEXR</translation>
+    </message>
+</context>
+<context>
+    <name>PictureRating</name>
+    <message>
+        <source>its XMP file cannot be read</source>
+        <translation>no se puede leer su archivo XMP</translation>
     </message>
 </context>
 <context>

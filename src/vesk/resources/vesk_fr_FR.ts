@@ -212,10 +212,107 @@
     </message>
 </context>
 <context>
+    <name>ExposureTexts</name>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 IL</translation>
+    </message>
+</context>
+<context>
     <name>FilmStrip</name>
     <message>
         <source>No pictures in this folder</source>
         <translation>Aucune image dans ce dossier</translation>
+    </message>
+    <message>
+        <source>Film Strip</source>
+        <translation>Bande de vignettes</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripActions</name>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>Série &amp;suivante</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Bracket</source>
+        <translation>Série &amp;précédente</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Pictures</source>
+        <translation>&amp;Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Merged Results</source>
+        <translation>&amp;Masquer les images fusionnées</translation>
+    </message>
+    <message>
+        <source>&amp;Rating</source>
+        <translation>&amp;Note</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>Tr&amp;ier par</translation>
+    </message>
+    <message>
+        <source>The rating of “%1” could not be saved: %2.</source>
+        <extracomment>%1 is the name of a picture, %2 the reason.</extracomment>
+        <translation>La note de « %1 » n’a pas pu être enregistrée : %2.</translation>
+    </message>
+    <message>
+        <source>No Stars</source>
+        <translation>Aucune étoile</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Nom</translation>
+    </message>
+    <message>
+        <source>&amp;Time Taken</source>
+        <translation>&amp;Date de prise de vue</translation>
+    </message>
+    <message>
+        <source>There is no further bracket in this folder.</source>
+        <translation>Il n’y a pas d’autre série dans ce dossier.</translation>
+    </message>
+    <message>
+        <source>Bracket %1 of %2</source>
+        <translation>Série %1 sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripModel</name>
+    <message>
+        <source>merged</source>
+        <translation>fusionnée</translation>
+    </message>
+    <message>
+        <source>Bracket of %1, %2</source>
+        <translation>Série de %1, %2</translation>
+    </message>
+    <message>
+        <source>A merged picture</source>
+        <translation>Une image fusionnée</translation>
+    </message>
+    <message>
+        <source>bracket %1 of %2</source>
+        <translation>série %1 sur %2</translation>
+    </message>
+    <message>
+        <source>rated %1 of %2</source>
+        <translation>notée %1 sur %2</translation>
     </message>
 </context>
 <context>
@@ -473,6 +570,10 @@
         <source>Weighted mean of up to five</source>
         <translation>Moyenne pondérée de cinq au plus</translation>
     </message>
+    <message>
+        <source>&amp;Pictures</source>
+        <translation>&amp;Images</translation>
+    </message>
 </context>
 <context>
     <name>MergeOptionsPanel</name>
@@ -628,21 +729,6 @@
     <message>
         <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
         <translation>« %1 » (%2 pixels) n’a pas la taille de « %3 » (%4 pixels).</translation>
-    </message>
-    <message>
-        <source>1/%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>1/%1 s</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>%1 s</translation>
-    </message>
-    <message>
-        <source>%1 EV</source>
-        <extracomment>Stops of exposure, with a sign.</extracomment>
-        <translation>%1 IL</translation>
     </message>
     <message>
         <source>left unaligned: %1</source>
@@ -876,6 +962,13 @@
     <message>
         <source>this program was built without OpenEXR</source>
         <translation>ce programme a été compilé sans OpenEXR</translation>
+    </message>
+</context>
+<context>
+    <name>PictureRating</name>
+    <message>
+        <source>its XMP file cannot be read</source>
+        <translation>son fichier XMP ne peut pas être lu</translation>
     </message>
 </context>
 <context>

@@ -212,10 +212,107 @@
     </message>
 </context>
 <context>
+    <name>ExposureTexts</name>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>FilmStrip</name>
     <message>
         <source>No pictures in this folder</source>
         <translation>このフォルダーに画像はありません</translation>
+    </message>
+    <message>
+        <source>Film Strip</source>
+        <translation>フィルムストリップ</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripActions</name>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>次のブラケット(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Bracket</source>
+        <translation>前のブラケット(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Pictures</source>
+        <translation>すべての画像を選択(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Merged Results</source>
+        <translation>合成結果を隠す(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Rating</source>
+        <translation>評価(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>並べ替え(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The rating of “%1” could not be saved: %2.</source>
+        <extracomment>%1 is the name of a picture, %2 the reason.</extracomment>
+        <translation>「%1」の評価を保存できませんでした：%2。</translation>
+    </message>
+    <message>
+        <source>No Stars</source>
+        <translation>星なし</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>名前(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Time Taken</source>
+        <translation>撮影日時(&amp;T)</translation>
+    </message>
+    <message>
+        <source>There is no further bracket in this folder.</source>
+        <translation>このフォルダーにほかのブラケットはありません。</translation>
+    </message>
+    <message>
+        <source>Bracket %1 of %2</source>
+        <translation>ブラケット %1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripModel</name>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>Bracket of %1, %2</source>
+        <translation>%1 枚のブラケット、%2</translation>
+    </message>
+    <message>
+        <source>A merged picture</source>
+        <translation>合成された画像</translation>
+    </message>
+    <message>
+        <source>bracket %1 of %2</source>
+        <translation>ブラケット %1 / %2</translation>
+    </message>
+    <message>
+        <source>rated %1 of %2</source>
+        <translation>評価 %1 / %2</translation>
     </message>
 </context>
 <context>
@@ -473,6 +570,10 @@
         <source>Weighted mean of up to five</source>
         <translation>最大 5 枚の加重平均</translation>
     </message>
+    <message>
+        <source>&amp;Pictures</source>
+        <translation>画像(&amp;P)</translation>
+    </message>
 </context>
 <context>
     <name>MergeOptionsPanel</name>
@@ -628,21 +729,6 @@
     <message>
         <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
         <translation>「%1」（%2 ピクセル）は「%3」（%4 ピクセル）とサイズが違います。</translation>
-    </message>
-    <message>
-        <source>1/%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>1/%1 秒</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>%1 秒</translation>
-    </message>
-    <message>
-        <source>%1 EV</source>
-        <extracomment>Stops of exposure, with a sign.</extracomment>
-        <translation>%1 EV</translation>
     </message>
     <message>
         <source>left unaligned: %1</source>
@@ -875,6 +961,13 @@
     <message>
         <source>this program was built without OpenEXR</source>
         <translation>このプログラムは OpenEXR なしでビルドされています</translation>
+    </message>
+</context>
+<context>
+    <name>PictureRating</name>
+    <message>
+        <source>its XMP file cannot be read</source>
+        <translation>XMP ファイルを読み込めません</translation>
     </message>
 </context>
 <context>

@@ -212,10 +212,107 @@
     </message>
 </context>
 <context>
+    <name>ExposureTexts</name>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1초</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1초</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>FilmStrip</name>
     <message>
         <source>No pictures in this folder</source>
         <translation>이 폴더에 이미지가 없습니다</translation>
+    </message>
+    <message>
+        <source>Film Strip</source>
+        <translation>필름 스트립</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripActions</name>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>다음 브래킷(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Bracket</source>
+        <translation>이전 브래킷(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Pictures</source>
+        <translation>모든 이미지 선택(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Merged Results</source>
+        <translation>합성 결과 숨기기(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Rating</source>
+        <translation>별점(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>정렬 기준(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The rating of “%1” could not be saved: %2.</source>
+        <extracomment>%1 is the name of a picture, %2 the reason.</extracomment>
+        <translation>‘%1’의 별점을 저장할 수 없습니다: %2.</translation>
+    </message>
+    <message>
+        <source>No Stars</source>
+        <translation>별 없음</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>이름(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Time Taken</source>
+        <translation>촬영 시각(&amp;T)</translation>
+    </message>
+    <message>
+        <source>There is no further bracket in this folder.</source>
+        <translation>이 폴더에 더 이상 브래킷이 없습니다.</translation>
+    </message>
+    <message>
+        <source>Bracket %1 of %2</source>
+        <translation>브래킷 %1/%2</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripModel</name>
+    <message>
+        <source>merged</source>
+        <translation>합성</translation>
+    </message>
+    <message>
+        <source>Bracket of %1, %2</source>
+        <translation>%1장 브래킷, %2</translation>
+    </message>
+    <message>
+        <source>A merged picture</source>
+        <translation>합성된 이미지</translation>
+    </message>
+    <message>
+        <source>bracket %1 of %2</source>
+        <translation>브래킷 %1/%2</translation>
+    </message>
+    <message>
+        <source>rated %1 of %2</source>
+        <translation>별점 %1/%2</translation>
     </message>
 </context>
 <context>
@@ -473,6 +570,10 @@
         <source>Weighted mean of up to five</source>
         <translation>최대 5장의 가중 평균</translation>
     </message>
+    <message>
+        <source>&amp;Pictures</source>
+        <translation>이미지(&amp;P)</translation>
+    </message>
 </context>
 <context>
     <name>MergeOptionsPanel</name>
@@ -628,21 +729,6 @@
     <message>
         <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
         <translation>‘%1’ (%2 픽셀)의 크기가 ‘%3’ (%4 픽셀)과 다릅니다.</translation>
-    </message>
-    <message>
-        <source>1/%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>1/%1초</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>%1초</translation>
-    </message>
-    <message>
-        <source>%1 EV</source>
-        <extracomment>Stops of exposure, with a sign.</extracomment>
-        <translation>%1 EV</translation>
     </message>
     <message>
         <source>left unaligned: %1</source>
@@ -875,6 +961,13 @@
     <message>
         <source>this program was built without OpenEXR</source>
         <translation>이 프로그램은 OpenEXR 없이 빌드되었습니다</translation>
+    </message>
+</context>
+<context>
+    <name>PictureRating</name>
+    <message>
+        <source>its XMP file cannot be read</source>
+        <translation>XMP 파일을 읽을 수 없습니다</translation>
     </message>
 </context>
 <context>

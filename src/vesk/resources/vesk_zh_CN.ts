@@ -212,10 +212,107 @@
     </message>
 </context>
 <context>
+    <name>ExposureTexts</name>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>1/%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>An exposure time in seconds.</extracomment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <extracomment>Stops of exposure, with a sign.</extracomment>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>FilmStrip</name>
     <message>
         <source>No pictures in this folder</source>
         <translation>此文件夹中没有图像</translation>
+    </message>
+    <message>
+        <source>Film Strip</source>
+        <translation>胶片条</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripActions</name>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>下一组包围曝光(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Bracket</source>
+        <translation>上一组包围曝光(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Pictures</source>
+        <translation>选择所有图像(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Hide Merged Results</source>
+        <translation>隐藏合成结果(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Rating</source>
+        <translation>评级(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>排序方式(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The rating of “%1” could not be saved: %2.</source>
+        <extracomment>%1 is the name of a picture, %2 the reason.</extracomment>
+        <translation>无法保存“%1”的评级：%2。</translation>
+    </message>
+    <message>
+        <source>No Stars</source>
+        <translation>无星级</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>名称(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Time Taken</source>
+        <translation>拍摄时间(&amp;T)</translation>
+    </message>
+    <message>
+        <source>There is no further bracket in this folder.</source>
+        <translation>此文件夹中没有更多的包围曝光组。</translation>
+    </message>
+    <message>
+        <source>Bracket %1 of %2</source>
+        <translation>包围曝光 %1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>FilmStripModel</name>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>Bracket of %1, %2</source>
+        <translation>%1 张包围曝光，%2</translation>
+    </message>
+    <message>
+        <source>A merged picture</source>
+        <translation>合成的图像</translation>
+    </message>
+    <message>
+        <source>bracket %1 of %2</source>
+        <translation>包围曝光 %1 / %2</translation>
+    </message>
+    <message>
+        <source>rated %1 of %2</source>
+        <translation>评级 %1 / %2</translation>
     </message>
 </context>
 <context>
@@ -473,6 +570,10 @@
         <source>Weighted mean of up to five</source>
         <translation>最多五张的加权平均</translation>
     </message>
+    <message>
+        <source>&amp;Pictures</source>
+        <translation>图像(&amp;P)</translation>
+    </message>
 </context>
 <context>
     <name>MergeOptionsPanel</name>
@@ -628,21 +729,6 @@
     <message>
         <source>“%1” (%2 pixels) has not the size of “%3” (%4 pixels).</source>
         <translation>“%1”（%2 像素）与“%3”（%4 像素）尺寸不同。</translation>
-    </message>
-    <message>
-        <source>1/%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>1/%1 秒</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <extracomment>An exposure time in seconds.</extracomment>
-        <translation>%1 秒</translation>
-    </message>
-    <message>
-        <source>%1 EV</source>
-        <extracomment>Stops of exposure, with a sign.</extracomment>
-        <translation>%1 EV</translation>
     </message>
     <message>
         <source>left unaligned: %1</source>
@@ -875,6 +961,13 @@
     <message>
         <source>this program was built without OpenEXR</source>
         <translation>此程序在构建时未包含 OpenEXR</translation>
+    </message>
+</context>
+<context>
+    <name>PictureRating</name>
+    <message>
+        <source>its XMP file cannot be read</source>
+        <translation>无法读取其 XMP 文件</translation>
     </message>
 </context>
 <context>

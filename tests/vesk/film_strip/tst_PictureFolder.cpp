@@ -12,6 +12,7 @@ class TestPictureFolder : public QObject
 
 private slots:
     void inFolder_sortsNumbersByValueAndLeavesOtherFilesOut();
+    void inFolder_derivedPicture_standsBehindItsOriginal();
     void inFolder_missingFolder_isEmpty();
     void setPath_listsLaterAndAgainAfterAChange();
     void setPath_twice_answersForTheLastOnly();
@@ -36,6 +37,16 @@ void TestPictureFolder::inFolder_sortsNumbersByValueAndLeavesOtherFilesOut()
     QCOMPARE(
         namesOf(pictures::inFolder(pictures.folder())),
         (QStringList{QStringLiteral("1.jpg"), QStringLiteral("2.PNG"), QStringLiteral("10.png")}));
+}
+
+void TestPictureFolder::inFolder_derivedPicture_standsBehindItsOriginal()
+{
+    const TestPictures pictures;
+    for (const char *name : {"IMG_3 merged.jpg", "IMG_3.png", "IMG_3.jpg", "IMG_4.jpg"})
+        pictures.add(QLatin1String(name));
+    QCOMPARE(namesOf(pictures::inFolder(pictures.folder())),
+             (QStringList{QStringLiteral("IMG_3.jpg"), QStringLiteral("IMG_3.png"),
+                          QStringLiteral("IMG_3 merged.jpg"), QStringLiteral("IMG_4.jpg")}));
 }
 
 void TestPictureFolder::inFolder_missingFolder_isEmpty()
