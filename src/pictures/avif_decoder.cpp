@@ -160,6 +160,25 @@ DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
     return read(*decoder, options);
 }
 
+/// One of the blocks of metadata; file is left at its start.
+QByteArray blockIn(QIODevice &file, avifRWData avifImage::*which)
+{
+    QByteArray block;
+    file.seek(0);
+    if (isAvif(file)) {
+        Source source;
+        connect(source, file);
+        const Decoder decoder = newDecoder(source);
+        if (decoder)
+            decoder->ignoreXMP = AVIF_FALSE;
+        if (decoder && avifDecoderParse(decoder.get()) == AVIF_RESULT_OK)
+            block = QByteArray(reinterpret_cast<const char *>((decoder->image->*which).data),
+                               static_cast<qsizetype>((decoder->image->*which).size));
+    }
+    file.seek(0);
+    return block;
+}
+
 } // namespace
 
 std::optional<DecodedPicture> avif_decoder::decode(QFile &file, const ReadOptions &options)
@@ -171,16 +190,10 @@ std::optional<DecodedPicture> avif_decoder::decode(QFile &file, const ReadOption
 
 QByteArray avif_decoder::exifIn(QIODevice &file)
 {
-    QByteArray block;
-    file.seek(0);
-    if (isAvif(file)) {
-        Source source;
-        connect(source, file);
-        const Decoder decoder = newDecoder(source);
-        if (decoder && avifDecoderParse(decoder.get()) == AVIF_RESULT_OK)
-            block = QByteArray(reinterpret_cast<const char *>(decoder->image->exif.data),
-                               static_cast<qsizetype>(decoder->image->exif.size));
-    }
-    file.seek(0);
-    return block;
+    return blockIn(file, &avifImage::exif);
+}
+
+QByteArray avif_decoder::xmpIn(QIODevice &file)
+{
+    return blockIn(file, &avifImage::xmp);
 }

@@ -18,5 +18,7 @@ std::optional<DecodedPicture> decode(QFile &file, const ReadOptions &options);
 /// The EXIF block of an AVIF file, without "Exif" in front; empty when there is none. file: open
 /// and seekable; is left at its start.
 QByteArray exifIn(QIODevice &file);
+/// The XMP packet, likewise.
+QByteArray xmpIn(QIODevice &file);
 
 } // namespace avif_decoder

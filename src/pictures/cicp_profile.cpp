@@ -2,6 +2,11 @@
 
 #include "little_cms.h"
 
+#include <QColorSpace>
+
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 enum Transfer {
@@ -93,4 +98,24 @@ QByteArray cicp_profile::of(int primaries, int transfer)
 bool cicp_profile::isHighRange(int transfer)
 {
     return transfer == Pq || transfer == Hlg;
+}
+
+bool cicp_profile::isKnown(int primaries, int transfer)
+{
+    const auto *const known = std::find_if(
+        std::begin(kPrimaries), std::end(kPrimaries),
+        [primaries](const Primaries &candidate) { return candidate.code == primaries; });
+    return known != std::end(kPrimaries) &&
+           little_cms::Curve(curveOf(transfer, nullptr), &cmsFreeToneCurve);
+}
+
+std::optional<cicp_profile::Codes> cicp_profile::codesOf(const QByteArray &profile)
+{
+    const QColorSpace space = QColorSpace::fromIccProfile(profile);
+    const bool isSrgb = space.primaries() == QColorSpace::Primaries::SRgb;
+    const bool isLinear = space.transferFunction() == QColorSpace::TransferFunction::Linear;
+    const bool isScreen = isSrgb || space.primaries() == QColorSpace::Primaries::DciP3D65;
+    if (!isScreen || !(isLinear || space.transferFunction() == QColorSpace::TransferFunction::SRgb))
+        return std::nullopt;
+    return Codes{isSrgb ? 1 : 12, isLinear ? Linear : Srgb};
 }

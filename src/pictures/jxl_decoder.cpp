@@ -3,7 +3,6 @@
 #include "parallel_rows.h"
 
 #include <QColorSpace>
-#include <QtEndian>
 
 #include <atomic>
 #include <cstdlib>
@@ -73,8 +72,9 @@ public:
             const JxlDecoderStatus status = JxlDecoderProcessInput(get());
             if (status != JXL_DEC_NEED_MORE_INPUT)
                 return status;
-            if (!feed())
+            if (hasEnded)
                 return JXL_DEC_ERROR;
+            feed();
         }
     }
 
@@ -82,15 +82,17 @@ public:
     bool hasMemoryRunOut() const { return isMemoryShort || !decoder; }
 
 private:
-    bool feed()
+    void feed()
     {
         constexpr qint64 kPieceBytes = 1 << 20;
         const size_t left = JxlDecoderReleaseInput(get());
         const QByteArray fresh = device.read(kPieceBytes);
         piece = piece.right(static_cast<qsizetype>(left)) + fresh;
-        return !fresh.isEmpty() &&
-               JxlDecoderSetInput(get(), reinterpret_cast<const uint8_t *>(piece.constData()),
-                                  static_cast<size_t>(piece.size())) == JXL_DEC_SUCCESS;
+        JxlDecoderSetInput(get(), reinterpret_cast<const uint8_t *>(piece.constData()),
+                           static_cast<size_t>(piece.size()));
+        hasEnded = fresh.isEmpty();
+        if (hasEnded)
+            JxlDecoderCloseInput(get());
     }
 
     QIODevice &device;
@@ -98,6 +100,7 @@ private:
     const JxlMemoryManager memory;
     const Decoder decoder;
     QByteArray piece;
+    bool hasEnded = false;
 };
 
 bool isJxl(QIODevice &file)
@@ -237,6 +240,75 @@ private:
     QImage image;
 };
 
+/// The bytes of a file's first box of one kind, also of a compressed one.
+class Box
+{
+public:
+    Box(QIODevice &file, const char *name)
+        : reader(file)
+        , wanted(name)
+    {
+    }
+
+    /// None when there is no such box, or a larger one than metadata are.
+    QByteArray read()
+    {
+        if (!reader.begin(JXL_DEC_BOX) ||
+            JxlDecoderSetDecompressBoxes(reader.get(), JXL_TRUE) != JXL_DEC_SUCCESS)
+            return {};
+        while (true) {
+            const JxlDecoderStatus event = reader.next();
+            const bool isDone = !bytes.isEmpty() && event != JXL_DEC_BOX_NEED_MORE_OUTPUT;
+            if (isDone)
+                return event == JXL_DEC_ERROR ? QByteArray() : taken();
+            const bool hasMore = event == JXL_DEC_BOX || event == JXL_DEC_BOX_NEED_MORE_OUTPUT;
+            if (!hasMore || !goOn(event))
+                return {};
+        }
+    }
+
+private:
+    bool goOn(JxlDecoderStatus event)
+    {
+        constexpr qsizetype kLargest = 16 << 20;
+        constexpr qsizetype kFirst = 1 << 14;
+        JxlBoxType name = {};
+        if (event == JXL_DEC_BOX)
+            return JxlDecoderGetBoxType(reader.get(), name, JXL_TRUE) == JXL_DEC_SUCCESS &&
+                   (wanted != QByteArray(name, sizeof name) || grow(kFirst));
+        return bytes.size() < kLargest && grow(4 * bytes.size());
+    }
+
+    bool grow(qsizetype size)
+    {
+        const qsizetype used = bytes.isEmpty() ? 0 : taken().size();
+        bytes.resize(size);
+        return JxlDecoderSetBoxBuffer(reader.get(),
+                                      reinterpret_cast<uint8_t *>(bytes.data()) + used,
+                                      static_cast<size_t>(size - used)) == JXL_DEC_SUCCESS;
+    }
+
+    /// What is there of it; the library lets go of its memory.
+    QByteArray taken()
+    {
+        return bytes.chopped(static_cast<qsizetype>(JxlDecoderReleaseBoxBuffer(reader.get())));
+    }
+
+    Reader reader;
+    const QByteArray wanted;
+    QByteArray bytes;
+};
+
+/// file is left at its start.
+QByteArray boxIn(QIODevice &file, const char *name)
+{
+    file.seek(0);
+    const bool isContainer = isJxl(file) && file.peek(8).endsWith("JXL ");
+    const QByteArray box = isContainer ? Box(file, name).read() : QByteArray();
+    file.seek(0);
+    return box;
+}
+
 } // namespace
 
 std::optional<DecodedPicture> jxl_decoder::decode(QFile &file, const ReadOptions &options)
@@ -249,27 +321,11 @@ std::optional<DecodedPicture> jxl_decoder::decode(QFile &file, const ReadOptions
 
 QByteArray jxl_decoder::exifIn(QIODevice &file)
 {
-    constexpr qint64 kHeaderBytes = 8;
     constexpr qint64 kOffsetBytes = 4;
-    constexpr qint64 kLargestBlock = 16 << 20;
-    QByteArray block;
-    file.seek(0);
-    const bool isContainer = isJxl(file) && file.peek(8).endsWith("JXL ");
-    // Boxes are: length, name, the rest; a length of 1 is followed by a longer one.
-    while (isContainer && block.isEmpty()) {
-        const QByteArray head = file.read(kHeaderBytes);
-        if (head.size() < kHeaderBytes)
-            break;
-        qint64 length = qFromBigEndian<quint32>(head.constData()) - kHeaderBytes;
-        if (length == 1 - kHeaderBytes)
-            length = qint64(qFromBigEndian<quint64>(file.read(8).constData())) - 2 * kHeaderBytes;
-        if (length < 0 || length > file.size() - file.pos())
-            break;
-        if (head.endsWith("Exif") && length > kOffsetBytes && length <= kLargestBlock)
-            block = file.read(length).mid(kOffsetBytes);
-        else
-            file.seek(file.pos() + length);
-    }
-    file.seek(0);
-    return block;
+    return boxIn(file, "Exif").mid(kOffsetBytes);
+}
+
+QByteArray jxl_decoder::xmpIn(QIODevice &file)
+{
+    return boxIn(file, "xml ");
 }

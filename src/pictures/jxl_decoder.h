@@ -15,8 +15,10 @@ namespace jxl_decoder {
 /// as unsupported. file is open for reading. Any thread, several at once.
 std::optional<DecodedPicture> decode(QFile &file, const ReadOptions &options);
 
-/// The EXIF block of a JPEG XL file, without "Exif" in front; empty when there is none, or only a
-/// compressed one. file: open and seekable; is left at its start.
+/// The EXIF block of a JPEG XL file, without "Exif" in front; empty when there is none. file: open
+/// and seekable; is left at its start.
 QByteArray exifIn(QIODevice &file);
+/// The XMP packet, likewise.
+QByteArray xmpIn(QIODevice &file);
 
 } // namespace jxl_decoder

@@ -2,9 +2,11 @@
 
 #include "FileParts.h"
 #include "XmpPacket.h"
+#include "avif_decoder.h"
 #include "exif_metadata.h"
 #include "file_names.h"
 #include "iptc_data.h"
+#include "jxl_decoder.h"
 #include "packet_compression.h"
 #include "tiff_packets.h"
 #include "xmp_namespaces.h"
@@ -140,6 +142,20 @@ QByteArray xmpInWebP(FileParts &parts)
     return {};
 }
 
+/// Of a file without parts.
+QByteArray xmpInOther(QIODevice &file)
+{
+    QByteArray packet;
+#ifdef VESK_WITH_AVIF
+    packet = avif_decoder::xmpIn(file);
+#endif
+#ifdef VESK_WITH_JXL
+    if (packet.isEmpty())
+        packet = jxl_decoder::xmpIn(file);
+#endif
+    return packet.isEmpty() ? tiff_packets::xmpIn(file) : packet;
+}
+
 QByteArray iptcInJpeg(FileParts &parts)
 {
     QByteArray block;
@@ -185,7 +201,7 @@ QByteArray metadata::xmpIn(QIODevice &file)
     case FileParts::Kind::Other:
         break;
     }
-    return tiff_packets::xmpIn(file);
+    return xmpInOther(file);
 }
 
 QByteArray metadata::iptcIn(QIODevice &file)

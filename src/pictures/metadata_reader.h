@@ -9,9 +9,9 @@
 /// but for lack of memory.
 namespace metadata {
 
-/// All metadata of a JPEG, PNG, TIFF, WebP or camera raw file. Where a sidecar file stands beside,
-/// its XMP properties win over those in the picture: PICTURE.EXT.xmp beside every file, PICTURE.xmp
-/// beside camera raw files. Empty when the file cannot be read, or says nothing.
+/// All metadata of a JPEG, PNG, TIFF, WebP, AVIF, JPEG XL or camera raw file. Where a sidecar file
+/// stands beside, its XMP properties win over those in the picture: PICTURE.EXT.xmp beside every
+/// file, PICTURE.xmp beside camera raw files. Empty when the file cannot be read, or says nothing.
 Metadata read(const QString &path);
 
 /// The sidecar file that read() takes for this picture; empty when there is none.

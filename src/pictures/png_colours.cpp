@@ -1,5 +1,6 @@
 #include "png_colours.h"
 
+#include "cicp_profile.h"
 #include "colour_profile.h"
 #include "little_cms.h"
 
@@ -15,6 +16,7 @@ namespace {
 struct Chunks
 {
     bool isGrey = false;
+    QByteArray codePoints;
     QByteArray profile;
     QByteArray primaries;
     QByteArray gamma;
@@ -31,6 +33,8 @@ void take(Chunks &chunks, const QByteArray &name, const QByteArray &bytes)
 {
     if (name == "IHDR")
         chunks.isGrey = isGreyHeader(bytes);
+    else if (name == "cICP")
+        chunks.codePoints = bytes;
     else if (name == "iCCP")
         chunks.profile = bytes;
     else if (name == "cHRM")
@@ -134,6 +138,13 @@ QByteArray madeProfile(const Chunks &chunks)
         {cmsCreateRGBProfileTHR(context.get(), &white, &primaries, curves), &cmsCloseProfile});
 }
 
+/// Primaries, curve, matrix (0: none), 1 for numbers that use the full range.
+bool areKnown(const QByteArray &codePoints)
+{
+    return codePoints.size() == 4 && codePoints[2] == 0 && codePoints[3] == 1 &&
+           cicp_profile::isKnown(uchar(codePoints[0]), uchar(codePoints[1]));
+}
+
 png_colours::Colours coloursOf(const Chunks &chunks)
 {
     const auto isSound = [&chunks](const QByteArray &profile) {
@@ -141,6 +152,12 @@ png_colours::Colours coloursOf(const Chunks &chunks)
                              : colour_profile::fitsRgbPixels(profile);
     };
     png_colours::Colours colours;
+    const QByteArray &points = chunks.codePoints;
+    if (!chunks.isGrey && areKnown(points)) {
+        colours.profile = cicp_profile::of(uchar(points[0]), uchar(points[1]));
+        return colours;
+    }
+    colours.isHighRange = points.size() == 4 && cicp_profile::isHighRange(uchar(points[1]));
     if (!chunks.profile.isEmpty()) {
         colours.profile = profileIn(chunks.profile);
         colours.isDamaged = !isSound(colours.profile);

@@ -1,5 +1,7 @@
 #include "png_encoder.h"
 
+#include "cicp_profile.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -154,6 +156,20 @@ void setMetadata(PngWriter &writer, const QImage &picture, const QByteArray &exi
         static_cast<png_uint_32>(qRound(resolution.y * kInchesPerMetre)), PNG_RESOLUTION_METER);
 }
 
+/// For readers that know no profiles.
+void writeCodePoints(PngWriter &writer, const QByteArray &colourProfile)
+{
+    constexpr png_byte kCodePoints[] = {'c', 'I', 'C', 'P', 0};
+    constexpr png_byte kNoMatrix = 0;
+    constexpr png_byte kFullRange = 1;
+    const std::optional<cicp_profile::Codes> codes = cicp_profile::codesOf(colourProfile);
+    if (!codes)
+        return;
+    const png_byte chunk[] = {png_byte(codes->primaries), png_byte(codes->transfer), kNoMatrix,
+                              kFullRange};
+    png_write_chunk(writer.png, kCodePoints, chunk, sizeof chunk);
+}
+
 void writePixels(PngWriter &writer, const Bytes &stream)
 {
     constexpr png_byte kImageData[] = {'I', 'D', 'A', 'T', 0};
@@ -174,6 +190,8 @@ bool write(PngWriter &writer, const QImage &picture, const QByteArray &exif,
                  picture.hasAlphaChannel() ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB,
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
     setMetadata(writer, picture, exif, metadata);
+    png_write_info_before_PLTE(writer.png, writer.info);
+    writeCodePoints(writer, metadata.colourProfile);
     png_write_info(writer.png, writer.info);
     writePixels(writer, stream);
     // The library's own way to end a file insists on having compressed the rows itself.

@@ -29,6 +29,7 @@ struct Layout
 
     bool isForeign = false; ///< inks or Lab, that are to become red, green and blue
 
+    bool isInverted() const { return photometric == PHOTOMETRIC_MINISWHITE; }
     bool isLab() const
     {
         return photometric == PHOTOMETRIC_CIELAB || photometric == PHOTOMETRIC_ICCLAB;
@@ -86,8 +87,8 @@ bool isOurs(const Layout &layout)
 {
     constexpr int kMostChannels = 16;
     const bool isColour = layout.photometric == PHOTOMETRIC_RGB;
-    const bool isKnown =
-        isColour || layout.photometric == PHOTOMETRIC_MINISBLACK || layout.isForeign;
+    const bool isGrey = layout.photometric == PHOTOMETRIC_MINISBLACK || layout.isInverted();
+    const bool isKnown = isColour || isGrey || layout.isForeign;
     if (!isKnown || layout.size.isEmpty() || layout.channels < layout.colours() ||
         layout.channels > kMostChannels)
         return false;
@@ -122,8 +123,10 @@ QRgba64 pixelOf(const Number *numbers, const Layout &layout)
 {
     const int colours = layout.colours();
     const quint16 alpha = layout.hasAlpha ? wide(numbers[colours]) : 0xFFFF;
-    const QRgba64 pixel = QRgba64::fromRgba64(wide(numbers[0]), wide(numbers[colours / 2]),
-                                              wide(numbers[colours - 1]), alpha);
+    const quint16 mask = layout.isInverted() ? 0xFFFF : 0;
+    const QRgba64 pixel =
+        QRgba64::fromRgba64(wide(numbers[0]) ^ mask, wide(numbers[colours / 2]) ^ mask,
+                            wide(numbers[colours - 1]) ^ mask, alpha);
     return layout.isMultiplied ? pixel.unpremultiplied() : pixel;
 }
 

@@ -109,6 +109,8 @@ void applyPngColours(DecodedPicture &picture, QFile &file)
     tag(picture.image, colours.profile);
     if (colours.isDamaged)
         picture.warnings += true_colours::damagedProfileWarning();
+    if (colours.isHighRange)
+        picture.warnings += QStringLiteral("that its colours are PQ or HLG does not count");
 }
 
 } // namespace

@@ -1,10 +1,13 @@
 #include "ExifTags.h"
+#include "XmpPacket.h"
 #include "colour_profile.h"
 #include "exif_metadata.h"
+#include "metadata_reader.h"
 #include "modern_files.h"
 #include "picture_makers.h"
 #include "picture_reader.h"
 #include "test_colours.h"
+#include "xmp_namespaces.h"
 
 #include <QColorSpace>
 #include <QRandomGenerator>
@@ -211,6 +214,61 @@ private slots:
         const QString path = folder.save(QStringLiteral("picture"), made(kind, recipe));
         QCOMPARE(exif::read(path).text(ExifTags::Directory::Picture, ExifTags::Model),
                  QStringLiteral("Test Camera"));
+    }
+
+    void metadata_inFile_areFound_data()
+    {
+        QTest::addColumn<QByteArray>("kind");
+        QTest::addColumn<bool>("isCompressed");
+        QTest::newRow("AVIF") << QByteArray("AVIF") << false;
+        QTest::newRow("JPEG XL") << QByteArray("JPEG XL") << false;
+        QTest::newRow("JPEG XL, compressed") << QByteArray("JPEG XL") << true;
+    }
+
+    /// The packet is larger than the first memory that is tried for one.
+    void metadata_inFile_areFound()
+    {
+        QFETCH(QByteArray, kind);
+        QFETCH(bool, isCompressed);
+        XmpPacket packet;
+        packet.setText(xmp::kBasic, "Label", QString(60000, u'a'));
+        packet.setText(xmp::kBasic, "Rating", QStringLiteral("4"));
+        ExifTags tags;
+        tags.setText(ExifTags::Directory::Picture, ExifTags::Model, "Test Camera");
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.exif = tags.block();
+        recipe.xmp = packet.serialized();
+        recipe.isMetadataCompressed = isCompressed;
+        const QByteArray file = made(kind, recipe);
+        QVERIFY(!file.isEmpty());
+        QCOMPARE(!file.contains("Test Camera"), isCompressed);
+        const Metadata found = metadata::read(folder.save(QStringLiteral("picture"), file));
+        QCOMPARE(found.exif.text(ExifTags::Directory::Picture, ExifTags::Model),
+                 QStringLiteral("Test Camera"));
+        QCOMPARE(found.xmp, recipe.xmp);
+    }
+
+    void metadata_cutAnywhere_areSafe_data() { metadata_inFile_areFound_data(); }
+
+    void metadata_cutAnywhere_areSafe()
+    {
+        QFETCH(QByteArray, kind);
+        QFETCH(bool, isCompressed);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.exif = QByteArray("II*\0\x08\0\0\0\0\0\0\0\0\0", 14);
+        recipe.xmp = "<x:xmpmeta xmlns:x='adobe:ns:meta/'/>";
+        recipe.isMetadataCompressed = isCompressed;
+        const QByteArray whole = made(kind, recipe);
+        QVERIFY(!whole.isEmpty());
+        for (qsizetype length = 1; length < whole.size(); length += 7) {
+            QByteArray cut = whole.left(length);
+            QBuffer buffer(&cut);
+            buffer.open(QIODevice::ReadOnly);
+            const QByteArray found = metadata::xmpIn(buffer);
+            QVERIFY(found.isEmpty() || found == recipe.xmp);
+        }
     }
 
     void read_tooManyPixels_areRefused_data() { eachKind(); }

@@ -217,6 +217,39 @@ private slots:
         QVERIFY(isEqualToTheBit(QImage(target, "PNG"), everyAlpha()));
     }
 
+    void png_codePoints_areThoseOfItsProfile_data()
+    {
+        QTest::addColumn<QColorSpace>("space");
+        QTest::addColumn<QByteArray>("chunk");
+        const auto codes = [](const char *bytes) {
+            return QByteArray("\0\0\0\4cICP", 8) + QByteArray(bytes, 4);
+        };
+        using Primaries = QColorSpace::Primaries;
+        using Transfer = QColorSpace::TransferFunction;
+        QTest::newRow("sRGB") << QColorSpace(QColorSpace::SRgb) << codes("\x01\x0D\0\1");
+        QTest::newRow("Display P3") << QColorSpace(QColorSpace::DisplayP3) << codes("\x0C\x0D\0\1");
+        QTest::newRow("linear") << QColorSpace(QColorSpace::SRgbLinear) << codes("\x01\x08\0\1");
+        QTest::newRow("Adobe RGB") << QColorSpace(QColorSpace::AdobeRgb) << QByteArray();
+        QTest::newRow("other curve")
+            << QColorSpace(Primaries::SRgb, Transfer::Gamma, 1.8F) << QByteArray();
+        QTest::newRow("none") << QColorSpace() << QByteArray();
+    }
+
+    void png_codePoints_areThoseOfItsProfile()
+    {
+        QFETCH(QColorSpace, space);
+        QFETCH(QByteArray, chunk);
+        QImage picture = everyAlpha();
+        picture.setColorSpace(space);
+        write(picture, PictureFormat::Png);
+        QFile file(target);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        QCOMPARE(bytes.contains("cICP"), !chunk.isEmpty());
+        QVERIFY(bytes.contains(chunk));
+        QVERIFY(bytes.indexOf("cICP") < bytes.indexOf("IDAT"));
+    }
+
     void png_premultiplied_showsTheSame()
     {
         const QImage picture = everyAlpha().convertToFormat(QImage::Format_ARGB32_Premultiplied);

@@ -150,8 +150,10 @@ QRgba64 pixelOf(const Recipe &recipe, int x, int y)
         return quint16(qint64(numberAt(recipe, x, y, channel)) * 0xFFFF / most);
     };
     const int last = recipe.colours() - 1;
-    const QRgba64 pixel = QRgba64::fromRgba64(wide(0), wide(last / 2), wide(last),
-                                              hasAlpha ? wide(recipe.colours()) : quint16(0xFFFF));
+    const quint16 mask = recipe.photometric == PHOTOMETRIC_MINISWHITE ? 0xFFFF : 0;
+    const QRgba64 pixel =
+        QRgba64::fromRgba64(wide(0) ^ mask, wide(last / 2) ^ mask, wide(last) ^ mask,
+                            hasAlpha ? wide(recipe.colours()) : quint16(0xFFFF));
     return recipe.alpha == EXTRASAMPLE_ASSOCALPHA ? pixel.unpremultiplied() : pixel;
 }
 
@@ -238,6 +240,15 @@ private slots:
         row("grey without alpha", [](Recipe &recipe) {
             recipe.channels = 1;
             recipe.photometric = PHOTOMETRIC_MINISBLACK;
+        });
+        row("grey whose least is white", [](Recipe &recipe) {
+            recipe.channels = 1;
+            recipe.photometric = PHOTOMETRIC_MINISWHITE;
+        });
+        row("grey whose least is white, 8 bits, with alpha", [](Recipe &recipe) {
+            recipe.bits = 8;
+            recipe.channels = 2;
+            recipe.photometric = PHOTOMETRIC_MINISWHITE;
         });
         row("alpha not told", [](Recipe &recipe) { recipe.alpha = -1; });
         row("multiplied", [](Recipe &recipe) { recipe.alpha = EXTRASAMPLE_ASSOCALPHA; });

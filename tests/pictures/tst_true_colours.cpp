@@ -342,6 +342,18 @@ private slots:
         QTest::newRow("damaged chunk") << Chunks{rubbish} << QByteArray() << 1;
         QTest::newRow("damaged profile, primaries")
             << Chunks{broken, gamma, primariesChunk()} << adobe << 1;
+        const auto codes = [](const char *bytes, int count = 4) {
+            return coloured_files::chunk("cICP", QByteArray(bytes, count));
+        };
+        QTest::newRow("code points") << Chunks{codes("\x0C\x0D\0\1")} << p3 << 0;
+        QTest::newRow("code points before profile")
+            << Chunks{codes("\x0C\x0D\0\1"), coloured_files::profileChunk(adobe)} << p3 << 0;
+        QTest::newRow("sRGB's code points before profile")
+            << Chunks{codes("\x01\x0D\0\1"), icc} << QByteArray() << 0;
+        QTest::newRow("unknown code points") << Chunks{codes("\x02\x02\0\1"), icc} << p3 << 0;
+        QTest::newRow("code points with a matrix") << Chunks{codes("\x01\x0D\1\1"), icc} << p3 << 0;
+        QTest::newRow("code points of PQ") << Chunks{codes("\x09\x10\0\1"), icc} << p3 << 1;
+        QTest::newRow("half of the code points") << Chunks{codes("\x01\x0D", 2), icc} << p3 << 0;
         QTest::newRow("profile for grey")
             << Chunks{coloured_files::profileChunk(greyProfile(2.2))} << QByteArray() << 1;
     }

@@ -22,6 +22,8 @@ void describe(const modern_files::Recipe &recipe, avifImage &image)
         avifImageSetProfileICC(&image, bytesOf(recipe.profile), size_t(recipe.profile.size()));
     if (!recipe.exif.isEmpty())
         avifImageSetMetadataExif(&image, bytesOf(recipe.exif), size_t(recipe.exif.size()));
+    if (!recipe.xmp.isEmpty())
+        avifImageSetMetadataXMP(&image, bytesOf(recipe.xmp), size_t(recipe.xmp.size()));
     // The library turns by what the EXIF data say; here the file's own properties count.
     image.transformFlags = AVIF_TRANSFORM_NONE;
     if (recipe.quarterTurns > 0)
@@ -74,6 +76,13 @@ bool begin(JxlEncoder *encoder, const modern_files::Recipe &recipe)
     colours.transfer_function =
         recipe.transfer == 16 ? JXL_TRANSFER_FUNCTION_PQ : JXL_TRANSFER_FUNCTION_SRGB;
     return JxlEncoderSetColorEncoding(encoder, &colours) == JXL_ENC_SUCCESS;
+}
+
+void addBox(JxlEncoder *encoder, const modern_files::Recipe &recipe, const char *name,
+            const QByteArray &box)
+{
+    JxlEncoderAddBox(encoder, name, reinterpret_cast<const uint8_t *>(box.constData()),
+                     size_t(box.size()), recipe.isMetadataCompressed);
 }
 
 bool addPixels(JxlEncoder *encoder, const modern_files::Recipe &recipe)
@@ -136,14 +145,14 @@ QByteArray modern_files::jxl(const Recipe &recipe)
 {
     const std::unique_ptr<JxlEncoder, decltype(&JxlEncoderDestroy)> encoder(
         JxlEncoderCreate(nullptr), &JxlEncoderDestroy);
-    if (!recipe.exif.isEmpty())
+    if (!recipe.exif.isEmpty() || !recipe.xmp.isEmpty())
         JxlEncoderUseBoxes(encoder.get());
     if (!begin(encoder.get(), recipe))
         return {};
-    const QByteArray box = QByteArray(4, '\0') + recipe.exif;
     if (!recipe.exif.isEmpty())
-        JxlEncoderAddBox(encoder.get(), "Exif", reinterpret_cast<const uint8_t *>(box.constData()),
-                         size_t(box.size()), JXL_FALSE);
+        addBox(encoder.get(), recipe, "Exif", QByteArray(4, '\0') + recipe.exif);
+    if (!recipe.xmp.isEmpty())
+        addBox(encoder.get(), recipe, "xml ", recipe.xmp);
     if (!addPixels(encoder.get(), recipe))
         return {};
     JxlEncoderCloseInput(encoder.get());
