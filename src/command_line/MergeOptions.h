@@ -1,20 +1,16 @@
 #pragma once
 
 #include "colour_profile.h"
-#include "merge_job.h"
 #include "picture_decoder.h"
 #include "picture_writer.h"
+#include "set_merge.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 
-enum class MergeMethod {
-    Fusion,   ///< exposure::merge, to a picture
-    Radiance, ///< exposure::merge, to the light itself
-    Mean      ///< the "Merge to HDR" tool's merge, to the bit
-};
+using MergeMethod = exposure::Method;
 
 /// The word that --method takes for it.
 QString wordOf(MergeMethod method);

@@ -10,11 +10,10 @@
 #include "console.h"
 #include "file_names.h"
 #include "interrupt_cleanup.h"
-#include "merge_pictures.h"
 #include "metadata_reader.h"
 #include "mtb_shifts.h"
 #include "opencl_devices.h"
-#include "picture_set.h"
+#include "set_merge.h"
 #include "shot_exposures.h"
 #include "transform_report.h"
 
@@ -22,9 +21,8 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <memory>
 #include <new>
+#include <utility>
 
 #include <unistd.h>
 
@@ -35,14 +33,6 @@ constexpr double kDecoded = 0.3;
 constexpr double kAligned = 0.6;
 constexpr double kMerged = 0.7;
 
-/// The fusion has the depth of the deepest shot.
-void deepen(QList<QImage> &shots)
-{
-    const auto isDeep = [](const QImage &shot) { return shot.depth() == 64; };
-    if (std::none_of(shots.begin(), shots.end(), isDeep))
-        shots.first() = std::move(shots.first()).convertToFormat(QImage::Format_RGBX64);
-}
-
 /// One merge from the files to the file. The steps run in the order in which they stand here; each
 /// says what is wrong, if anything is.
 class Merge
@@ -52,7 +42,6 @@ public:
         : options(mergeOptions)
     {
     }
-    ~Merge() { qDeleteAll(pictures); }
     Merge(const Merge &) = delete;
     Merge &operator=(const Merge &) = delete;
 
@@ -67,20 +56,18 @@ private:
     ExitCode decode();
     ExitCode checkSizes();
     ExitCode checkDevice();
-    void begin(merge::Step step);
-    ExitCode mergePictures();
-    ExitCode fusePictures();
-    exposure::Options jobOptions();
-    void takeLight(const exposure::Outcome &outcome);
-    ExitCode fusionFailure(exposure::Error error);
-    void showFusion(exposure::Step step, double done);
+    ExitCode mergeShots();
+    exposure::SetOptions setOptions();
+    void take(exposure::SetOutcome &&outcome);
+    void takeLight(const exposure::Report &done);
+    ExitCode mergeFailure(const exposure::SetOutcome &outcome);
+    void show(exposure::Step step, double done);
     ExitCode bringToOutputSpace();
     ExitCode writeToStandardOutput(const WriteOptions &how);
     void tellLosses(const WriteResult &result);
     ReadOptions readOptions() const;
     int bitsToWrite() const;
     ExitCode writeGhostMask();
-    ExitCode crop();
     Metadata keptMetadata() const;
     ExitCode encode();
     ExitCode timed(ExitCode (Merge::*step)(), qint64 &milliseconds);
@@ -93,15 +80,14 @@ private:
     QStringList files; ///< where the pictures are read; their names but for standard input
     UnnamedFile standardInput;
     bool isFirstDeep = false;      ///< the first picture has 16 bits per channel
-    QList<QImage *> pictures;      ///< in merge order; owned
+    QList<QImage> pictures;        ///< in merge order
     cl_device_id device = nullptr; ///< null: the processor merges
-    std::unique_ptr<QImage> merged;
+    QImage merged;
     command_line::ShotExposures exposures; ///< of the radiance
     double whiteLuminance = 0.0;           ///< of the radiance, see WriteOptions
     QImage ghosts;                         ///< what moved; null when nothing did
     MergeReport report;
     ProgressBar bar;
-    QElapsedTimer stepTimer;
 };
 
 ExitCode Merge::refuse(ExitCode code, const QString &file, const QString &reason)
@@ -136,11 +122,8 @@ ExitCode Merge::run()
         code = checkSizes();
     if (code == ExitCode::Ok)
         code = checkDevice();
-    const bool isMean = options.method == MergeMethod::Mean;
     if (code == ExitCode::Ok)
-        code = isMean ? mergePictures() : fusePictures();
-    if (code == ExitCode::Ok && isMean && options.crop)
-        code = crop();
+        code = mergeShots();
     if (code == ExitCode::Ok)
         code = bringToOutputSpace();
     if (code == ExitCode::Ok)
@@ -217,37 +200,24 @@ ExitCode Merge::readStandardInput()
     return ExitCode::Ok;
 }
 
-/// The mean reads as the tool does, to the bit.
 ReadOptions Merge::readOptions() const
 {
-    ReadOptions how;
+    ReadOptions how = exposure::readOptionsFor(options.method);
     how.pixelLimit = options.pixelLimit;
-    if (options.method == MergeMethod::Mean)
-        return how;
-    how.depth = ReadOptions::Depth::AsStored;
-    how.colours = ReadOptions::Colours::True;
     how.rawSpace = options.rawSpace;
     return how;
 }
 
 ExitCode Merge::decode()
 {
-    QList<QImage> decoded;
-    const ExitCode code = command_line::readPictures(
-        bar, kDecoded, {files, options.pictures, readOptions()}, decoded);
-    for (QImage &picture : decoded)
-        pictures.append(new QImage(std::move(picture)));
-    return code;
+    return command_line::readPictures(bar, kDecoded, {files, options.pictures, readOptions()},
+                                      pictures);
 }
 
 ExitCode Merge::checkSizes()
 {
-    QList<QImage> decoded;
-    for (const QImage *picture : std::as_const(pictures))
-        decoded.append(*picture);
-    report.inputSize = decoded.first().size();
-    report.area = QRect(QPoint(), report.inputSize);
-    return command_line::checkSizes(bar, options.pictures, decoded);
+    report.inputSize = pictures.first().size();
+    return command_line::checkSizes(bar, options.pictures, pictures);
 }
 
 ExitCode Merge::checkDevice()
@@ -258,45 +228,9 @@ ExitCode Merge::checkDevice()
     return reason.isEmpty() ? ExitCode::Ok : refuse(ExitCode::NoDevice, options.device, reason);
 }
 
-void Merge::begin(merge::Step step)
+void Merge::show(exposure::Step step, double done)
 {
-    if (step == merge::Step::Align) {
-        bar.show(kDecoded, QStringLiteral("Aligning"));
-        stepTimer.start();
-        return;
-    }
-    if (isAligning())
-        report.milliseconds.align = stepTimer.elapsed();
-    bar.show(kAligned, QStringLiteral("Merging"));
-    stepTimer.start();
-}
-
-ExitCode Merge::mergePictures()
-{
-    merge::Options how;
-    how.align = isAligning();
-    how.onDevice = device != nullptr;
-    how.device = device;
-    how.mayReusePixels = true;
-    how.beforeStep = [this](merge::Step step) { begin(step); };
-    merge::Outcome outcome = merge::mergePictures(pictures, how);
-    report.milliseconds.merge = stepTimer.elapsed();
-    if (!outcome.isDeviceComplete)
-        return refuse(ExitCode::NoDevice, options.device, QStringLiteral("it failed to merge"));
-    if (outcome.error != merge::Error::None)
-        return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
-    merged = std::move(outcome.picture);
-    report.isAligned = isAligning();
-    if (report.isAligned)
-        report.largestFindableShift =
-            mtb::largestFindableShift(mtb::pyramidLevels(report.inputSize));
-    report.pairShifts = std::move(outcome.pairShifts);
-    report.summedShifts = std::move(outcome.summedShifts);
-    return ExitCode::Ok;
-}
-
-void Merge::showFusion(exposure::Step step, double done)
-{
+    const bool isMean = options.method == MergeMethod::Mean;
     switch (step) {
     case exposure::Step::Register:
     case exposure::Step::Resample:
@@ -304,56 +238,61 @@ void Merge::showFusion(exposure::Step step, double done)
     case exposure::Step::FindGhosts:
         return bar.show(kAligned, QStringLiteral("Looking for what moved"));
     case exposure::Step::Fuse:
-        return bar.show(kAligned + (kMerged - kAligned) * done, QStringLiteral("Fusing"));
+        return bar.show(kAligned + (kMerged - kAligned) * done,
+                        isMean ? QStringLiteral("Merging") : QStringLiteral("Fusing"));
     }
 }
 
-ExitCode Merge::fusePictures()
+exposure::SetOptions Merge::setOptions()
 {
-    QList<QImage> shots;
-    for (QImage *picture : std::as_const(pictures))
-        shots += std::move(*picture);
-    qDeleteAll(pictures);
-    pictures.clear();
-    isFirstDeep = shots.first().depth() == 64;
-    report.colours = picture_set::bringToFirst(shots);
-    if (!report.colours.isMemoryShort && options.depth == 16)
-        deepen(shots);
-    if (report.colours.isMemoryShort || shots.first().isNull())
-        return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
-    exposure::Control control;
-    control.progress = [this](exposure::Step step, double done) { showFusion(step, done); };
-    exposure::Outcome outcome = exposure::merge(std::move(shots), jobOptions(), control);
-    if (outcome.error != exposure::Error::None)
-        return fusionFailure(outcome.error);
-    merged = std::make_unique<QImage>(std::move(outcome.picture));
-    ghosts = std::move(outcome.ghosts);
-    if (options.method == MergeMethod::Radiance)
-        takeLight(outcome);
-    report.isAligned = options.fusion.alignment != exposure::Alignment::None;
-    report.area = outcome.report.area;
-    report.milliseconds.align = outcome.report.registerMs;
-    report.milliseconds.ghosts = outcome.report.ghostsMs;
-    report.milliseconds.merge = outcome.report.fuseMs;
-    report.fusion = std::move(outcome.report);
-    return ExitCode::Ok;
-}
-
-exposure::Options Merge::jobOptions()
-{
-    exposure::Options how = options.fusion;
+    exposure::SetOptions how = options.fusion;
+    how.isDeepWanted = options.depth == 16;
+    how.device = device;
     if (options.method == MergeMethod::Radiance) {
         exposures = command_line::shotExposures(files);
-        how.product = exposure::Product::Light;
         how.exposures = exposures.relative;
     }
     return how;
 }
 
-/// What one would not guess of the light is said.
-void Merge::takeLight(const exposure::Outcome &outcome)
+ExitCode Merge::mergeShots()
+{
+    isFirstDeep = pictures.first().depth() == 64;
+    exposure::Control control;
+    control.progress = [this](exposure::Step step, double done) { show(step, done); };
+    exposure::SetOutcome outcome =
+        exposure::mergeSet(options.method, std::exchange(pictures, {}), setOptions(), control);
+    if (outcome.error != exposure::Error::None || !outcome.isDeviceComplete)
+        return mergeFailure(outcome);
+    take(std::move(outcome));
+    return ExitCode::Ok;
+}
+
+void Merge::take(exposure::SetOutcome &&outcome)
 {
     const exposure::Report &done = outcome.report;
+    merged = std::move(outcome.picture);
+    ghosts = std::move(outcome.ghosts);
+    report.isAligned = isAligning();
+    report.area = done.area;
+    report.milliseconds.align = done.registerMs;
+    report.milliseconds.ghosts = done.ghostsMs;
+    report.milliseconds.merge = done.fuseMs;
+    report.colours = std::move(outcome.colours);
+    report.pairShifts = std::move(outcome.pairShifts);
+    report.summedShifts = std::move(outcome.summedShifts);
+    if (!report.pairShifts.empty())
+        report.largestFindableShift =
+            mtb::largestFindableShift(mtb::pyramidLevels(report.inputSize));
+    if (options.method == MergeMethod::Radiance)
+        takeLight(done);
+    if (options.method != MergeMethod::Mean)
+        report.fusion = std::move(outcome.report);
+}
+
+/// What one would not guess of the light is said.
+void Merge::takeLight(const exposure::Report &done)
+{
     if (exposures.hasScale)
         whiteLuminance = command_line::luminanceOfWhite(exposures.relative[size_t(done.reference)]);
     if (!done.areExposuresKnown)
@@ -366,9 +305,11 @@ void Merge::takeLight(const exposure::Outcome &outcome)
                               "the colour profile is taken"));
 }
 
-ExitCode Merge::fusionFailure(exposure::Error error)
+ExitCode Merge::mergeFailure(const exposure::SetOutcome &outcome)
 {
-    if (error == exposure::Error::NothingCovered)
+    if (!outcome.isDeviceComplete)
+        return refuse(ExitCode::NoDevice, options.device, QStringLiteral("it failed to merge"));
+    if (outcome.error == exposure::Error::NothingCovered)
         return refuse(ExitCode::BadData, options.output,
                       QStringLiteral("nothing is left to crop to, the pictures do not overlap"));
     return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
@@ -378,7 +319,7 @@ ExitCode Merge::fusionFailure(exposure::Error error)
 ExitCode Merge::writeGhostMask()
 {
     if (ghosts.isNull()) {
-        ghosts = QImage(merged->size(), QImage::Format_Grayscale8);
+        ghosts = QImage(merged.size(), QImage::Format_Grayscale8);
         ghosts.fill(0);
     }
     WriteOptions how;
@@ -393,18 +334,6 @@ ExitCode Merge::writeGhostMask()
                : refuse(command_line::exitCodeOf(result.error), options.ghostMask, result.reason);
 }
 
-ExitCode Merge::crop()
-{
-    for (const QPoint shift : report.summedShifts)
-        report.area &= QRect(shift, report.inputSize);
-    if (report.area.isEmpty())
-        return refuse(ExitCode::BadData, options.output,
-                      QStringLiteral("nothing is left to crop to, the pictures do not overlap"));
-    if (report.area.size() != merged->size())
-        *merged = merged->copy(report.area);
-    return ExitCode::Ok;
-}
-
 Metadata Merge::keptMetadata() const
 {
     if (!options.keepsMetadata)
@@ -417,7 +346,7 @@ ExitCode Merge::bringToOutputSpace()
 {
     if (!options.outputSpace)
         return ExitCode::Ok;
-    const auto outcome = ColourTransform::bring(*merged, colour_profile::of(*options.outputSpace));
+    const auto outcome = ColourTransform::bring(merged, colour_profile::of(*options.outputSpace));
     return outcome != ColourTransform::Outcome::Failed
                ? ExitCode::Ok
                : refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
@@ -439,7 +368,7 @@ ExitCode Merge::writeToStandardOutput(const WriteOptions &how)
     UnnamedFile file;
     if (!file.open())
         return refuse(ExitCode::WriteFailed, options.output, file.reason());
-    const WriteResult result = picture::write(*merged, file.device(), options.format, how);
+    const WriteResult result = picture::write(merged, file.device(), options.format, how);
     if (result.error != OutputFile::Error::None)
         return refuse(command_line::exitCodeOf(result.error), options.output, result.reason);
     tellLosses(result);
@@ -471,11 +400,10 @@ ExitCode Merge::encode()
     };
     writeOptions.temporaryName = interrupt::removeOnInterrupt;
     report.bitsPerChannel = writeOptions.bitsPerSample;
-    report.outputSpace = colour_profile::nameOf(merged->colorSpace().iccProfile());
+    report.outputSpace = colour_profile::nameOf(merged.colorSpace().iccProfile());
     if (options.isToStandardOutput())
         return writeToStandardOutput(writeOptions);
-    const WriteResult result =
-        picture::write(*merged, options.output, options.format, writeOptions);
+    const WriteResult result = picture::write(merged, options.output, options.format, writeOptions);
     if (result.error != OutputFile::Error::None)
         return refuse(command_line::exitCodeOf(result.error), options.output, result.reason);
     tellLosses(result);

@@ -1,8 +1,10 @@
 #include "set_merge.h"
 
 #include "merge_pictures.h"
-#include "picture_set.h"
 
+#include <QElapsedTimer>
+
+#include <algorithm>
 #include <new>
 
 namespace exposure {
@@ -13,18 +15,34 @@ bool isCancelled(const Control &control)
     return control.cancelled && *control.cancelled;
 }
 
-Outcome failed(Error error)
+SetOutcome failed(Error error)
 {
-    Outcome outcome;
+    SetOutcome outcome;
     outcome.error = error;
     return outcome;
 }
 
-Outcome fuseSet(QList<QImage> &&shots, const Options &options, const Control &control)
+/// The result has the depth of the deepest shot.
+void deepen(QList<QImage> &shots)
 {
-    if (picture_set::bringToFirst(shots).isMemoryShort)
+    const auto isDeep = [](const QImage &shot) { return shot.depth() == 64; };
+    if (std::none_of(shots.begin(), shots.end(), isDeep))
+        shots.first() = std::move(shots.first()).convertToFormat(QImage::Format_RGBX64);
+}
+
+SetOutcome mergeInOneSpace(Product product, QList<QImage> &&shots, const SetOptions &options,
+                           const Control &control)
+{
+    SetOutcome outcome;
+    outcome.colours = picture_set::bringToFirst(shots);
+    if (outcome.colours.isMemoryShort)
         return failed(Error::NoMemory);
-    return merge(std::move(shots), options, control);
+    if (options.isDeepWanted && !shots.isEmpty())
+        deepen(shots);
+    Options how = options;
+    how.product = product;
+    static_cast<Outcome &>(outcome) = merge(std::move(shots), how, control);
+    return outcome;
 }
 
 Error errorOf(merge::Error error)
@@ -48,58 +66,87 @@ registration::Transform shifted(QPoint by)
     return {kind, registration::shiftMatrix(by.x(), by.y()), 1.0, 0.0, registration::Reason::None};
 }
 
-Report reportOf(const merge::Outcome &merged, int count, QSize size)
-{
-    Report report;
-    report.area = QRect(QPoint(), size);
-    report.transforms.assign(size_t(count), shifted({}));
-    for (size_t i = 0; i < merged.summedShifts.size(); ++i) {
-        report.transforms[i + 1] = shifted(merged.summedShifts[i]);
-        report.area &= QRect(merged.summedShifts[i], size);
-    }
-    return report;
-}
-
-/// The pictures are the tool's to delete.
-class OwnedPictures
+/// One merge by the tool's mean, which deletes the pictures that it is given.
+class MeanMerge
 {
 public:
-    explicit OwnedPictures(QList<QImage> &&shots)
+    MeanMerge(QList<QImage> &&shots, const SetOptions &setOptions, const Control &jobControl)
+        : options(setOptions)
+        , control(jobControl)
+        , size(shots.first().size())
+        , count(size_t(shots.size()))
     {
-        for (QImage &shot : shots)
-            list.append(new QImage(std::move(shot)));
+        how.align = options.alignment != Alignment::None && count > 1;
+        how.onDevice = options.device;
+        how.device = options.device;
+        how.mayReusePixels = true;
+        how.beforeStep = [this](merge::Step step) { begin(step); };
+        for (QImage &shot : shots) {
+            how.mayReusePixels = how.mayReusePixels && shot.isDetached();
+            pictures.append(new QImage(std::move(shot)));
+        }
     }
-    ~OwnedPictures() { qDeleteAll(list); }
-    OwnedPictures(const OwnedPictures &) = delete;
-    OwnedPictures &operator=(const OwnedPictures &) = delete;
+    ~MeanMerge() { qDeleteAll(pictures); }
+    MeanMerge(const MeanMerge &) = delete;
+    MeanMerge &operator=(const MeanMerge &) = delete;
 
-    QList<QImage *> list;
+    SetOutcome run()
+    {
+        timer.start();
+        merge::Outcome merged = merge::mergePictures(pictures, how);
+        outcome.report.fuseMs = timer.elapsed();
+        outcome.isDeviceComplete = merged.isDeviceComplete;
+        outcome.error = isCancelled(control) ? Error::Cancelled : errorOf(merged.error);
+        if (outcome.error == Error::None)
+            take(std::move(merged));
+        return std::move(outcome);
+    }
+
+private:
+    void begin(merge::Step step)
+    {
+        const bool isAligning = step == merge::Step::Align;
+        if (!isAligning && how.align)
+            outcome.report.registerMs = timer.elapsed();
+        timer.start();
+        if (control.progress)
+            control.progress(isAligning ? Step::Register : Step::Fuse, 0);
+    }
+
+    void take(merge::Outcome &&merged)
+    {
+        Report &report = outcome.report;
+        report.area = QRect(QPoint(), size);
+        report.transforms.assign(count, shifted({}));
+        for (size_t i = 0; i < merged.summedShifts.size(); ++i) {
+            report.transforms[i + 1] = shifted(merged.summedShifts[i]);
+            if (options.crop)
+                report.area &= QRect(merged.summedShifts[i], size);
+        }
+        outcome.pairShifts = std::move(merged.pairShifts);
+        outcome.summedShifts = std::move(merged.summedShifts);
+        if (report.area.isEmpty())
+            outcome.error = Error::NothingCovered;
+        else
+            outcome.picture = report.area.size() == size ? std::move(*merged.picture)
+                                                         : merged.picture->copy(report.area);
+    }
+
+    const SetOptions &options;
+    const Control &control;
+    const QSize size;
+    const size_t count;
+    merge::Options how;
+    QList<QImage *> pictures;
+    QElapsedTimer timer;
+    SetOutcome outcome;
 };
 
-Outcome meanOfSet(QList<QImage> &&shots, const Options &options, const Control &control)
+SetOutcome meanOfSet(QList<QImage> &&shots, const SetOptions &options, const Control &control)
 {
     if (shots.isEmpty() || shots.first().isNull())
         return failed(Error::NoPictures);
-    const int count = int(shots.size());
-    const QSize size = shots.first().size();
-    OwnedPictures pictures(std::move(shots));
-    merge::Options how;
-    how.align = options.alignment != Alignment::None && count > 1;
-    if (control.progress)
-        how.beforeStep = [&control](merge::Step step) {
-            control.progress(step == merge::Step::Align ? Step::Register : Step::Fuse, 0);
-        };
-    const merge::Outcome merged = merge::mergePictures(pictures.list, how);
-    if (isCancelled(control))
-        return failed(Error::Cancelled);
-    if (merged.error != merge::Error::None)
-        return failed(errorOf(merged.error));
-    Outcome outcome;
-    outcome.report = reportOf(merged, count, size);
-    if (options.crop && outcome.report.area.isEmpty())
-        return failed(Error::NothingCovered);
-    outcome.picture = options.crop ? merged.picture->copy(outcome.report.area) : *merged.picture;
-    return outcome;
+    return MeanMerge(std::move(shots), options, control).run();
 }
 
 } // namespace
@@ -114,11 +161,19 @@ ReadOptions readOptionsFor(Method method)
     return options;
 }
 
-Outcome mergeSet(Method method, QList<QImage> shots, const Options &options, const Control &control)
+SetOutcome mergeSet(Method method, QList<QImage> shots, const SetOptions &options,
+                    const Control &control)
 {
     try {
-        return method == Method::Mean ? meanOfSet(std::move(shots), options, control)
-                                      : fuseSet(std::move(shots), options, control);
+        switch (method) {
+        case Method::Mean:
+            return meanOfSet(std::move(shots), options, control);
+        case Method::Radiance:
+            return mergeInOneSpace(Product::Light, std::move(shots), options, control);
+        case Method::Fusion:
+            break;
+        }
+        return mergeInOneSpace(Product::Picture, std::move(shots), options, control);
     } catch (const std::bad_alloc &) {
         return failed(Error::NoMemory);
     }

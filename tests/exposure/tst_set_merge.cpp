@@ -47,6 +47,8 @@ private slots:
     void mean_equalsTheTools();
     void mean_cropped_isTheCommonArea();
     void fusion_bringsTheShotsToTheFirstOnesColours();
+    void fusion_deepIsWanted_hasSixteenBits();
+    void radiance_isTheJobsLight();
     void readOptions_areTheMethodsOwn();
     void badSets_areErrors_data();
     void badSets_areErrors();
@@ -72,8 +74,11 @@ void TestSetMerge::mean_equalsTheTools()
     const merge::Outcome expected = merge::mergePictures(pictures, how);
     exposure::Options options;
     options.alignment = align ? exposure::Alignment::Shift : exposure::Alignment::None;
-    const exposure::Outcome outcome =
+    const exposure::SetOutcome outcome =
         exposure::mergeSet(exposure::Method::Mean, bracket(), options);
+    QVERIFY(outcome.pairShifts == expected.pairShifts);
+    QVERIFY(outcome.summedShifts == expected.summedShifts);
+    QCOMPARE(outcome.report.area, QRect(QPoint(), kSize));
     QCOMPARE(outcome.error, exposure::Error::None);
     QCOMPARE(outcome.picture, *expected.picture);
     QCOMPARE(outcome.report.transforms.size(), size_t(3));
@@ -108,6 +113,29 @@ void TestSetMerge::fusion_bringsTheShotsToTheFirstOnesColours()
     const exposure::Outcome outcome = exposure::mergeSet(exposure::Method::Fusion, shots);
     QCOMPARE(outcome.picture, expected.picture);
     QVERIFY(outcome.picture != exposure::merge(shots).picture);
+}
+
+void TestSetMerge::fusion_deepIsWanted_hasSixteenBits()
+{
+    exposure::SetOptions options;
+    QCOMPARE(exposure::mergeSet(exposure::Method::Fusion, bracket(), options).picture.format(),
+             QImage::Format_RGB32);
+    options.isDeepWanted = true;
+    QCOMPARE(exposure::mergeSet(exposure::Method::Fusion, bracket(), options).picture.format(),
+             QImage::Format_RGBX64);
+}
+
+void TestSetMerge::radiance_isTheJobsLight()
+{
+    exposure::Options options;
+    options.exposures = {0.5, 1.0, 1.8};
+    const exposure::SetOutcome outcome =
+        exposure::mergeSet(exposure::Method::Radiance, bracket(), options);
+    QCOMPARE(outcome.error, exposure::Error::None);
+    QCOMPARE(outcome.picture.format(), QImage::Format_RGBX32FPx4);
+    QVERIFY(outcome.report.areExposuresKnown);
+    options.product = exposure::Product::Light;
+    QCOMPARE(outcome.picture, exposure::merge(bracket(), options).picture);
 }
 
 void TestSetMerge::readOptions_areTheMethodsOwn()
