@@ -1,5 +1,7 @@
 #include "LevelMaps.h"
 
+#include "parallel_rows.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -11,9 +13,14 @@ using Ranks = std::array<int64_t, 256>;
 /// Of places that are the same for all shots, so that the ranks mean the same.
 Ranks ranks(const motion::SmallShot &shot, size_t channel, const std::vector<uint8_t> &counted)
 {
-    Ranks result{};
+    const uint8_t *levels = shot.levels[channel].data();
+    std::array<Ranks, 4> counts{}; // so that no sum waits for the one before
     for (size_t i = 0; i < counted.size(); ++i)
-        result[shot.levels[channel][i]] += counted[i];
+        counts[i % 4][levels[i]] += counted[i];
+    Ranks result{};
+    for (const Ranks &part : counts)
+        for (size_t level = 0; level < result.size(); ++level)
+            result[level] += part[level];
     std::partial_sum(result.begin(), result.end(), result.begin());
     return result;
 }
@@ -69,13 +76,18 @@ motion::LevelMaps::LevelMaps(const std::vector<SmallShot> &shots)
     , maps(count * count * 3)
 {
     const std::vector<uint8_t> covered = coveredByAll(shots);
-    for (size_t channel = 0; channel < 3; ++channel) {
-        const std::vector<uint8_t> counted = unmixed(shots, channel, covered);
-        std::vector<Ranks> all;
-        for (const SmallShot &shot : shots)
-            all.push_back(ranks(shot, channel, counted));
-        for (size_t from = 0; from < count; ++from)
-            for (size_t to = 0; to < count; ++to)
-                maps[(from * count + to) * 3 + channel] = mapBetween(all[from], all[to]);
-    }
+    std::array<std::vector<uint8_t>, 3> counted;
+    parallel::each(3, [&](int channel) {
+        counted[size_t(channel)] = unmixed(shots, size_t(channel), covered);
+    });
+    std::vector<Ranks> all(3 * count);
+    parallel::each(static_cast<int>(all.size()), [&](int i) {
+        const size_t channel = size_t(i) % 3;
+        all[size_t(i)] = ranks(shots[size_t(i) / 3], channel, counted[channel]);
+    });
+    for (size_t from = 0; from < count; ++from)
+        for (size_t to = 0; to < count; ++to)
+            for (size_t channel = 0; channel < 3; ++channel)
+                maps[(from * count + to) * 3 + channel] =
+                    mapBetween(all[3 * from + channel], all[3 * to + channel]);
 }

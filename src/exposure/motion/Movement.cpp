@@ -1,11 +1,12 @@
 #include "Movement.h"
 
-#include "planes.h"
-#include "regions.h"
+#include "FlagRuns.h"
 
 #include "parallel_rows.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 #include <numeric>
 
 namespace {
@@ -28,6 +29,43 @@ int mixedLevel(const motion::SmallShot &shot, const motion::LevelMaps::Map &map,
     const int high = map[static_cast<size_t>(brightest)];
     return low + (high - low) * share / (brightest - darkest);
 }
+
+/// What tells at once that next to no place differs: of two shots one's range of levels, the
+/// other's level, and the maps from the one to the other.
+class OneWay
+{
+public:
+    OneWay(const motion::SmallShot &from, const motion::SmallShot &to,
+           const motion::LevelMaps &maps, size_t fromIndex, size_t toIndex)
+    {
+        for (size_t i = 0; i < 3; ++i)
+            channels[i] = {from.lowest[i].data(), from.highest[i].data(), to.levels[i].data(),
+                           maps.map(fromIndex, toIndex, i).data()};
+    }
+
+    /// No channel's distance() is larger.
+    int farthest(size_t place) const
+    {
+        return std::max(
+            {channels[0].outside(place), channels[1].outside(place), channels[2].outside(place)});
+    }
+
+private:
+    struct Channel
+    {
+        const uint8_t *lowest;
+        const uint8_t *highest;
+        const uint8_t *level;
+        const uint8_t *map;
+
+        int outside(size_t place) const
+        {
+            return std::max(map[lowest[place]] - level[place], level[place] - map[highest[place]]);
+        }
+    };
+
+    std::array<Channel, 3> channels{};
+};
 
 std::vector<size_t> orderByBrightness(const std::vector<motion::SmallShot> &shots)
 {
@@ -91,22 +129,32 @@ int motion::Movement::difference(size_t first, size_t second, size_t place) cons
 void motion::Movement::addDifferences(size_t first, size_t second, Plane &strongest) const
 {
     const auto width = static_cast<size_t>(shots[0].width);
+    const OneWay there(shots[first], shots[second], maps, first, second);
+    const OneWay back(shots[second], shots[first], maps, second, first);
     parallel::rows({shots[0].width * 4, shots[0].height}, [&](int begin, int end) {
         for (size_t place = size_t(begin) * width; place < size_t(end) * width; ++place) {
+            if (there.farthest(place) <= kFaint || back.farthest(place) <= kFaint)
+                continue; // as nearly everywhere
             const int largest = std::max<int>(strongest[place], difference(first, second, place));
             strongest[place] = static_cast<uint8_t>(largest);
         }
     });
 }
 
-motion::Plane motion::Movement::changes() const
+motion::Plane motion::Movement::differences() const
 {
     constexpr size_t kNeighbours = 2; ///< in brightness, to compare with
-    constexpr int kLeastOf25 = 7;
     Plane strongest(shots[0].covered.size());
     for (size_t i = 0; i < order.size(); ++i)
         for (size_t j = i + 1; j <= i + kNeighbours && j < order.size(); ++j)
             addDifferences(order[i], order[j], strongest);
+    return strongest;
+}
+
+motion::Plane motion::Movement::changes() const
+{
+    constexpr int kLeastOf25 = 7;
+    const Plane strongest = differences();
     const auto above = [&](int threshold) {
         Plane flags(strongest.size());
         for (size_t i = 0; i < flags.size(); ++i)
@@ -115,9 +163,13 @@ motion::Plane motion::Movement::changes() const
     };
     const Plane clear = above(kThreshold);
     Plane changes = above(kFaint);
-    for (const Region &region : touching(changes, shots[0].width))
-        if (std::none_of(region.begin(), region.end(), [&](size_t i) { return clear[i] != 0; }))
-            for (const size_t place : region)
-                changes[place] = 0;
+    const FlagRuns faint(changes, static_cast<size_t>(shots[0].width));
+    std::vector<char> isClear(faint.groupCount());
+    for (const FlagRuns::Run &run : faint.runs())
+        if (std::memchr(&clear[run.begin], 1, run.end - run.begin) != nullptr)
+            isClear[run.group] = 1;
+    for (const FlagRuns::Run &run : faint.runs())
+        if (isClear[run.group] == 0)
+            std::fill_n(&changes[run.begin], run.end - run.begin, uint8_t(0));
     return changes;
 }

@@ -2,14 +2,11 @@
 
 #include "LevelMaps.h"
 #include "SmallShot.h"
+#include "planes.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace motion {
-
-/// A plane of flags or levels at the size at which movement is looked for.
-using Plane = std::vector<uint8_t>;
 
 /// Tells where shots disagree, beyond noise, beyond half a block of misregistration and beyond what
 /// the exposures make of the mixture of levels inside a block. Borrows the shots. Any thread,
@@ -35,6 +32,10 @@ public:
     /// 1 where shots that follow one another in brightness disagree by more than kThreshold, and
     /// around there where they do by more than kFaint; single places are left out.
     Plane changes() const;
+
+    /// By how much shots that follow one another in brightness differ at most, where that is more
+    /// than kFaint; elsewhere no more than that.
+    Plane differences() const;
 
     /// Shots from the darkest to the brightest.
     const std::vector<size_t> &byBrightness() const { return order; }

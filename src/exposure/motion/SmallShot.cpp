@@ -57,48 +57,39 @@ void shrinkRow(const QImage &picture, int side, int y, std::vector<uint32_t> &ro
     motion::measureBlocks(words, rowOf(small, y));
 }
 
-/// Per number of a line the best of itself and its neighbours.
-template <typename Best>
-void bestOfThree(const uint8_t *from, size_t count, uint8_t *__restrict to, Best best)
+/// Halfway from each level of the row in the middle to the best of the 3 x 3 around, rounded down
+/// or up. down: a row to work in, with a number more at both ends.
+template <int rounding, typename Best>
+void halfwayRow(const std::array<const uint8_t *, 3> &rows, size_t count, Best best,
+                std::vector<uint8_t> &down, uint8_t *__restrict to)
 {
-    const size_t last = count - 1;
-    to[0] = best(from[0], from[last > 0 ? 1 : 0]);
-    for (size_t i = 1; i < last; ++i)
-        to[i] = best(best(from[i - 1], from[i + 1]), from[i]);
-    to[last] = best(from[last > 0 ? last - 1 : 0], from[last]);
+    uint8_t *__restrict middle = &down[1];
+    for (size_t x = 0; x < count; ++x)
+        middle[x] = best(best(rows[0][x], rows[2][x]), rows[1][x]);
+    down[0] = down[1];
+    down[count + 1] = down[count];
+    const uint8_t *left = down.data();
+    for (size_t x = 0; x < count; ++x)
+        to[x] = static_cast<uint8_t>(
+            (rows[1][x] + best(best(left[x], left[x + 2]), left[x + 1]) + rounding) / 2);
 }
 
-/// Per place the best of the 3 x 3 around. The pointers spare the compiler the fear of overlap.
-template <typename Best>
-void bestAround(const SmallShot::Levels &from, int width, int height, SmallShot::Levels &to,
-                Best best)
+/// Row y of what lies halfway to the extremes around.
+void findRangeOfRow(SmallShot &small, int y, std::vector<uint8_t> &room)
 {
-    const auto columns = static_cast<size_t>(width);
-    const auto last = static_cast<size_t>(height) - 1;
-    SmallShot::Levels rows(from.size());
-    for (size_t y = 0; y <= last; ++y)
-        bestOfThree(&from[y * columns], columns, &rows[y * columns], best);
-    to.resize(from.size());
-    for (size_t y = 0; y <= last; ++y) {
-        const uint8_t *above = &rows[(y > 0 ? y - 1 : y) * columns];
-        const uint8_t *here = &rows[y * columns];
-        const uint8_t *below = &rows[(y < last ? y + 1 : y) * columns];
-        uint8_t *__restrict out = &to[y * columns];
-        for (size_t x = 0; x < columns; ++x)
-            out[x] = best(best(above[x], below[x]), here[x]);
+    const auto smaller = [](uint8_t a, uint8_t b) { return a < b ? a : b; };
+    const auto larger = [](uint8_t a, uint8_t b) { return a > b ? a : b; };
+    const auto width = static_cast<size_t>(small.width);
+    const auto first = [&](int row) {
+        return static_cast<size_t>(std::clamp(row, 0, small.height - 1)) * width;
+    };
+    for (size_t channel = 0; channel < 3; ++channel) {
+        const uint8_t *levels = small.levels[channel].data();
+        const std::array<const uint8_t *, 3> rows{levels + first(y - 1), levels + first(y),
+                                                  levels + first(y + 1)};
+        halfwayRow<0>(rows, width, smaller, room, &small.lowest[channel][first(y)]);
+        halfwayRow<1>(rows, width, larger, room, &small.highest[channel][first(y)]);
     }
-}
-
-/// The level at each place halfway to the best of the 3 x 3 around; `rounding` 0 or 1.
-template <typename Best>
-void halfwayToBest(const SmallShot::Levels &levels, int width, int height, int rounding,
-                   SmallShot::Levels &to, Best best)
-{
-    bestAround(levels, width, height, to, best);
-    const uint8_t *own = levels.data();
-    uint8_t *__restrict out = to.data();
-    for (size_t i = 0; i < to.size(); ++i)
-        out[i] = static_cast<uint8_t>((own[i] + out[i] + rounding) / 2);
 }
 
 } // namespace
@@ -119,7 +110,8 @@ motion::SmallShot motion::shrink(const QImage &picture, int side)
     small.width = (picture.width() + side - 1) / side;
     small.height = (picture.height() + side - 1) / side;
     const auto places = static_cast<size_t>(small.width) * static_cast<size_t>(small.height);
-    for (SmallShot::Channels *channels : {&small.levels, &small.darkest, &small.brightest})
+    for (SmallShot::Channels *channels :
+         {&small.levels, &small.lowest, &small.highest, &small.darkest, &small.brightest})
         for (SmallShot::Levels &channel : *channels)
             channel.resize(places);
     small.covered.resize(places);
@@ -128,12 +120,10 @@ motion::SmallShot motion::shrink(const QImage &picture, int side)
         for (int y = begin; y < end; ++y)
             shrinkRow(picture, side, y, room, small);
     });
-    const auto smaller = [](uint8_t a, uint8_t b) { return a < b ? a : b; };
-    const auto larger = [](uint8_t a, uint8_t b) { return a > b ? a : b; };
-    parallel::each(3, [&](int channel) {
-        const auto i = static_cast<size_t>(channel);
-        halfwayToBest(small.levels[i], small.width, small.height, 0, small.lowest[i], smaller);
-        halfwayToBest(small.levels[i], small.width, small.height, 1, small.highest[i], larger);
+    parallel::rows({small.width * 4, small.height}, [&](int begin, int end) {
+        std::vector<uint8_t> room(static_cast<size_t>(small.width) + 2);
+        for (int y = begin; y < end; ++y)
+            findRangeOfRow(small, y, room);
     });
     return small;
 }

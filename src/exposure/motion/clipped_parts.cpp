@@ -112,9 +112,7 @@ std::vector<ClippedPart> motion::clippedParts(const Region &region, const Region
                 clipped[place] = 0;
     }
     std::vector<ClippedPart> parts;
-    for (const Region &part : touching(clipped, shots[0].width)) {
-        if (part.size() < kLeastPlaces)
-            continue;
+    for (const Region &part : touching(clipped, shots[0].width, kLeastPlaces)) {
         const Region ring = around(part, inRegion, shots[0]);
         parts.push_back({part, shotsFor(part, ring, choice, shots, movement)});
     }

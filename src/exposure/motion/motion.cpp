@@ -1,5 +1,6 @@
 #include "motion.h"
 
+#include "FlagRuns.h"
 #include "Movement.h"
 #include "SmallShot.h"
 #include "clipped_parts.h"
@@ -20,8 +21,7 @@ using motion::SmallShot;
 using motion::Status;
 
 constexpr size_t kMostShots = 64;
-constexpr int kMargin = 3;           ///< around what moved, at the small size
-constexpr int kSoftEdge = 2;         ///< likewise, within the margin
+constexpr int kMargin = 3; ///< around what moved, at the small size; the soft edge lies in it
 constexpr size_t kLeastPlaces = 150; ///< of a region with its margin
 constexpr size_t kLargestHole = 8;   ///< one of so many parts of all that moved
 constexpr int kNarrow = 6;           ///< half of the widest gap that leaves a hole closed
@@ -97,19 +97,24 @@ QImage asMask(const Plane &plane, const SmallShot &small, int side, QSize size, 
     if (std::all_of(plane.begin(), plane.end(), [=](uint8_t level) { return level == neutral; }))
         return {};
     const QSize half((size.width() + 1) / 2, (size.height() + 1) / 2);
-    const Plane soft = motion::planes::blurred(plane, small.width, small.height, kSoftEdge);
+    const Plane soft = motion::planes::softened(plane, small.width, small.height);
     return motion::planes::enlarged(soft, small.width, small.height, side / 2, half);
 }
 
-bool touchesBorder(const Region &region, const SmallShot &size)
+/// For each group of runs whether flagged places enclose it and are many beside it.
+std::vector<char> holesAmong(const motion::FlagRuns &found, const SmallShot &size, size_t flagged)
 {
     const auto width = static_cast<size_t>(size.width);
-    const auto height = static_cast<size_t>(size.height);
-    return std::any_of(region.begin(), region.end(), [=](size_t place) {
-        const size_t x = place % width;
-        const size_t y = place / width;
-        return x == 0 || y == 0 || x + 1 == width || y + 1 == height;
-    });
+    const size_t places = size.covered.size();
+    const std::vector<size_t> sizes = found.groupSizes();
+    std::vector<char> isHole(found.groupCount());
+    for (size_t group = 0; group < isHole.size(); ++group)
+        isHole[group] = static_cast<char>(sizes[group] <= flagged / kLargestHole);
+    for (const motion::FlagRuns::Run &run : found.runs())
+        if (run.begin % width == 0 || run.end % width == 0 || run.begin < width ||
+            run.end > places - width)
+            isHole[run.group] = 0;
+    return isHole;
 }
 
 /// Places that flagged ones enclose are flagged too, when they are few beside them: the middle of a
@@ -123,11 +128,12 @@ void fillHoles(Plane &flags, const SmallShot &size, int gap)
     Plane apart = motion::planes::crowded(flags, size.width, size.height, gap, 1);
     for (uint8_t &flag : apart)
         flag = static_cast<uint8_t>(flag == 0);
+    const motion::FlagRuns found(apart, static_cast<size_t>(size.width));
+    const std::vector<char> isHole = holesAmong(found, size, flagged);
     Plane holes(flags.size());
-    for (const Region &hole : motion::touching(apart, size.width))
-        if (hole.size() <= flagged / kLargestHole && !touchesBorder(hole, size))
-            for (const size_t place : hole)
-                holes[place] = 1;
+    for (const motion::FlagRuns::Run &run : found.runs())
+        if (isHole[run.group] != 0)
+            std::fill(&holes[run.begin], &holes[run.begin] + (run.end - run.begin), uint8_t(1));
     const Plane filled = motion::planes::crowded(holes, size.width, size.height, gap, 1);
     for (size_t i = 0; i < flags.size(); ++i)
         flags[i] |= filled[i];
@@ -139,10 +145,7 @@ std::vector<Region> movingRegions(const motion::Movement &movement, const SmallS
         motion::planes::crowded(movement.changes(), small.width, small.height, kMargin, 1);
     fillHoles(grown, small, kNarrow);
     fillHoles(grown, small, 0);
-    std::vector<Region> regions = motion::touching(grown, small.width);
-    const auto isSmall = [](const Region &region) { return region.size() < kLeastPlaces; };
-    regions.erase(std::remove_if(regions.begin(), regions.end(), isSmall), regions.end());
-    return regions;
+    return motion::touching(grown, small.width, kLeastPlaces);
 }
 
 Result masksOf(const std::vector<SmallShot> &shots, int side, QSize size, int fixed,

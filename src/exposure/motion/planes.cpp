@@ -1,134 +1,233 @@
 #include "planes.h"
 
+#include "large_memory.h"
 #include "parallel_rows.h"
 
-#include <QtAlgorithms>
-
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 namespace {
 
-using motion::planes::Plane;
+using motion::Plane;
 
-/// Per number of a line the sum over `radius` to both sides, ends repeated.
-template <typename From, typename To>
-void slide(const From *from, int count, size_t step, int radius, To *to)
+/// Sums of a plane's numbers over the window of a radius around each place, row after row from one
+/// on down; what is outside repeats the edge. Sum: unsigned, wide enough for a window.
+template <typename Sum>
+class WindowSums
 {
-    const auto at = [&](int i) {
-        return from[static_cast<size_t>(std::clamp(i, 0, count - 1)) * step];
-    };
-    unsigned sum = 0;
-    for (int i = -radius; i <= radius; ++i)
-        sum += at(i);
-    for (int i = 0; i < count; ++i) {
-        to[static_cast<size_t>(i) * step] = static_cast<To>(sum);
-        sum += at(i + radius + 1);
-        sum -= at(i - radius);
+public:
+    WindowSums(const Plane &numbers, int planeWidth, int planeHeight, int windowRadius,
+               int firstRow)
+        : plane(numbers)
+        , width(static_cast<size_t>(planeWidth))
+        , height(planeHeight)
+        , radius(windowRadius)
+        , row(firstRow)
+        , padded(width + 2 * static_cast<size_t>(radius))
+        , ring(width * static_cast<size_t>(2 * radius + 1))
+        , sums(width)
+    {
+        for (int i = -radius; i < radius; ++i)
+            take(row + i);
     }
-}
 
-/// Sums over the window: 15 x 15 of 255 fit.
-std::vector<uint16_t> windowSums(const Plane &plane, int width, int height, int radius)
-{
-    const auto columns = static_cast<size_t>(width);
-    std::vector<uint16_t> across(plane.size());
-    std::vector<uint16_t> sums(plane.size());
-    for (int y = 0; y < height; ++y)
-        slide(&plane[static_cast<size_t>(y) * columns], width, 1, radius,
-              &across[static_cast<size_t>(y) * columns]);
-    for (int y = 0; y < height; ++y) {
-        uint16_t *__restrict out = &sums[static_cast<size_t>(y) * columns];
-        for (int row = y - radius; row <= y + radius; ++row) {
-            const size_t source = static_cast<size_t>(std::clamp(row, 0, height - 1));
-            const uint16_t *from = &across[source * columns];
-            for (size_t x = 0; x < columns; ++x)
-                out[x] = static_cast<uint16_t>(out[x] + from[x]);
+    /// Those of the next row, valid until the next call.
+    const Sum *next()
+    {
+        take(row + radius);
+        ++row;
+        return sums.data();
+    }
+
+private:
+    /// Adds a row's sums across and takes off those that it follows 2 radius + 1 rows later.
+    void take(int taken)
+    {
+        const int window = 2 * radius + 1;
+        const auto slot = static_cast<size_t>((taken + window) % window);
+        Sum *__restrict across = &ring[slot * width];
+        Sum *__restrict all = sums.data();
+        for (size_t x = 0; x < width; ++x)
+            all[x] = static_cast<Sum>(all[x] - across[x]);
+        sumAcross(&plane[static_cast<size_t>(std::clamp(taken, 0, height - 1)) * width], across);
+        for (size_t x = 0; x < width; ++x)
+            all[x] = static_cast<Sum>(all[x] + across[x]);
+    }
+
+    void sumAcross(const uint8_t *from, Sum *__restrict across)
+    {
+        const auto margin = static_cast<size_t>(radius);
+        std::fill_n(padded.begin(), margin, from[0]);
+        std::copy_n(from, width, padded.begin() + radius);
+        std::fill_n(padded.end() - radius, margin, from[width - 1]);
+        std::copy_n(padded.begin(), width, across);
+        for (size_t shift = 1; shift <= 2 * margin; ++shift) {
+            const uint8_t *shifted = &padded[shift];
+            for (size_t x = 0; x < width; ++x)
+                across[x] = static_cast<Sum>(across[x] + shifted[x]);
         }
     }
-    return sums;
-}
 
-/// Where a pixel's centre lies between two places, in 1 / (2 factor).
-struct Between
-{
-    int first;
-    int second;
-    int secondWeight;
-
-    Between(int pixel, int factor, int count)
-    {
-        const int twice = 2 * factor;
-        const int position =
-            2 * pixel + 1 - factor + twice; // half a place and one more to the left
-        first = std::clamp(position / twice - 1, 0, count - 1);
-        second = std::clamp(position / twice, 0, count - 1);
-        secondWeight = position % twice;
-    }
+    const Plane &plane;
+    const size_t width;
+    const int height;
+    const int radius;
+    int row;
+    Plane padded;
+    std::vector<Sum> ring; ///< sums across of the window's rows
+    std::vector<Sum> sums;
 };
 
-/// The interpolation across and down; `columns` has one entry for each pixel of a row.
-void enlargeRow(const Plane &levels, int width, int height, const std::vector<Between> &columns,
-                int factor, int y, std::vector<int> &mixed, uchar *out)
+/// A plane of what `of` makes of each sum of the windows.
+template <typename Sum, typename Of>
+Plane ofWindows(const Plane &plane, int width, int height, int radius, Of of)
 {
-    const Between rows(y, factor, height);
-    const uint8_t *first = &levels[static_cast<size_t>(rows.first) * static_cast<size_t>(width)];
-    const uint8_t *second = &levels[static_cast<size_t>(rows.second) * static_cast<size_t>(width)];
-    const auto isFull = [width](const uint8_t *row) {
-        return std::all_of(row, row + width, [](uint8_t level) { return level == 255; });
-    };
-    if (isFull(first) && isFull(second)) {
-        std::fill(out, out + columns.size(), uchar(255));
-        return;
+    Plane result(plane.size());
+    parallel::rows({width, height}, [&](int begin, int end) {
+        WindowSums<Sum> windows(plane, width, height, radius, begin);
+        for (int y = begin; y < end; ++y) {
+            const Sum *sums = windows.next();
+            uint8_t *__restrict out = &result[static_cast<size_t>(y) * static_cast<size_t>(width)];
+            for (int x = 0; x < width; ++x)
+                out[x] = of(sums[x]);
+        }
+    });
+    return result;
+}
+
+bool isOfOneLevel(const uint8_t *levels, size_t count, uint8_t level)
+{
+    return levels[0] == level && std::memcmp(levels, levels + 1, count - 1) == 0;
+}
+
+/// Rows of a picture whose pixels a plane's places each stand for `factor` x `factor` of, an even
+/// number, interpolated in between. Borrows the plane.
+template <int factor>
+class Enlarger
+{
+public:
+    Enlarger(const Plane &smallLevels, int planeWidth, int planeHeight)
+        : levels(smallLevels)
+        , width(static_cast<size_t>(planeWidth))
+        , height(planeHeight)
+        , mixed(width + 2)
+        , made((width + 1) * factor)
+    {
     }
-    const int full = 2 * factor;
-    for (size_t x = 0; x < mixed.size(); ++x)
-        mixed[x] = first[x] * (full - rows.secondWeight) + second[x] * rows.secondWeight;
-    const auto area = static_cast<unsigned>(full * full);
-    const int shift = static_cast<int>(qCountTrailingZeroBits(area));
-    for (size_t x = 0; x < columns.size(); ++x) {
-        const Between &place = columns[x];
-        const int sum = mixed[static_cast<size_t>(place.first)] * (full - place.secondWeight) +
-                        mixed[static_cast<size_t>(place.second)] * place.secondWeight;
-        out[x] = static_cast<uchar>((static_cast<unsigned>(sum) + area / 2) >> shift);
+
+    /// The first `count` pixels of row y.
+    void makeRow(int y, size_t count, uchar *out)
+    {
+        const int fromHalfBefore = y + factor / 2; // half a place before the first one
+        const uint8_t *above = levelsOf(fromHalfBefore / factor - 1);
+        const uint8_t *below = levelsOf(fromHalfBefore / factor);
+        if (isOfOneLevel(above, width, above[0]) && isOfOneLevel(below, width, above[0])) {
+            std::memset(out, above[0], count);
+            return;
+        }
+        mixDown(above, below, 2 * (fromHalfBefore % factor) + 1);
+        mixAcross();
+        std::memcpy(out, made.data() + factor / 2, count);
     }
+
+private:
+    static constexpr int kFull = 2 * factor; ///< shares of two places together
+
+    const uint8_t *levelsOf(int row) const
+    {
+        return &levels[static_cast<size_t>(std::clamp(row, 0, height - 1)) * width];
+    }
+
+    void mixDown(const uint8_t *above, const uint8_t *below, int shareBelow)
+    {
+        uint16_t *__restrict to = &mixed[1];
+        for (size_t x = 0; x < width; ++x)
+            to[x] = static_cast<uint16_t>(above[x] * (kFull - shareBelow) + below[x] * shareBelow);
+        mixed.front() = mixed[1];
+        mixed.back() = mixed[width];
+    }
+
+    /// The pixels from the middle of each place to that of the next.
+    void mixAcross()
+    {
+        constexpr int kArea = kFull * kFull;
+        const uint16_t *from = mixed.data();
+        uint8_t *__restrict to = made.data();
+        for (size_t i = 0; i <= width; ++i) {
+            for (size_t k = 0; k < factor; ++k) {
+                const int share = 2 * static_cast<int>(k) + 1;
+                const int sum = from[i] * (kFull - share) + from[i + 1] * share;
+                to[i * factor + k] = static_cast<uint8_t>((sum + kArea / 2) / kArea);
+            }
+        }
+    }
+
+    const Plane &levels;
+    const size_t width;
+    const int height;
+    std::vector<uint16_t> mixed; ///< the two rows; with a place more at both ends
+    Plane made;                  ///< pixels, from half a place before the first on
+};
+
+template <int factor>
+void enlarge(const Plane &levels, int width, int height, QImage &picture)
+{
+    uchar *bits = picture.bits();
+    const qsizetype rowBytes = picture.bytesPerLine();
+    const auto count = static_cast<size_t>(picture.width());
+    parallel::rows(picture.size(), [&](int begin, int end) {
+        Enlarger<factor> enlarger(levels, width, height);
+        for (int y = begin; y < end; ++y)
+            enlarger.makeRow(y, count, bits + y * rowBytes);
+    });
+}
+
+void copy(const Plane &levels, int width, QImage &picture)
+{
+    for (int y = 0; y < picture.height(); ++y)
+        std::memcpy(picture.scanLine(y), &levels[static_cast<size_t>(y) * size_t(width)],
+                    static_cast<size_t>(picture.width()));
 }
 
 } // namespace
 
-Plane motion::planes::crowded(const Plane &flags, int width, int height, int radius, int least)
+motion::Plane motion::planes::crowded(const Plane &flags, int width, int height, int radius,
+                                      int least)
 {
-    const std::vector<uint16_t> sums = windowSums(flags, width, height, radius);
-    Plane result(flags.size());
-    for (size_t i = 0; i < result.size(); ++i)
-        result[i] = static_cast<uint8_t>(sums[i] >= static_cast<uint32_t>(least));
-    return result;
+    if (radius == 0)
+        return flags;
+    const auto isCrowded = [least](uint8_t sum) { return static_cast<uint8_t>(sum >= least); };
+    return ofWindows<uint8_t>(flags, width, height, radius, isCrowded); // 15 x 15 flags fit
 }
 
-Plane motion::planes::blurred(const Plane &levels, int width, int height, int radius)
+motion::Plane motion::planes::softened(const Plane &levels, int width, int height)
 {
-    const std::vector<uint16_t> sums = windowSums(levels, width, height, radius);
-    const auto window = static_cast<uint32_t>((2 * radius + 1) * (2 * radius + 1));
-    Plane result(levels.size());
-    for (size_t i = 0; i < result.size(); ++i)
-        result[i] = static_cast<uint8_t>((sums[i] + window / 2) / window);
-    return result;
+    constexpr int kRadius = 2;
+    constexpr unsigned kWindow = 25;
+    const auto mean = [](uint16_t sum) {
+        return static_cast<uint8_t>((sum + kWindow / 2) / kWindow);
+    };
+    return ofWindows<uint16_t>(levels, width, height, kRadius, mean);
 }
 
 QImage motion::planes::enlarged(const Plane &levels, int width, int height, int factor, QSize size)
 {
-    QImage picture(size, QImage::Format_Grayscale8);
+    QImage picture = memory::largeImage(size, QImage::Format_Grayscale8);
     if (picture.isNull())
         throw std::bad_alloc();
-    std::vector<Between> columns;
-    for (int x = 0; x < size.width(); ++x)
-        columns.emplace_back(x, factor, width);
-    uchar *bits = picture.bits();
-    const qsizetype rowBytes = picture.bytesPerLine();
-    parallel::rows(size, [&](int begin, int end) {
-        std::vector<int> mixed(static_cast<size_t>(width));
-        for (int y = begin; y < end; ++y)
-            enlargeRow(levels, width, height, columns, factor, y, mixed, bits + y * rowBytes);
-    });
+    switch (factor) {
+    case 1:
+        copy(levels, width, picture);
+        break;
+    case 2:
+        enlarge<2>(levels, width, height, picture);
+        break;
+    case 4:
+        enlarge<4>(levels, width, height, picture);
+        break;
+    default:
+        enlarge<8>(levels, width, height, picture);
+    }
     return picture;
 }

@@ -1,5 +1,7 @@
 #include "regions.h"
 
+#include "FlagRuns.h"
+
 #include <QtAlgorithms>
 
 #include <algorithm>
@@ -217,39 +219,20 @@ Party partyOf(size_t reference, const std::vector<size_t> &order, const Disagree
     return party;
 }
 
-/// Appends the flagged places around one to the region and clears their flags.
-void takeNeighbours(motion::Plane &left, size_t width, size_t place, Region &region)
-{
-    const size_t x = place % width;
-    const size_t y = place / width;
-    const size_t height = left.size() / width;
-    for (size_t row = y - (y > 0 ? 1 : 0); row <= std::min(y + 1, height - 1); ++row) {
-        for (size_t column = x - (x > 0 ? 1 : 0); column <= std::min(x + 1, width - 1); ++column) {
-            const size_t next = row * width + column;
-            if (left[next] == 0)
-                continue;
-            left[next] = 0;
-            region.push_back(next);
-        }
-    }
-}
-
 } // namespace
 
-std::vector<Region> motion::touching(const Plane &flags, int width)
+std::vector<Region> motion::touching(const Plane &flags, int width, size_t least)
 {
-    std::vector<Region> regions;
-    Plane left = flags;
-    for (size_t start = 0; start < left.size(); ++start) {
-        if (left[start] == 0)
-            continue;
-        Region region{start};
-        left[start] = 0;
-        for (size_t i = 0; i < region.size(); ++i)
-            takeNeighbours(left, static_cast<size_t>(width), region[i], region);
-        regions.push_back(std::move(region));
-    }
-    return regions;
+    const FlagRuns found(flags, static_cast<size_t>(width));
+    const std::vector<size_t> sizes = found.groupSizes();
+    std::vector<Region> groups(found.groupCount());
+    for (const FlagRuns::Run &run : found.runs())
+        if (sizes[run.group] >= least)
+            for (size_t place = run.begin; place < run.end; ++place)
+                groups[run.group].push_back(place);
+    const auto isEmpty = [](const Region &region) { return region.empty(); };
+    groups.erase(std::remove_if(groups.begin(), groups.end(), isEmpty), groups.end());
+    return groups;
 }
 
 bool motion::isClipped(const SmallShot &shot, size_t place)

@@ -8,11 +8,12 @@
 
 namespace motion {
 
-/// Places that touch one another, in no order; at least one.
+/// Places that touch one another, in the order of rows; at least one.
 using Region = std::vector<size_t>;
 
-/// Groups of touching flags (also across corners) of a plane of this width.
-std::vector<Region> touching(const Plane &flags, int width);
+/// Groups of touching flags (also across corners) of a plane of this width, of so many places at
+/// least, in the order of their first places.
+std::vector<Region> touching(const Plane &flags, int width, size_t least);
 
 /// What one region of movement takes from the shots.
 struct RegionChoice
