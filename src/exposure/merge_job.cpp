@@ -3,6 +3,7 @@
 #include "fusion.h"
 #include "large_memory.h"
 #include "motion.h"
+#include "parallel_rows.h"
 #include "radiance.h"
 
 #include <QColorSpace>
@@ -36,12 +37,16 @@ QImage doubled(const QImage &half, QSize size)
     QImage picture = memory::largeImage(size, QImage::Format_Grayscale8);
     if (picture.isNull())
         throw std::bad_alloc();
-    for (int y = 0; y < size.height(); ++y) {
-        const uchar *from = half.constScanLine(y / 2);
-        uchar *to = picture.scanLine(y);
-        for (int x = 0; x < size.width(); ++x)
-            to[x] = from[x / 2];
-    }
+    uchar *bits = picture.bits();
+    const qsizetype rowBytes = picture.bytesPerLine();
+    parallel::rows(size, [&](int begin, int end) {
+        for (int y = begin; y < end; ++y) {
+            const uchar *from = half.constScanLine(y / 2);
+            uchar *to = bits + y * rowBytes;
+            for (int x = 0; x < size.width(); ++x)
+                to[x] = from[x / 2];
+        }
+    });
     return picture;
 }
 

@@ -205,6 +205,8 @@ std::vector<Shift> tops(const ShiftMap &map)
 std::vector<CoarseStart> coarseStarts(const ShotPyramid &reference, const ShotPyramid &shot,
                                       double degrees, const std::atomic<bool> &isCancelled)
 {
+    if (isCancelled)
+        return {}; // the pyramids may lack their small levels
     const size_t level = std::min(reference.levels.size(), shot.levels.size()) - 1;
     const NormalisedPlane &plane = shot.levels[level];
     const int reach = reachOf(reference.levels[level].width);

@@ -15,36 +15,54 @@ namespace {
 
 constexpr int kRowsBetweenLooks = 64; ///< at the cancel flag
 
-/// The picture in the format that the rows are read in.
-QImage readable(const QImage &picture, QImage::Format format)
+bool isReadAsItIs(const QImage &picture, bool deep)
 {
-    QImage result = picture.format() == format ? picture : picture.convertToFormat(format);
-    if (result.isNull())
+    switch (picture.format()) {
+    case QImage::Format_RGB32:
+    case QImage::Format_ARGB32:
+    case QImage::Format_ARGB32_Premultiplied:
+        return !deep;
+    case QImage::Format_RGBX64:
+    case QImage::Format_RGBA64:
+    case QImage::Format_RGBA64_Premultiplied: // pixels that are not opaque say nothing
+        return deep;
+    default:
+        return false;
+    }
+}
+
+/// Rows [begin, end) of the picture in a format that they are read in: the picture's own, or
+/// converted, a few at a time.
+QImage readableRows(const QImage &picture, bool deep, int begin, int end)
+{
+    const int width = picture.width();
+    if (isReadAsItIs(picture, deep))
+        return QImage(picture.constScanLine(begin), width, end - begin, picture.bytesPerLine(),
+                      picture.format());
+    const QImage::Format opaque = deep ? QImage::Format_RGBA64 : QImage::Format_RGB32;
+    const QImage::Format format =
+        picture.hasAlphaChannel() && !deep ? QImage::Format_ARGB32 : opaque;
+    QImage rows = picture.copy(0, begin, width, end - begin);
+    rows.convertTo(format);
+    if (rows.isNull())
         throw std::bad_alloc();
-    return result;
+    return rows;
 }
 
-QImage asWords(const QImage &picture)
+/// Writes the rows of the plane from `first` on.
+void readWords(const QImage &rows, bool isHalved, int first, GreyPlane &plane)
 {
-    if (picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_ARGB32 ||
-        picture.format() == QImage::Format_ARGB32_Premultiplied)
-        return picture;
-    return readable(picture,
-                    picture.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
-}
-
-void readWords(const QImage &picture, bool isHalved, int begin, int end, GreyPlane &plane)
-{
-    const uint32_t opaque = picture.hasAlphaChannel() ? 0 : 0xFF000000U;
+    const uint32_t opaque = rows.hasAlphaChannel() ? 0 : 0xFF000000U;
     const auto words = [&](int y) {
-        return reinterpret_cast<const uint32_t *>(picture.constScanLine(y));
+        return reinterpret_cast<const uint32_t *>(rows.constScanLine(y));
     };
     const auto width = static_cast<size_t>(plane.width);
-    for (int y = begin; y < end; ++y) {
+    const int count = isHalved ? rows.height() / 2 : rows.height();
+    for (int y = 0; y < count; ++y) {
         if (isHalved)
-            greyOfPairs({words(2 * y), words(2 * y + 1), width, opaque}, plane.row(y));
+            greyOfPairs({words(2 * y), words(2 * y + 1), width, opaque}, plane.row(first + y));
         else
-            greyOfWords({words(y), nullptr, width, opaque}, plane.row(y));
+            greyOfWords({words(y), nullptr, width, opaque}, plane.row(first + y));
     }
 }
 
@@ -72,12 +90,12 @@ uint16_t deepGrey(const QImage &picture, int x, int y, int side)
     return grey < kFirstGrey ? kNoGrey : grey;
 }
 
-void readDeep(const QImage &picture, bool isHalved, int begin, int end, GreyPlane &plane)
+void readDeep(const QImage &rows, bool isHalved, int first, GreyPlane &plane)
 {
     const int side = isHalved ? 2 : 1;
-    for (int y = begin; y < end; ++y) {
+    for (int y = 0; y < rows.height() / side; ++y) {
         for (int x = 0; x < plane.width; ++x)
-            plane.row(y)[x] = deepGrey(picture, side * x, side * y, side);
+            plane.row(first + y)[x] = deepGrey(rows, side * x, side * y, side);
     }
 }
 
@@ -95,14 +113,14 @@ GreyPlane greyPlane(const QImage &picture, bool isHalved, const std::atomic<bool
     const int side = isHalved ? 2 : 1;
     GreyPlane plane(picture.width() / side, picture.height() / side, kNoGrey);
     const bool deep = isDeep(picture);
-    const QImage source = deep ? readable(picture, QImage::Format_RGBA64) : asWords(picture);
     parallel::rows({plane.width, plane.height}, [&](int begin, int end) {
         for (int y = begin; y < end && !isCancelled; y += kRowsBetweenLooks) {
             const int stop = std::min(end, y + kRowsBetweenLooks);
+            const QImage rows = readableRows(picture, deep, side * y, side * stop);
             if (deep)
-                readDeep(source, isHalved, y, stop, plane);
+                readDeep(rows, isHalved, y, plane);
             else
-                readWords(source, isHalved, y, stop, plane);
+                readWords(rows, isHalved, y, plane);
         }
     });
     return plane;

@@ -1,6 +1,7 @@
 #include "resample.h"
 
 #include "grey_plane.h"
+#include "large_memory.h"
 #include "parallel_rows.h"
 #include "resample_rows.h"
 
@@ -98,7 +99,7 @@ QImage readable(const QImage &shot)
 
 QImage emptyResult(const QImage &shot, QSize size)
 {
-    QImage result(size, formatFor(shot));
+    QImage result = memory::largeImage(size, formatFor(shot));
     if (result.isNull())
         throw std::bad_alloc();
     result.setColorSpace(shot.colorSpace());

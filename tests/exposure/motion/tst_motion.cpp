@@ -21,6 +21,8 @@ private slots:
     void find_shotOffByOnePixel_givesNoMasks();
     void find_movedDisc_isTakenFromOneShotWhole();
     void find_discThatCoversItself_isTakenFromOneShotWhole();
+    void find_ringOrBay_onlyTheRingIsFilled_data();
+    void find_ringOrBay_onlyTheRingIsFilled();
     void find_fixedReference_showsItsMoment();
     void fuse_movedDisc_looksLikeTheStillScene();
     void find_severalThreads_findTheSame();
@@ -65,6 +67,25 @@ QImage fused(const std::vector<QImage> &pictures, const std::vector<QImage> &mas
     for (size_t i = 0; i < pictures.size(); ++i)
         shots.push_back({pictures[i], i < masks.size() ? masks[i] : QImage()});
     return fusion::fuse(shots).picture;
+}
+
+/// Patches of random greys: the same for one seed. Where `changed` holds, others.
+QImage patches(const QRegion &changed, quint32 otherSeed)
+{
+    constexpr int kPatch = 8;
+    QImage picture(640, 480, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    QRandomGenerator same(1);
+    QRandomGenerator other(otherSeed);
+    for (int y = 0; y < picture.height(); y += kPatch) {
+        for (int x = 0; x < picture.width(); x += kPatch) {
+            const int level = same.bounded(30, 220);
+            const int otherLevel = other.bounded(30, 220);
+            const int shown = changed.contains(QPoint(x, y)) ? otherLevel : level;
+            painter.fillRect(x, y, kPatch, kPatch, QColor(shown, shown, shown));
+        }
+    }
+    return picture;
 }
 
 double meanDifference(const QImage &first, const QImage &second, const QRect &part)
@@ -137,6 +158,32 @@ void tst_motion::find_discThatCoversItself_isTakenFromOneShotWhole()
     QCOMPARE(usable(result.found, middle), 255);
     QCOMPARE(usable(result.masks[0], middle), 0);
     QCOMPARE(usable(result.masks[1], middle), 255);
+}
+
+void tst_motion::find_ringOrBay_onlyTheRingIsFilled_data()
+{
+    QTest::addColumn<QPoint>("inside");
+    QTest::addColumn<bool>("isFilled");
+    QTest::newRow("ring amid the picture") << QPoint(320, 240) << true;
+    QTest::newRow("bay at the left border") << QPoint(32, 240) << false;
+    QTest::newRow("bay at the right border") << QPoint(608, 240) << false;
+    QTest::newRow("bay at the upper border") << QPoint(320, 32) << false;
+    QTest::newRow("bay at the lower border") << QPoint(320, 448) << false;
+}
+
+/// What moved encloses a place, or together with the border of the picture, behind which nobody
+/// knows what is.
+void tst_motion::find_ringOrBay_onlyTheRingIsFilled()
+{
+    QFETCH(QPoint, inside);
+    QFETCH(bool, isFilled);
+    const QRect hole(inside - QPoint(32, 32), QSize(64, 64));
+    const QRegion ring = QRegion(hole.adjusted(-64, -64, 64, 64)) - QRegion(hole);
+    const motion::Result result = motion::find({patches({}, 2), patches(ring, 2)}, 1);
+    QCOMPARE(usable(result.found, inside - QPoint(64, 64) +
+                                      QPoint(inside.x() < 64 ? 128 : 0, inside.y() < 64 ? 128 : 0)),
+             255);
+    QCOMPARE(usable(result.found, inside), isFilled ? 255 : 0);
 }
 
 void tst_motion::find_fixedReference_showsItsMoment()
