@@ -14,11 +14,11 @@ using command_line::chosen;
 constexpr Choice<exposure::Alignment> kAlignments[] = {
     {"perspective", exposure::Alignment::Perspective}, {"shift", exposure::Alignment::Shift}};
 
-constexpr Choice<PictureFormat> kFormats[] = {{"png", PictureFormat::Png},
-                                              {"jpeg", PictureFormat::Jpeg},
-                                              {"jpg", PictureFormat::Jpeg},
-                                              {"tiff", PictureFormat::Tiff},
-                                              {"tif", PictureFormat::Tiff}};
+/// Pictures that are laid over each other are for screens.
+std::optional<PictureFormat> screenFormat(std::optional<PictureFormat> format)
+{
+    return format && picture::isForLight(*format) ? std::nullopt : format;
+}
 
 ParsedAlignOptions problem(const QString &text, const QString &file = {})
 {
@@ -46,7 +46,7 @@ QString outputFor(const QString &picture, const QString &folder,
                   std::optional<PictureFormat> wanted)
 {
     const QString name = picture.section(QLatin1Char('/'), -1);
-    const std::optional<PictureFormat> own = picture::formatOfSuffix(name);
+    const std::optional<PictureFormat> own = screenFormat(picture::formatOfSuffix(name));
     const PictureFormat format = wanted.value_or(own.value_or(PictureFormat::Tiff));
     const QString start = folder + QLatin1Char('/');
     if (own == format)
@@ -124,7 +124,7 @@ QString readChoices(const QCommandLineParser &parser, const Words &words, AlignO
     }
     std::optional<PictureFormat> format;
     if (parser.isSet(words.format)) {
-        format = chosen(parser.value(words.format).toLower(), kFormats);
+        format = screenFormat(picture::formatOfWord(parser.value(words.format).toLower()));
         if (!format)
             return QStringLiteral("the format is png, jpeg or tiff");
     }

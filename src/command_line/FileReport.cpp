@@ -48,7 +48,7 @@ FileReport failure(const QString &path, ExitCode error, const QString &problem)
 QSize uprightSize(const FileReport &report)
 {
     const QSize size = report.header.size;
-    return report.shot.orientation >= 5 ? size.transposed() : size;
+    return report.shot.orientation >= 5 && !report.header.isUpright ? size.transposed() : size;
 }
 
 QJsonValue orNull(const QString &text)

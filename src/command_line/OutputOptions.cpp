@@ -8,11 +8,6 @@ using colour_profile::Space;
 using command_line::Choice;
 using command_line::chosen;
 
-constexpr Choice<PictureFormat> kFormats[] = {
-    {"png", PictureFormat::Png},        {"jpeg", PictureFormat::Jpeg},
-    {"jpg", PictureFormat::Jpeg},       {"tiff", PictureFormat::Tiff},
-    {"tif", PictureFormat::Tiff},       {"exr", PictureFormat::OpenExr},
-    {"hdr", PictureFormat::RadianceHdr}};
 constexpr Choice<Space> kSpaces[] = {{"srgb", Space::Srgb},
                                      {"adobe", Space::AdobeRgb},
                                      {"prophoto", Space::ProPhotoRgb},
@@ -38,7 +33,7 @@ QString OutputOptions::read(const QCommandLineParser &parser, MergeOptions &opti
 
 QString OutputOptions::readFormat(const QCommandLineParser &parser, MergeOptions &options) const
 {
-    const std::optional<PictureFormat> named = chosen(parser.value(format), kFormats);
+    const std::optional<PictureFormat> named = picture::formatOfWord(parser.value(format));
     if (parser.isSet(format) && !named)
         return QStringLiteral("the format is png, jpeg, tiff, exr or hdr");
     if (!named && options.isToStandardOutput())

@@ -116,6 +116,7 @@ ExitCode Align::decode()
     how.pixelLimit = options.pixelLimit;
     how.depth = ReadOptions::Depth::AsStored;
     how.colours = ReadOptions::Colours::True;
+    how.light = ReadOptions::Light::Shown;
     const ExitCode code = command_line::readPictures(
         bar, kDecoded, {options.pictures, options.pictures, how}, pictures);
     return code == ExitCode::Ok ? command_line::checkSizes(bar, options.pictures, pictures) : code;

@@ -158,6 +158,7 @@ ReadOptions readOptionsFor(Method method)
         return options;
     options.depth = ReadOptions::Depth::AsStored;
     options.colours = ReadOptions::Colours::True;
+    options.light = ReadOptions::Light::Shown;
     return options;
 }
 

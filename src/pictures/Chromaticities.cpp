@@ -2,6 +2,8 @@
 
 #include "little_cms.h"
 
+#include <cmath>
+
 namespace {
 
 constexpr QPointF kD65(0.3127, 0.3290);
@@ -14,6 +16,19 @@ QPointF chromaticityOf(const little_cms::Profile &profile, cmsTagSignature tag)
         static_cast<const cmsCIEXYZ *>(profile ? cmsReadTag(profile.get(), tag) : nullptr);
     const double sum = colour ? colour->X + colour->Y + colour->Z : 0.0;
     return sum > 0.0 ? QPointF(colour->X / sum, colour->Y / sum) : QPointF();
+}
+
+/// As far as files that round them tell.
+bool isNear(QPointF one, QPointF other)
+{
+    constexpr double kStep = 0.0006;
+    return std::abs(one.x() - other.x()) < kStep && std::abs(one.y() - other.y()) < kStep;
+}
+
+bool isNear(const Chromaticities &one, const Chromaticities &other)
+{
+    return isNear(one.red, other.red) && isNear(one.green, other.green) &&
+           isNear(one.blue, other.blue) && isNear(one.white, other.white);
 }
 
 Chromaticities rec709()
@@ -33,6 +48,19 @@ Chromaticities ofProfile(const QByteArray &bytes)
 }
 
 } // namespace
+
+QColorSpace Chromaticities::linearSpace() const
+{
+    using Primaries = QColorSpace::Primaries;
+    constexpr auto kLinear = QColorSpace::TransferFunction::Linear;
+    for (const Primaries known :
+         {Primaries::SRgb, Primaries::AdobeRgb, Primaries::DciP3D65, Primaries::ProPhotoRgb}) {
+        const QColorSpace space(known, kLinear);
+        if (isNear(*this, of(space)))
+            return space;
+    }
+    return QColorSpace(white, red, green, blue, kLinear);
+}
 
 Chromaticities Chromaticities::of(const QColorSpace &space)
 {

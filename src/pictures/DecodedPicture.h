@@ -29,6 +29,8 @@ struct DecodedPicture
     QString reason; ///< empty on success
     /// What of the file does not count although the picture is there, in English, for reports.
     QStringList warnings = {};
+    /// Of light: candelas per square metre of light 1, as the file tells; 0 where it does not.
+    double whiteLuminance = 0.0;
 };
 
 namespace picture {

@@ -23,6 +23,12 @@ struct ReadOptions
              ///< of (none: sRGB): grey, inks and Lab become sRGB by their profiles
     };
 
+    enum class Light {
+        Refused, ///< such files are of no kind that is read
+        Shown,   ///< with the curve of sRGB, cut off at white, in the file's primaries
+        Floats   ///< Format_RGBX32FPx4, or with alpha, linear, tagged as such
+    };
+
     /// More pixels than that (width times height) are refused, as the file's header tells them,
     /// before memory is taken for them.
     qint64 pixelLimit = kDefaultPixelLimit;
@@ -32,8 +38,10 @@ struct ReadOptions
     /// Levels of a channel.
     Depth depth = Depth::Eight;
     Colours colours = Colours::AsStored;
+    /// What becomes of files that hold linear light: OpenEXR, Radiance, TIFF of floats.
+    Light light = Light::Refused;
     /// Camera raw files come in this space; with Colours::True they carry its profile.
     colour_profile::Space rawSpace = colour_profile::Space::Srgb;
-    /// Ends a raw conversion soon after it has become true. Borrowed, may be null.
+    /// Ends the reading soon after it has become true. Borrowed, may be null.
     const std::atomic<bool> *cancelled = nullptr;
 };

@@ -11,7 +11,7 @@
 class TiffRows
 {
 public:
-    /// The file's current directory, with numbers of 8 or 16 bits.
+    /// The file's current directory, with numbers of 8, 16 or 32 bits.
     explicit TiffRows(TIFF *file);
 
     /// Row y, valid until the next call; null when it is not in the file or damaged. Ask in the

@@ -5,6 +5,12 @@ namespace {
 /// So many pixels of 32 bits are a cache line: a turned strip fills whole lines.
 constexpr int kStripRows = 16;
 
+/// A pixel of four floats.
+struct Floats
+{
+    quint64 halves[2];
+};
+
 bool isOnItsSide(QImageIOHandler::Transformations transformation)
 {
     return transformation & QImageIOHandler::TransformationRotate90;
@@ -42,6 +48,8 @@ void UprightRows::rowWritten(int y)
         placeStrip<quint16>(firstRow, y + 1 - firstRow);
     else if (pixelBytes() == 8)
         placeStrip<quint64>(firstRow, y + 1 - firstRow);
+    else if (pixelBytes() == sizeof(Floats))
+        placeStrip<Floats>(firstRow, y + 1 - firstRow);
     else
         placeStrip<QRgb>(firstRow, y + 1 - firstRow);
 }

@@ -12,7 +12,7 @@
 class UprightRows
 {
 public:
-    /// stored: the size in the file; format: one of 8, 16, 32 or 64 bits per pixel.
+    /// stored: the size in the file; format: one of 8, 16, 32, 64 or 128 bits per pixel.
     UprightRows(QSize stored, QImage::Format format,
                 QImageIOHandler::Transformations transformation);
 

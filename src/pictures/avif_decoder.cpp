@@ -160,6 +160,18 @@ DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
     return read(*decoder, options);
 }
 
+PictureHeader told(const avifImage &image)
+{
+    const bool isTurned = image.transformFlags & AVIF_TRANSFORM_IROT && image.irot.angle % 2 == 1;
+    PictureHeader header;
+    header.format = QStringLiteral("AVIF");
+    header.size = isTurned ? sizeOf(image).transposed() : sizeOf(image);
+    header.isUpright = true;
+    header.bitsPerSample = int(image.depth);
+    header.profile = profileOf(image);
+    return header;
+}
+
 /// One of the blocks of metadata; file is left at its start.
 QByteArray blockIn(QIODevice &file, avifRWData avifImage::*which)
 {
@@ -186,6 +198,21 @@ std::optional<DecodedPicture> avif_decoder::decode(QFile &file, const ReadOption
     if (!isAvif(file))
         return std::nullopt;
     return decodeKnown(file, options);
+}
+
+std::optional<PictureHeader> avif_decoder::headerOf(QIODevice &file)
+{
+    std::optional<PictureHeader> header;
+    file.seek(0);
+    if (isAvif(file)) {
+        Source source;
+        connect(source, file);
+        const Decoder decoder = newDecoder(source);
+        if (decoder && avifDecoderParse(decoder.get()) == AVIF_RESULT_OK)
+            header = told(*decoder->image);
+    }
+    file.seek(0);
+    return header;
 }
 
 QByteArray avif_decoder::exifIn(QIODevice &file)

@@ -7,6 +7,10 @@ bool exr_file::isAvailable()
     return false;
 }
 
+void exr_file::startThreads()
+{
+}
+
 QString exr_file::encode(const QImage &, const PictureMetadata &, int, QIODevice &,
                          const EncodeProgress &)
 {
@@ -143,17 +147,10 @@ void writeRows(Imf::OutputFile &file, Imf::PixelType type, const QImage &picture
     }
 }
 
-/// The library's threads are the whole process's.
-void startThreads()
-{
-    static std::once_flag once;
-    std::call_once(once, [] { Imf::setGlobalThreadCount(parallel::processorCount()); });
-}
-
 void write(const QImage &picture, const PictureMetadata &metadata, int bitsPerSample,
            QIODevice &device, const EncodeProgress &progress)
 {
-    startThreads();
+    exr_file::startThreads();
     const Imf::PixelType type = bitsPerSample == 32 ? Imf::FLOAT : Imf::HALF;
     DeviceStream stream(device);
     Imf::OutputFile file(stream, headerOf(picture, metadata, type));
@@ -169,6 +166,12 @@ void write(const QImage &picture, const PictureMetadata &metadata, int bitsPerSa
 bool exr_file::isAvailable()
 {
     return true;
+}
+
+void exr_file::startThreads()
+{
+    static std::once_flag once;
+    std::call_once(once, [] { Imf::setGlobalThreadCount(parallel::processorCount()); });
 }
 
 QString exr_file::encode(const QImage &picture, const PictureMetadata &metadata, int bitsPerSample,

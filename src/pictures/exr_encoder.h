@@ -10,6 +10,10 @@ namespace exr_file {
 QString encode(const QImage &picture, const PictureMetadata &metadata, int bitsPerSample,
                QIODevice &device, const EncodeProgress &progress);
 
+/// Gives the library as many threads as there are processors; they are the whole process's. Once,
+/// before a file is opened. Any thread.
+void startThreads();
+
 /// Whether this build can write and read the format.
 bool isAvailable();
 

@@ -299,6 +299,16 @@ private:
     QByteArray bytes;
 };
 
+PictureHeader told(const JxlBasicInfo &info)
+{
+    PictureHeader header;
+    header.format = QStringLiteral("JPEG XL");
+    header.size = QSize(static_cast<int>(info.xsize), static_cast<int>(info.ysize));
+    header.isUpright = true;
+    header.bitsPerSample = static_cast<int>(info.bits_per_sample);
+    return header;
+}
+
 /// file is left at its start.
 QByteArray boxIn(QIODevice &file, const char *name)
 {
@@ -317,6 +327,21 @@ std::optional<DecodedPicture> jxl_decoder::decode(QFile &file, const ReadOptions
         return std::nullopt;
     file.seek(0);
     return Picture(file, options).decode();
+}
+
+std::optional<PictureHeader> jxl_decoder::headerOf(QIODevice &file)
+{
+    file.seek(0);
+    std::optional<PictureHeader> header;
+    JxlBasicInfo info = {};
+    if (isJxl(file)) {
+        Reader reader(file);
+        if (reader.begin(JXL_DEC_BASIC_INFO) && reader.next() == JXL_DEC_BASIC_INFO &&
+            JxlDecoderGetBasicInfo(reader.get(), &info) == JXL_DEC_SUCCESS)
+            header = told(info);
+    }
+    file.seek(0);
+    return header;
 }
 
 QByteArray jxl_decoder::exifIn(QIODevice &file)

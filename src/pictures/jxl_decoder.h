@@ -2,6 +2,7 @@
 
 #include "DecodedPicture.h"
 #include "ReadOptions.h"
+#include "picture_header.h"
 
 #include <QFile>
 
@@ -14,6 +15,9 @@ namespace jxl_decoder {
 /// Files of floating-point numbers, and those that tell light beyond white (PQ, HLG), are refused
 /// as unsupported. file is open for reading. Any thread, several at once.
 std::optional<DecodedPicture> decode(QFile &file, const ReadOptions &options);
+
+/// Nothing for files of other kinds, and for damaged ones. file: as below.
+std::optional<PictureHeader> headerOf(QIODevice &file);
 
 /// The EXIF block of a JPEG XL file, without "Exif" in front; empty when there is none. file: open
 /// and seekable; is left at its start.

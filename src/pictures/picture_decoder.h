@@ -10,7 +10,8 @@ namespace picture {
 /// recognised by content, not by suffix. A picture that lacks pixels is an error. Indexes of a
 /// palette picture always lie inside its colour table. options.side is a hint here: the picture may
 /// be larger than that, but not smaller.
-/// Never blocks on a pipe or device. Any thread, several at once; nothing is thrown.
+/// Ends with Cancelled soon after *options.cancelled has become true: at the next bytes that it
+/// reads. Never blocks on a pipe or device. Any thread, several at once; nothing is thrown.
 DecodedPicture decode(const QString &path, const ReadOptions &options = {});
 
 } // namespace picture

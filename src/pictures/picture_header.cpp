@@ -1,6 +1,10 @@
 #include "picture_header.h"
 
 #include "FileParts.h"
+#include "avif_decoder.h"
+#include "exr_decoder.h"
+#include "hdr_decoder.h"
+#include "jxl_decoder.h"
 #include "packet_compression.h"
 #include "tiff_file.h"
 
@@ -69,7 +73,10 @@ PictureHeader pngHeader(FileParts &parts)
             header.bitsPerSample = uchar(start[8]);
         } else if (parts.name() == "iCCP") {
             header.profile = profileIn(parts.bytes());
-        } else if (parts.name() == "sRGB") {
+        } else if (parts.name() == "cICP" && start.size() >= 2) {
+            header.colours =
+                QStringLiteral("code points %1, %2").arg(uchar(start[0])).arg(uchar(start[1]));
+        } else if (parts.name() == "sRGB" && header.colours.isEmpty()) {
             header.colours = QStringLiteral("sRGB");
         }
     }
@@ -103,6 +110,23 @@ int bitsOf(QImage::Format format)
     const QPixelFormat pixels = QImage::toPixelFormat(format);
     return format == QImage::Format_Invalid ? 0
                                             : std::max<int>(pixels.redSize(), pixels.blackSize());
+}
+
+std::optional<PictureHeader> modernHeader([[maybe_unused]] QIODevice &file)
+{
+    std::optional<PictureHeader> header;
+#ifdef VESK_WITH_AVIF
+    header = avif_decoder::headerOf(file);
+#endif
+#ifdef VESK_WITH_JXL
+    if (!header)
+        header = jxl_decoder::headerOf(file);
+#endif
+#ifdef VESK_WITH_OPENEXR
+    if (!header)
+        header = exr_decoder::headerOf(file);
+#endif
+    return header ? header : hdr_decoder::headerOf(file);
 }
 
 /// What Qt's readers tell. That of WebP files does not tell their depth, which is always 8.
@@ -151,6 +175,8 @@ std::optional<PictureHeader> readHeader(QIODevice &file)
         if (std::optional<PictureHeader> header = tiffHeader(file))
             return header;
     }
+    if (std::optional<PictureHeader> header = modernHeader(file))
+        return header;
     return otherHeader(file, parts);
 }
 

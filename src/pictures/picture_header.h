@@ -10,10 +10,11 @@
 /// What the first bytes of a picture file say of its pixels, which are not decoded.
 struct PictureHeader
 {
-    QString format;        ///< "JPEG", "PNG", "TIFF", "WebP" ...
-    QSize size;            ///< as stored, before turning; empty when it is not told
-    int bitsPerSample = 0; ///< 0 when it is not told
-    QByteArray profile;    ///< ICC, perhaps damaged; empty when there is none
+    QString format;         ///< "JPEG", "PNG", "TIFF", "WebP" ...
+    QSize size;             ///< empty when it is not told
+    bool isUpright = false; ///< the size; else as stored, before turning as EXIF says
+    int bitsPerSample = 0;  ///< 0 when it is not told
+    QByteArray profile;     ///< ICC, perhaps damaged; empty when there is none
     QString colours; ///< name of the profile, or what the file says in its place; may be empty
 };
 

@@ -7,6 +7,7 @@
 #include "exif_orientation.h"
 #include "picture_completeness.h"
 #include "tiff_file.h"
+#include "tiff_light.h"
 #include "true_colours.h"
 
 #include <QColorSpace>
@@ -15,6 +16,8 @@
 #include <climits>
 
 namespace {
+
+constexpr int kMostChannels = 16;
 
 /// What the numbers of a pixel mean.
 struct Layout
@@ -85,7 +88,6 @@ bool isForeign(TIFF *tiff, const Layout &layout)
 /// Whether Qt's reader would lose something of it.
 bool isOurs(const Layout &layout)
 {
-    constexpr int kMostChannels = 16;
     const bool isColour = layout.photometric == PHOTOMETRIC_RGB;
     const bool isGrey = layout.photometric == PHOTOMETRIC_MINISBLACK || layout.isInverted();
     const bool isKnown = isColour || isGrey || layout.isForeign;
@@ -258,6 +260,28 @@ DecodedPicture read(TIFF *tiff, const Layout &layout, const ReadOptions &options
     return picture;
 }
 
+/// Floats of 16 or 32 bits, red, green and blue or grey.
+DecodedPicture readLight(QFile &file, TIFF *tiff, const Layout &layout, const ReadOptions &options)
+{
+    const bool isKnown =
+        layout.photometric == PHOTOMETRIC_RGB || layout.photometric == PHOTOMETRIC_MINISBLACK;
+    if (options.light == ReadOptions::Light::Refused || !isKnown ||
+        (layout.bits != 16 && layout.bits != 32) || layout.channels < layout.colours() ||
+        layout.channels > kMostChannels)
+        return picture::unsupported(QStringLiteral("TIFF (floating-point numbers)"));
+    if (layout.size.isEmpty() || !picture::isComplete(file, "tiff"))
+        return picture::failure(DecodeError::Damaged);
+    if (qint64(layout.size.width()) * layout.size.height() > options.pixelLimit)
+        return picture::failure(DecodeError::TooLarge, layout.size);
+    const tiff_light::Layout how = {layout.size,      layout.bits,     layout.channels,
+                                    layout.colours(), layout.hasAlpha, layout.isMultiplied,
+                                    profileIn(tiff)};
+    DecodedPicture picture = tiff_light::read(tiff, how, options);
+    if (!picture.image.isNull())
+        applyResolution(tiff, picture.image);
+    return picture;
+}
+
 bool isTiff(QFile &file)
 {
     const QByteArray start = file.peek(4);
@@ -284,7 +308,7 @@ std::optional<DecodedPicture> tiff_decoder::decode(QFile &file, const ReadOption
     layout.isForeign =
         options.colours == ReadOptions::Colours::True && isForeign(tiff.get(), layout);
     if (layout.isFloating)
-        return picture::unsupported(QStringLiteral("TIFF (floating-point numbers)"));
+        return readLight(file, tiff.get(), layout, options);
     if (!isOurs(layout)) {
         file.seek(0);
         return std::nullopt;

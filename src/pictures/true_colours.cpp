@@ -123,7 +123,8 @@ QString true_colours::damagedProfileWarning()
 void true_colours::settle(DecodedPicture &picture, QFile &file)
 {
     QImage &image = picture.image;
-    if (image.isNull())
+    constexpr int kBitsOfFloats = 128;
+    if (image.isNull() || image.depth() == kBitsOfFloats)
         return;
     applyPngColours(picture, file);
     const QByteArray profile = image.colorSpace().iccProfile();

@@ -84,6 +84,43 @@ private slots:
         QVERIFY2(told["colours"].toString().contains("P3"), qPrintable(told["colours"].toString()));
     }
 
+    void light_isTold_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<int>("bits");
+        const QStringList none;
+#ifdef VESK_WITH_OPENEXR
+        QTest::newRow("OpenEXR") << "a.exr" << none << "OpenEXR" << 16;
+        QTest::newRow("OpenEXR of floats")
+            << "a.exr" << QStringList{"--depth", "32"} << "OpenEXR" << 32;
+#endif
+        QTest::newRow("Radiance") << "a.hdr" << none << "Radiance HDR" << 8;
+        QTest::newRow("TIFF") << "a.tif" << none << "TIFF" << 32;
+    }
+
+    void light_isTold()
+    {
+        QFETCH(const QString, name);
+        QFETCH(const QStringList, options);
+        QFETCH(const QString, format);
+        QFETCH(const int, bits);
+        const PhotoFolder photos;
+        photos.writeShot("a.jpg", -2, 0);
+        photos.writeShot("b.jpg", 2, 1);
+        const QJsonObject shot = objectOf(inspectIn(photos, {"--json", "a.jpg"}));
+        const ProgramRun merge = runProgramIn(
+            photos.path(), QStringList{"merge", "--method", "radiance", "--align", "none"} +
+                               options + QStringList{"a.jpg", "b.jpg", "-o", name});
+        QCOMPARE(merge.exitCode, 0);
+        const QJsonObject told = objectOf(inspectIn(photos, {"--json", name}));
+        QCOMPARE(told["format"].toString(), format);
+        QCOMPARE(told["bitsPerSample"].toInt(), bits);
+        QCOMPARE(told["width"], shot["width"]);
+        QCOMPARE(told["height"], shot["height"]);
+    }
+
     void rawFile_isTold()
     {
         const PhotoFolder photos;

@@ -4,6 +4,7 @@
 #include "exif_metadata.h"
 #include "metadata_reader.h"
 #include "modern_files.h"
+#include "picture_header.h"
 #include "picture_makers.h"
 #include "picture_reader.h"
 #include "test_colours.h"
@@ -214,6 +215,42 @@ private slots:
         const QString path = folder.save(QStringLiteral("picture"), made(kind, recipe));
         QCOMPARE(exif::read(path).text(ExifTags::Directory::Picture, ExifTags::Model),
                  QStringLiteral("Test Camera"));
+    }
+
+    void header_isTold_data() { eachKind(); }
+
+    void header_isTold()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.bits = 10;
+        recipe.quarterTurns = 1;
+        recipe.orientation = 6;
+        QByteArray file = made(kind, recipe);
+        QBuffer buffer(&file);
+        buffer.open(QIODevice::ReadOnly);
+        const std::optional<PictureHeader> header = picture::headerOf(buffer);
+        QVERIFY(header);
+        QCOMPARE(header->format, QString::fromLatin1(kind));
+        QCOMPARE(header->size, QSize(23, 37));
+        QVERIFY(header->isUpright);
+        QCOMPARE(header->bitsPerSample, 10);
+    }
+
+    void cancelled_givesNoPicture_data() { eachKind(); }
+
+    void cancelled_givesNoPicture()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        const std::atomic<bool> cancelled = true;
+        ReadOptions options = deep();
+        options.cancelled = &cancelled;
+        const DecodedPicture ended = readBytes(made(kind, recipe), options);
+        QCOMPARE(ended.error, DecodeError::Cancelled);
+        QVERIFY(ended.image.isNull());
     }
 
     void metadata_inFile_areFound_data()

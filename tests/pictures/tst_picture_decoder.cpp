@@ -1,5 +1,6 @@
 #include "picture_decoder.h"
 
+#include "InterruptibleFile.h"
 #include "UnprivilegedUser.h"
 #include "picture_makers.h"
 
@@ -83,6 +84,40 @@ private:
 
 private slots:
     void initTestCase() { QVERIFY(folder.isValid()); }
+
+    void decode_cancelled_givesNoPicture_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        for (const char *format : {"png", "jpeg", "tiff", "bmp", "webp"})
+            QTest::newRow(format) << encoded(scene(61, 37), format);
+    }
+
+    void decode_cancelled_givesNoPicture()
+    {
+        QFETCH(QByteArray, bytes);
+        const QString path = folder.save(QStringLiteral("p"), bytes);
+        std::atomic<bool> cancelled = true;
+        ReadOptions options;
+        options.cancelled = &cancelled;
+        const DecodedPicture ended = picture::decode(path, options);
+        QCOMPARE(ended.error, DecodeError::Cancelled);
+        QVERIFY(ended.image.isNull());
+        cancelled = false;
+        QCOMPARE(picture::decode(path, options).error, DecodeError::None);
+    }
+
+    void file_interrupted_givesNoMoreBytes()
+    {
+        const QString path = folder.save(QStringLiteral("bytes"), QByteArray(100000, 'a'));
+        std::atomic<bool> end = false;
+        InterruptibleFile file(&end);
+        file.setFileName(path);
+        QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+        QCOMPARE(file.read(10).size(), 10);
+        end = true;
+        QCOMPARE(file.read(10).size(), 0);
+        QVERIFY(file.isInterrupted());
+    }
 
     void decode_otherFormats_equalQt_data()
     {

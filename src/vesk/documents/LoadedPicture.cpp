@@ -9,6 +9,7 @@ LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelle
     options.pixelLimit = VeskGlobalSettings::pixelLimit();
     options.depth = ReadOptions::Depth::AsStored;
     options.colours = ReadOptions::Colours::True;
+    options.light = ReadOptions::Light::Shown;
     options.cancelled = &cancelled;
     const DecodedPicture read = picture::read(path, options);
     return {path, read.image, read.reason};

@@ -15,6 +15,6 @@ struct LoadedPicture
 };
 Q_DECLARE_METATYPE(LoadedPicture)
 
-/// Reads a picture of any kind, with no more pixels than the settings allow. A raw conversion ends
+/// Reads a picture of any kind, with no more pixels than the settings allow. It ends
 /// without a picture soon after cancelled has become true. Takes time: any thread but the GUI's.
 LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelled);

@@ -19,6 +19,7 @@ QImage thumbnail::make(const QString &path, int side, const std::atomic<bool> &c
     options.pixelLimit = kLargestPicture;
     options.side = side;
     options.colours = ReadOptions::Colours::True;
+    options.light = ReadOptions::Light::Shown;
     options.cancelled = &cancelled;
     return screen_colours::shown(picture::read(path, options).image);
 }

@@ -1,5 +1,6 @@
 #include "picture_kinds.h"
 
+#include <PictureFormat.h>
 #include <VeskRawType.h>
 
 #include <QFileInfo>
@@ -9,7 +10,7 @@ namespace {
 
 QStringList allSuffixes()
 {
-    QStringList all = VeskRawType::suffixes();
+    QStringList all = VeskRawType::suffixes() + picture::ownSuffixes();
     const QList<QByteArray> formats = QImageReader::supportedImageFormats();
     for (const QByteArray &format : formats)
         all.append(QString::fromLatin1(format).toLower());

@@ -7,7 +7,7 @@
 /// when they are opened. Any thread.
 namespace pictures {
 
-/// Lower case, without dot: Qt's formats and those of camera raw files.
+/// Lower case, without dot: Qt's formats, our own and those of camera raw files.
 const QStringList &suffixes();
 bool hasPictureSuffix(const QString &path);
 /// For file dialogs: "*.jpg *.png ...", each in lower and upper case.

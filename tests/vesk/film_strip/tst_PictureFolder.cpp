@@ -1,5 +1,6 @@
 #include "PictureFolder.h"
 #include "TestPictures.h"
+#include "picture_kinds.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,6 +14,7 @@ class TestPictureFolder : public QObject
 private slots:
     void inFolder_sortsNumbersByValueAndLeavesOtherFilesOut();
     void inFolder_derivedPicture_standsBehindItsOriginal();
+    void inFolder_picturesThatQtDoesNotRead_areListed();
     void inFolder_missingFolder_isEmpty();
     void setPath_listsLaterAndAgainAfterAChange();
     void setPath_twice_answersForTheLastOnly();
@@ -47,6 +49,27 @@ void TestPictureFolder::inFolder_derivedPicture_standsBehindItsOriginal()
     QCOMPARE(namesOf(pictures::inFolder(pictures.folder())),
              (QStringList{QStringLiteral("IMG_3.jpg"), QStringLiteral("IMG_3.png"),
                           QStringLiteral("IMG_3 merged.jpg"), QStringLiteral("IMG_4.jpg")}));
+}
+
+void TestPictureFolder::inFolder_picturesThatQtDoesNotRead_areListed()
+{
+    const TestPictures pictures;
+    QStringList expected{QStringLiteral("a.hdr")};
+#ifdef VESK_WITH_AVIF
+    expected += QStringLiteral("b.AVIF");
+#endif
+#ifdef VESK_WITH_OPENEXR
+    expected += QStringLiteral("c.exr");
+#endif
+#ifdef VESK_WITH_JXL
+    expected += QStringLiteral("d.jxl");
+#endif
+    for (const QString &name : std::as_const(expected)) {
+        QFile file(pictures.path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(pictures::dialogPatterns().split(u' ').contains(u'*' + name.mid(1)));
+    }
+    QCOMPARE(namesOf(pictures::inFolder(pictures.folder())), expected);
 }
 
 void TestPictureFolder::inFolder_missingFolder_isEmpty()
