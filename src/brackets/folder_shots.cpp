@@ -65,17 +65,31 @@ std::vector<PictureFile> withoutTwins(std::vector<PictureFile> pictures, bool pr
     return pictures;
 }
 
-/// On all cores.
-std::vector<ShotReading> readAll(const std::vector<PictureFile> &pictures,
-                                 const std::atomic<bool> *cancelled)
+/// What is not known yet on all cores. Nothing when it was cancelled.
+std::vector<ShotReading> readAll(const std::vector<PictureFile> &pictures, const FolderRules &rules)
 {
-    const auto isCancelled = [cancelled] { return cancelled && *cancelled; };
+    const auto isCancelled = [&rules] { return rules.cancelled && *rules.cancelled; };
     std::vector<ShotReading> readings(pictures.size());
-    parallel::each(int(pictures.size()), [&](int i) {
+    std::vector<size_t> unknown;
+    for (size_t i = 0; i < pictures.size(); ++i) {
+        const auto known = rules.cache ? rules.cache->find(pictures[i].path) : std::nullopt;
+        if (known)
+            readings[i] = *known;
+        else
+            unknown.push_back(i);
+    }
+    parallel::each(int(unknown.size()), [&](int i) {
+        const size_t place = unknown[size_t(i)];
         if (!isCancelled())
-            readings[size_t(i)] = brackets::readShot(pictures[size_t(i)].path);
+            readings[place] = brackets::readShot(pictures[place].path);
     });
-    return isCancelled() ? std::vector<ShotReading>() : readings;
+    if (isCancelled())
+        return {};
+    for (const size_t place : unknown) {
+        if (rules.cache)
+            rules.cache->insert(pictures[place].path, readings[place]);
+    }
+    return readings;
 }
 
 /// By time; of copies the original first, which is older than what was made of it.
@@ -156,7 +170,7 @@ brackets::readFolder(const QString &folder, const FolderRules &rules,
 {
     std::vector<Shot> shots;
     const std::vector<PictureFile> files = withoutTwins(picturesIn(folder), rules.preferRaw);
-    for (ShotReading &reading : readAll(files, rules.cancelled)) {
+    for (ShotReading &reading : readAll(files, rules)) {
         if (reading.problem.isEmpty())
             shots.push_back(std::move(reading.shot));
         else

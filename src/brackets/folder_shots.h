@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Shot.h"
+#include "ShotCache.h"
 
 #include <QStringList>
 
@@ -10,7 +10,8 @@
 
 struct FolderRules
 {
-    bool preferRaw = false; ///< of a picture that was recorded both raw and developed
+    bool preferRaw = false;     ///< of a picture that was recorded both raw and developed
+    ShotCache *cache = nullptr; ///< of what was read before; borrowed, may be null
     const std::atomic<bool> *cancelled = nullptr; ///< true ends the reading soon, without a result
 };
 

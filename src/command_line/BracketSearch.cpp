@@ -106,6 +106,14 @@ QString BracketSearch::read(const QCommandLineParser &parser, SearchOptions &opt
     return problem.isEmpty() ? readFolder(parser, options.folder) : problem;
 }
 
+QStringList BracketSearch::foldersOf(const SearchOptions &options)
+{
+    QStringList folders;
+    for (const QString &root : options.folders)
+        folders += foldersFrom(root, options.recursive);
+    return folders;
+}
+
 ExitCode BracketSearch::run(const SearchOptions &options,
                             const std::function<void(const Bracket &)> &onFound,
                             const LeftOutObserver &leftOut)

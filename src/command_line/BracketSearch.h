@@ -31,6 +31,9 @@ public:
     /// Sets what was given, but the folders; the problem in words, or nothing.
     QString read(const QCommandLineParser &parser, SearchOptions &options) const;
 
+    /// All that are searched, as they are given or by their whole paths; missing ones, too.
+    static QStringList foldersOf(const SearchOptions &options);
+
     /// Finds the brackets of each folder and gives them to onFound, by time. Folders that cannot be
     /// read are named on standard error; the others are searched.
     static ExitCode run(const SearchOptions &options,

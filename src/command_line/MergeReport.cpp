@@ -1,5 +1,6 @@
 #include "MergeReport.h"
 
+#include "free_memory.h"
 #include "transform_report.h"
 
 #include <QJsonArray>
@@ -109,6 +110,7 @@ QString command_line::toJson(const MergeReport &report)
         {QStringLiteral("device"),
          report.device.isEmpty() ? QStringLiteral("processor") : report.device},
         {QStringLiteral("milliseconds"), timesToJson(report.milliseconds)},
+        {QStringLiteral("peakMemory"), free_memory::peakOfProcess()},
         {QStringLiteral("output"), report.output},
     };
     if (!isMean) {

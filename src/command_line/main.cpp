@@ -3,6 +3,7 @@
 #include "file_names.h"
 #include "interrupt_cleanup.h"
 #include "library_messages.h"
+#include "parallel_rows.h"
 
 #include <QCoreApplication>
 
@@ -11,6 +12,7 @@ int main(int argc, char **argv)
     console::keepClosedStreamsClosed();
     library_messages::silence();
     interrupt::install();
+    parallel::setThreadLimit(qEnvironmentVariableIntValue("VESKHDR_THREADS"));
     // Before Qt sees them: it keeps no bytes that are not UTF-8, and file names may have some.
     QStringList words;
     for (int i = 1; i < argc; ++i)

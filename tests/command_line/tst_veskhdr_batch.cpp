@@ -36,7 +36,9 @@ using Counts = QMap<QString, int>;
 
 QStringList resultsIn(const PhotoFolder &photos)
 {
-    return QDir(photos.path("out")).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    QStringList names = QDir(photos.path("out")).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    names.removeAll("veskhdr-batch.jsonl");
+    return names;
 }
 
 } // namespace

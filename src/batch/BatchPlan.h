@@ -2,6 +2,7 @@
 
 #include "bracket_finder.h"
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -19,7 +20,7 @@ struct BatchJob
     enum class State {
         New,       ///< there is no result yet
         Unchanged, ///< the result is there, made of the same pictures in the same way
-        Changed,   ///< the result is of other pictures or options, or older than a picture
+        Changed,   ///< the result is of other pictures or options, or the pictures were changed
         Foreign,   ///< a file is there that is no result of this program
         SameName,  ///< another bracket gets the same name
     };
@@ -29,6 +30,8 @@ struct BatchJob
     State state = State::New;
 
     QStringList pictures() const;
+    /// Size and time of each picture, by which a later run knows them again.
+    QStringList stamps() const;
 };
 
 /// Names the results of a batch and finds out what is to be done. The same files give the same plan
@@ -40,17 +43,25 @@ public:
     /// description: the options of the merge, as results bear them in their mark.
     BatchPlan(const QString &folder, const QString &pattern, const QString &description);
 
+    /// stampsOf: what results, by their file names, were made of. Of a result that is not among
+    /// them the age tells whether it is still true.
+    void remember(const QHash<QString, QStringList> &stampsOf) { made = stampsOf; }
+
     BatchJob add(const Bracket &bracket);
+
+    /// How things are by now: another process may have made the result.
+    BatchJob::State stateOf(const BatchJob &job) const;
 
     /// Whether the job belongs to that part; the name of the result alone decides.
     static bool belongsTo(const BatchJob &job, const Shard &shard);
 
 private:
     QString nameOf(const Bracket &bracket) const;
-    BatchJob::State stateOf(const BatchJob &job) const;
+    bool arePicturesChanged(const BatchJob &job) const;
 
-    const QString folder;
-    const QString pattern;
-    const QString description;
+    QString folder;
+    QString pattern;
+    QString description;
     QSet<QString> outputs;
+    QHash<QString, QStringList> made;
 };

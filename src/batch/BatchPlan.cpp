@@ -45,6 +45,18 @@ QStringList BatchJob::pictures() const
     return paths;
 }
 
+QStringList BatchJob::stamps() const
+{
+    QStringList texts;
+    for (const Shot &shot : bracket.shots) {
+        const file_names::ReadablePath readable(shot.path);
+        const QFileInfo file(readable.path());
+        texts +=
+            QStringLiteral("%1@%2").arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
+    }
+    return texts;
+}
+
 BatchPlan::BatchPlan(const QString &outputFolder, const QString &namePattern,
                      const QString &mergeOptions)
     : folder(outputFolder)
@@ -87,15 +99,23 @@ BatchJob::State BatchPlan::stateOf(const BatchJob &job) const
         file.open(QIODevice::ReadOnly) ? result_mark::in(metadata::xmpIn(file)) : std::nullopt;
     if (!mark)
         return BatchJob::State::Foreign;
-    const QDateTime madeAt = changedAt(job.output);
-    const QStringList pictures = job.pictures();
-    const bool isOlder = std::any_of(pictures.begin(), pictures.end(),
-                                     [&](const QString &path) { return changedAt(path) > madeAt; });
     // Without the names of its pictures a result tells them by its own name alone.
     const bool isOfOthers =
-        !mark->sources.isEmpty() && sortedNamesOf(mark->sources) != sortedNamesOf(pictures);
-    return isOlder || isOfOthers || mark->options != description ? BatchJob::State::Changed
-                                                                 : BatchJob::State::Unchanged;
+        !mark->sources.isEmpty() && sortedNamesOf(mark->sources) != sortedNamesOf(job.pictures());
+    return isOfOthers || mark->options != description || arePicturesChanged(job)
+               ? BatchJob::State::Changed
+               : BatchJob::State::Unchanged;
+}
+
+bool BatchPlan::arePicturesChanged(const BatchJob &job) const
+{
+    const auto recorded = made.constFind(QFileInfo(job.output).fileName());
+    if (recorded != made.cend())
+        return *recorded != job.stamps();
+    const QDateTime madeAt = changedAt(job.output);
+    const QStringList pictures = job.pictures();
+    return std::any_of(pictures.begin(), pictures.end(),
+                       [&](const QString &path) { return changedAt(path) > madeAt; });
 }
 
 bool BatchPlan::belongsTo(const BatchJob &job, const Shard &shard)
