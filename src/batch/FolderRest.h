@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <limits>
+
 /// Watches files come to rest: when each was last seen to appear, grow or change. Times are
 /// milliseconds of any clock that runs on, given by the caller. One thread at a time.
 class FolderRest
@@ -32,6 +34,6 @@ private:
     bool forgetOthers();
 
     QHash<QString, Seen> files;
-    qint64 lastChange = 0;
+    qint64 lastChange = std::numeric_limits<qint64>::min() / 2;
     int round = 0;
 };

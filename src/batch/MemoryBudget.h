@@ -29,7 +29,7 @@ public:
     void learn(qint64 estimate, qint64 measured);
 
 private:
-    const qint64 bound;
+    qint64 bound;
     qint64 inUse = 0;
     int takers = 0;
     double factor = 1;

@@ -98,7 +98,7 @@ ExitCode BatchRun::run()
     if (options.isDryRun && !options.json)
         console::print(QStringLiteral("%1 to merge, as many at a time as fit into %2")
                            .arg(all)
-                           .arg(free_memory::text(budget.bytes())));
+                           .arg(free_memory::text(options.memory)));
     return code;
 }
 
@@ -182,6 +182,7 @@ qint64 BatchRun::estimateOf(const BatchJob &job) const
 void BatchRun::workAll()
 {
     clock.start();
+    budget = MemoryBudget(std::max<qint64>(0, options.memory - free_memory::peakOfProcess()));
     const StopSignals stopSignals;
     connect(&stopSignals, &StopSignals::asked, this, &BatchRun::stop);
     second.start();
@@ -255,7 +256,7 @@ void BatchRun::launch(Work &work)
         say(work.job.output,
             QStringLiteral("warning: needs about %1 of memory, more than the %2 "
                            "allowed; it is merged alone")
-                .arg(free_memory::text(work.taken), free_memory::text(budget.bytes())));
+                .arg(free_memory::text(work.taken), free_memory::text(options.memory)));
     work.process =
         std::make_unique<MergeProcess>(QCoreApplication::applicationFilePath(),
                                        mergeWords(options, work.job), threadsFor(work.taken));

@@ -1,4 +1,5 @@
 #include "ProgramRun.h"
+#include "Terminal.h"
 #include "UnprivilegedUser.h"
 #include "exposure_merge.h"
 #include "mtb_alignment.h"
@@ -85,33 +86,6 @@ QImage pixelsOf(const QString &path)
 {
     return QImage(path).convertToFormat(QImage::Format_RGB32);
 }
-
-struct Terminal
-{
-    Terminal()
-        : controller(::posix_openpt(O_RDWR | O_NOCTTY))
-    {
-        if (controller >= 0 && ::grantpt(controller) == 0 && ::unlockpt(controller) == 0)
-            end = ::open(::ptsname(controller), O_RDWR | O_NOCTTY);
-    }
-    ~Terminal()
-    {
-        ::close(end);
-        ::close(controller);
-    }
-    QByteArray shown() const
-    {
-        ::fcntl(controller, F_SETFL, O_NONBLOCK);
-        QByteArray text;
-        QByteArray part(4096, '\0');
-        for (ssize_t length; (length = ::read(controller, part.data(), size_t(part.size()))) > 0;)
-            text.append(part.constData(), int(length));
-        return text;
-    }
-
-    int controller;
-    int end = -1;
-};
 
 } // namespace
 
