@@ -75,6 +75,11 @@ complete -c veskhdr -n '__fish_seen_subcommand_from group' -l json -d 'Print one
 
 complete -c veskhdr -n '__fish_seen_subcommand_from batch' -s o -l output -r -d 'Folder for the results'
 complete -c veskhdr -n '__fish_seen_subcommand_from batch' -x -l name -d 'Names of the results'
+complete -c veskhdr -n '__fish_seen_subcommand_from batch' -x -l memory -d 'Most memory of all merges together'
+complete -c veskhdr -n '__fish_seen_subcommand_from batch' -x -l jobs -d 'Most merges at a time'
+complete -c veskhdr -n '__fish_seen_subcommand_from batch' -l watch -d 'Go on as the folders fill'
+complete -c veskhdr -n '__fish_seen_subcommand_from batch' -x -l rest -d 'Seconds that a watched bracket must be complete'
+complete -c veskhdr -n '__fish_seen_subcommand_from batch' -l html -d 'Write a contact sheet, too'
 complete -c veskhdr -n '__fish_seen_subcommand_from batch' -l dry-run -d 'Show what would be done'
 complete -c veskhdr -n '__fish_seen_subcommand_from batch' -x -l shard -d 'Do one part of the work'
 complete -c veskhdr -n '__fish_seen_subcommand_from batch' -l json -d 'Print one JSON object per bracket'
