@@ -9,6 +9,7 @@ complete -c veskhdr -n __fish_use_subcommand -f -a merge -d 'Merge pictures of o
 complete -c veskhdr -n __fish_use_subcommand -f -a align -d 'Lay hand-held shots over one another'
 complete -c veskhdr -n __fish_use_subcommand -f -a devices -d 'List or check the OpenCL devices'
 complete -c veskhdr -n __fish_use_subcommand -f -a group -d 'Find the brackets in a folder'
+complete -c veskhdr -n __fish_use_subcommand -f -a develop -d 'Make a picture for the screen from light'
 complete -c veskhdr -n __fish_use_subcommand -f -a batch -d 'Merge all brackets of folders'
 complete -c veskhdr -n __fish_use_subcommand -f -a inspect -d 'Show what picture files hold'
 complete -c veskhdr -n __fish_use_subcommand -l version -d 'Show the version'
@@ -63,6 +64,13 @@ complete -c veskhdr -n '__fish_seen_subcommand_from align' -l verbose -d 'Print 
 complete -c veskhdr -n '__fish_seen_subcommand_from devices' -f -l check -a '(__veskhdr_devices)' -d 'Merge and compare'
 complete -c veskhdr -n '__fish_seen_subcommand_from devices' -f -l json -d 'Print one JSON object'
 
+complete -c veskhdr -n '__fish_seen_subcommand_from develop' -s o -l output -r -d 'File to write'
+complete -c veskhdr -n '__fish_seen_subcommand_from develop' -x -l method -a 'local global exposure' -d 'How light becomes a picture'
+complete -c veskhdr -n '__fish_seen_subcommand_from develop' -x -l exposure -d 'Brighten by so many stops first'
+complete -c veskhdr -n '__fish_seen_subcommand_from develop' -x -l depth -a '8 16' -d 'Bits per channel'
+complete -c veskhdr -n '__fish_seen_subcommand_from develop' -x -l quality -d 'JPEG quality'
+complete -c veskhdr -n '__fish_seen_subcommand_from develop' -x -l max-megapixels -d 'Refuse larger pictures'
+complete -c veskhdr -n '__fish_seen_subcommand_from develop' -l force -d 'Replace the file if it exists'
 complete -c veskhdr -n '__fish_seen_subcommand_from inspect' -l json -d 'Print one JSON object per file'
 
 complete -c veskhdr -n '__fish_seen_subcommand_from group' -x -l gap -a auto -d 'Longest pause in seconds'

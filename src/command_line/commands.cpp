@@ -3,6 +3,7 @@
 #include "align_command.h"
 #include "batch_command.h"
 #include "console.h"
+#include "develop_command.h"
 #include "devices_command.h"
 #include "group_command.h"
 #include "inspect_command.h"
@@ -26,6 +27,8 @@ constexpr std::array kCommands = {
             command_line::mergeHelp},
     Command{"align", "Lay hand-held shots over one another", command_line::runAlign,
             command_line::alignHelp},
+    Command{"develop", "Make a picture for the screen from light", command_line::runDevelop,
+            command_line::developHelp},
     Command{"devices", "List or check the OpenCL devices", command_line::runDevices,
             command_line::devicesHelp},
     Command{"group", "Find the brackets in a folder", command_line::runGroup,

@@ -52,7 +52,9 @@ void DocumentOpener::take(const LoadedPicture &picture)
         Q_EMIT failed(picture.path);
         return;
     }
-    if (!showOpen(picture.path)) { // or it was asked for twice
+    if (picture.isLight()) {
+        Q_EMIT lightOpened(picture);
+    } else if (!showOpen(picture.path)) { // or it was asked for twice
         documents->open(picture.image, QFileInfo(picture.path).fileName(), picture.path);
         batch.append(picture.path);
     }

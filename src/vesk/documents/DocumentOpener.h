@@ -26,6 +26,8 @@ Q_SIGNALS:
     void folderRequested(const QString &path);
     void opened(const QString &path);
     void failed(const QString &path);
+    /// The file holds the light of a scene, of which no document is made.
+    void lightOpened(const LoadedPicture &light);
     /// Nothing is being opened any more. paths: what was asked for since it was last so and is open
     /// now, whether it was before or not.
     void finished(const QStringList &paths);

@@ -9,8 +9,20 @@ LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelle
     options.pixelLimit = VeskGlobalSettings::pixelLimit();
     options.depth = ReadOptions::Depth::AsStored;
     options.colours = ReadOptions::Colours::True;
-    options.light = ReadOptions::Light::Shown;
+    options.light = ReadOptions::Light::Floats;
     options.cancelled = &cancelled;
     const DecodedPicture read = picture::read(path, options);
     return {path, read.image, read.reason};
+}
+
+bool LoadedPicture::isLight() const
+{
+    switch (image.format()) {
+    case QImage::Format_RGBX32FPx4:
+    case QImage::Format_RGBA32FPx4:
+    case QImage::Format_RGBA32FPx4_Premultiplied:
+        return true;
+    default:
+        return false;
+    }
 }

@@ -12,6 +12,9 @@ struct LoadedPicture
     QString path;
     QImage image;    ///< upright, at the file's depth; null on failure
     QString problem; ///< empty on success; does not name the file
+
+    /// The image is the light of a scene, in linear floats, and no picture for a screen.
+    bool isLight() const;
 };
 Q_DECLARE_METATYPE(LoadedPicture)
 

@@ -11,6 +11,7 @@
 #include "HistogramDock.h"
 #include "LanguageMenu.h"
 #include "LayerDock.h"
+#include "LightCommand.h"
 #include "PictureFolder.h"
 #include "RecentFilesMenu.h"
 #include "ScreenColoursMenu.h"
@@ -68,6 +69,7 @@ MainWindow::MainWindow(QWidget *parent)
     , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
     , hdr(std::make_unique<HdrCommand>(uiManager.get()))
     , exposureMerge(std::make_unique<ExposureMergeCommand>(uiManager.get(), documents))
+    , light(std::make_unique<LightCommand>(documents, this))
 {
     screen_colours::applySettings();
     setAcceptDrops(true);
@@ -243,6 +245,8 @@ void MainWindow::connectOpening()
     connect(opener, &DocumentOpener::folderRequested, folder, &PictureFolder::setPath);
     connect(opener, &DocumentOpener::opened, this,
             [this](const QString &path) { recentFiles->add(path); });
+    connect(opener, &DocumentOpener::lightOpened, this, &MainWindow::showLight);
+    connect(light.get(), &LightCommand::saved, recentFiles, &RecentFilesMenu::add);
     connect(opener, &DocumentOpener::failed, this,
             [this](const QString &path) { recentFiles->remove(path); });
     connect(opener, &DocumentOpener::finished, this, [this](const QStringList &paths) {
@@ -257,6 +261,7 @@ void MainWindow::connectFolder()
     connect(folder, &PictureFolder::pathChanged, this, [this](const QString &path) {
         settings::setFolder(path);
         saver->setFolder(path);
+        light->setFolder(path);
         filmStripDock->setWindowTitle(tr("Film Strip — %1").arg(QDir(path).dirName()));
         filmStripDock->setToolTip(QDir::toNativeSeparators(path));
     });
@@ -308,6 +313,12 @@ void MainWindow::closeOthers(VeskContext *kept)
     documents->makeCurrent(kept);
 }
 
+void MainWindow::showLight(const LoadedPicture &read)
+{
+    const QImage picture = read.image.convertToFormat(QImage::Format_RGBX32FPx4);
+    light->show({picture, QFileInfo(read.path).completeBaseName(), read.path, read.path, {}});
+}
+
 void MainWindow::stepDocument(int distance)
 {
     const QList<VeskContext *> all = documents->documents();
@@ -356,6 +367,10 @@ void MainWindow::changeEvent(QEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    if (!light->closeAll()) {
+        event->ignore();
+        return;
+    }
     const QList<VeskContext *> all = documents->documents();
     for (VeskContext *document : all) {
         if (!document->isSaveAble())

@@ -17,12 +17,14 @@ class HdrCommand;
 class HistogramDock;
 class LanguageMenu;
 class LayerDock;
+class LightCommand;
 class PictureFolder;
 class QShortcut;
 class RecentFilesMenu;
 class EditorUiManager;
 class VeskCanvas;
 class VeskContext;
+struct LoadedPicture;
 
 /// The editor's window: puts its parts together and passes on what one has to tell another.
 /// GUI thread.
@@ -58,6 +60,7 @@ private:
     void chooseFolder();
     bool closeDocument(VeskContext *document);
     void closeOthers(VeskContext *kept);
+    void showLight(const LoadedPicture &read);
     void stepDocument(int distance);
     void showFullScreenOrNot(bool isFull);
     void showCurrentDocument(VeskContext *document);
@@ -79,4 +82,5 @@ private:
     std::unique_ptr<EditorUiManager> uiManager;
     std::unique_ptr<HdrCommand> hdr;
     std::unique_ptr<ExposureMergeCommand> exposureMerge;
+    std::unique_ptr<LightCommand> light;
 };
