@@ -173,6 +173,11 @@ bool FilmStrip::stepBracket(int distance)
     return false;
 }
 
+std::optional<ResultMark> FilmStrip::markOf(const QString &path) const
+{
+    return pictures->markOf(path);
+}
+
 bool FilmStrip::isBracketSelected() const
 {
     const QModelIndexList indexes = selectionModel()->selectedIndexes();

@@ -3,8 +3,12 @@
 #include "FilmStripOrder.h"
 #include "PictureFolder.h"
 
+#include <ResultMark.h>
+
 #include <QListView>
 #include <QPersistentModelIndex>
+
+#include <optional>
 
 class FilmStripModel;
 class FolderSurvey;
@@ -37,6 +41,9 @@ public:
     int bracketCount() const { return int(shownBrackets().size()); }
     /// Which of them, from 1, has the first selected shot; 0 for none.
     int selectedBracket() const;
+
+    /// Of what was merged, as far as it is known; nothing for photographs.
+    std::optional<ResultMark> markOf(const QString &path) const;
 
     /// Gives the selected pictures that many stars, 0 to 5, here and in their XMP files.
     void rate(int stars);

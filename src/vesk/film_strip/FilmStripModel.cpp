@@ -177,7 +177,7 @@ QVariant FilmStripModel::data(const QModelIndex &index, int role) const
     case kBestStarsRole:
         return bestStarsOf(path);
     case kResultRole:
-        return notes.pictures.value(path).isResult;
+        return notes.pictures.value(path).mark.has_value();
     case kTimeRole:
         return notes.pictures.value(path).shot.takenAt;
     default:
@@ -188,7 +188,7 @@ QVariant FilmStripModel::data(const QModelIndex &index, int role) const
 /// A result tells the exposure of one of its shots.
 QString FilmStripModel::exposureOf(const PictureNote &note) const
 {
-    if (note.isResult)
+    if (note.mark)
         return tr("merged");
     QStringList parts{exposure_texts::time(note.shot.exposureSeconds)};
     if (note.stops)
@@ -205,7 +205,7 @@ QString FilmStripModel::tipFor(const QString &path) const
         lines += tr("Bracket of %1, %2")
                      .arg(bracketOf(path).size())
                      .arg(exposure_texts::stops(*note.stops));
-    if (note.isResult)
+    if (note.mark)
         lines += tr("A merged picture");
     if (note.shot.takenAt.isValid())
         lines += QLocale().toString(note.shot.takenAt, QLocale::ShortFormat);
@@ -238,6 +238,11 @@ int FilmStripModel::bestStarsOf(const QString &path) const
     for (const QString &shot : shots)
         best = std::max(best, starsOf(shot));
     return best;
+}
+
+std::optional<ResultMark> FilmStripModel::markOf(const QString &path) const
+{
+    return notes.pictures.value(path).mark;
 }
 
 QIcon FilmStripModel::thumbnail(const QString &path) const

@@ -37,6 +37,8 @@ public:
     const QList<QStringList> &brackets() const { return notes.brackets; }
     /// The bracket that the file belongs to; empty for none.
     QStringList bracketOf(const QString &path) const;
+    /// Of what was merged; nothing for photographs.
+    std::optional<ResultMark> markOf(const QString &path) const;
     /// Known from now on, whatever a survey that has read the files before may say.
     void setStars(const QString &path, int stars);
 

@@ -1,6 +1,5 @@
 #include "FolderSurvey.h"
 
-#include <ResultMark.h>
 #include <SceneComparison.h>
 #include <bracket_finder.h>
 #include <folder_shots.h>
@@ -18,7 +17,7 @@ PictureNote noteOf(const QString &path)
     PictureNote note;
     note.shot = brackets::readShot(path).shot;
     const QByteArray xmp = metadata::read(path).xmp;
-    note.isResult = result_mark::in(xmp).has_value();
+    note.mark = result_mark::in(xmp);
     note.stars = rating::in(xmp);
     return note;
 }

@@ -2,6 +2,7 @@
 
 #include "PictureFolder.h"
 
+#include <ResultMark.h>
 #include <Shot.h>
 
 #include <QHash>
@@ -15,11 +16,11 @@
 /// What is known of a picture file beside its pixels.
 struct PictureNote
 {
-    Shot shot;                   ///< as far as the camera told
-    bool isResult = false;       ///< it was merged, and is no photograph
-    int stars = 0;               ///< 0..5
-    int bracket = -1;            ///< place among the brackets; -1 for none
-    std::optional<double> stops; ///< against the middle of the bracket
+    Shot shot;                      ///< as far as the camera told
+    std::optional<ResultMark> mark; ///< of what was merged, and is no photograph
+    int stars = 0;                  ///< 0..5
+    int bracket = -1;               ///< place among the brackets; -1 for none
+    std::optional<double> stops;    ///< against the middle of the bracket
 };
 
 /// What is known of the pictures of a folder.

@@ -1,18 +1,21 @@
 #include "ExposureMergeCommand.h"
 #include "DocumentArea.h"
 #include "EditorUiManager.h"
+#include "FilmStrip.h"
 #include "MergeWorkspace.h"
 #include "picture_document.h"
 
 #include <VeskContext.h>
 
+#include <QDir>
 #include <QFileInfo>
 
 ExposureMergeCommand::ExposureMergeCommand(EditorUiManager *manager, DocumentArea *area,
-                                           QObject *parent)
+                                           FilmStrip *strip, QObject *parent)
     : QObject(parent)
     , uiManager(manager)
     , documents(area)
+    , filmStrip(strip)
 {
 }
 
@@ -28,17 +31,76 @@ MergeWorkspace *ExposureMergeCommand::workspace() const
 
 void ExposureMergeCommand::activate()
 {
+    if (shown && !shown->isMerging())
+        shown->addShots(uiManager->selectedFiles());
+    show();
+}
+
+void ExposureMergeCommand::activateAnew()
+{
+    if (shown && !shown->isMerging())
+        shown->replaceShots(uiManager->selectedFiles());
+    show();
+}
+
+void ExposureMergeCommand::show()
+{
     if (!shown) {
-        shown = new MergeWorkspace(uiManager->selectedFiles(), uiManager->currentDir(),
-                                   uiManager->mainWindow());
+        const std::optional<Origin> origin = originOfSelected();
+        shown = new MergeWorkspace(origin ? origin->paths : uiManager->selectedFiles(),
+                                   uiManager->currentDir(), uiManager->mainWindow());
         shown->setAttribute(Qt::WA_DeleteOnClose);
         connect(shown, &MergeWorkspace::merged, this, &ExposureMergeCommand::open);
-    } else if (!shown->isMerging()) {
-        shown->addShots(uiManager->selectedFiles());
+        connect(shown, &MergeWorkspace::nextBracketWanted, this,
+                &ExposureMergeCommand::showNextBracket);
+        connect(filmStrip, &FilmStrip::bracketsChanged, shown, [this] { showBracketPlace(); });
+        if (origin)
+            shown->setSettings(
+                MergeSettings::fromMark(origin->mark.method, origin->mark.options, origin->paths));
     }
+    showBracketPlace();
     shown->show();
     shown->raise();
     shown->activateWindow();
+}
+
+/// Of the one picture that is selected, or of a document that has no file yet. Nothing for
+/// photographs, and where fewer than two of the shots are left.
+std::optional<ExposureMergeCommand::Origin> ExposureMergeCommand::originOfSelected() const
+{
+    const QStringList selected = uiManager->selectedFiles();
+    if (selected.size() > 1)
+        return std::nullopt;
+    const VeskContext *current = documents->currentDocument();
+    std::optional<ResultMark> mark = filmStrip->markOf(selected.value(0));
+    QString beside = selected.value(0);
+    if (!mark && current && current->getFilePath().isEmpty()) {
+        mark = document::resultMark(*current);
+        beside = document::metadataSource(*current);
+    }
+    if (!mark)
+        return std::nullopt;
+    Origin origin{{}, *mark};
+    for (const QString &name : std::as_const(mark->sources)) {
+        const QFileInfo file(QFileInfo(beside).dir(), name);
+        if (file.isFile())
+            origin.paths += file.absoluteFilePath();
+    }
+    return origin.paths.size() > 1 ? std::optional(origin) : std::nullopt;
+}
+
+void ExposureMergeCommand::showNextBracket()
+{
+    if (!filmStrip->stepBracket(1))
+        return;
+    shown->replaceShots(filmStrip->selectedPaths());
+    showBracketPlace();
+}
+
+void ExposureMergeCommand::showBracketPlace()
+{
+    if (shown)
+        shown->setBracketPlace(filmStrip->selectedBracket(), filmStrip->bracketCount());
 }
 
 void ExposureMergeCommand::open(const QImage &picture, const QString &referencePath,

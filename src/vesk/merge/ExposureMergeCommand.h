@@ -1,34 +1,53 @@
 #pragma once
 
+#include <ResultMark.h>
+
 #include <QObject>
 #include <QPointer>
 
+#include <optional>
+
 class DocumentArea;
 class EditorUiManager;
+class FilmStrip;
 class MergeWorkspace;
-struct ResultMark;
 
-/// The menu command "Merge Exposures": opens the workspace with what is selected, and the merged
-/// picture as a new document beside the others. GUI thread.
+/// The menu command "Merge Exposures": opens the workspace with what is selected, or with what the
+/// selected picture was merged from, and the merged picture as a new document beside the others.
+/// GUI thread.
 class ExposureMergeCommand : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Both are borrowed.
-    ExposureMergeCommand(EditorUiManager *uiManager, DocumentArea *documents,
+    /// All are borrowed.
+    ExposureMergeCommand(EditorUiManager *uiManager, DocumentArea *documents, FilmStrip *filmStrip,
                          QObject *parent = nullptr);
     ~ExposureMergeCommand() override;
 
     /// A workspace that is open gets the files that are selected, too.
     void activate();
+    /// A workspace that is open gets the files that are selected in place of its own.
+    void activateAnew();
     /// Null while it is closed.
     MergeWorkspace *workspace() const;
 
 private:
+    /// A merged picture's shots and how it was made.
+    struct Origin
+    {
+        QStringList paths;
+        ResultMark mark;
+    };
+
+    std::optional<Origin> originOfSelected() const;
+    void show();
+    void showNextBracket();
+    void showBracketPlace();
     void open(const QImage &picture, const QString &referencePath, const ResultMark &mark);
 
     EditorUiManager *uiManager;
     DocumentArea *documents;
+    FilmStrip *filmStrip;
     QPointer<MergeWorkspace> shown;
 };

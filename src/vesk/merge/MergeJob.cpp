@@ -5,6 +5,7 @@
 #include <parallel_rows.h>
 #include <picture_reader.h>
 
+#include <QColorSpace>
 #include <QFileInfo>
 
 namespace {
@@ -66,11 +67,11 @@ MergeJob::~MergeJob()
     worker.waitForDone();
 }
 
-void MergeJob::start(const QStringList &paths, const MergeSettings &settings)
+void MergeJob::start(const MergeTask &task)
 {
     current = std::make_shared<std::atomic<bool>>(false);
-    worker.start([this, paths, settings, cancelled = current] {
-        const MergeResult result = run(paths, settings, cancelled);
+    worker.start([this, task, cancelled = current] {
+        const MergeResult result = run(task, cancelled);
         QMetaObject::invokeMethod(
             this, [=] { take(result, cancelled); }, Qt::QueuedConnection);
     });
@@ -102,9 +103,23 @@ void MergeJob::take(const MergeResult &result, const Flag &cancelled)
     Q_EMIT finished(result);
 }
 
-MergeResult MergeJob::run(const QStringList &paths, const MergeSettings &settings,
-                          const Flag &cancelled)
+MergeResult MergeJob::run(const MergeTask &task, const Flag &cancelled)
 {
+    if (!task.merged)
+        return merge(task, cancelled);
+    tell(merge_texts::doing(exposure::Step::Fuse), kSearched, cancelled);
+    MergeResult result = *task.merged;
+    const QColorSpace space = result.picture.colorSpace();
+    if (!task.settings.isMean())
+        exposure::adjust(result.picture, task.settings.options.adjustment);
+    result.picture.setColorSpace(space);
+    return result;
+}
+
+MergeResult MergeJob::merge(const MergeTask &task, const Flag &cancelled)
+{
+    const QStringList &paths = task.paths;
+    const MergeSettings &settings = task.settings;
     ReadOptions how = exposure::readOptionsFor(settings.method);
     how.pixelLimit = VeskGlobalSettings::pixelLimit();
     how.cancelled = cancelled.get();
@@ -123,7 +138,7 @@ MergeResult MergeJob::run(const QStringList &paths, const MergeSettings &setting
     Shots shots = checked(paths, decoded);
     decoded.clear();
     if (!shots.problem.isEmpty())
-        return {{}, {}, shots.problem};
+        return {{}, {}, {}, shots.problem};
     exposure::Control control;
     control.cancelled = cancelled.get();
     control.progress = [&](exposure::Step step, double done) {
@@ -131,5 +146,10 @@ MergeResult MergeJob::run(const QStringList &paths, const MergeSettings &setting
     };
     exposure::Outcome outcome =
         exposure::mergeSet(settings.method, std::move(shots.pictures), settings.options, control);
-    return {outcome.picture, outcome.report, merge_texts::problem(outcome.error)};
+    MergeResult result{outcome.picture, {}, outcome.report, merge_texts::problem(outcome.error)};
+    // Read again: all shots together are more than what the merge has room for.
+    if (task.wantsReference && !result.picture.isNull() && !*cancelled)
+        result.reference =
+            picture::read(paths[outcome.report.reference], how).image.copy(outcome.report.area);
+    return result;
 }

@@ -8,13 +8,25 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 /// What a merge at full size gives.
 struct MergeResult
 {
-    QImage picture; ///< null when there is a problem
+    QImage picture;   ///< null when there is a problem
+    QImage reference; ///< as it was taken, cut to what the picture shows; null unless wanted
     exposure::Report report;
     QString problem; ///< in words, with the names of the files concerned
+};
+
+/// What is to be merged.
+struct MergeTask
+{
+    QStringList paths; ///< in merge order
+    MergeSettings settings;
+    bool wantsReference = false;
+    /// What a merge of the same with another look gave without it: only the look is left to do.
+    std::optional<MergeResult> merged;
 };
 
 /// The merge at full size beside the GUI thread: reads the files, merges them. One at a time.
@@ -27,8 +39,8 @@ public:
     explicit MergeJob(QObject *parent = nullptr);
     ~MergeJob() override;
 
-    /// paths: in merge order. Not while it is running.
-    void start(const QStringList &paths, const MergeSettings &settings);
+    /// Not while it is running.
+    void start(const MergeTask &task);
     /// Nobody hears of the job again; the worker lets go of its pictures at its next look.
     void cancel();
     bool isRunning() const { return bool(current); }
@@ -41,7 +53,8 @@ Q_SIGNALS:
 private:
     using Flag = std::shared_ptr<std::atomic<bool>>;
 
-    MergeResult run(const QStringList &paths, const MergeSettings &settings, const Flag &cancelled);
+    MergeResult run(const MergeTask &task, const Flag &cancelled);
+    MergeResult merge(const MergeTask &task, const Flag &cancelled);
     void tell(const QString &what, double done, const Flag &cancelled);
     void take(const MergeResult &result, const Flag &cancelled);
 

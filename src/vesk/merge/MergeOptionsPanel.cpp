@@ -1,5 +1,5 @@
 #include "MergeOptionsPanel.h"
-#include "LookSlider.h"
+#include "LookBox.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -47,14 +47,11 @@ MergeOptionsPanel::MergeOptionsPanel(QWidget *parent)
     , alignment(new QComboBox)
     , ghosts(new QComboBox)
     , crop(new QCheckBox(tr("C&rop to what all shots cover")))
-    , exposureSlider(new LookSlider(tr("Exposure"), -4, 4, 0))
-    , contrastSlider(new LookSlider(tr("Contrast"), -1, 1, 0))
-    , saturationSlider(new LookSlider(tr("Saturation"), 0, 3, 1))
+    , look(new LookBox)
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(makeMergeBox());
-    look = makeLookBox();
     column->addWidget(look);
     column->addStretch();
     setShots({});
@@ -63,8 +60,8 @@ MergeOptionsPanel::MergeOptionsPanel(QWidget *parent)
     for (QComboBox *box : {alignment, ghosts})
         connect(box, &QComboBox::currentIndexChanged, this, &MergeOptionsPanel::changed);
     connect(crop, &QCheckBox::toggled, this, &MergeOptionsPanel::changed);
-    for (LookSlider *slider : {exposureSlider, contrastSlider, saturationSlider})
-        connect(slider, &LookSlider::changed, this, &MergeOptionsPanel::changed);
+    connect(look, &LookBox::changed, this, &MergeOptionsPanel::changed);
+    connect(look, &LookBox::automaticWanted, this, &MergeOptionsPanel::automaticLookWanted);
 }
 
 QWidget *MergeOptionsPanel::makeMergeBox()
@@ -87,28 +84,9 @@ QWidget *MergeOptionsPanel::makeMergeBox()
     return box;
 }
 
-QWidget *MergeOptionsPanel::makeLookBox()
+void MergeOptionsPanel::setLook(const exposure::Look &wanted)
 {
-    auto *box = new QGroupBox(tr("Look"));
-    auto *form = new QFormLayout(box);
-    exposureSlider->setObjectName(QStringLiteral("exposureSlider"));
-    contrastSlider->setObjectName(QStringLiteral("contrastSlider"));
-    saturationSlider->setObjectName(QStringLiteral("saturationSlider"));
-    addRow(*form, tr("&Exposure:"), exposureSlider);
-    addRow(*form, tr("&Contrast:"), contrastSlider);
-    addRow(*form, tr("&Saturation:"), saturationSlider);
-    auto *reset = new QPushButton(tr("Rese&t"));
-    reset->setObjectName(QStringLiteral("resetButton"));
-    reset->setAutoDefault(false);
-    connect(reset, &QPushButton::clicked, this, &MergeOptionsPanel::resetLook);
-    form->addRow(reset);
-    return box;
-}
-
-void MergeOptionsPanel::resetLook()
-{
-    for (LookSlider *slider : {exposureSlider, contrastSlider, saturationSlider})
-        slider->reset();
+    look->setLook(wanted);
 }
 
 void MergeOptionsPanel::setShots(const QStringList &names)
@@ -160,8 +138,20 @@ MergeSettings MergeOptionsPanel::settings() const
     options.ghosts = choice == kKeepGhosts ? exposure::Ghosts::Keep : exposure::Ghosts::Remove;
     if (choice >= kFirstShot)
         options.ghostReference = choice - kFirstShot;
-    options.adjustment.exposure = exposureSlider->value();
-    options.adjustment.contrast = contrastSlider->value();
-    options.adjustment.saturation = saturationSlider->value();
+    options.adjustment = look->look();
     return settings;
+}
+
+void MergeOptionsPanel::setSettings(const MergeSettings &settings)
+{
+    const exposure::Options &options = settings.options;
+    method->setCurrentIndex(method->findData(int(settings.method)));
+    alignment->setCurrentIndex(std::max(0, alignment->findData(int(options.alignment))));
+    crop->setChecked(options.crop);
+    if (options.ghosts == exposure::Ghosts::Keep)
+        ghosts->setCurrentIndex(kKeepGhosts);
+    else
+        ghosts->setCurrentIndex(options.ghostReference < 0 ? 0
+                                                           : kFirstShot + options.ghostReference);
+    look->setLook(options.adjustment);
 }

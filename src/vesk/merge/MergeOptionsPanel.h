@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 
-class LookSlider;
+class LookBox;
 class QCheckBox;
 class QComboBox;
 
@@ -23,14 +23,17 @@ public:
     void setShots(const QStringList &names);
     /// All but the reference for the alignment.
     MergeSettings settings() const;
-    void resetLook();
+    /// The same the other way round; ghosts from a shot are those of setShots.
+    void setSettings(const MergeSettings &settings);
+    void setLook(const exposure::Look &look);
 
 Q_SIGNALS:
     void changed();
+    /// Wants setLook with a look that suits the picture.
+    void automaticLookWanted();
 
 private:
     QWidget *makeMergeBox();
-    QWidget *makeLookBox();
     void onMethodChanged();
     void offerAlignments();
 
@@ -38,8 +41,5 @@ private:
     QComboBox *alignment;
     QComboBox *ghosts;
     QCheckBox *crop;
-    LookSlider *exposureSlider;
-    LookSlider *contrastSlider;
-    LookSlider *saturationSlider;
-    QWidget *look = nullptr;
+    LookBox *look;
 };

@@ -1,4 +1,5 @@
 #include "MergePreviewer.h"
+#include "clipping_marks.h"
 
 #include <picture_set.h>
 #include <resample.h>
@@ -82,14 +83,48 @@ MergePreviewResult MergePreviewer::answer(const Request &request)
     if (*request.cancelled)
         return {};
     const exposure::Outcome &merged = mergedWithoutLook(request);
-    MergePreviewResult result{merged.picture, merged.report, merged.error};
+    MergePreviewResult result;
+    result.picture = merged.picture;
+    result.merged = merged.picture;
+    result.report = merged.report;
+    result.error = merged.error;
     if (!request.settings.isMean() && !result.picture.isNull()) {
         const QColorSpace space = result.picture.colorSpace();
         exposure::adjust(result.picture, request.settings.options.adjustment);
         result.picture.setColorSpace(space);
     }
+    result.clipping = clipping::marks(result.picture);
     result.picture = screen_colours::shown(result.picture);
     return result;
+}
+
+void MergePreviewer::requestShots(const QList<QImage> &shots, const MergeSettings &settings)
+{
+    if (!current)
+        current = std::make_shared<std::atomic<bool>>(false);
+    worker.start([this, asked = Request{shots, settings, current}] {
+        const QList<QImage> laid = shotsFor(asked);
+        QMetaObject::invokeMethod(
+            this,
+            [this, laid, cancelled = asked.cancelled] {
+                if (!*cancelled)
+                    Q_EMIT shotsReady(laid);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+/// As they are when nothing aligns them.
+QList<QImage> MergePreviewer::shotsFor(const Request &request)
+{
+    prepare(request);
+    const bool isLaid = isAlignedFor(request) && !aligned.pictures.isEmpty();
+    QList<QImage> shots = isLaid ? aligned.pictures : request.shots;
+    for (QImage &shot : shots)
+        shot = screen_colours::shown(isLaid && request.settings.options.crop
+                                         ? shot.copy(commonArea(aligned.report, request.shots))
+                                         : shot);
+    return shots;
 }
 
 const exposure::Outcome &MergePreviewer::mergedWithoutLook(const Request &request)

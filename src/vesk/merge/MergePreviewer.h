@@ -11,7 +11,9 @@
 /// What a merge of small pictures gives.
 struct MergePreviewResult
 {
-    QImage picture; ///< in the screen's colours; null on error
+    QImage picture;  ///< in the screen's colours; null on error
+    QImage clipping; ///< see clipping::marks
+    QImage merged;   ///< without its look, and in its own colours
     exposure::Report report;
     exposure::Error error = exposure::Error::None;
 };
@@ -30,11 +32,15 @@ public:
 
     /// shots: as the fusion reads them, of one size, in merge order.
     void request(const QList<QImage> &shots, const MergeSettings &settings);
+    /// The shots in the screen's colours as the fusion lays them over one another; behind a request
+    /// that is under way.
+    void requestShots(const QList<QImage> &shots, const MergeSettings &settings);
     /// Drops what is under way.
     void cancel();
 
 Q_SIGNALS:
     void ready(const MergePreviewResult &result);
+    void shotsReady(const QList<QImage> &shots);
 
 private:
     struct Request
@@ -69,6 +75,7 @@ private:
     exposure::Outcome fusedFromAligned(const exposure::Options &options,
                                        const exposure::Control &control);
     void prepare(const Request &request);
+    QList<QImage> shotsFor(const Request &request);
     bool isAlignedFor(const Request &request) const;
     bool layOver(const QList<QImage> &shots, const exposure::Control &control);
 

@@ -1,6 +1,46 @@
 #include "MergeSettings.h"
 
 #include <QFileInfo>
+#include <QHash>
+
+#include <algorithm>
+
+namespace {
+
+struct LookOption
+{
+    const char *name;
+    double exposure::Look::*number;
+};
+
+constexpr LookOption kLookOptions[] = {
+    {"exposure", &exposure::Look::exposure},      {"contrast", &exposure::Look::contrast},
+    {"highlights", &exposure::Look::highlights},  {"shadows", &exposure::Look::shadows},
+    {"black-point", &exposure::Look::blackPoint}, {"white-point", &exposure::Look::whitePoint},
+    {"saturation", &exposure::Look::saturation}};
+
+/// "--align none --crop --reference my shot.jpg" as align, crop and reference.
+QHash<QString, QString> byName(const QString &options)
+{
+    QHash<QString, QString> values;
+    const QStringList parts =
+        (QLatin1Char(' ') + options).split(QStringLiteral(" --"), Qt::SkipEmptyParts);
+    for (const QString &part : parts)
+        values.insert(part.section(QLatin1Char(' '), 0, 0), part.section(QLatin1Char(' '), 1));
+    return values;
+}
+
+/// -1 when the file is not among them.
+int placeOf(const QString &name, const QStringList &paths)
+{
+    for (int i = 0; i < paths.size(); ++i) {
+        if (!name.isEmpty() && QFileInfo(paths[i]).fileName() == name)
+            return i;
+    }
+    return exposure::kAutomatic;
+}
+
+} // namespace
 
 bool MergeSettings::isSameButLook(const MergeSettings &other) const
 {
@@ -11,14 +51,19 @@ bool MergeSettings::isSameButLook(const MergeSettings &other) const
            mine.ghostReference == its.ghostReference && mine.crop == its.crop;
 }
 
+MergeSettings MergeSettings::withoutLook() const
+{
+    MergeSettings plain = *this;
+    plain.options.adjustment = {};
+    return plain;
+}
+
 QString MergeSettings::asOptions(const QStringList &paths) const
 {
     const auto nameOf = [&paths](int index) { return QFileInfo(paths.value(index)).fileName(); };
     QStringList words;
-    const auto addNumber = [&words](const char *name, double value, double usual) {
-        if (value != usual)
-            words += QStringLiteral("--%1 %2").arg(QLatin1String(name)).arg(value);
-    };
+    if (!std::is_sorted(paths.cbegin(), paths.cend()))
+        words += QStringLiteral("--keep-order");
     if (options.alignment == exposure::Alignment::None)
         words += QStringLiteral("--align none");
     if (options.alignment == exposure::Alignment::Shift && !isMean())
@@ -33,12 +78,40 @@ QString MergeSettings::asOptions(const QStringList &paths) const
         words += QStringLiteral("--ghosts off");
     else if (options.ghostReference >= 0)
         words += QStringLiteral("--ghosts ") + nameOf(options.ghostReference);
-    addNumber("exposure", options.adjustment.exposure, 0.0);
-    addNumber("contrast", options.adjustment.contrast, 0.0);
-    addNumber("highlights", options.adjustment.highlights, 0.0);
-    addNumber("shadows", options.adjustment.shadows, 0.0);
-    addNumber("black-point", options.adjustment.blackPoint, 0.0);
-    addNumber("white-point", options.adjustment.whitePoint, 1.0);
-    addNumber("saturation", options.adjustment.saturation, 1.0);
+    for (const LookOption &option : kLookOptions) {
+        const double value = options.adjustment.*option.number;
+        if (value != exposure::Look().*option.number)
+            words += QStringLiteral("--%1 %2").arg(QLatin1String(option.name)).arg(value);
+    }
     return words.join(u' ');
+}
+
+MergeSettings MergeSettings::fromMark(const QString &method, const QString &options,
+                                      const QStringList &paths)
+{
+    MergeSettings settings;
+    const QHash<QString, QString> values = byName(options);
+    const QString align = values.value(QStringLiteral("align"));
+    const QString ghosts = values.value(QStringLiteral("ghosts"));
+    exposure::Options &merge = settings.options;
+    if (method == QLatin1String("mean")) {
+        settings.method = exposure::Method::Mean;
+        merge.alignment = exposure::Alignment::Shift;
+    }
+    if (align == QLatin1String("none"))
+        merge.alignment = exposure::Alignment::None;
+    if (align == QLatin1String("shift"))
+        merge.alignment = exposure::Alignment::Shift;
+    merge.crop = values.contains(QStringLiteral("crop"));
+    merge.reference = placeOf(values.value(QStringLiteral("reference")), paths);
+    merge.ghostReference = placeOf(ghosts, paths);
+    if (ghosts == QLatin1String("off"))
+        merge.ghosts = exposure::Ghosts::Keep;
+    for (const LookOption &option : kLookOptions) {
+        const QString name = QLatin1String(option.name);
+        if (values.contains(name))
+            merge.adjustment.*option.number = values.value(name).toDouble();
+    }
+    merge.adjustment = merge.adjustment.bounded();
+    return settings;
 }

@@ -13,8 +13,13 @@ struct MergeSettings
     bool isMean() const { return method == exposure::Method::Mean; }
     /// Whether both give the same picture but for the look.
     bool isSameButLook(const MergeSettings &other) const;
+    MergeSettings withoutLook() const;
     /// What differs from the usual, as options of 'veskhdr merge'. paths: of the shots.
     QString asOptions(const QStringList &paths) const;
+    /// What a merge of these files was made with, by the words that its mark has. What is not
+    /// understood stays as usual.
+    static MergeSettings fromMark(const QString &method, const QString &options,
+                                  const QStringList &paths);
     /// The word that --method takes.
     QString methodWord() const
     {

@@ -23,15 +23,24 @@ void MergeShotLoader::load(const QStringList &paths)
 {
     underWay += int(paths.size());
     for (const QString &path : paths)
-        workers.start([this, path] {
+        workers.start([this, path, set = currentSet] {
             const MergeShot shot = merge_shot::read(path, cancelled);
             QMetaObject::invokeMethod(
-                this, [this, shot] { take(shot); }, Qt::QueuedConnection);
+                this, [this, shot, set] { take(shot, set); }, Qt::QueuedConnection);
         });
 }
 
-void MergeShotLoader::take(const MergeShot &shot)
+void MergeShotLoader::drop()
 {
+    workers.clear();
+    ++currentSet;
+    underWay = 0;
+}
+
+void MergeShotLoader::take(const MergeShot &shot, int set)
+{
+    if (set != currentSet)
+        return;
     --underWay;
     Q_EMIT loaded(shot);
     if (underWay == 0)

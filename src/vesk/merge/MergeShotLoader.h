@@ -17,6 +17,8 @@ public:
     ~MergeShotLoader() override;
 
     void load(const QStringList &paths);
+    /// Nobody hears of what has been asked for so far.
+    void drop();
     bool isBusy() const { return underWay > 0; }
 
 Q_SIGNALS:
@@ -25,9 +27,10 @@ Q_SIGNALS:
     void finished();
 
 private:
-    void take(const MergeShot &shot);
+    void take(const MergeShot &shot, int set);
 
     QThreadPool workers;
     std::atomic<bool> cancelled{false};
     int underWay = 0;
+    int currentSet = 0; // answers for others are stale
 };

@@ -1,10 +1,12 @@
 #include "MergeWorkspace.h"
 #include "MergeOptionsPanel.h"
 #include "MergePreview.h"
+#include "PreviewBar.h"
 #include "ShotList.h"
 #include "merge_texts.h"
 #include "picture_document.h"
 
+#include <automatic_look.h>
 #include <picture_kinds.h>
 #include <screen_colours.h>
 
@@ -49,6 +51,14 @@ QStringList localFiles(const QMimeData *data)
     return files;
 }
 
+/// Of what the whole merge gives, as far as the small one tells.
+QSize fullSizeOf(const MergePreviewResult &small, const MergeShot &shot)
+{
+    const double factor = double(shot.size.width()) / shot.small.width();
+    const QSizeF size = QSizeF(small.picture.size()) * factor;
+    return small.picture.size() == shot.small.size() ? shot.size : size.toSize();
+}
+
 } // namespace
 
 MergeWorkspace::MergeWorkspace(const QStringList &paths, const QString &startFolder,
@@ -57,13 +67,14 @@ MergeWorkspace::MergeWorkspace(const QStringList &paths, const QString &startFol
     , folder(startFolder)
     , shots(new ShotList)
     , preview(new MergePreview)
+    , bar(new PreviewBar(preview))
     , options(new MergeOptionsPanel)
     , notes(new QLabel)
     , state(new QLabel)
     , progress(new QProgressBar)
     , add(button(tr("A&dd Shots…"), "addButton"))
+    , nextBracket(button(tr("&Next Bracket"), "nextBracketButton"))
     , reference(button(tr("&Use as Reference"), "referenceButton"))
-    , before(button(tr("&Before (hold B)"), "beforeButton"))
     , mergeButton(button(tr("&Merge"), "mergeButton"))
     , closeButton(button(tr("Close"), "closeButton"))
 {
@@ -100,6 +111,8 @@ QWidget *MergeWorkspace::makeShotColumn()
     layout->addWidget(notes);
     layout->addWidget(reference);
     layout->addWidget(add);
+    layout->addWidget(nextBracket);
+    nextBracket->setVisible(false);
     return column;
 }
 
@@ -112,7 +125,7 @@ QWidget *MergeWorkspace::makePreviewColumn()
     progress->setRange(0, kProgressSteps);
     progress->setTextVisible(false);
     auto *below = new QHBoxLayout;
-    below->addWidget(before);
+    below->addWidget(bar);
     below->addWidget(state, 1);
     below->addWidget(progress, 1);
     auto *layout = new QVBoxLayout(column);
@@ -143,19 +156,18 @@ void MergeWorkspace::connectParts()
     connect(&delay, &QTimer::timeout, this, &MergeWorkspace::requestPreview);
     connect(&loader, &MergeShotLoader::loaded, shots, &ShotList::setShot);
     connect(&loader, &MergeShotLoader::finished, this, &MergeWorkspace::onSetChanged);
-    connect(&previewer, &MergePreviewer::ready, this, &MergeWorkspace::showPreview);
     connect(shots, &ShotList::setChanged, this, &MergeWorkspace::onSetChanged);
     connect(shots, &QListWidget::currentRowChanged, this, &MergeWorkspace::updateButtons);
     connect(options, &MergeOptionsPanel::changed, this, &MergeWorkspace::onSetChanged);
     connect(add, &QPushButton::clicked, this, &MergeWorkspace::chooseShots);
+    connect(nextBracket, &QPushButton::clicked, this, &MergeWorkspace::nextBracketWanted);
     connect(reference, &QPushButton::clicked, this, [this] {
         if (shots->isCurrentChosen())
             shots->chooseReferenceAutomatically();
         else
             shots->chooseCurrentAsReference();
     });
-    connect(before, &QPushButton::pressed, this, [this] { showBefore(true); });
-    connect(before, &QPushButton::released, this, [this] { showBefore(false); });
+    connectPreview();
     connect(mergeButton, &QPushButton::clicked, this, &MergeWorkspace::startMerge);
     connect(closeButton, &QPushButton::clicked, this, &MergeWorkspace::reject);
     connect(&job, &MergeJob::progressed, this, [this](const QString &what, double done) {
@@ -164,6 +176,23 @@ void MergeWorkspace::connectParts()
     });
     connect(&job, &MergeJob::finished, this, &MergeWorkspace::finish);
     qApp->installEventFilter(this);
+}
+
+void MergeWorkspace::connectPreview()
+{
+    connect(&previewer, &MergePreviewer::ready, this, &MergeWorkspace::showPreview);
+    connect(&previewer, &MergePreviewer::shotsReady, this, [this](const QList<QImage> &aligned) {
+        if (bar->isBlinking())
+            bar->setShots(aligned, namesOn());
+    });
+    connect(preview, &MergePreview::sharpWantedChanged, this, &MergeWorkspace::updateSharp);
+    connect(&sharp, &SharpMerge::ready, preview, &MergePreview::setSharp);
+    connect(&sharp, &SharpMerge::ready, this, &MergeWorkspace::showState);
+    connect(&sharp, &SharpMerge::failed, state, &QLabel::setText);
+    connect(bar, &PreviewBar::beforeHeld, this, &MergeWorkspace::showBefore);
+    connect(bar, &PreviewBar::splitToggled, this, &MergeWorkspace::provideBefore);
+    connect(bar, &PreviewBar::shotsWanted, this, &MergeWorkspace::askForShots);
+    connect(options, &MergeOptionsPanel::automaticLookWanted, this, &MergeWorkspace::chooseLook);
 }
 
 // --- Shots ---
@@ -180,6 +209,31 @@ void MergeWorkspace::addShots(const QStringList &paths)
     shots->addPaths(added);
     loader.load(added);
     onSetChanged();
+}
+
+void MergeWorkspace::replaceShots(const QStringList &paths)
+{
+    if (isMerging())
+        return;
+    loader.drop();
+    sharp.cancel();
+    shots->clearShots();
+    showWhyThereIsNone({});
+    addShots(paths);
+}
+
+void MergeWorkspace::setSettings(const MergeSettings &settings)
+{
+    options->setSettings(settings);
+    shots->chooseReference(settings.options.reference);
+}
+
+void MergeWorkspace::setBracketPlace(int place, int count)
+{
+    nextBracket->setVisible(count > 0);
+    nextBracket->setEnabled(place < count && !isMerging());
+    setWindowTitle(place > 0 ? tr("Merge Exposures — bracket %1 of %2").arg(place).arg(count)
+                             : tr("Merge Exposures"));
 }
 
 void MergeWorkspace::chooseShots()
@@ -204,15 +258,56 @@ void MergeWorkspace::dropEvent(QDropEvent *event)
 
 // --- Preview ---
 
-void MergeWorkspace::onSetChanged()
+QStringList MergeWorkspace::pathsOn() const
 {
-    QStringList names;
+    QStringList paths;
     const QList<MergeShot> on = shots->shotsOn();
     for (const MergeShot &shot : on)
-        names.append(QFileInfo(shot.path).fileName());
-    options->setShots(names);
+        paths.append(shot.path);
+    return paths;
+}
+
+QStringList MergeWorkspace::namesOn() const
+{
+    QStringList names;
+    const QStringList paths = pathsOn();
+    for (const QString &path : paths)
+        names.append(QFileInfo(path).fileName());
+    return names;
+}
+
+QList<QImage> MergeWorkspace::smallOn() const
+{
+    QList<QImage> small;
+    const QList<MergeShot> on = shots->shotsOn();
+    for (const MergeShot &shot : on)
+        small.append(shot.small);
+    return small;
+}
+
+void MergeWorkspace::onSetChanged()
+{
+    options->setShots(namesOn());
     updateButtons();
+    preview->setLook(settings().options.adjustment);
+    if (!sharp.keptFor(pathsOn(), settings()))
+        preview->setSharp({});
+    sharp.keepOnlyFor(pathsOn(), settings());
     delay.start();
+}
+
+/// The whole picture, as soon as somebody looks closely.
+void MergeWorkspace::updateSharp()
+{
+    if (!preview->isSharpWanted() || isMerging() || !whyNoPreview(shots->shotsOn()).isEmpty())
+        return;
+    if (const std::optional<MergeResult> kept = sharp.keptFor(pathsOn(), settings())) {
+        if (!preview->isSharp())
+            preview->setSharp({kept->picture, kept->reference});
+    } else {
+        sharp.ask(pathsOn(), settings());
+    }
+    showState();
 }
 
 MergeSettings MergeWorkspace::settings() const
@@ -244,21 +339,22 @@ void MergeWorkspace::requestPreview()
         showWhyThereIsNone(why);
         return;
     }
-    QList<QImage> small;
-    for (const MergeShot &shot : on)
-        small.append(shot.small);
-    previewer.request(small, settings());
+    previewer.request(smallOn(), settings());
 }
 
 void MergeWorkspace::showWhyThereIsNone(const QString &why)
 {
     previewer.cancel();
+    sharp.cancel();
+    previewed = {};
+    preview->setSharp({});
     preview->setAfter({});
     preview->setBefore({});
     preview->setText(why);
+    bar->setUsable(false);
     showNotes({});
-    if (!isMerging())
-        state->clear();
+    alignedText.clear();
+    showState();
 }
 
 void MergeWorkspace::showPreview(const MergePreviewResult &result)
@@ -270,8 +366,13 @@ void MergeWorkspace::showPreview(const MergePreviewResult &result)
     const MergeSettings chosen = settings();
     const bool tells = chosen.options.alignment == exposure::Alignment::Perspective;
     shots->showReport(result.report, tells);
-    preview->setAfter(result.picture);
     const QList<MergeShot> on = shots->shotsOn();
+    previewed = result.merged;
+    preview->setAfter(result.picture, fullSizeOf(result, on.first()), result.clipping);
+    provideBefore();
+    bar->setUsable(true);
+    if (bar->isBlinking())
+        askForShots();
     QStringList sentences;
     int aligned = 0;
     for (int i = 0; i < on.size(); ++i) {
@@ -282,8 +383,16 @@ void MergeWorkspace::showPreview(const MergePreviewResult &result)
             sentences.append(sentence);
     }
     showNotes(sentences);
-    if (!isMerging())
-        state->setText(tells ? tr("Aligned: %1 of %2").arg(aligned).arg(on.size()) : QString());
+    alignedText = tells ? tr("Aligned: %1 of %2").arg(aligned).arg(on.size()) : QString();
+    updateSharp();
+    showState();
+}
+
+void MergeWorkspace::showState()
+{
+    if (isMerging())
+        return;
+    state->setText(sharp.isUnderWay() ? tr("Sharpening…") : alignedText);
 }
 
 void MergeWorkspace::showNotes(const QStringList &sentences)
@@ -293,14 +402,27 @@ void MergeWorkspace::showNotes(const QStringList &sentences)
 }
 
 /// The reference as it was taken.
+void MergeWorkspace::provideBefore()
+{
+    const QList<MergeShot> on = shots->shotsOn();
+    const int place = shots->shownReference();
+    preview->setBefore(place < 0 ? QImage() : screen_colours::shown(on[place].small));
+}
+
 void MergeWorkspace::showBefore(bool isBefore)
 {
-    if (isBefore && !preview->isShowingBefore()) {
-        const QList<MergeShot> on = shots->shotsOn();
-        const int place = shots->shownReference();
-        preview->setBefore(place < 0 ? QImage() : screen_colours::shown(on[place].small));
-    }
     preview->showBefore(isBefore);
+}
+
+void MergeWorkspace::askForShots()
+{
+    previewer.requestShots(smallOn(), settings());
+}
+
+void MergeWorkspace::chooseLook()
+{
+    if (!previewed.isNull())
+        options->setLook(exposure::automaticLook(previewed));
 }
 
 /// B is held to look at the picture before, whichever control has the keyboard.
@@ -324,7 +446,6 @@ void MergeWorkspace::updateButtons()
 {
     const QList<MergeShot> on = shots->shotsOn();
     mergeButton->setEnabled(!isMerging() && whyNoPreview(on).isEmpty());
-    before->setEnabled(!on.isEmpty());
     const bool isMean = options->settings().isMean();
     reference->setEnabled(!isMerging() && !isMean && shots->currentItem());
     reference->setText(shots->isCurrentChosen() ? tr("Choose Reference A&utomatically")
@@ -333,19 +454,22 @@ void MergeWorkspace::updateButtons()
 
 void MergeWorkspace::startMerge()
 {
-    underWay.clear();
-    const QList<MergeShot> on = shots->shotsOn();
-    for (const MergeShot &shot : on)
-        underWay.append(shot.path);
+    underWay = pathsOn();
     previewer.cancel();
+    bar->stopBlinking();
     asked = settings();
-    job.start(underWay, asked);
+    MergeTask task;
+    task.paths = underWay;
+    task.settings = asked;
+    task.merged = sharp.keptFor(underWay, asked);
+    sharp.cancel();
+    job.start(task);
     showMerging(true);
 }
 
 void MergeWorkspace::showMerging(bool isUnderWay)
 {
-    for (QWidget *part : QList<QWidget *>{shots, options, add})
+    for (QWidget *part : QList<QWidget *>{shots, options, add, nextBracket, bar})
         part->setEnabled(!isUnderWay);
     progress->setVisible(isUnderWay);
     progress->setValue(0);
@@ -355,7 +479,7 @@ void MergeWorkspace::showMerging(bool isUnderWay)
         state->setText(merge_texts::reading());
         closeButton->setFocus();
     } else {
-        state->clear();
+        showState();
     }
 }
 

@@ -3,6 +3,7 @@
 #include "MergeJob.h"
 #include "MergePreviewer.h"
 #include "MergeShotLoader.h"
+#include "SharpMerge.h"
 
 #include <ResultMark.h>
 
@@ -10,7 +11,7 @@
 #include <QTimer>
 
 class MergeOptionsPanel;
-class MergePreview;
+class PreviewBar;
 class QLabel;
 class QProgressBar;
 class QPushButton;
@@ -28,12 +29,20 @@ public:
     ~MergeWorkspace() override;
 
     void addShots(const QStringList &paths);
+    /// Another set; the options stay. Not while it merges.
+    void replaceShots(const QStringList &paths);
+    /// References are places among the shots that are here now.
+    void setSettings(const MergeSettings &settings);
+    /// Which bracket of the folder this is, from 1, and of how many; 0 for none.
+    void setBracketPlace(int place, int count);
     bool isMerging() const { return job.isRunning(); }
 
     /// While the merge runs, only that is cancelled.
     void reject() override;
 
 Q_SIGNALS:
+    /// Wants replaceShots.
+    void nextBracketWanted();
     /// referencePath: the shot whose metadata belong to the picture.
     void merged(const QImage &picture, const QString &referencePath, const ResultMark &mark);
 
@@ -47,6 +56,7 @@ private:
     QWidget *makePreviewColumn();
     QWidget *makeOptionColumn();
     void connectParts();
+    void connectPreview();
 
     void chooseShots();
     void onSetChanged();
@@ -60,24 +70,36 @@ private:
     void finish(const MergeResult &result);
     void showMerging(bool isUnderWay);
     void showBefore(bool isBefore);
+    void provideBefore();
+    void askForShots();
+    void chooseLook();
+    void updateSharp();
+    void showState();
+    QStringList pathsOn() const;
+    QStringList namesOn() const;
+    QList<QImage> smallOn() const;
     void updateButtons();
 
     QString folder;
     ShotList *shots;
     MergePreview *preview;
+    PreviewBar *bar;
     MergeOptionsPanel *options;
     QLabel *notes;
     QLabel *state;
     QProgressBar *progress;
     QPushButton *add;
+    QPushButton *nextBracket;
     QPushButton *reference;
-    QPushButton *before;
     QPushButton *mergeButton;
     QPushButton *closeButton;
     QTimer delay; // folds bursts of changes into one preview
     MergeShotLoader loader;
     MergePreviewer previewer;
+    SharpMerge sharp;
     MergeJob job;
+    QImage previewed; // without its look
+    QString alignedText;
     QStringList underWay; // paths of the merge that runs
     MergeSettings asked;  // of the merge that runs
 };

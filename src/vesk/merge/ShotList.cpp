@@ -3,8 +3,10 @@
 
 #include <exposure_texts.h>
 
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QPixmap>
 #include <QSignalBlocker>
 
@@ -24,6 +26,8 @@ ShotList::ShotList(QWidget *parent)
     setSpacing(2);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAccessibleName(tr("Shots"));
+    setDragDropMode(QAbstractItemView::InternalMove);
+    setDefaultDropAction(Qt::MoveAction);
     connect(this, &QListWidget::itemChanged, this, [this] {
         describe();
         Q_EMIT setChanged();
@@ -32,23 +36,87 @@ ShotList::ShotList(QWidget *parent)
 
 void ShotList::addPaths(const QStringList &added)
 {
-    for (const QString &path : added)
-        entries.try_emplace(path);
     const QSignalBlocker quiet(this);
-    int row = 0;
-    for (auto &[path, entry] : entries) { // ordered as the command line orders them
-        if (row >= count() || pathOf(*item(row)) != path) {
-            auto *line = new QListWidgetItem;
-            line->setData(Qt::UserRole, path);
-            line->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
-            line->setCheckState(Qt::Checked);
-            insertItem(row, line);
-        }
-        ++row;
+    for (const QString &path : added) {
+        if (!entries.try_emplace(path).second)
+            continue;
+        auto *line = new QListWidgetItem;
+        line->setData(Qt::UserRole, path);
+        line->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
+                       Qt::ItemIsDragEnabled);
+        line->setCheckState(Qt::Checked);
+        insertItem(rowFor(path), line);
     }
     if (currentRow() < 0 && count() > 0)
         setCurrentRow(0);
     describe();
+}
+
+/// As the command line orders them, unless the user does.
+int ShotList::rowFor(const QString &path) const
+{
+    int row = 0;
+    while (row < count() && (isOrderedByUser || pathOf(*item(row)) < path))
+        ++row;
+    return row;
+}
+
+void ShotList::clearShots()
+{
+    const QSignalBlocker quiet(this);
+    clear();
+    entries.clear();
+    chosen.clear();
+    shown.clear();
+    isOrderedByUser = false;
+}
+
+void ShotList::moveCurrent(int by)
+{
+    const int row = currentRow();
+    if (row < 0 || row + by < 0 || row + by >= count())
+        return;
+    {
+        const QSignalBlocker quiet(this);
+        QListWidgetItem *line = takeItem(row);
+        insertItem(row + by, line);
+        setCurrentRow(row + by);
+    }
+    onOrderChanged();
+}
+
+void ShotList::onOrderChanged()
+{
+    isOrderedByUser = true;
+    describe();
+    Q_EMIT setChanged();
+}
+
+/// Files from elsewhere are for the window.
+void ShotList::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->source() == this)
+        QListWidget::dragEnterEvent(event);
+    else
+        event->ignore();
+}
+
+void ShotList::dropEvent(QDropEvent *event)
+{
+    {
+        const QSignalBlocker quiet(this);
+        QListWidget::dropEvent(event);
+    }
+    onOrderChanged();
+}
+
+void ShotList::keyPressEvent(QKeyEvent *event)
+{
+    const bool isUp = event->key() == Qt::Key_Up;
+    if ((isUp || event->key() == Qt::Key_Down) && event->modifiers() & Qt::AltModifier)
+        moveCurrent(isUp ? -1 : 1);
+    else
+        QListWidget::keyPressEvent(event);
 }
 
 void ShotList::setShot(const MergeShot &shot)
@@ -63,7 +131,7 @@ void ShotList::setShot(const MergeShot &shot)
         item(row)->setIcon(QIcon(QPixmap::fromImage(shot.thumbnail)));
         if (!shot.problem.isEmpty()) {
             item(row)->setCheckState(Qt::Unchecked);
-            item(row)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+            item(row)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
         }
     }
     describe();
@@ -72,8 +140,8 @@ void ShotList::setShot(const MergeShot &shot)
 QStringList ShotList::paths() const
 {
     QStringList all;
-    for (const auto &[path, entry] : entries)
-        all.append(path);
+    for (int row = 0; row < count(); ++row)
+        all.append(pathOf(*item(row)));
     return all;
 }
 
@@ -91,8 +159,10 @@ QList<MergeShot> ShotList::shotsOn() const
 {
     QList<MergeShot> on;
     for (int row = 0; row < count(); ++row) {
-        if (isOn(*item(row)))
-            on.append(entries.at(pathOf(*item(row))).shot);
+        if (!isOn(*item(row)))
+            continue;
+        on.append(entries.at(pathOf(*item(row))).shot);
+        on.last().path = pathOf(*item(row)); // also before it has been read
     }
     return on;
 }
@@ -132,6 +202,16 @@ void ShotList::chooseCurrentAsReference()
 void ShotList::chooseReferenceAutomatically()
 {
     chosen.clear();
+    describe();
+    Q_EMIT setChanged();
+}
+
+void ShotList::chooseReference(int place)
+{
+    const QList<MergeShot> on = shotsOn();
+    chosen = place >= 0 && place < on.size() ? on[place].path : QString();
+    if (!chosen.isEmpty())
+        shown = chosen;
     describe();
     Q_EMIT setChanged();
 }

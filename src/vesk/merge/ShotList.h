@@ -9,8 +9,9 @@
 
 #include <map>
 
-/// The shots of a set with thumbnail, exposure against the reference, how they were aligned, and
-/// whether they take part. The space bar switches one on or off. GUI thread.
+/// The shots of a set in merge order, with thumbnail, exposure against the reference, how they were
+/// aligned, and whether they take part. The space bar switches one on or off; dragging, and Alt
+/// with the arrows, put them in another order. GUI thread.
 class ShotList : public QListWidget
 {
     Q_OBJECT
@@ -18,8 +19,11 @@ class ShotList : public QListWidget
 public:
     explicit ShotList(QWidget *parent = nullptr);
 
-    /// Adds the files that are not here yet; all stand in merge order, by path.
+    /// Adds the files that are not here yet, by path, or at the end once the order is the user's.
     void addPaths(const QStringList &paths);
+    void clearShots();
+    /// Moves the current shot up or down.
+    void moveCurrent(int by);
     /// What has been read of one of them. A shot with a problem is switched off for good.
     void setShot(const MergeShot &shot);
 
@@ -32,6 +36,8 @@ public:
     int shownReference() const;
     void chooseCurrentAsReference();
     void chooseReferenceAutomatically();
+    /// By its place among shotsOn; exposure::kAutomatic for none.
+    void chooseReference(int place);
     bool isCurrentChosen() const;
     /// Which shot the others were aligned to, and how, as a merge of shotsOn has told.
     void showReport(const exposure::Report &report, bool tellsAlignment);
@@ -39,6 +45,11 @@ public:
 Q_SIGNALS:
     /// What takes part, or the reference.
     void setChanged();
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     struct Entry
@@ -48,6 +59,8 @@ private:
         QString alignment; ///< in words; empty when not known
     };
 
+    int rowFor(const QString &path) const;
+    void onOrderChanged();
     int placeOf(const QString &path) const;
     bool isOn(const QListWidgetItem &item) const;
     QString pathOf(const QListWidgetItem &item) const;
@@ -55,6 +68,7 @@ private:
     QString description(const Entry &entry) const;
 
     std::map<QString, Entry> entries;
+    bool isOrderedByUser = false;
     QString chosen; ///< path; empty: automatic
     QString shown;  ///< path of the reference in use
 };

@@ -68,7 +68,7 @@ MainWindow::MainWindow(QWidget *parent)
     , leaveFullScreen(new QShortcut(Qt::Key_Escape, this))
     , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
     , hdr(std::make_unique<HdrCommand>(uiManager.get()))
-    , exposureMerge(std::make_unique<ExposureMergeCommand>(uiManager.get(), documents))
+    , exposureMerge(std::make_unique<ExposureMergeCommand>(uiManager.get(), documents, filmStrip))
     , light(std::make_unique<LightCommand>(documents, this))
 {
     screen_colours::applySettings();
@@ -266,7 +266,7 @@ void MainWindow::connectFolder()
         filmStripDock->setToolTip(QDir::toNativeSeparators(path));
     });
     connect(filmStrip, &FilmStrip::openRequested, this, &MainWindow::openPaths);
-    connect(filmStrip, &FilmStrip::mergeRequested, actions->mergeExposures, &QAction::trigger);
+    connect(filmStrip, &FilmStrip::mergeRequested, this, [this] { exposureMerge->activateAnew(); });
     connect(filmStripActions, &FilmStripActions::said, status,
             [this](const QString &text) { status->showMessage(text, 5000); });
 }

@@ -50,9 +50,9 @@ void TestFolderSurvey::of_result_isKnownByItsMarkAndInNoBracket()
     const QString result = pictures->addResult(QStringLiteral("a0 merged.jpg"), bracket);
     const FolderNotes found = notes();
     QCOMPARE(found.brackets, QList<QStringList>{bracket});
-    QVERIFY(found.pictures.value(result).isResult);
+    QCOMPARE(found.pictures.value(result).mark.value_or(ResultMark()).sources.size(), 3);
     QCOMPARE(found.pictures.value(result).bracket, -1);
-    QVERIFY(!found.pictures.value(bracket.first()).isResult);
+    QVERIFY(!found.pictures.value(bracket.first()).mark);
 }
 
 void TestFolderSurvey::of_stars_areRead()

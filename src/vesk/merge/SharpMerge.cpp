@@ -1,0 +1,69 @@
+#include "SharpMerge.h"
+
+namespace {
+
+constexpr int kDelayMs = 200;
+
+} // namespace
+
+SharpMerge::SharpMerge(QObject *parent)
+    : QObject(parent)
+{
+    delay.setSingleShot(true);
+    delay.setInterval(kDelayMs);
+    connect(&delay, &QTimer::timeout, this, [this] {
+        MergeTask task;
+        task.paths = askedPaths;
+        task.settings = asked.withoutLook();
+        task.wantsReference = true;
+        job.start(task);
+    });
+    connect(&job, &MergeJob::finished, this, &SharpMerge::take);
+}
+
+bool SharpMerge::isFor(const QStringList &paths, const MergeSettings &settings) const
+{
+    return askedPaths == paths && asked.isSameButLook(settings);
+}
+
+void SharpMerge::ask(const QStringList &paths, const MergeSettings &settings)
+{
+    keepOnlyFor(paths, settings);
+    if (isUnderWay() || !kept.picture.isNull())
+        return;
+    askedPaths = paths;
+    asked = settings;
+    delay.start();
+}
+
+void SharpMerge::keepOnlyFor(const QStringList &paths, const MergeSettings &settings)
+{
+    if (isFor(paths, settings))
+        return;
+    cancel();
+    kept = {};
+    askedPaths.clear();
+}
+
+void SharpMerge::cancel()
+{
+    delay.stop();
+    job.cancel();
+}
+
+std::optional<MergeResult> SharpMerge::keptFor(const QStringList &paths,
+                                               const MergeSettings &settings) const
+{
+    return !kept.picture.isNull() && isFor(paths, settings) ? std::optional(kept) : std::nullopt;
+}
+
+void SharpMerge::take(const MergeResult &result)
+{
+    if (result.picture.isNull()) {
+        askedPaths.clear();
+        Q_EMIT failed(result.problem);
+        return;
+    }
+    kept = result;
+    Q_EMIT ready({kept.picture, kept.reference});
+}

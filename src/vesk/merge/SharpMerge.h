@@ -1,0 +1,46 @@
+#pragma once
+
+#include "MergeJob.h"
+#include "MergePreview.h"
+
+#include <QTimer>
+
+#include <optional>
+
+/// The merge at full size that the preview shows where one looks closely: made beside the GUI
+/// thread when it is asked for, without a look, and kept, so that the merge itself need not be done
+/// again. GUI thread.
+class SharpMerge : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SharpMerge(QObject *parent = nullptr);
+
+    /// Nothing happens when it is kept or under way already; what is of other shots or settings is
+    /// dropped. Waits for a moment, as settings change in bursts.
+    void ask(const QStringList &paths, const MergeSettings &settings);
+    /// Ends what is under way, and drops what is of other shots or settings; looks do not count.
+    void keepOnlyFor(const QStringList &paths, const MergeSettings &settings);
+    void cancel();
+    bool isUnderWay() const { return delay.isActive() || job.isRunning(); }
+
+    /// What is kept, without its look; nothing when it is of others.
+    std::optional<MergeResult> keptFor(const QStringList &paths,
+                                       const MergeSettings &settings) const;
+
+Q_SIGNALS:
+    void ready(const SharpPicture &picture);
+    /// It could not be made.
+    void failed(const QString &problem);
+
+private:
+    bool isFor(const QStringList &paths, const MergeSettings &settings) const;
+    void take(const MergeResult &result);
+
+    QStringList askedPaths;
+    MergeSettings asked;
+    MergeResult kept;
+    QTimer delay;
+    MergeJob job;
+};
