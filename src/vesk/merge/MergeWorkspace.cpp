@@ -120,18 +120,10 @@ QWidget *MergeWorkspace::makePreviewColumn()
 {
     auto *column = new QWidget;
     preview->setObjectName(QStringLiteral("mergePreview"));
-    state->setObjectName(QStringLiteral("mergeState"));
-    progress->setObjectName(QStringLiteral("mergeProgress"));
-    progress->setRange(0, kProgressSteps);
-    progress->setTextVisible(false);
-    auto *below = new QHBoxLayout;
-    below->addWidget(bar);
-    below->addWidget(state, 1);
-    below->addWidget(progress, 1);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(preview, 1);
-    layout->addLayout(below);
+    layout->addWidget(bar);
     return column;
 }
 
@@ -139,12 +131,18 @@ QWidget *MergeWorkspace::makeOptionColumn()
 {
     auto *column = new QWidget;
     column->setFixedWidth(kOptionWidth);
+    state->setObjectName(QStringLiteral("mergeState"));
+    progress->setObjectName(QStringLiteral("mergeProgress"));
+    progress->setRange(0, kProgressSteps);
+    progress->setTextVisible(false);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(closeButton);
     buttons->addWidget(mergeButton);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(options, 1);
+    layout->addWidget(state);
+    layout->addWidget(progress);
     layout->addLayout(buttons);
     return column;
 }

@@ -78,6 +78,7 @@ void PreviewBar::addZoom()
     zoomLabel->setObjectName(QStringLiteral("zoomLabel"));
     zoomLabel->setMinimumWidth(zoomLabel->fontMetrics().horizontalAdvance(tr("%1 %").arg(1600)));
     layout()->addWidget(zoomLabel);
+    qobject_cast<QHBoxLayout *>(layout())->addStretch();
     const auto onKey = [this](const QKeySequence &keys, const auto &what) {
         connect(new QShortcut(keys, this), &QShortcut::activated, preview, what);
     };

@@ -497,6 +497,53 @@
     </message>
 </context>
 <context>
+    <name>LookBox</name>
+    <message>
+        <source>Look</source>
+        <translation>Aussehen</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Belichtung:</translation>
+    </message>
+    <message>
+        <source>H&amp;ighlights:</source>
+        <translation>L&amp;ichter:</translation>
+    </message>
+    <message>
+        <source>Shado&amp;ws:</source>
+        <translation>T&amp;iefen:</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>&amp;Kontrast:</translation>
+    </message>
+    <message>
+        <source>Blac&amp;k point:</source>
+        <translation>Schwarzp&amp;unkt:</translation>
+    </message>
+    <message>
+        <source>White &amp;point:</source>
+        <translation>Wei&amp;ßpunkt:</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>&amp;Sättigung:</translation>
+    </message>
+    <message>
+        <source>Aut&amp;o</source>
+        <translation>A&amp;utomatisch</translation>
+    </message>
+    <message>
+        <source>A look that suits the picture, to begin with</source>
+        <translation>Ein Aussehen, das zum Bild passt, als Anfang</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>
@@ -582,18 +629,6 @@
         <translation>Auf gemeinsame &amp;Fläche zuschneiden</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>Belichtung</translation>
-    </message>
-    <message>
-        <source>Contrast</source>
-        <translation>Kontrast</translation>
-    </message>
-    <message>
-        <source>Saturation</source>
-        <translation>Sättigung</translation>
-    </message>
-    <message>
         <source>Merge</source>
         <translation>Verschmelzen</translation>
     </message>
@@ -617,26 +652,6 @@
         <source>&amp;Ghosts:</source>
         <extracomment>What moved between the shots.</extracomment>
         <translation>&amp;Geister:</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>Aussehen</translation>
-    </message>
-    <message>
-        <source>&amp;Exposure:</source>
-        <translation>&amp;Belichtung:</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>&amp;Kontrast:</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>&amp;Sättigung:</translation>
-    </message>
-    <message>
-        <source>Rese&amp;t</source>
-        <translation>&amp;Zurücksetzen</translation>
     </message>
     <message>
         <source>Remove, automatically</source>
@@ -673,6 +688,10 @@
     <message>
         <source>Before</source>
         <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>One moment…</source>
+        <translation>Einen Augenblick…</translation>
     </message>
 </context>
 <context>
@@ -759,10 +778,6 @@
         <translation>Als Bez&amp;ug verwenden</translation>
     </message>
     <message>
-        <source>&amp;Before (hold B)</source>
-        <translation>V&amp;orher (B halten)</translation>
-    </message>
-    <message>
         <source>&amp;Merge</source>
         <translation>Verschm&amp;elzen</translation>
     </message>
@@ -809,6 +824,18 @@
     <message>
         <source>Not Merged</source>
         <translation>Nicht verschmolzen</translation>
+    </message>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>&amp;Nächste Belichtungsreihe</translation>
+    </message>
+    <message>
+        <source>Merge Exposures — bracket %1 of %2</source>
+        <translation>Belichtungen verschmelzen — Belichtungsreihe %1 von %2</translation>
+    </message>
+    <message>
+        <source>Sharpening…</source>
+        <translation>Wird scharf…</translation>
     </message>
 </context>
 <context>
@@ -969,6 +996,71 @@
     <message>
         <source>its XMP file cannot be read</source>
         <translation>seine XMP-Datei kann nicht gelesen werden</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewBar</name>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>The reference as it was taken, while B or this is held</source>
+        <translation>Der Bezug, wie er aufgenommen wurde, solange B oder dies gehalten wird</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>Geteilt</translation>
+    </message>
+    <message>
+        <source>Before and after side by side; drag the line (S)</source>
+        <translation>Vorher und nachher nebeneinander; die Linie lässt sich ziehen (S)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>Blinken</translation>
+    </message>
+    <message>
+        <source>The aligned shots, one after the other (K)</source>
+        <translation>Die ausgerichteten Aufnahmen, eine nach der anderen (K)</translation>
+    </message>
+    <message>
+        <source>Clipping</source>
+        <translation>Clipping</translation>
+    </message>
+    <message>
+        <source>Red where it is too bright, blue where it is too dark (C)</source>
+        <translation>Rot, wo es zu hell ist, blau, wo es zu dunkel ist (C)</translation>
+    </message>
+    <message>
+        <source>Loupe</source>
+        <translation>Lupe</translation>
+    </message>
+    <message>
+        <source>100 % around the pointer (L)</source>
+        <translation>100 % um den Mauszeiger (L)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <extracomment>On a button: the picture as large as it fits.</extracomment>
+        <translation>Anpassen</translation>
+    </message>
+    <message>
+        <source>As large as it fits (Ctrl+0)</source>
+        <translation>So groß, wie es passt (Strg+0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>Pixel for pixel (Ctrl+1)</source>
+        <translation>Pixel für Pixel (Strg+1)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 <context>

@@ -497,6 +497,53 @@
     </message>
 </context>
 <context>
+    <name>LookBox</name>
+    <message>
+        <source>Look</source>
+        <translation>Aspecto</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Exposición:</translation>
+    </message>
+    <message>
+        <source>H&amp;ighlights:</source>
+        <translation>Al&amp;tas luces:</translation>
+    </message>
+    <message>
+        <source>Shado&amp;ws:</source>
+        <translation>So&amp;mbras:</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>&amp;Contraste:</translation>
+    </message>
+    <message>
+        <source>Blac&amp;k point:</source>
+        <translation>Punto ne&amp;gro:</translation>
+    </message>
+    <message>
+        <source>White &amp;point:</source>
+        <translation>Punto &amp;blanco:</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>&amp;Saturación:</translation>
+    </message>
+    <message>
+        <source>Aut&amp;o</source>
+        <translation>A&amp;utomático</translation>
+    </message>
+    <message>
+        <source>A look that suits the picture, to begin with</source>
+        <translation>Un aspecto adecuado a la imagen, para empezar</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>Resta&amp;blecer</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>
@@ -582,18 +629,6 @@
         <translation>&amp;Recortar al área común</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>Exposición</translation>
-    </message>
-    <message>
-        <source>Contrast</source>
-        <translation>Contraste</translation>
-    </message>
-    <message>
-        <source>Saturation</source>
-        <translation>Saturación</translation>
-    </message>
-    <message>
         <source>Merge</source>
         <translation>Fusión</translation>
     </message>
@@ -617,26 +652,6 @@
         <source>&amp;Ghosts:</source>
         <extracomment>What moved between the shots.</extracomment>
         <translation>Fan&amp;tasmas:</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>Aspecto</translation>
-    </message>
-    <message>
-        <source>&amp;Exposure:</source>
-        <translation>&amp;Exposición:</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>&amp;Contraste:</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>&amp;Saturación:</translation>
-    </message>
-    <message>
-        <source>Rese&amp;t</source>
-        <translation>Resta&amp;blecer</translation>
     </message>
     <message>
         <source>Remove, automatically</source>
@@ -673,6 +688,10 @@
     <message>
         <source>Before</source>
         <translation>Antes</translation>
+    </message>
+    <message>
+        <source>One moment…</source>
+        <translation>Un momento…</translation>
     </message>
 </context>
 <context>
@@ -759,10 +778,6 @@
         <translation>&amp;Usar como referencia</translation>
     </message>
     <message>
-        <source>&amp;Before (hold B)</source>
-        <translation>A&amp;ntes (mantener B)</translation>
-    </message>
-    <message>
         <source>&amp;Merge</source>
         <translation>&amp;Fusionar</translation>
     </message>
@@ -809,6 +824,18 @@
     <message>
         <source>Not Merged</source>
         <translation>No fusionado</translation>
+    </message>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>Serie &amp;siguiente</translation>
+    </message>
+    <message>
+        <source>Merge Exposures — bracket %1 of %2</source>
+        <translation>Fusionar exposiciones — serie %1 de %2</translation>
+    </message>
+    <message>
+        <source>Sharpening…</source>
+        <translation>Afinando…</translation>
     </message>
 </context>
 <context>
@@ -969,6 +996,71 @@
     <message>
         <source>its XMP file cannot be read</source>
         <translation>no se puede leer su archivo XMP</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewBar</name>
+    <message>
+        <source>Before</source>
+        <translation>Antes</translation>
+    </message>
+    <message>
+        <source>The reference as it was taken, while B or this is held</source>
+        <translation>La referencia tal como se tomó, mientras se mantiene B o este botón</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>Dividir</translation>
+    </message>
+    <message>
+        <source>Before and after side by side; drag the line (S)</source>
+        <translation>Antes y después, lado a lado; arrastre la línea (S)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>Alternar</translation>
+    </message>
+    <message>
+        <source>The aligned shots, one after the other (K)</source>
+        <translation>Las tomas alineadas, una tras otra (K)</translation>
+    </message>
+    <message>
+        <source>Clipping</source>
+        <translation>Recorte</translation>
+    </message>
+    <message>
+        <source>Red where it is too bright, blue where it is too dark (C)</source>
+        <translation>Rojo donde está quemado, azul donde está negro (C)</translation>
+    </message>
+    <message>
+        <source>Loupe</source>
+        <translation>Lupa</translation>
+    </message>
+    <message>
+        <source>100 % around the pointer (L)</source>
+        <translation>100 % alrededor del puntero (L)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <extracomment>On a button: the picture as large as it fits.</extracomment>
+        <translation>Ajustar</translation>
+    </message>
+    <message>
+        <source>As large as it fits (Ctrl+0)</source>
+        <translation>Tan grande como quepa (Ctrl+0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>Pixel for pixel (Ctrl+1)</source>
+        <translation>Píxel a píxel (Ctrl+1)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 <context>

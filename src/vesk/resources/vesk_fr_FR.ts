@@ -497,6 +497,53 @@
     </message>
 </context>
 <context>
+    <name>LookBox</name>
+    <message>
+        <source>Look</source>
+        <translation>Aspect</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>&amp;Exposition :</translation>
+    </message>
+    <message>
+        <source>H&amp;ighlights:</source>
+        <translation>&amp;Hautes lumières :</translation>
+    </message>
+    <message>
+        <source>Shado&amp;ws:</source>
+        <translation>&amp;Ombres :</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>&amp;Contraste :</translation>
+    </message>
+    <message>
+        <source>Blac&amp;k point:</source>
+        <translation>Point &amp;noir :</translation>
+    </message>
+    <message>
+        <source>White &amp;point:</source>
+        <translation>&amp;Point blanc :</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>&amp;Saturation :</translation>
+    </message>
+    <message>
+        <source>Aut&amp;o</source>
+        <translation>Aut&amp;o</translation>
+    </message>
+    <message>
+        <source>A look that suits the picture, to begin with</source>
+        <translation>Un aspect adapté à l’image, pour commencer</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>Réin&amp;itialiser</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>
@@ -582,18 +629,6 @@
         <translation>&amp;Recadrer sur la zone commune</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>Exposition</translation>
-    </message>
-    <message>
-        <source>Contrast</source>
-        <translation>Contraste</translation>
-    </message>
-    <message>
-        <source>Saturation</source>
-        <translation>Saturation</translation>
-    </message>
-    <message>
         <source>Merge</source>
         <translation>Fusion</translation>
     </message>
@@ -617,26 +652,6 @@
         <source>&amp;Ghosts:</source>
         <extracomment>What moved between the shots.</extracomment>
         <translation>Fan&amp;tômes :</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>Aspect</translation>
-    </message>
-    <message>
-        <source>&amp;Exposure:</source>
-        <translation>&amp;Exposition :</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>&amp;Contraste :</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>&amp;Saturation :</translation>
-    </message>
-    <message>
-        <source>Rese&amp;t</source>
-        <translation>Réin&amp;itialiser</translation>
     </message>
     <message>
         <source>Remove, automatically</source>
@@ -673,6 +688,10 @@
     <message>
         <source>Before</source>
         <translation>Avant</translation>
+    </message>
+    <message>
+        <source>One moment…</source>
+        <translation>Un instant…</translation>
     </message>
 </context>
 <context>
@@ -759,10 +778,6 @@
         <translation>&amp;Utiliser comme référence</translation>
     </message>
     <message>
-        <source>&amp;Before (hold B)</source>
-        <translation>A&amp;vant (maintenir B)</translation>
-    </message>
-    <message>
         <source>&amp;Merge</source>
         <translation>&amp;Fusionner</translation>
     </message>
@@ -809,6 +824,18 @@
     <message>
         <source>Not Merged</source>
         <translation>Non fusionné</translation>
+    </message>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>Série &amp;suivante</translation>
+    </message>
+    <message>
+        <source>Merge Exposures — bracket %1 of %2</source>
+        <translation>Fusionner les expositions — série %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Sharpening…</source>
+        <translation>Affinage…</translation>
     </message>
 </context>
 <context>
@@ -969,6 +996,71 @@
     <message>
         <source>its XMP file cannot be read</source>
         <translation>son fichier XMP ne peut pas être lu</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewBar</name>
+    <message>
+        <source>Before</source>
+        <translation>Avant</translation>
+    </message>
+    <message>
+        <source>The reference as it was taken, while B or this is held</source>
+        <translation>La référence telle quelle, tant que B ou ce bouton est maintenu</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>Diviser</translation>
+    </message>
+    <message>
+        <source>Before and after side by side; drag the line (S)</source>
+        <translation>Avant et après côte à côte ; faites glisser la ligne (S)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>Alterner</translation>
+    </message>
+    <message>
+        <source>The aligned shots, one after the other (K)</source>
+        <translation>Les prises alignées, l’une après l’autre (K)</translation>
+    </message>
+    <message>
+        <source>Clipping</source>
+        <translation>Écrêtage</translation>
+    </message>
+    <message>
+        <source>Red where it is too bright, blue where it is too dark (C)</source>
+        <translation>Rouge là où c’est trop clair, bleu là où c’est trop sombre (C)</translation>
+    </message>
+    <message>
+        <source>Loupe</source>
+        <translation>Loupe</translation>
+    </message>
+    <message>
+        <source>100 % around the pointer (L)</source>
+        <translation>100 % autour du pointeur (L)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <extracomment>On a button: the picture as large as it fits.</extracomment>
+        <translation>Ajuster</translation>
+    </message>
+    <message>
+        <source>As large as it fits (Ctrl+0)</source>
+        <translation>Aussi grand que possible (Ctrl+0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>Pixel for pixel (Ctrl+1)</source>
+        <translation>Pixel pour pixel (Ctrl+1)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
     </message>
 </context>
 <context>

@@ -497,6 +497,53 @@
     </message>
 </context>
 <context>
+    <name>LookBox</name>
+    <message>
+        <source>Look</source>
+        <translation>仕上がり</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>露出(&amp;E):</translation>
+    </message>
+    <message>
+        <source>H&amp;ighlights:</source>
+        <translation>ハイライト(&amp;I):</translation>
+    </message>
+    <message>
+        <source>Shado&amp;ws:</source>
+        <translation>シャドウ(&amp;W):</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>コントラスト(&amp;C):</translation>
+    </message>
+    <message>
+        <source>Blac&amp;k point:</source>
+        <translation>黒点(&amp;K):</translation>
+    </message>
+    <message>
+        <source>White &amp;point:</source>
+        <translation>白点(&amp;P):</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>彩度(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Aut&amp;o</source>
+        <translation>自動(&amp;O)</translation>
+    </message>
+    <message>
+        <source>A look that suits the picture, to begin with</source>
+        <translation>画像に合った仕上がりを出発点として設定します</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>リセット(&amp;T)</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>
@@ -582,18 +629,6 @@
         <translation>共通部分に切り抜く(&amp;R)</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>露出</translation>
-    </message>
-    <message>
-        <source>Contrast</source>
-        <translation>コントラスト</translation>
-    </message>
-    <message>
-        <source>Saturation</source>
-        <translation>彩度</translation>
-    </message>
-    <message>
         <source>Merge</source>
         <translation>合成</translation>
     </message>
@@ -617,26 +652,6 @@
         <source>&amp;Ghosts:</source>
         <extracomment>What moved between the shots.</extracomment>
         <translation>ゴースト(&amp;G):</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>仕上がり</translation>
-    </message>
-    <message>
-        <source>&amp;Exposure:</source>
-        <translation>露出(&amp;E):</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>コントラスト(&amp;C):</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>彩度(&amp;S):</translation>
-    </message>
-    <message>
-        <source>Rese&amp;t</source>
-        <translation>リセット(&amp;T)</translation>
     </message>
     <message>
         <source>Remove, automatically</source>
@@ -673,6 +688,10 @@
     <message>
         <source>Before</source>
         <translation>合成前</translation>
+    </message>
+    <message>
+        <source>One moment…</source>
+        <translation>お待ちください…</translation>
     </message>
 </context>
 <context>
@@ -759,10 +778,6 @@
         <translation>基準にする(&amp;U)</translation>
     </message>
     <message>
-        <source>&amp;Before (hold B)</source>
-        <translation>合成前（B を長押し）(&amp;B)</translation>
-    </message>
-    <message>
         <source>&amp;Merge</source>
         <translation>合成(&amp;M)</translation>
     </message>
@@ -809,6 +824,18 @@
     <message>
         <source>Not Merged</source>
         <translation>合成されませんでした</translation>
+    </message>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>次のブラケット(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Merge Exposures — bracket %1 of %2</source>
+        <translation>露出を合成 — ブラケット %1 / %2</translation>
+    </message>
+    <message>
+        <source>Sharpening…</source>
+        <translation>鮮明にしています…</translation>
     </message>
 </context>
 <context>
@@ -968,6 +995,71 @@
     <message>
         <source>its XMP file cannot be read</source>
         <translation>XMP ファイルを読み込めません</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewBar</name>
+    <message>
+        <source>Before</source>
+        <translation>合成前</translation>
+    </message>
+    <message>
+        <source>The reference as it was taken, while B or this is held</source>
+        <translation>B またはこのボタンを押している間、基準の写真を表示します</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>分割</translation>
+    </message>
+    <message>
+        <source>Before and after side by side; drag the line (S)</source>
+        <translation>合成前と合成後を並べて表示。線はドラッグできます (S)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>切替</translation>
+    </message>
+    <message>
+        <source>The aligned shots, one after the other (K)</source>
+        <translation>位置合わせした写真を順に表示 (K)</translation>
+    </message>
+    <message>
+        <source>Clipping</source>
+        <translation>白黒飛び</translation>
+    </message>
+    <message>
+        <source>Red where it is too bright, blue where it is too dark (C)</source>
+        <translation>白飛びは赤、黒つぶれは青で表示 (C)</translation>
+    </message>
+    <message>
+        <source>Loupe</source>
+        <translation>ルーペ</translation>
+    </message>
+    <message>
+        <source>100 % around the pointer (L)</source>
+        <translation>ポインターの周りを 100% で表示 (L)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <extracomment>On a button: the picture as large as it fits.</extracomment>
+        <translation>合わせる</translation>
+    </message>
+    <message>
+        <source>As large as it fits (Ctrl+0)</source>
+        <translation>全体を表示 (Ctrl+0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100%</translation>
+    </message>
+    <message>
+        <source>Pixel for pixel (Ctrl+1)</source>
+        <translation>等倍で表示 (Ctrl+1)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
     </message>
 </context>
 <context>

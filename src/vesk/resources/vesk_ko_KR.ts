@@ -497,6 +497,53 @@
     </message>
 </context>
 <context>
+    <name>LookBox</name>
+    <message>
+        <source>Look</source>
+        <translation>모양</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>노출(&amp;E):</translation>
+    </message>
+    <message>
+        <source>H&amp;ighlights:</source>
+        <translation>밝은 영역(&amp;I):</translation>
+    </message>
+    <message>
+        <source>Shado&amp;ws:</source>
+        <translation>어두운 영역(&amp;W):</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>대비(&amp;C):</translation>
+    </message>
+    <message>
+        <source>Blac&amp;k point:</source>
+        <translation>검정점(&amp;K):</translation>
+    </message>
+    <message>
+        <source>White &amp;point:</source>
+        <translation>흰점(&amp;P):</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>채도(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Aut&amp;o</source>
+        <translation>자동(&amp;O)</translation>
+    </message>
+    <message>
+        <source>A look that suits the picture, to begin with</source>
+        <translation>사진에 어울리는 모양을 출발점으로 정합니다</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>초기화(&amp;T)</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>
@@ -582,18 +629,6 @@
         <translation>공통 영역으로 자르기(&amp;R)</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>노출</translation>
-    </message>
-    <message>
-        <source>Contrast</source>
-        <translation>대비</translation>
-    </message>
-    <message>
-        <source>Saturation</source>
-        <translation>채도</translation>
-    </message>
-    <message>
         <source>Merge</source>
         <translation>합성</translation>
     </message>
@@ -617,26 +652,6 @@
         <source>&amp;Ghosts:</source>
         <extracomment>What moved between the shots.</extracomment>
         <translation>고스트(&amp;G):</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>모양</translation>
-    </message>
-    <message>
-        <source>&amp;Exposure:</source>
-        <translation>노출(&amp;E):</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>대비(&amp;C):</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>채도(&amp;S):</translation>
-    </message>
-    <message>
-        <source>Rese&amp;t</source>
-        <translation>초기화(&amp;T)</translation>
     </message>
     <message>
         <source>Remove, automatically</source>
@@ -673,6 +688,10 @@
     <message>
         <source>Before</source>
         <translation>합성 전</translation>
+    </message>
+    <message>
+        <source>One moment…</source>
+        <translation>잠시만 기다리세요…</translation>
     </message>
 </context>
 <context>
@@ -759,10 +778,6 @@
         <translation>기준으로 사용(&amp;U)</translation>
     </message>
     <message>
-        <source>&amp;Before (hold B)</source>
-        <translation>합성 전 (B 누르고 있기)(&amp;B)</translation>
-    </message>
-    <message>
         <source>&amp;Merge</source>
         <translation>합성(&amp;M)</translation>
     </message>
@@ -809,6 +824,18 @@
     <message>
         <source>Not Merged</source>
         <translation>합성하지 못함</translation>
+    </message>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>다음 브래킷(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Merge Exposures — bracket %1 of %2</source>
+        <translation>노출 합성 — 브래킷 %1/%2</translation>
+    </message>
+    <message>
+        <source>Sharpening…</source>
+        <translation>선명하게 하는 중…</translation>
     </message>
 </context>
 <context>
@@ -968,6 +995,71 @@
     <message>
         <source>its XMP file cannot be read</source>
         <translation>XMP 파일을 읽을 수 없습니다</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewBar</name>
+    <message>
+        <source>Before</source>
+        <translation>합성 전</translation>
+    </message>
+    <message>
+        <source>The reference as it was taken, while B or this is held</source>
+        <translation>B 또는 이 버튼을 누르는 동안 기준 사진을 보여 줍니다</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>나누기</translation>
+    </message>
+    <message>
+        <source>Before and after side by side; drag the line (S)</source>
+        <translation>전과 후를 나란히 표시. 선을 끌 수 있습니다 (S)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>번갈아</translation>
+    </message>
+    <message>
+        <source>The aligned shots, one after the other (K)</source>
+        <translation>정렬된 사진을 차례로 표시 (K)</translation>
+    </message>
+    <message>
+        <source>Clipping</source>
+        <translation>클리핑</translation>
+    </message>
+    <message>
+        <source>Red where it is too bright, blue where it is too dark (C)</source>
+        <translation>너무 밝은 곳은 빨강, 너무 어두운 곳은 파랑 (C)</translation>
+    </message>
+    <message>
+        <source>Loupe</source>
+        <translation>돋보기</translation>
+    </message>
+    <message>
+        <source>100 % around the pointer (L)</source>
+        <translation>포인터 주변을 100%로 표시 (L)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <extracomment>On a button: the picture as large as it fits.</extracomment>
+        <translation>맞춤</translation>
+    </message>
+    <message>
+        <source>As large as it fits (Ctrl+0)</source>
+        <translation>창에 맞게 표시 (Ctrl+0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100%</translation>
+    </message>
+    <message>
+        <source>Pixel for pixel (Ctrl+1)</source>
+        <translation>픽셀 대 픽셀 (Ctrl+1)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
     </message>
 </context>
 <context>

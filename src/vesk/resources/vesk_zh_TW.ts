@@ -497,6 +497,53 @@
     </message>
 </context>
 <context>
+    <name>LookBox</name>
+    <message>
+        <source>Look</source>
+        <translation>外觀</translation>
+    </message>
+    <message>
+        <source>&amp;Exposure:</source>
+        <translation>曝光(&amp;E)：</translation>
+    </message>
+    <message>
+        <source>H&amp;ighlights:</source>
+        <translation>亮部(&amp;I)：</translation>
+    </message>
+    <message>
+        <source>Shado&amp;ws:</source>
+        <translation>陰影(&amp;W)：</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast:</source>
+        <translation>對比度(&amp;C)：</translation>
+    </message>
+    <message>
+        <source>Blac&amp;k point:</source>
+        <translation>黑點(&amp;K)：</translation>
+    </message>
+    <message>
+        <source>White &amp;point:</source>
+        <translation>白點(&amp;P)：</translation>
+    </message>
+    <message>
+        <source>&amp;Saturation:</source>
+        <translation>飽和度(&amp;S)：</translation>
+    </message>
+    <message>
+        <source>Aut&amp;o</source>
+        <translation>自動(&amp;O)</translation>
+    </message>
+    <message>
+        <source>A look that suits the picture, to begin with</source>
+        <translation>先套用適合該影像的外觀</translation>
+    </message>
+    <message>
+        <source>Rese&amp;t</source>
+        <translation>重設(&amp;T)</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Film Strip</source>
@@ -582,18 +629,6 @@
         <translation>裁切至共同區域(&amp;R)</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>曝光</translation>
-    </message>
-    <message>
-        <source>Contrast</source>
-        <translation>對比度</translation>
-    </message>
-    <message>
-        <source>Saturation</source>
-        <translation>飽和度</translation>
-    </message>
-    <message>
         <source>Merge</source>
         <translation>合成</translation>
     </message>
@@ -617,26 +652,6 @@
         <source>&amp;Ghosts:</source>
         <extracomment>What moved between the shots.</extracomment>
         <translation>重影(&amp;G)：</translation>
-    </message>
-    <message>
-        <source>Look</source>
-        <translation>外觀</translation>
-    </message>
-    <message>
-        <source>&amp;Exposure:</source>
-        <translation>曝光(&amp;E)：</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>對比度(&amp;C)：</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>飽和度(&amp;S)：</translation>
-    </message>
-    <message>
-        <source>Rese&amp;t</source>
-        <translation>重設(&amp;T)</translation>
     </message>
     <message>
         <source>Remove, automatically</source>
@@ -673,6 +688,10 @@
     <message>
         <source>Before</source>
         <translation>合成前</translation>
+    </message>
+    <message>
+        <source>One moment…</source>
+        <translation>請稍候…</translation>
     </message>
 </context>
 <context>
@@ -759,10 +778,6 @@
         <translation>作為基準(&amp;U)</translation>
     </message>
     <message>
-        <source>&amp;Before (hold B)</source>
-        <translation>合成前（按住 B）(&amp;B)</translation>
-    </message>
-    <message>
         <source>&amp;Merge</source>
         <translation>合成(&amp;M)</translation>
     </message>
@@ -809,6 +824,18 @@
     <message>
         <source>Not Merged</source>
         <translation>未合成</translation>
+    </message>
+    <message>
+        <source>&amp;Next Bracket</source>
+        <translation>下一組包圍曝光(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Merge Exposures — bracket %1 of %2</source>
+        <translation>合成曝光 — 第 %1 組，共 %2 組</translation>
+    </message>
+    <message>
+        <source>Sharpening…</source>
+        <translation>正在細化…</translation>
     </message>
 </context>
 <context>
@@ -968,6 +995,71 @@
     <message>
         <source>its XMP file cannot be read</source>
         <translation>無法讀取其 XMP 檔案</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewBar</name>
+    <message>
+        <source>Before</source>
+        <translation>合成前</translation>
+    </message>
+    <message>
+        <source>The reference as it was taken, while B or this is held</source>
+        <translation>按住 B 或此按鈕時顯示原始基準照片</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>分割</translation>
+    </message>
+    <message>
+        <source>Before and after side by side; drag the line (S)</source>
+        <translation>前後並排比較；可拖曳分界線 (S)</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>輪播</translation>
+    </message>
+    <message>
+        <source>The aligned shots, one after the other (K)</source>
+        <translation>依序顯示對齊後的照片 (K)</translation>
+    </message>
+    <message>
+        <source>Clipping</source>
+        <translation>剪裁警告</translation>
+    </message>
+    <message>
+        <source>Red where it is too bright, blue where it is too dark (C)</source>
+        <translation>過亮處顯示紅色，過暗處顯示藍色 (C)</translation>
+    </message>
+    <message>
+        <source>Loupe</source>
+        <translation>放大鏡</translation>
+    </message>
+    <message>
+        <source>100 % around the pointer (L)</source>
+        <translation>以 100% 顯示指標周圍 (L)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <extracomment>On a button: the picture as large as it fits.</extracomment>
+        <translation>符合視窗</translation>
+    </message>
+    <message>
+        <source>As large as it fits (Ctrl+0)</source>
+        <translation>符合視窗大小 (Ctrl+0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
+        <translation>100%</translation>
+    </message>
+    <message>
+        <source>Pixel for pixel (Ctrl+1)</source>
+        <translation>逐像素顯示 (Ctrl+1)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
     </message>
 </context>
 <context>

@@ -52,6 +52,18 @@ private slots:
     void shotSwitchedOff_isLeftOut();
     void mean_hasNoLookAndNoGhosts();
     void keyB_showsTheReferenceWhileItIsHeld();
+    void actualSize_showsTheMergePixelForPixel_data();
+    void actualSize_showsTheMergePixelForPixel();
+    void actualSize_otherOption_isMergedAnew();
+    void merge_behindASharpView_isNotDoneAgain();
+    void split_showsTheReferenceAtTheLeft();
+    void clipping_marksWhatIsTooBright();
+    void blink_showsTheAlignedShotsInTurn();
+    void automaticLook_setsTheSliders();
+    void draggedOrder_isTheMergeOrder();
+    void workspaceOnAResult_startsFromItsSettings();
+    void enterOnABracket_opensItAndNextBracketFollows();
+    void cancel_whileReadingOrPreviewing_closes();
     void cancel_whileMerging_leavesNothingBehind();
     void shotThatVanished_isNamed();
     void damagedShot_isNamedAndSwitchedOff();
@@ -261,8 +273,9 @@ void TestMergeWorkspace::merge_opensBesideTheOthers()
 void TestMergeWorkspace::everyOption_changesThePreview_data()
 {
     QTest::addColumn<QString>("option");
-    for (const char *option : {"method", "alignment", "ghosts", "exposure", "contrast",
-                               "saturation", "crop", "reference", "off"})
+    for (const char *option :
+         {"method", "alignment", "ghosts", "exposure", "contrast", "highlights", "shadows",
+          "blackPoint", "saturation", "crop", "reference", "off"})
         QTest::newRow(option) << QString::fromLatin1(option);
 }
 
@@ -292,7 +305,8 @@ void TestMergeWorkspace::everyOption_changesThePreview()
         change(
             [&] { part<LookSlider>(qPrintable(option + QLatin1String("Slider")))->setValue(0.4); });
     QVERIFY(!previewed().isNull());
-    const QStringList showing{"method", "exposure", "contrast", "saturation", "off"};
+    const QStringList showing{"method",  "exposure",   "contrast",   "saturation",
+                              "shadows", "highlights", "blackPoint", "off"};
     if (showing.contains(option))
         QVERIFY(previewed() != before);
 }
@@ -328,8 +342,8 @@ void TestMergeWorkspace::mean_hasNoLookAndNoGhosts()
     open(pictures->addBracket(3, kShotSize));
     waitForPreview();
     choose("methodBox", int(exposure::Method::Mean));
-    for (const char *name :
-         {"ghostsBox", "exposureSlider", "contrastSlider", "saturationSlider", "referenceButton"})
+    for (const char *name : {"ghostsBox", "exposureSlider", "shadowsSlider", "saturationSlider",
+                             "autoButton", "referenceButton"})
         QVERIFY2(!part<QWidget>(name)->isEnabled(), name);
     QCOMPARE(part<QComboBox>("alignmentBox")->findData(int(exposure::Alignment::Perspective)), -1);
     choose("methodBox", int(exposure::Method::Fusion));
@@ -351,6 +365,236 @@ void TestMergeWorkspace::keyB_showsTheReferenceWhileItIsHeld()
         QTest::keyRelease(focused, Qt::Key_B);
         QCOMPARE(previewed(), after);
     }
+}
+
+void TestMergeWorkspace::actualSize_showsTheMergePixelForPixel_data()
+{
+    QTest::addColumn<bool>("isCropped");
+    QTest::addColumn<double>("shadows");
+    QTest::newRow("whole") << false << 0.0;
+    QTest::newRow("cropped, with a look") << true << 0.6;
+}
+
+/// The preview is sharp where the merge, and so the command line, has its pixels.
+void TestMergeWorkspace::actualSize_showsTheMergePixelForPixel()
+{
+    QFETCH(bool, isCropped);
+    QFETCH(double, shadows);
+    const QStringList bracket = pictures->addBracket(3, {2600, 1900});
+    open(bracket);
+    waitForPreview();
+    auto *preview = part<MergePreview>("mergePreview");
+    part<QCheckBox>("cropBox")->setChecked(isCropped);
+    part<LookSlider>("shadowsSlider")->setValue(shadows);
+    part<QPushButton>("actualSizeButton")->click();
+    QCOMPARE(preview->zoom(), 1.0);
+    QTRY_VERIFY_WITH_TIMEOUT(preview->isSharp() && !preview->sharpRegion().after.isNull(),
+                             kPatienceMs);
+    const QRect area = preview->sharpRegion().area;
+    QVERIFY(area.contains(preview->viewPlace().visible()));
+    const QImage seen = preview->sharpRegion().after;
+    const QImage widget = preview->grab().toImage();
+    QStringList words;
+    if (isCropped)
+        words += {QStringLiteral("--crop"), QStringLiteral("--shadows"), QStringLiteral("0.6")};
+    const QImage expected = mergedByCommandLine(bracket, words).copy(area);
+    QCOMPARE(seen.convertToFormat(QImage::Format_RGB32), expected);
+    // And that is what stands on the screen.
+    const QPoint shift = preview->viewPlace().targetOf(area).topLeft().toPoint();
+    const QRect inWidget = QRect(shift, area.size()) & widget.rect();
+    QCOMPARE(widget.copy(inWidget).convertToFormat(QImage::Format_RGB32),
+             expected.copy(inWidget.translated(-shift)));
+}
+
+void TestMergeWorkspace::actualSize_otherOption_isMergedAnew()
+{
+    open(pictures->addBracket(3, {1600, 1200}));
+    waitForPreview();
+    auto *preview = part<MergePreview>("mergePreview");
+    part<QPushButton>("actualSizeButton")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!preview->sharpRegion().after.isNull(), kPatienceMs);
+    const QImage before = preview->sharpRegion().after;
+    part<ShotList>("shotList")->item(0)->setCheckState(Qt::Unchecked);
+    QVERIFY(!preview->isSharp()); // what is stale is not shown
+    QTRY_VERIFY_WITH_TIMEOUT(!preview->sharpRegion().after.isNull(), kPatienceMs);
+    QVERIFY(preview->sharpRegion().after != before);
+}
+
+void TestMergeWorkspace::merge_behindASharpView_isNotDoneAgain()
+{
+    const QStringList bracket = pictures->addBracket(3, {1600, 1200});
+    open(bracket);
+    waitForPreview();
+    part<QPushButton>("actualSizeButton")->click();
+    auto *preview = part<MergePreview>("mergePreview");
+    QTRY_VERIFY_WITH_TIMEOUT(preview->isSharp(), kPatienceMs);
+    part<LookSlider>("exposureSlider")->setValue(0.5);
+    const QImage expected =
+        mergedByCommandLine(bracket, {QStringLiteral("--exposure"), QStringLiteral("0.5")});
+    for (const QString &path : bracket)
+        QVERIFY(QFile::remove(path)); // nobody reads them again
+    QCOMPARE(merged().convertToFormat(QImage::Format_RGB32), expected);
+}
+
+void TestMergeWorkspace::split_showsTheReferenceAtTheLeft()
+{
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    auto *preview = part<MergePreview>("mergePreview");
+    const QImage whole = preview->grab().toImage();
+    QTest::keyClick(part<ShotList>("shotList"), Qt::Key_S);
+    QVERIFY(part<QPushButton>("splitButton")->isChecked());
+    const QImage halves = preview->grab().toImage();
+    const QSize half(preview->width() / 2 - 20, preview->height());
+    QVERIFY(halves.copy({{0, 0}, half}) != whole.copy({{0, 0}, half}));
+    const QPoint right(preview->width() / 2 + 20, 0);
+    QCOMPARE(halves.copy({right, half}), whole.copy({right, half}));
+    preview->setFocus();
+    QTest::keyClick(preview, Qt::Key_Right, Qt::ShiftModifier);
+    QVERIFY(preview->splitPlace() > 0.5);
+    const int line = qRound(preview->splitPlace() * preview->width());
+    QTest::mousePress(preview, Qt::LeftButton, {}, {line, 40});
+    QTest::mouseMove(preview, {preview->width() / 4, 40});
+    QTest::mouseRelease(preview, Qt::LeftButton, {}, {preview->width() / 4, 40});
+    QVERIFY(qAbs(preview->splitPlace() - 0.25) < 0.02);
+}
+
+void TestMergeWorkspace::clipping_marksWhatIsTooBright()
+{
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    change([&] { part<LookSlider>("exposureSlider")->setValue(4); });
+    auto *preview = part<MergePreview>("mergePreview");
+    const auto redPixels = [preview] {
+        int count = 0;
+        const QImage seen = preview->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < seen.height(); ++y)
+            for (int x = 0; x < seen.width(); ++x)
+                count += seen.pixel(x, y) == 0xffff2020;
+        return count;
+    };
+    QTest::keyClick(preview, Qt::Key_0, Qt::ControlModifier);
+    const int before = redPixels();
+    part<QPushButton>("clippingButton")->click();
+    QVERIFY(redPixels() > before + 1000);
+}
+
+void TestMergeWorkspace::blink_showsTheAlignedShotsInTurn()
+{
+    open(pictures->addBracket(3, kShotSize));
+    waitForPreview();
+    const QImage after = previewed();
+    part<QPushButton>("blinkButton")->click();
+    QList<QImage> seen;
+    const auto seesAnother = [&] {
+        const QImage now = previewed();
+        if (now != after && !seen.contains(now))
+            seen += now;
+        return seen.size() == 3;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(seesAnother(), kPatienceMs);
+    part<QPushButton>("blinkButton")->click();
+    QCOMPARE(previewed(), after);
+}
+
+void TestMergeWorkspace::automaticLook_setsTheSliders()
+{
+    open(pictures->addBracket(2, kShotSize)); // both of them dark
+    waitForPreview();
+    change([&] { part<QPushButton>("autoButton")->click(); });
+    QVERIFY(part<LookSlider>("exposureSlider")->value() != 0.0 ||
+            part<LookSlider>("shadowsSlider")->value() != 0.0 ||
+            part<LookSlider>("whitePointSlider")->value() != 1.0);
+    change([&] { part<QPushButton>("resetButton")->click(); });
+    QCOMPARE(part<LookSlider>("exposureSlider")->value(), 0.0);
+    QCOMPARE(part<LookSlider>("whitePointSlider")->value(), 1.0);
+}
+
+void TestMergeWorkspace::draggedOrder_isTheMergeOrder()
+{
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    open(bracket);
+    waitForPreview();
+    auto *list = part<ShotList>("shotList");
+    list->setCurrentRow(2);
+    QTest::keyClick(list, Qt::Key_Up, Qt::AltModifier);
+    QTest::keyClick(list, Qt::Key_Up, Qt::AltModifier);
+    const QStringList order{bracket[2], bracket[0], bracket[1]};
+    QCOMPARE(list->paths(), order);
+    choose("methodBox", int(exposure::Method::Mean)); // aligned onto the first
+    const QImage expected =
+        mergedByCommandLine(order, {QStringLiteral("--method"), QStringLiteral("mean"),
+                                    QStringLiteral("--keep-order")});
+    QCOMPARE(merged().convertToFormat(QImage::Format_RGB32), expected);
+    QCOMPARE(document::resultMark(*current())->options, QStringLiteral("--keep-order"));
+}
+
+/// Of the document that has just been merged, and of its file.
+void TestMergeWorkspace::workspaceOnAResult_startsFromItsSettings()
+{
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    open(bracket);
+    waitForPreview();
+    auto *list = part<ShotList>("shotList");
+    list->item(0)->setCheckState(Qt::Unchecked);
+    list->setCurrentRow(2);
+    part<QPushButton>("referenceButton")->click();
+    part<QCheckBox>("cropBox")->setChecked(true);
+    part<QComboBox>("ghostsBox")->setCurrentIndex(3);
+    choose("alignmentBox", int(exposure::Alignment::None));
+    part<LookSlider>("shadowsSlider")->setValue(0.35);
+    part<LookSlider>("exposureSlider")->setValue(-0.5);
+    const QImage first = merged();
+    QTRY_VERIFY(!workspace());
+    strip->clearSelection();
+    window->findChild<EditorActions *>()->mergeExposures->trigger();
+    waitForPreview();
+    list = part<ShotList>("shotList");
+    QCOMPARE(list->paths(), bracket.mid(1));
+    QCOMPARE(list->chosenReference(), 1);
+    QVERIFY(part<QCheckBox>("cropBox")->isChecked());
+    QCOMPARE(part<QComboBox>("ghostsBox")->currentIndex(), 3);
+    QCOMPARE(part<QComboBox>("alignmentBox")->currentData().toInt(),
+             int(exposure::Alignment::None));
+    QCOMPARE(part<LookSlider>("shadowsSlider")->value(), 0.35);
+    QCOMPARE(part<LookSlider>("exposureSlider")->value(), -0.5);
+    QCOMPARE(merged(), first);
+}
+
+void TestMergeWorkspace::enterOnABracket_opensItAndNextBracketFollows()
+{
+    const QStringList first = pictures->addCameraBracket(QStringLiteral("a"), 3, 0, kShotSize);
+    const QStringList second = pictures->addCameraBracket(QStringLiteral("b"), 4, 9, kShotSize);
+    window->openPaths({pictures->folder()});
+    QTRY_COMPARE(strip->bracketCount(), 2);
+    QVERIFY(strip->stepBracket(1));
+    QTest::keyClick(strip, Qt::Key_Return);
+    QVERIFY(workspace());
+    QCOMPARE(part<ShotList>("shotList")->paths(), first);
+    waitForPreview();
+    QVERIFY(workspace()->windowTitle().contains(QStringLiteral("bracket 1 of 2")));
+    part<LookSlider>("shadowsSlider")->setValue(0.2);
+    part<QPushButton>("nextBracketButton")->click();
+    QCOMPARE(part<ShotList>("shotList")->paths(), second);
+    QVERIFY(previewed().isNull());
+    waitForPreview();
+    QCOMPARE(part<LookSlider>("shadowsSlider")->value(), 0.2); // options stay
+    QVERIFY(!part<QPushButton>("nextBracketButton")->isEnabled());
+    QCOMPARE(strip->selectedPaths(), second);
+}
+
+void TestMergeWorkspace::cancel_whileReadingOrPreviewing_closes()
+{
+    const QStringList bracket = pictures->addBracket(5, {1600, 1200});
+    open(bracket); // still reading
+    QTest::keyClick(workspace(), Qt::Key_Escape);
+    QTRY_VERIFY(!workspace());
+    window->findChild<EditorActions *>()->mergeExposures->trigger();
+    waitForPreview();
+    part<QPushButton>("actualSizeButton")->click(); // sharpens
+    QTest::keyClick(workspace(), Qt::Key_Escape);
+    QTRY_VERIFY(!workspace());
+    QCOMPARE(documents->documents().size(), 1);
 }
 
 void TestMergeWorkspace::cancel_whileMerging_leavesNothingBehind()
@@ -434,9 +678,13 @@ void TestMergeWorkspace::everyControl_isReachedAndNamed()
             reached.insert(next);
     for (const char *name :
          {"methodBox", "alignmentBox", "ghostsBox", "cropBox", "resetButton", "mergeButton",
-          "closeButton", "addButton", "referenceButton", "beforeButton"})
+          "closeButton", "addButton", "referenceButton", "beforeButton", "splitButton",
+          "blinkButton", "clippingButton", "loupeButton", "fitButton", "actualSizeButton",
+          "autoButton", "mergePreview"})
         QVERIFY2(reached.contains(part<QWidget>(name)), name);
-    for (const char *name : {"exposureSlider", "contrastSlider", "saturationSlider"})
+    for (const char *name :
+         {"exposureSlider", "contrastSlider", "saturationSlider", "highlightsSlider",
+          "shadowsSlider", "blackPointSlider", "whitePointSlider"})
         QVERIFY2(reached.contains(part<QWidget>(name)->focusProxy()), name);
     for (const char *name : {"shotList", "mergePreview", "methodBox", "alignmentBox", "ghostsBox",
                              "exposureSlider", "contrastSlider", "saturationSlider"})
