@@ -8,7 +8,6 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
-#include <utility>
 
 namespace {
 
@@ -48,16 +47,24 @@ Region samplesOf(const Region &region, size_t shots)
     return samples;
 }
 
-/// The samples in the order of the tiles of the picture that they lie in.
-Region inTiles(Region samples, int width)
+/// The samples, given in the order of rows, in the order of the tiles of the picture that they lie
+/// in.
+Region inTiles(const Region &samples, const SmallShot &size)
 {
     constexpr size_t kSide = 16;
-    const auto tile = [width = static_cast<size_t>(width)](size_t place) {
-        return place / width / kSide * width + place % width / kSide;
+    const auto width = static_cast<size_t>(size.width);
+    const size_t tilesAcross = width / kSide + 1;
+    const auto tileOf = [=](size_t place) {
+        return place / width / kSide * tilesAcross + place % width / kSide;
     };
-    std::sort(samples.begin(), samples.end(),
-              [&](size_t a, size_t b) { return std::pair(tile(a), a) < std::pair(tile(b), b); });
-    return samples;
+    std::vector<size_t> next(tileOf(size.covered.size() - 1) + tilesAcross + 1);
+    for (const size_t place : samples)
+        ++next[tileOf(place) + 1];
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    Region sorted(samples.size());
+    for (const size_t place : samples)
+        sorted[next[tileOf(place)]++] = place;
+    return sorted;
 }
 
 /// A flag for each sample, 64 that lie together in a word.
@@ -79,7 +86,7 @@ public:
     Disagreement(const Region &places, const std::vector<SmallShot> &shots,
                  const Movement &movement)
         : count(shots.size())
-        , samples(inTiles(places, shots[0].width))
+        , samples(inTiles(places, shots[0]))
         , pairs(count * count)
     {
         for (size_t i = 0; i < count; ++i) {
