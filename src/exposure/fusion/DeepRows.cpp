@@ -29,6 +29,53 @@ quint64 level(float number)
     return static_cast<quint64>(static_cast<int>(std::clamp(number + 0.5F, 0.0F, 65535.0F)));
 }
 
+/// A number that is not negative, as it is kept.
+quint16 rounded(float number)
+{
+    return static_cast<quint16>(static_cast<int>(number + 0.5F));
+}
+
+template <typename From>
+void halve(const From *const rows[4], size_t count, size_t half, float *across, quint16 *out)
+{
+    for (size_t x = 0; x < count; ++x)
+        across[x] = tapMean(rows[0][x], rows[1][x], rows[2][x], rows[3][x]);
+    repeatEnds(across, count);
+    for (size_t x = 0; x < half; ++x) {
+        const float *first = across + 2 * x;
+        out[x] = rounded(tapMean(first[-1], first[0], first[1], first[2]));
+    }
+}
+
+template <typename From>
+void enlarge(const From *near, const From *far, size_t half, float *across, float *out)
+{
+    for (size_t x = 0; x < half; ++x)
+        across[x] = nearMean(near[x], far[x]);
+    repeatEnds(across, half);
+    for (size_t x = 0; x < half; ++x) {
+        out[2 * x] = nearMean(across[x], across[x - 1]);
+        out[2 * x + 1] = nearMean(across[x], across[x + 1]);
+    }
+}
+
+template <typename From>
+void startFrom(const From *numbers, const float *enlarged, size_t count, float *base, float *sum)
+{
+    for (size_t x = 0; x < count; ++x)
+        base[x] = sum[x] = enlarged == nullptr ? numbers[x] : numbers[x] - enlarged[x];
+}
+
+template <typename From, typename Weight>
+void addFrom(const From *numbers, const float *enlarged, const float *base, const Weight *weights,
+             size_t count, float *sum)
+{
+    for (size_t x = 0; x < count; ++x) {
+        const float own = enlarged == nullptr ? numbers[x] : numbers[x] - enlarged[x];
+        sum[x] += (own - base[x]) * (weights[x] * DeepRows::kUnit);
+    }
+}
+
 } // namespace
 
 void DeepRows::split(const Word *words, size_t count, Number *const channels[3])
@@ -42,61 +89,50 @@ void DeepRows::split(const Word *words, size_t count, Number *const channels[3])
 }
 
 void DeepRows::firstSmaller(const Number *const rows[4], size_t count, size_t half, Number *across,
-                            Number *out)
+                            Kept *out)
 {
-    smaller(rows, count, half, across, out);
+    halve(rows, count, half, across, out);
 }
 
-void DeepRows::smaller(const Number *const rows[4], size_t count, size_t half, Number *across,
-                       Number *out)
+void DeepRows::smaller(const Kept *const rows[4], size_t count, size_t half, Number *across,
+                       Kept *out)
 {
-    for (size_t x = 0; x < count; ++x)
-        across[x] = tapMean(rows[0][x], rows[1][x], rows[2][x], rows[3][x]);
-    repeatEnds(across, count);
-    for (size_t x = 0; x < half; ++x) {
-        const Number *first = across + 2 * x;
-        out[x] = tapMean(first[-1], first[0], first[1], first[2]);
-    }
+    halve(rows, count, half, across, out);
+}
+
+void DeepRows::larger(const Kept *near, const Kept *far, size_t half, Number *across, Number *out)
+{
+    enlarge(near, far, half, across, out);
 }
 
 void DeepRows::larger(const Number *near, const Number *far, size_t half, Number *across,
                       Number *out)
 {
-    for (size_t x = 0; x < half; ++x)
-        across[x] = nearMean(near[x], far[x]);
-    repeatEnds(across, half);
-    for (size_t x = 0; x < half; ++x) {
-        out[2 * x] = nearMean(across[x], across[x - 1]);
-        out[2 * x + 1] = nearMean(across[x], across[x + 1]);
-    }
+    enlarge(near, far, half, across, out);
 }
 
-void DeepRows::start(const Number *numbers, const Number *enlarged, size_t count, Number *base,
+void DeepRows::start(const Kept *numbers, const Number *enlarged, size_t count, Number *base,
                      Number *sum)
 {
-    for (size_t x = 0; x < count; ++x)
-        base[x] = sum[x] = enlarged == nullptr ? numbers[x] : numbers[x] - enlarged[x];
+    startFrom(numbers, enlarged, count, base, sum);
 }
 
-void DeepRows::add(const Number *numbers, const Number *enlarged, const Number *base,
-                   const Number *weights, size_t count, Number *sum)
+void DeepRows::add(const Kept *numbers, const Number *enlarged, const Number *base,
+                   const Kept *weights, size_t count, Number *sum)
 {
-    for (size_t x = 0; x < count; ++x) {
-        const Number own = enlarged == nullptr ? numbers[x] : numbers[x] - enlarged[x];
-        sum[x] += (own - base[x]) * weights[x];
-    }
+    addFrom(numbers, enlarged, base, weights, count, sum);
 }
 
 void DeepRows::startLevels(const Number *levels, const Number *enlarged, size_t count, Number *base,
                            Number *sum)
 {
-    start(levels, enlarged, count, base, sum);
+    startFrom(levels, enlarged, count, base, sum);
 }
 
 void DeepRows::addLevels(const Number *levels, const Number *enlarged, const Number *base,
                          const Number *weights, size_t count, Number *sum)
 {
-    add(levels, enlarged, base, weights, count, sum);
+    addFrom(levels, enlarged, base, weights, count, sum);
 }
 
 void DeepRows::finish(const Number *sum, const Number *enlarged, size_t count, Number *out)
@@ -116,13 +152,14 @@ void DeepRows::join(const Number *const sums[3], const Number *const enlarged[3]
     }
 }
 
-void DeepRows::toUnit(const Number *numbers, size_t count, float *levels)
+void DeepRows::toUnit(const Kept *numbers, size_t count, float *levels)
 {
     for (size_t x = 0; x < count; ++x)
         levels[x] = numbers[x] * kUnit;
 }
 
-void DeepRows::toWeights(const float *shares, size_t count, Number *weights)
+void DeepRows::toWeights(const float *shares, size_t count, Kept *weights)
 {
-    std::copy(shares, shares + count, weights);
+    for (size_t x = 0; x < count; ++x)
+        weights[x] = rounded(shares[x] * 65535.0F);
 }

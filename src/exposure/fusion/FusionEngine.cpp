@@ -58,10 +58,12 @@ fusion::FusionEngine<Rows>::FusionEngine(const std::vector<Shot> &shots, const O
     for (const Shot &shot : shots)
         readers.emplace_back(shot);
     levels.resize(levelCount(size));
+    results.resize(levels.size());
     QSize levelSize = size;
     for (size_t level = 1; level < levels.size(); ++level) {
         levelSize = halfSize(levelSize);
-        levels[level] = NumberPlanes<Number>(levelSize, resultPlane(0) + 3);
+        levels[level] = NumberPlanes<Kept>(levelSize, planeCount());
+        results[level] = NumberPlanes<Number>(levelSize, 3);
     }
 }
 
@@ -111,7 +113,7 @@ void fusion::FusionEngine<Rows>::makeHalves()
 template <typename Rows>
 void fusion::FusionEngine<Rows>::makeWeights()
 {
-    const NumberPlanes<Number> &half = levels[1];
+    const NumberPlanes<Kept> &half = levels[1];
     const auto width = static_cast<size_t>(half.width());
     const auto readLevels = [&, width](size_t shot, size_t channel, int y, float *out) {
         Rows::toUnit(half.row(channelPlane(shot, channel), y), width, out);
@@ -139,16 +141,16 @@ void fusion::FusionEngine<Rows>::makeWeights()
 template <typename Rows>
 void fusion::FusionEngine<Rows>::makeLevel(size_t level)
 {
-    const NumberPlanes<Number> &from = levels[level - 1];
-    const NumberPlanes<Number> &to = levels[level];
+    const NumberPlanes<Kept> &from = levels[level - 1];
+    const NumberPlanes<Kept> &to = levels[level];
     const auto width = static_cast<size_t>(from.width());
     const double share = kSmallerLevelsShare / 2 / double(lastLevel());
     watch.rows(to.planeSize(), share, [&](int) {
         const auto across = std::make_shared<WorkRows<Number>>(width, 1);
         return [&, across](int y) {
             const FourRows source(y, from.height());
-            for (size_t plane = 0; plane < resultPlane(0); ++plane) {
-                const Number *rows[4];
+            for (size_t plane = 0; plane < planeCount(); ++plane) {
+                const Kept *rows[4];
                 for (size_t i = 0; i < 4; ++i)
                     rows[i] = from.row(plane, source.rows[i]);
                 Rows::smaller(rows, width, static_cast<size_t>(to.width()), (*across)[0],
@@ -160,11 +162,11 @@ void fusion::FusionEngine<Rows>::makeLevel(size_t level)
 
 /// Row y of a plane of the smaller level, twice as large.
 template <typename Rows>
+template <typename Of>
 const typename Rows::Number *fusion::FusionEngine<Rows>::enlarge(BlendRows &rows,
-                                                                 size_t smallerLevel, size_t plane,
-                                                                 int y, size_t target)
+                                                                 const NumberPlanes<Of> &from,
+                                                                 size_t plane, int y, size_t target)
 {
-    const NumberPlanes<Number> &from = levels[smallerLevel];
     const int near = y / 2;
     const int far = std::clamp(y % 2 == 0 ? near - 1 : near + 1, 0, from.height() - 1);
     Rows::larger(from.row(plane, near), from.row(plane, far), static_cast<size_t>(from.width()),
@@ -176,53 +178,59 @@ const typename Rows::Number *fusion::FusionEngine<Rows>::enlarge(BlendRows &rows
 template <typename Rows>
 void fusion::FusionEngine<Rows>::blendShot(BlendRows &rows, size_t level, int y, size_t shot)
 {
-    const bool isFull = level == 0;
-    const auto width = static_cast<size_t>(isFull ? size.width() : levels[level].width());
-    Number *const split[3] = {rows.levels[0], rows.levels[1], rows.levels[2]};
-    if (isFull)
-        Rows::split(readers[shot].row(y, rows.words.data()), width, split);
-    const Number *weights = nullptr;
-    if (shot != lastShot())
-        weights = isFull ? enlarge(rows, 1, weightPlane(shot), y, kWeights)
-                         : levels[level].row(weightPlane(shot), y);
+    const NumberPlanes<Kept> &planes = levels[level];
+    const auto width = static_cast<size_t>(planes.width());
+    const Kept *weights = shot != lastShot() ? planes.row(weightPlane(shot), y) : nullptr;
     for (size_t channel = 0; channel < 3; ++channel) {
         const size_t plane = channelPlane(shot, channel);
-        const Number *own = isFull ? split[channel] : levels[level].row(plane, y);
         const Number *enlarged =
-            level == lastLevel() ? nullptr : enlarge(rows, level + 1, plane, y, kShot);
-        Number *base = rows.base[channel];
-        Number *sum = rows.sum[channel];
+            level == lastLevel() ? nullptr : enlarge(rows, levels[level + 1], plane, y, kShot);
+        const Kept *own = planes.row(plane, y);
         if (shot == lastShot())
-            (isFull ? Rows::startLevels : Rows::start)(own, enlarged, width, base, sum);
+            Rows::start(own, enlarged, width, rows.base[channel], rows.sum[channel]);
         else
-            (isFull ? Rows::addLevels : Rows::add)(own, enlarged, base, weights, width, sum);
+            Rows::add(own, enlarged, rows.base[channel], weights, width, rows.sum[channel]);
     }
 }
 
+/// The same at the full size, from the shot itself.
 template <typename Rows>
-void fusion::FusionEngine<Rows>::blendShots(BlendRows &rows, size_t level, int y)
+void fusion::FusionEngine<Rows>::blendFullShot(BlendRows &rows, int y, size_t shot)
 {
-    blendShot(rows, level, y, lastShot());
-    for (size_t shot = 0; shot < lastShot(); ++shot)
-        blendShot(rows, level, y, shot);
+    const auto width = static_cast<size_t>(size.width());
+    Number *const split[3] = {rows.levels[0], rows.levels[1], rows.levels[2]};
+    Rows::split(readers[shot].row(y, rows.words.data()), width, split);
+    const Number *weights = nullptr;
+    if (shot != lastShot())
+        weights = enlarge(rows, levels[1], weightPlane(shot), y, kWeights);
+    for (size_t channel = 0; channel < 3; ++channel) {
+        const Number *enlarged = enlarge(rows, levels[1], channelPlane(shot, channel), y, kShot);
+        if (shot == lastShot())
+            Rows::startLevels(split[channel], enlarged, width, rows.base[channel],
+                              rows.sum[channel]);
+        else
+            Rows::addLevels(split[channel], enlarged, rows.base[channel], weights, width,
+                            rows.sum[channel]);
+    }
 }
 
 template <typename Rows>
 void fusion::FusionEngine<Rows>::blendLevel(size_t level)
 {
-    const NumberPlanes<Number> &planes = levels[level];
-    const auto width = static_cast<size_t>(planes.width());
+    const NumberPlanes<Number> &out = results[level];
+    const auto width = static_cast<size_t>(out.width());
     const double share = kSmallerLevelsShare / 2 / double(lastLevel());
-    watch.rows(planes.planeSize(), share, [&](int) {
+    watch.rows(out.planeSize(), share, [&](int) {
         const auto rows = std::make_shared<BlendRows>(width, (width + 1) / 2);
         return [&, rows](int y) {
-            blendShots(*rows, level, y);
+            blendShot(*rows, level, y, lastShot());
+            for (size_t shot = 0; shot < lastShot(); ++shot)
+                blendShot(*rows, level, y, shot);
             for (size_t channel = 0; channel < 3; ++channel) {
-                const size_t plane = resultPlane(channel);
                 const Number *enlarged = nullptr;
                 if (level != lastLevel())
-                    enlarged = enlarge(*rows, level + 1, plane, y, channel);
-                Rows::finish(rows->sum[channel], enlarged, width, planes.row(plane, y));
+                    enlarged = enlarge(*rows, results[level + 1], channel, y, channel);
+                Rows::finish(rows->sum[channel], enlarged, width, out.row(channel, y));
             }
         };
     });
@@ -232,14 +240,24 @@ void fusion::FusionEngine<Rows>::blendLevel(size_t level)
 template <typename Rows>
 void fusion::FusionEngine<Rows>::blendLast(BlendRows &rows, int y, Word *out)
 {
-    blendShots(rows, 0, y);
+    blendFullShot(rows, y, lastShot());
+    for (size_t shot = 0; shot < lastShot(); ++shot)
+        blendFullShot(rows, y, shot);
     const Number *enlarged[3];
     const Number *sums[3];
     for (size_t channel = 0; channel < 3; ++channel) {
-        enlarged[channel] = enlarge(rows, 1, resultPlane(channel), y, channel);
+        enlarged[channel] = enlarge(rows, results[1], channel, y, channel);
         sums[channel] = rows.sum[channel];
     }
     Rows::join(sums, enlarged, static_cast<size_t>(size.width()), out);
+}
+
+/// The next larger level has been blended: nobody reads this one any more.
+template <typename Rows>
+void fusion::FusionEngine<Rows>::release(size_t level)
+{
+    levels[level] = {};
+    results[level] = {};
 }
 
 template <typename Rows>
@@ -249,8 +267,11 @@ void fusion::FusionEngine<Rows>::fuseInto(QImage &out)
     makeWeights();
     for (size_t level = 2; level < levels.size(); ++level)
         makeLevel(level);
-    for (size_t level = lastLevel(); level > 0; --level)
+    for (size_t level = lastLevel(); level > 0; --level) {
         blendLevel(level);
+        if (level != lastLevel())
+            release(level + 1);
+    }
     uchar *bits = out.bits();
     const qsizetype rowBytes = out.bytesPerLine();
     watch.rows(size, kLastShare, [&](int) {

@@ -25,6 +25,7 @@ public:
 
 private:
     using Number = typename Rows::Number;
+    using Kept = typename Rows::Kept;
     using Word = typename Rows::Word;
     using Reader = ShotReader<Word>;
 
@@ -51,22 +52,26 @@ private:
     void makeLevel(size_t level);
     void blendLevel(size_t level);
     void blendLast(BlendRows &rows, int y, Word *out);
-    void blendShots(BlendRows &rows, size_t level, int y);
     void blendShot(BlendRows &rows, size_t level, int y, size_t shot);
-    const Number *enlarge(BlendRows &rows, size_t smallerLevel, size_t plane, int y, size_t target);
+    void blendFullShot(BlendRows &rows, int y, size_t shot);
+    void release(size_t level);
+    template <typename Of>
+    const Number *enlarge(BlendRows &rows, const NumberPlanes<Of> &from, size_t plane, int y,
+                          size_t target);
 
     size_t shotCount() const { return readers.size(); }
     size_t lastShot() const { return readers.size() - 1; }
     size_t lastLevel() const { return levels.size() - 1; }
     size_t channelPlane(size_t shot, size_t channel) const { return 3 * shot + channel; }
     size_t weightPlane(size_t shot) const { return 3 * shotCount() + shot; }
-    size_t resultPlane(size_t channel) const { return 4 * shotCount() - 1 + channel; }
+    size_t planeCount() const { return 4 * shotCount() - 1; }
 
     QSize size;
     const Options &options;
     Watch &watch;
     std::vector<Reader> readers;
-    std::vector<NumberPlanes<Number>> levels; ///< [0] is empty: the shots themselves
+    std::vector<NumberPlanes<Kept>> levels;    ///< [0] is empty: the shots themselves
+    std::vector<NumberPlanes<Number>> results; ///< of the levels, three channels
 };
 
 } // namespace fusion

@@ -1,5 +1,6 @@
 // The fusion without any haste. Numbers of 8-bit pictures are integers of 16 bits: levels of grey
-// times 64, weights times 32767; those of 16-bit pictures are floats.
+// times 64, weights times 32767; those of 16-bit pictures are floats, of which halved levels and
+// weights (times 65535) are rounded to whole numbers.
 
 #include "fusion_plain.h"
 
@@ -60,6 +61,7 @@ struct Integers
         return average(middle, average(middle, average(a, d)));
     }
     static int larger(int near, int far) { return average(near, average(near, far)); }
+    static int kept(int number) { return number; }
     static int level(int number) { return std::clamp((number + 32) >> 6, 0, kLargestLevel); }
 };
 
@@ -71,14 +73,15 @@ struct Floats
     static constexpr float kUnit = 1.0F / 65535;
 
     static float number(int level) { return static_cast<float>(level); }
-    static float weight(float share) { return share; }
-    static float scaled(float number, float weight) { return number * weight; }
+    static float weight(float share) { return kept(share * 65535.0F); }
+    static float scaled(float number, float weight) { return number * (weight * kUnit); }
     static float sum(float a, float b) { return a + b; }
     static float smaller(float a, float b, float c, float d)
     {
         return (b + c) * 0.375F + (a + d) * 0.125F;
     }
     static float larger(float near, float far) { return near * 0.75F + far * 0.25F; }
+    static float kept(float number) { return std::floor(number + 0.5F); }
     static int level(float number)
     {
         return static_cast<int>(std::clamp(number + 0.5F, 0.0F, 65535.0F));
@@ -99,8 +102,9 @@ Grid<Number> smaller(const Grid<Number> &grid)
     Grid<Number> half(size.width(), size.height());
     for (int y = 0; y < half.height; ++y)
         for (int x = 0; x < half.width; ++x)
-            half.at(x, y) = Arithmetic::smaller(rows.at(2 * x - 1, y), rows.at(2 * x, y),
-                                                rows.at(2 * x + 1, y), rows.at(2 * x + 2, y));
+            half.at(x, y) =
+                Arithmetic::kept(Arithmetic::smaller(rows.at(2 * x - 1, y), rows.at(2 * x, y),
+                                                     rows.at(2 * x + 1, y), rows.at(2 * x + 2, y)));
     return half;
 }
 

@@ -12,6 +12,7 @@ namespace fusion {
 struct ByteRows
 {
     using Number = uint16_t;
+    using Kept = Number; ///< of shots and weights, from one step to the next
     using Word = uint32_t;
 
     /// A weight of 1.
