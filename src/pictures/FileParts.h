@@ -19,6 +19,8 @@ public:
 
     /// The marker's second byte ("\xE1"), or the chunk's name ("eXIf").
     const QByteArray &name() const { return partName; }
+    /// Where its bytes begin in the file.
+    qint64 begins() const { return begin; }
     /// How many bytes the file says that it has, without head and checksum.
     qint64 length() const { return partLength; }
     /// Its first bytes, or as many as there are.

@@ -3,6 +3,7 @@
 #include "colour_profile.h"
 #include "exif_metadata.h"
 #include "exr_encoder.h"
+#include "gain_map_jpeg.h"
 #include "hdr_encoder.h"
 #include "iptc_data.h"
 #include "jpeg_encoder.h"
@@ -157,8 +158,9 @@ KeptMetadata metadataOf(const QImage &picture, PictureFormat format, const Write
         format == PictureFormat::Jpeg ? exif::kLargestJpegBlock : exif::kAnySize;
     const exif::Adapted exif =
         exif::forUprightPicture(options.metadata.exif, picture, largestBlock);
-    const xmp::Adapted xmp = xmp::forUprightPicture(options.metadata, picture, format,
-                                                    options.mark ? &*options.mark : nullptr);
+    const xmp::Adapted xmp = xmp::forUprightPicture(
+        options.metadata, picture, format, options.mark ? &*options.mark : nullptr,
+        options.gainMap.picture.isNull() ? 0 : jpeg_file::kGainMapPropertyBytes);
     KeptMetadata metadata{{exif.tags, {}, xmp.packet, {}}, exif.leftOut + xmp.leftOut};
     metadata.kept.whiteLuminance = options.whiteLuminance;
     keepDatasets(options.metadata.iptc, format, metadata);
@@ -173,7 +175,10 @@ QString encode(const QImage &picture, PictureFormat format, const PictureMetadat
     case PictureFormat::Png:
         return png_file::encode(picture, metadata, device, options.progress, options.effort);
     case PictureFormat::Jpeg:
-        return jpeg_file::encode(picture, metadata, options.quality, device, options.progress);
+        return options.gainMap.picture.isNull()
+                   ? jpeg_file::encode(picture, metadata, options.quality, device, options.progress)
+                   : jpeg_file::encodeWithGainMap(picture, metadata, options.quality,
+                                                  options.gainMap, device, options.progress);
     case PictureFormat::Tiff:
         return tiff_file::encode(picture, metadata, device, options.progress,
                                  {options.tiffCompression, options.effort});

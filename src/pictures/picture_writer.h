@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GainMap.h"
 #include "Metadata.h"
 #include "OutputFile.h"
 #include "PictureFormat.h"
@@ -26,6 +27,7 @@ struct WriteOptions
     TiffCompression tiffCompression = TiffCompression::Lzw;
     /// Candelas per square metre of light 1, for files that hold light; 0: not known.
     double whiteLuminance = 0.0;
+    GainMap gainMap;                      ///< of JPEG files; no picture: none
     int effort = 1;                       ///< of PNG and Deflate to make files small, 1 to 9
     bool mayReplace = false;              ///< an existing file of that name
     std::function<void(double)> progress; ///< told how much is written, 0..1; may be empty

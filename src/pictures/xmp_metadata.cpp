@@ -183,7 +183,8 @@ XmpPacket packetOf(const Metadata &metadata, QStringList &leftOut)
 } // namespace
 
 xmp::Adapted xmp::forUprightPicture(const Metadata &metadata, const QImage &picture,
-                                    PictureFormat format, const ResultMark *mark)
+                                    PictureFormat format, const ResultMark *mark,
+                                    qsizetype roomBytes)
 {
     Adapted adapted;
     XmpPacket packet = packetOf(metadata, adapted.leftOut);
@@ -200,7 +201,7 @@ xmp::Adapted xmp::forUprightPicture(const Metadata &metadata, const QImage &pict
         result_mark::put(*mark, packet);
     }
     if (format == PictureFormat::Jpeg)
-        fitInto(packet, kLargestJpegPacket, adapted.leftOut);
+        fitInto(packet, kLargestJpegPacket - roomBytes, adapted.leftOut);
     if (!packet.isEmpty())
         adapted.packet = packet.serialized();
     return adapted;

@@ -20,8 +20,9 @@ struct Adapted
 /// its pixels, what was appended to it, or how a raw developer is to treat it. What lies at a place
 /// in the picture (faces) stays when the size and the orientation did. Files that hold no
 /// IPTC data (all but JPEG and TIFF) get those as properties. mark: null for pictures that are no
-/// new result; an old mark stays then. Any thread, reentrant.
+/// new result; an old mark stays then. roomBytes: kept free of what fits into a file, for
+/// properties that are added later. Any thread, reentrant.
 Adapted forUprightPicture(const Metadata &camera, const QImage &picture, PictureFormat format,
-                          const ResultMark *mark);
+                          const ResultMark *mark, qsizetype roomBytes = 0);
 
 } // namespace xmp

@@ -4,9 +4,12 @@
 namespace xmp {
 
 constexpr char kBasic[] = "http://ns.adobe.com/xap/1.0/";
+constexpr char kContainer[] = "http://ns.google.com/photos/1.0/container/";
+constexpr char kContainerItem[] = "http://ns.google.com/photos/1.0/container/item/";
 constexpr char kDublinCore[] = "http://purl.org/dc/elements/1.1/";
 constexpr char kEvent[] = "http://ns.adobe.com/xap/1.0/sType/ResourceEvent#";
 constexpr char kExif[] = "http://ns.adobe.com/exif/1.0/";
+constexpr char kGainMap[] = "http://ns.adobe.com/hdr-gain-map/1.0/";
 constexpr char kMediaManagement[] = "http://ns.adobe.com/xap/1.0/mm/";
 constexpr char kNote[] = "http://ns.adobe.com/xmp/note/";
 constexpr char kPanorama[] = "http://ns.google.com/photos/1.0/panorama/";

@@ -4,6 +4,7 @@
 #include "exif_metadata.h"
 #include "fuzz_require.h"
 #include "fuzz_target.h"
+#include "gain_map.h"
 #include "iptc_data.h"
 #include "library_messages.h"
 #include "metadata_reader.h"
@@ -39,6 +40,19 @@ void requireSound(const DecodedPicture &decoded)
         requireReadable(decoded.image);
 }
 
+void requireSoundGainMap(const QString &path)
+{
+    QFile file(path);
+    FUZZ_REQUIRE(file.open(QIODevice::ReadOnly));
+    const std::optional<gain_map::Found> map = gain_map::read(file);
+    if (!map || !map->problem.isEmpty())
+        return;
+    FUZZ_REQUIRE(!map->size.isEmpty());
+    FUZZ_REQUIRE(map->terms.baseHeadroom != map->terms.alternateHeadroom);
+    for (const GainMapTerms::Channel &channel : map->terms.channels)
+        FUZZ_REQUIRE(channel.least <= channel.most && channel.gamma > 0.0);
+}
+
 } // namespace
 
 int LLVMFuzzerInitialize(int *argc, char ***argv)
@@ -62,6 +76,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     options.colours = ReadOptions::Colours::True;
     requireSound(picture::decode(file.path(), options));
     const ExifTags tags = exif::read(file.path());
+    requireSoundGainMap(file.path());
     const QImage picture(3, 2, QImage::Format_RGB32);
     const exif::Adapted kept = exif::forUprightPicture(tags, picture, exif::kLargestJpegBlock);
     FUZZ_REQUIRE(!tags.isEmpty() || kept.tags.isEmpty());

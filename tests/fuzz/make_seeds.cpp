@@ -5,6 +5,7 @@
 #include "coloured_files.h"
 #include "dng_writer.h"
 #include "modern_files.h"
+#include "picture_writer.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -122,6 +123,20 @@ void addModernPictures([[maybe_unused]] const Folder &folder)
 #endif
 }
 
+/// In both forms, and in the older one alone.
+void addBrightPictures(const Folder &folder)
+{
+    WriteOptions options;
+    options.gainMap.picture = gradient({10, 6}, QImage::Format_RGB32);
+    QByteArray file;
+    QBuffer device(&file);
+    device.open(QIODevice::ReadWrite);
+    picture::write(gradient({19, 11}, QImage::Format_RGB32), device, PictureFormat::Jpeg, options);
+    folder.add(QStringLiteral("bright.jpeg"), file);
+    file.replace("urn:iso:std:iso:ts:21496:-1", "urn:iso:std:iso:ts:00000:-0");
+    folder.add(QStringLiteral("bright_older.jpeg"), file);
+}
+
 void addPictures(const QString &parent)
 {
     const Folder folder(parent, QStringLiteral("picture"));
@@ -153,6 +168,7 @@ void addPictures(const QString &parent)
     colour.setColorSpace(QColorSpace(QColorSpace::DisplayP3));
     folder.add(QStringLiteral("profile.jpeg"), encoded(colour, "jpeg"));
     folder.add(QStringLiteral("profile.png"), encoded(colour, "png"));
+    addBrightPictures(folder);
     addColouredPictures(folder);
     addModernPictures(folder);
 }
