@@ -69,7 +69,8 @@ private:
     void resample();
     void findGhosts();
     void fuse();
-    void mergeLight();
+    void mergeLight(QImage &light);
+    void mergeProduct();
     void takeStatus(fusion::Status status);
     fusion::Shot shotAt(qsizetype index) const;
     void finish();
@@ -92,12 +93,11 @@ Outcome Job::run()
     timed(&Job::align, outcome.report.registerMs);
     if (options.ghosts == Ghosts::Remove && shots.size() > 1)
         timed(&Job::findGhosts, outcome.report.ghostsMs);
-    timed(options.product == Product::Picture ? &Job::fuse : &Job::mergeLight,
-          outcome.report.fuseMs);
+    timed(&Job::mergeProduct, outcome.report.fuseMs);
     if (isGoingOn())
         finish();
     if (!isGoingOn())
-        outcome.picture = QImage();
+        outcome.picture = outcome.light = QImage();
     return std::move(outcome);
 }
 
@@ -235,13 +235,24 @@ void Job::fuse()
     outcome.picture.setColorSpace(reference.colorSpace());
 }
 
-void Job::mergeLight()
+void Job::mergeProduct()
+{
+    if (options.product == Product::Light)
+        return mergeLight(outcome.picture);
+    if (options.product == Product::Both)
+        mergeLight(outcome.light);
+    if (isGoingOn())
+        fuse();
+}
+
+void Job::mergeLight(QImage &light)
 {
     std::vector<radiance::Shot> parts;
     for (qsizetype i = 0; i < shots.size(); ++i)
         parts.push_back(
             {shotAt(i), options.exposures.empty() ? 0.0 : options.exposures[size_t(i)]});
-    shots.clear();
+    if (options.product == Product::Light)
+        shots.clear();
     fusion::Control hand;
     hand.cancelled = control.cancelled;
     hand.progress = progressOf(Step::Fuse);
@@ -249,7 +260,7 @@ void Job::mergeLight()
     how.curve = options.curve;
     how.reference = outcome.report.reference;
     radiance::Result result = radiance::merge(std::move(parts), how, hand);
-    outcome.picture = std::move(result.picture);
+    light = std::move(result.picture);
     outcome.bounds = std::move(result.bounds);
     outcome.report.exposures = std::move(result.exposures);
     outcome.report.areExposuresKnown = result.areExposuresKnown;

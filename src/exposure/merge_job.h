@@ -18,7 +18,8 @@ namespace exposure {
 
 enum class Product {
     Picture, ///< for the screen, by fusion
-    Light    ///< the scene's, by radiance::merge
+    Light,   ///< the scene's, by radiance::merge
+    Both     ///< from one registration and one search for what moved
 };
 
 enum class Ghosts {
@@ -81,6 +82,8 @@ struct Outcome
     /// Null unless error is None. Profile and resolution are the reference's; the radiance has
     /// linear light in the primaries of the first shot's profile instead.
     QImage picture;
+    /// Of Both: the radiance of the same pixels, whose primaries are the picture's; else null.
+    QImage light;
     QImage bounds; ///< of the radiance, see radiance::Result; null where all is measured
     /// What moved: Format_Grayscale8 of the picture's size, 255 where; null when nothing did.
     QImage ghosts;

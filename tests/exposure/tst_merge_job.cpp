@@ -76,6 +76,27 @@ private slots:
             QCOMPARE(transform.kind, registration::Kind::Identity);
     }
 
+    void merge_bothProducts_areThoseOfTheirOwnMerges()
+    {
+        exposure::Options how;
+        how.crop = true;
+        how.exposures = {0.5, 1.0, 1.8};
+        const auto merged = [&how](exposure::Product product) {
+            how.product = product;
+            return exposure::merge(bracket({3, -2}, {-4, 1}), how);
+        };
+        const exposure::Outcome both = merged(exposure::Product::Both);
+        const exposure::Outcome light = merged(exposure::Product::Light);
+        QCOMPARE(both.error, exposure::Error::None);
+        QCOMPARE(both.picture, merged(exposure::Product::Picture).picture);
+        QVERIFY(!both.light.isNull());
+        QCOMPARE(both.light, light.picture);
+        QVERIFY(light.light.isNull());
+        QCOMPARE(both.bounds, light.bounds);
+        QCOMPARE(both.report.exposures, light.report.exposures);
+        QCOMPARE(both.light.size(), both.picture.size());
+    }
+
     void merge_profileAndResolution_areKept()
     {
         const exposure::Outcome outcome = exposure::merge(bracket());
