@@ -21,6 +21,8 @@ complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l depth -x -a '8 16 
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l raw-space -x -a 'srgb adobe prophoto p3' -d 'Colours that raw files are converted to'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l output-space -x -a 'srgb adobe prophoto p3' -d 'Colours that the result is converted to'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l tiff-compression -x -a 'lzw deflate none' -d 'How TIFF files are compressed'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l hdr -d 'Also for screens brighter than white'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l peak -x -d 'Stops above white, 0.5 to 8'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l effort -x -d 'To make files small, 1 to 9'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l method -x -a 'fusion radiance mean' -d 'How to merge'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l align -x -a 'perspective shift none' -d 'How to align'

@@ -13,6 +13,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace {
 
 using Directory = ExifTags::Directory;
@@ -94,6 +96,44 @@ QJsonValue toJson(const std::optional<ResultMark> &mark)
                        {QStringLiteral("sources"), QJsonArray::fromStringList(mark->sources)}};
 }
 
+/// Of the channel that reaches highest.
+const GainMapTerms::Channel &brightestOf(const GainMapTerms &terms)
+{
+    return *std::max_element(
+        terms.channels.begin(), terms.channels.end(),
+        [](const auto &one, const auto &other) { return one.most < other.most; });
+}
+
+QJsonValue toJson(const std::optional<gain_map::Found> &map)
+{
+    if (!map)
+        return {};
+    if (!map->problem.isEmpty())
+        return QJsonObject{{QStringLiteral("problem"), map->problem}};
+    const GainMapTerms::Channel &channel = brightestOf(map->terms);
+    return QJsonObject{
+        {QStringLiteral("width"), map->size.width()},
+        {QStringLiteral("height"), map->size.height()},
+        {QStringLiteral("form"), map->isIso ? QStringLiteral("iso") : QStringLiteral("xmp")},
+        {QStringLiteral("least"), channel.least},
+        {QStringLiteral("most"), channel.most},
+        {QStringLiteral("headroom"), map->terms.alternateHeadroom}};
+}
+
+QString gainMapText(const gain_map::Found &map)
+{
+    if (!map.problem.isEmpty())
+        return map.problem;
+    const GainMapTerms::Channel &channel = brightestOf(map.terms);
+    return QStringLiteral("%1 x %2, %3 to %4 stops, full from %5 stops above white%6")
+        .arg(map.size.width())
+        .arg(map.size.height())
+        .arg(channel.least, 0, 'f', 2)
+        .arg(channel.most, 0, 'f', 2)
+        .arg(map.terms.alternateHeadroom, 0, 'f', 2)
+        .arg(map.isIso ? QString() : QStringLiteral(", in the older XMP form"));
+}
+
 /// As photographers write it: 1/250 s, 2.5 s.
 QString secondsText(double seconds)
 {
@@ -161,6 +201,7 @@ FileReport command_line::inspect(const QString &path)
     report.metadata = metadata::read(path);
     report.rating = ratingIn(report.metadata.xmp);
     report.mark = result_mark::in(report.metadata.xmp);
+    report.gainMap = gain_map::read(file);
     return report;
 }
 
@@ -192,6 +233,7 @@ QString command_line::toJsonLine(const FileReport &report)
          report.rating.isEmpty() ? QJsonValue() : QJsonValue(report.rating.toDouble())},
         {QStringLiteral("metadata"), kindsOf(report.metadata)},
         {QStringLiteral("merged"), toJson(report.mark)},
+        {QStringLiteral("gainMap"), toJson(report.gainMap)},
     };
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
@@ -216,6 +258,7 @@ QString command_line::toLines(const FileReport &report)
     for (const QJsonValue &kind : kindsOf(report.metadata))
         kinds += kind.toString().toUpper();
     add("metadata", kinds.join(QStringLiteral(", ")));
+    add("gain map", report.gainMap ? gainMapText(*report.gainMap) : QString());
     add("merged", report.mark ? markText(*report.mark) : QString());
     return lines.join(u'\n');
 }

@@ -4,6 +4,7 @@
 #include "Metadata.h"
 #include "ResultMark.h"
 #include "Shot.h"
+#include "gain_map.h"
 #include "picture_header.h"
 
 #include <QString>
@@ -19,6 +20,7 @@ struct FileReport
     Metadata metadata;
     QString rating; ///< as it stands in the XMP data; empty when there is none
     std::optional<ResultMark> mark;
+    std::optional<gain_map::Found> gainMap;
 };
 
 namespace command_line {

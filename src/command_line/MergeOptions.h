@@ -1,6 +1,7 @@
 #pragma once
 
 #include "colour_profile.h"
+#include "gain_map_maker.h"
 #include "picture_decoder.h"
 #include "picture_writer.h"
 #include "set_merge.h"
@@ -26,7 +27,9 @@ struct MergeOptions
     colour_profile::Space rawSpace = colour_profile::Space::Srgb;
     std::optional<colour_profile::Space> outputSpace; ///< nothing: that of the pictures
     TiffCompression tiffCompression = TiffCompression::Lzw;
-    int effort = 1; ///< to make files small, 1 to 9
+    int effort = 1;                      ///< to make files small, 1 to 9
+    bool isBright = false;               ///< for screens that show more than white: --hdr
+    double peak = display::kDefaultPeak; ///< stops above white, of a bright picture
     int quality = kDefaultQuality;
     bool isQualityUnused = false;           ///< given, but the format has none
     qint64 pixelLimit = kDefaultPixelLimit; ///< of each picture to merge

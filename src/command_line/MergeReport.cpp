@@ -121,7 +121,9 @@ QString command_line::toJson(const MergeReport &report)
         object.insert(QStringLiteral("ghostMask"),
                       report.ghostMask.isEmpty() ? QJsonValue() : QJsonValue(report.ghostMask));
     }
-    if (report.method == MergeMethod::Radiance)
+    if (report.headroom > 0.0)
+        object.insert(QStringLiteral("headroom"), report.headroom);
+    if (report.method == MergeMethod::Radiance || report.headroom > 0.0)
         addLight(report.fusion, object);
     return QString::fromUtf8(QJsonDocument(object).toJson()).trimmed();
 }

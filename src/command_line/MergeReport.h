@@ -30,6 +30,7 @@ struct MergeReport
     QString ghostMask;             ///< file; empty: none
     picture_set::OneSpace colours; ///< what was converted to the first picture's
     QString outputSpace;           ///< what the output's profile calls itself
+    double headroom = 0.0;         ///< stops that the output reaches above white; 0: none
     int bitsPerChannel = 8;        ///< of the output
     QString output;
     QString device; ///< name of the OpenCL device that merged; empty: the processor

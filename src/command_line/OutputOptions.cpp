@@ -20,7 +20,7 @@ constexpr Choice<TiffCompression> kCompressions[] = {{"none", TiffCompression::N
 
 void OutputOptions::addTo(QCommandLineParser &parser) const
 {
-    parser.addOptions({format, depth, rawSpace, outputSpace, compression, effort});
+    parser.addOptions({format, depth, rawSpace, outputSpace, compression, effort, hdr, peak});
 }
 
 QString OutputOptions::read(const QCommandLineParser &parser, MergeOptions &options) const
@@ -28,7 +28,23 @@ QString OutputOptions::read(const QCommandLineParser &parser, MergeOptions &opti
     QString problem = readFormat(parser, options);
     if (problem.isEmpty())
         problem = readSpaces(parser, options);
+    if (problem.isEmpty())
+        problem = readBright(parser, options);
     return problem.isEmpty() ? readNumbers(parser, options) : problem;
+}
+
+QString OutputOptions::readBright(const QCommandLineParser &parser, MergeOptions &options) const
+{
+    options.isBright = parser.isSet(hdr);
+    if (!parser.isSet(peak))
+        return {};
+    bool isNumber = false;
+    options.peak = parser.value(peak).toDouble(&isNumber);
+    if (!isNumber || !(options.peak >= display::kLeastPeak && options.peak <= display::kMostPeak))
+        return QStringLiteral("--peak must be a number from %1 to %2")
+            .arg(display::kLeastPeak)
+            .arg(display::kMostPeak);
+    return options.isBright ? QString() : QStringLiteral("--peak goes with --hdr");
 }
 
 QString OutputOptions::readFormat(const QCommandLineParser &parser, MergeOptions &options) const
@@ -95,11 +111,25 @@ QString OutputOptions::checkLight(const MergeOptions &options)
                                      "32, and --depth says nothing of Radiance files");
 }
 
+/// Bright pictures are fused ones in the formats that hold them.
+QString OutputOptions::checkBright(const QCommandLineParser &, const MergeOptions &options) const
+{
+    if (!options.isBright)
+        return {};
+    if (options.format != PictureFormat::Jpeg)
+        return QStringLiteral("--hdr needs .jpg, .avif or .jxl");
+    return options.method == MergeMethod::Fusion
+               ? QString()
+               : QStringLiteral("--hdr goes with --method fusion");
+}
+
 QString OutputOptions::check(const QCommandLineParser &parser, const MergeOptions &options) const
 {
-    const QString problemOfLight = checkLight(options);
-    if (!problemOfLight.isEmpty())
-        return problemOfLight;
+    QString wrong = checkBright(parser, options);
+    if (wrong.isEmpty())
+        wrong = checkLight(options);
+    if (!wrong.isEmpty())
+        return wrong;
     if (options.depth == 16 && options.format == PictureFormat::Jpeg)
         return QStringLiteral("JPEG files have 8 bits");
     if (parser.isSet(compression) && options.format != PictureFormat::Tiff)

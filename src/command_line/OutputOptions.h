@@ -19,6 +19,8 @@ public:
 
 private:
     static QString checkLight(const MergeOptions &options);
+    QString checkBright(const QCommandLineParser &parser, const MergeOptions &options) const;
+    QString readBright(const QCommandLineParser &parser, MergeOptions &options) const;
     QString readFormat(const QCommandLineParser &parser, MergeOptions &options) const;
     QString readSpaces(const QCommandLineParser &parser, MergeOptions &options) const;
     QString readNumbers(const QCommandLineParser &parser, MergeOptions &options) const;
@@ -30,5 +32,7 @@ private:
         QStringLiteral("output-space"), {}, QStringLiteral("name")};
     const QCommandLineOption compression{
         QStringLiteral("tiff-compression"), {}, QStringLiteral("how")};
+    const QCommandLineOption hdr{QStringLiteral("hdr")};
+    const QCommandLineOption peak{QStringLiteral("peak"), {}, QStringLiteral("stops")};
     const QCommandLineOption effort{QStringLiteral("effort"), {}, QStringLiteral("number")};
 };

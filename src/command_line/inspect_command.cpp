@@ -37,8 +37,8 @@ QString command_line::inspectHelp()
         R"(Usage: veskhdr inspect [--json] FILE...
 
 Shows what picture files hold: format, size, depth and colours, how and when the
-picture was taken, its rating, and of a merged picture what it was made from. The
-pixels are not decoded, and nothing is changed.
+picture was taken, its rating, its gain map, and of a merged picture what it was made
+from. The pixels are not decoded, and nothing is changed.
 
 Options:
   --json            Print one JSON object per file, each on a line of its own
@@ -47,9 +47,11 @@ Options:
 Members of an object: file, format, width and height (upright), bitsPerSample,
 colours (name of the profile), make, model, lens, takenAt (by the camera's clock),
 exposureTime (seconds), fNumber, iso, exposureBias (stops), orientation (EXIF's
-number), rating, metadata (which of "exif", "xmp", "iptc" there are), and merged:
-program, version, method, options and sources of a picture that veskhdr made. What
-a file does not tell is null.
+number), rating, metadata (which of "exif", "xmp", "iptc" there are), merged:
+program, version, method, options and sources of a picture that veskhdr made, and
+gainMap: width, height, form ("iso" or "xmp"), least and most gain in stops, headroom
+(stops above white that a screen needs for all of it), or the problem it has. What a
+file does not tell is null.
 
 Exit codes:
    0  all files are shown

@@ -6,6 +6,7 @@
 #include "MetadataOptions.h"
 #include "ProgressBar.h"
 #include "UnnamedFile.h"
+#include "bright_merge.h"
 #include "command_steps.h"
 #include "console.h"
 #include "file_names.h"
@@ -63,6 +64,7 @@ private:
     ExitCode mergeFailure(const exposure::SetOutcome &outcome);
     void show(exposure::Step step, double done);
     ExitCode bringToOutputSpace();
+    ExitCode makeBright();
     ExitCode writeToStandardOutput(const WriteOptions &how);
     void tellLosses(const WriteResult &result);
     ReadOptions readOptions() const;
@@ -85,6 +87,8 @@ private:
     QImage merged;
     command_line::ShotExposures exposures; ///< of the radiance
     double whiteLuminance = 0.0;           ///< of the radiance, see WriteOptions
+    display::BrightSource bright;          ///< of a bright picture; its base comes last
+    GainMap gainMap;                       ///< of a bright picture in a JPEG file
     QImage ghosts;                         ///< what moved; null when nothing did
     MergeReport report;
     ProgressBar bar;
@@ -126,6 +130,8 @@ ExitCode Merge::run()
         code = mergeShots();
     if (code == ExitCode::Ok)
         code = bringToOutputSpace();
+    if (code == ExitCode::Ok && options.isBright)
+        code = makeBright();
     if (code == ExitCode::Ok)
         code = timed(&Merge::encode, times.encode);
     if (code == ExitCode::Ok && !options.ghostMask.isEmpty())
@@ -248,8 +254,10 @@ exposure::SetOptions Merge::setOptions()
     exposure::SetOptions how = options.fusion;
     how.isDeepWanted = options.depth == 16;
     how.device = device;
-    if (options.method == MergeMethod::Radiance) {
+    if (options.method == MergeMethod::Radiance || options.isBright) {
         exposures = command_line::shotExposures(files);
+        if (options.isBright)
+            how.product = exposure::Product::Both;
         how.exposures = exposures.relative;
     }
     return how;
@@ -284,8 +292,10 @@ void Merge::take(exposure::SetOutcome &&outcome)
     if (!report.pairShifts.empty())
         report.largestFindableShift =
             mtb::largestFindableShift(mtb::pyramidLevels(report.inputSize));
-    if (options.method == MergeMethod::Radiance)
+    if (options.method == MergeMethod::Radiance || options.isBright)
         takeLight(done);
+    bright.light = std::move(outcome.light);
+    bright.bounds = std::move(outcome.bounds);
     if (options.method != MergeMethod::Mean)
         report.fusion = std::move(outcome.report);
 }
@@ -352,6 +362,17 @@ ExitCode Merge::bringToOutputSpace()
                : refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
 }
 
+ExitCode Merge::makeBright()
+{
+    bar.show(kMerged, QStringLiteral("Comparing with the light"));
+    bright.base = merged;
+    bright.peak = options.peak;
+    if (!command_line::makeBright(std::move(bright), options.format, merged, gainMap))
+        return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
+    report.headroom = gainMap.terms.alternateHeadroom;
+    return ExitCode::Ok;
+}
+
 int Merge::bitsToWrite() const
 {
     if (options.method == MergeMethod::Radiance)
@@ -389,6 +410,7 @@ ExitCode Merge::encode()
     WriteOptions writeOptions;
     writeOptions.metadata = keptMetadata();
     writeOptions.mark = command_line::markOf(options);
+    writeOptions.gainMap = gainMap;
     writeOptions.quality = options.quality;
     writeOptions.whiteLuminance = whiteLuminance;
     writeOptions.bitsPerSample = bitsToWrite();

@@ -27,6 +27,9 @@ Options:
                     the first picture
   --tiff-compression HOW
                     "lzw", which is the default, "deflate" or "none"
+  --hdr             Write a fused picture that bright screens show beyond white, and all
+                    others as before: JPEG with a gain map
+  --peak STOPS      With --hdr, no brighter than so far above white, 0.5 to 8 (4)
   --effort N        Make PNG and deflated TIFF files smaller, 1 (fast) to 9 (1)
   --method HOW      "fusion", which is the default; "radiance": the light of the scene,
                     linear, which is the default for OpenEXR and Radiance files; or

@@ -174,7 +174,8 @@ SetOutcome mergeSet(Method method, QList<QImage> shots, const SetOptions &option
         case Method::Fusion:
             break;
         }
-        return mergeInOneSpace(Product::Picture, std::move(shots), options, control);
+        return mergeInOneSpace(options.product == Product::Both ? Product::Both : Product::Picture,
+                               std::move(shots), options, control);
     } catch (const std::bad_alloc &) {
         return failed(Error::NoMemory);
     }

@@ -47,11 +47,11 @@ struct SetOutcome : Outcome
 };
 
 /// shots: as read with readOptionsFor(method), in merge order. Fusion and radiance: brings them to
-/// the colours of the first one, then as merge(); options.product is the method's. Mean: of the
-/// options, the alignment (anything but None moves by whole pixels, onto the first), crop and
-/// device count; cancelling gives no picture, but does not hurry. Where the shots share their
-/// pixels with nobody, they need no second memory. Any thread, reentrant; uses all cores inside the
-/// call. Throws nothing.
+/// the colours of the first one, then as merge(); options.product is the method's, or Both with
+/// the fusion. Mean: of the options, the alignment (anything but None moves by whole pixels, onto
+/// the first), crop and device count; cancelling gives no picture, but does not hurry. Where the
+/// shots share their pixels with nobody, they need no second memory. Any thread, reentrant; uses
+/// all cores inside the call. Throws nothing.
 SetOutcome mergeSet(Method method, QList<QImage> shots, const SetOptions &options = {},
                     const Control &control = {});
 
