@@ -83,6 +83,7 @@ private:
     const Options &options;
     const Control &control;
     std::vector<QImage> masks;
+    QImage moved;     // as the masks; doubled at the end, when there is room
     QImage reference; // the shot that gives profile and resolution; shares its pixels
     Outcome outcome;
 };
@@ -192,9 +193,8 @@ void Job::findGhosts()
         return fail(Error::NoPictures);
     }
     masks = std::move(result.masks);
-    outcome.report.hasGhosts = !result.found.isNull();
-    if (outcome.report.hasGhosts)
-        outcome.ghosts = doubled(result.found, shots.first().size());
+    moved = std::move(result.found);
+    outcome.report.hasGhosts = !moved.isNull();
 }
 
 fusion::Shot Job::shotAt(qsizetype index) const
@@ -223,10 +223,12 @@ void Job::fuse()
     for (qsizetype i = 0; i < shots.size(); ++i)
         parts.push_back(shotAt(i));
     shots.clear();
+    masks.clear();
+    memory::giveBackFreed();
     fusion::Control hand;
     hand.cancelled = control.cancelled;
     hand.progress = progressOf(Step::Fuse);
-    fusion::Result result = fusion::fuse(parts, options.weights, hand);
+    fusion::Result result = fusion::fuse(std::move(parts), options.weights, hand);
     outcome.picture = std::move(result.picture);
     takeStatus(result.status);
     if (!isGoingOn())
@@ -270,6 +272,8 @@ void Job::mergeLight(QImage &light)
 
 void Job::finish()
 {
+    if (!moved.isNull())
+        outcome.ghosts = doubled(moved, outcome.picture.size());
     QImage &picture = outcome.picture;
     picture.setDotsPerMeterX(reference.dotsPerMeterX());
     picture.setDotsPerMeterY(reference.dotsPerMeterY());

@@ -5,6 +5,9 @@
 #ifdef __linux__
 #include <sys/mman.h>
 #endif
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -30,6 +33,13 @@ memory::Large memory::large(size_t bytes)
         madvise(taken, bytes, MADV_HUGEPAGE);
 #endif
     return Large(taken);
+}
+
+void memory::giveBackFreed()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 QImage memory::largeImage(QSize size, QImage::Format format)

@@ -26,4 +26,8 @@ Large large(size_t bytes);
 /// memory is lacking or the size is not valid.
 QImage largeImage(QSize size, QImage::Format format);
 
+/// Gives memory that was freed, and that the C library keeps for later, back to the system: for
+/// steps that need much after others that needed much in many pieces. Takes about a millisecond.
+void giveBackFreed();
+
 } // namespace memory

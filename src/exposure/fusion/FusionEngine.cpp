@@ -49,9 +49,10 @@ fusion::FusionEngine<Rows>::BlendRows::BlendRows(size_t width, size_t half)
 }
 
 template <typename Rows>
-fusion::FusionEngine<Rows>::FusionEngine(const std::vector<Shot> &shots, const Options &weighing,
+fusion::FusionEngine<Rows>::FusionEngine(std::vector<Shot> &fusedShots, const Options &weighing,
                                          Watch &caller)
-    : size(shots.front().picture.size())
+    : shots(fusedShots)
+    , size(shots.front().picture.size())
     , options(weighing)
     , watch(caller)
 {
@@ -265,6 +266,8 @@ void fusion::FusionEngine<Rows>::fuseInto(QImage &out)
 {
     makeHalves();
     makeWeights();
+    for (Shot &shot : shots)
+        shot.mask = QImage();
     for (size_t level = 2; level < levels.size(); ++level)
         makeLevel(level);
     for (size_t level = lastLevel(); level > 0; --level) {

@@ -13,12 +13,13 @@ namespace fusion {
 /// The fusion in blocks of rows, never a whole picture at full size but shots and result: first the
 /// shots at half the size, then weights, then the smaller levels, then blending from the smallest
 /// level up; the full size is blended and written row by row from the shots themselves.
-/// Rows: ByteRows or DeepRows. Borrows shots, options and watch. Throws std::bad_alloc.
+/// Rows: ByteRows or DeepRows. Borrows shots, options and watch; lets go of the shots' masks once
+/// the weights are made. Throws std::bad_alloc.
 template <typename Rows>
 class FusionEngine
 {
 public:
-    FusionEngine(const std::vector<Shot> &shots, const Options &options, Watch &watch);
+    FusionEngine(std::vector<Shot> &shots, const Options &options, Watch &watch);
 
     /// Writes the result, unless the watch is cancelled. out: of the shots' size.
     void fuseInto(QImage &out);
@@ -66,6 +67,7 @@ private:
     size_t weightPlane(size_t shot) const { return 3 * shotCount() + shot; }
     size_t planeCount() const { return 4 * shotCount() - 1; }
 
+    std::vector<Shot> &shots;
     QSize size;
     const Options &options;
     Watch &watch;

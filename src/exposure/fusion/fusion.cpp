@@ -63,7 +63,7 @@ Options inRange(Options options)
 }
 
 template <typename Rows>
-Result fuseSorted(const std::vector<Shot> &shots, const Options &options, const Control &control,
+Result fuseSorted(std::vector<Shot> &shots, const Options &options, const Control &control,
                   QImage::Format format)
 {
     Result result;
@@ -78,7 +78,7 @@ Result fuseSorted(const std::vector<Shot> &shots, const Options &options, const 
     return result;
 }
 
-Result fuseShots(std::vector<Shot> shots, const Options &options, const Control &control)
+Result fuseShots(std::vector<Shot> &shots, const Options &options, const Control &control)
 {
     const bool deep = std::any_of(shots.begin(), shots.end(),
                                   [](const Shot &shot) { return isDeep(shot.picture); });
@@ -94,7 +94,7 @@ Result fuseShots(std::vector<Shot> shots, const Options &options, const Control 
 
 } // namespace
 
-Result fusion::fuse(const std::vector<Shot> &shots, const Options &options, const Control &control)
+Result fusion::fuse(std::vector<Shot> shots, const Options &options, const Control &control)
 {
     if (!canBeFused(shots))
         return {};

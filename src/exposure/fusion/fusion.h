@@ -22,8 +22,7 @@ namespace fusion {
 /// throws nothing, running out of memory is a failure like others. The result does not depend on
 /// the order of the shots, on the number of threads or on the vector instructions. Any thread,
 /// reentrant; uses all cores inside the call. Beside shots and result it needs less memory than the
-/// shots.
-Result fuse(const std::vector<Shot> &shots, const Options &options = {},
-            const Control &control = {});
+/// shots, and lets go of masks that it is given for good as early as it can.
+Result fuse(std::vector<Shot> shots, const Options &options = {}, const Control &control = {});
 
 } // namespace fusion
