@@ -1,5 +1,6 @@
 #include "large_memory.h"
 
+#include <cstdint>
 #include <new>
 
 #ifdef __linux__
@@ -33,6 +34,20 @@ memory::Large memory::large(size_t bytes)
         madvise(taken, bytes, MADV_HUGEPAGE);
 #endif
     return Large(taken);
+}
+
+void memory::giveBack(void *begin, void *end)
+{
+#ifdef MADV_DONTNEED
+    const auto first = (reinterpret_cast<uintptr_t>(begin) + kLargePage - 1) / kLargePage;
+    const auto behind = reinterpret_cast<uintptr_t>(end) / kLargePage;
+    if (first < behind)
+        madvise(reinterpret_cast<void *>(first * kLargePage), (behind - first) * kLargePage,
+                MADV_DONTNEED);
+#else
+    Q_UNUSED(begin)
+    Q_UNUSED(end)
+#endif
 }
 
 void memory::giveBackFreed()

@@ -22,6 +22,10 @@ using Large = std::unique_ptr<void, Free>;
 /// Throws std::bad_alloc.
 Large large(size_t bytes);
 
+/// Gives whole large pages between these addresses of large() memory back to the system: their
+/// contents are lost, the memory stays the owner's.
+void giveBack(void *begin, void *end);
+
 /// New image, like QImage(size, format), that owns such memory when it is worth it. Null when
 /// memory is lacking or the size is not valid.
 QImage largeImage(QSize size, QImage::Format format);

@@ -2,6 +2,9 @@
 
 #include <QtTest>
 
+#include <algorithm>
+#include <utility>
+
 class tst_large_memory : public QObject
 {
     Q_OBJECT
@@ -12,6 +15,7 @@ private slots:
     void largeImage_invalidSize_isNull();
     void largeImage_copied_outlivesTheFirst();
     void large_isAligned();
+    void giveBack_anyPart_keepsWhatIsOutside();
 };
 
 void tst_large_memory::largeImage_anySize_isLikeAnyImage_data()
@@ -64,6 +68,29 @@ void tst_large_memory::large_isAligned()
 {
     for (const size_t bytes : {size_t(1), size_t(1000), size_t(5) << 20})
         QCOMPARE(quintptr(memory::large(bytes).get()) % 64, quintptr(0));
+}
+
+/// What is given back may read as anything, and can be written again; large pages that are not
+/// wholly within stay.
+void tst_large_memory::giveBack_anyPart_keepsWhatIsOutside()
+{
+    constexpr size_t kMebibyte = size_t(1) << 20;
+    constexpr size_t kBytes = 9 * kMebibyte;
+    const memory::Large owned = memory::large(kBytes);
+    auto *bytes = static_cast<uchar *>(owned.get());
+    for (const auto &[begin, end] :
+         {std::pair(kMebibyte, 7 * kMebibyte), std::pair(size_t(0), kBytes),
+          std::pair(3 * kMebibyte, 3 * kMebibyte + 5)}) {
+        std::fill(bytes, bytes + kBytes, uchar(201));
+        memory::giveBack(bytes + begin, bytes + end);
+        const auto isKept = [](uchar byte) { return byte == 201; };
+        QVERIFY(std::all_of(bytes, bytes + begin, isKept));
+        QVERIFY(std::all_of(bytes + end, bytes + kBytes, isKept));
+        const bool isSmall = end - begin < 2 * kMebibyte;
+        QVERIFY(!isSmall || std::all_of(bytes + begin, bytes + end, isKept));
+        std::fill(bytes + begin, bytes + end, uchar(7));
+        QCOMPARE(int(bytes[(begin + end) / 2]), 7);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_large_memory)

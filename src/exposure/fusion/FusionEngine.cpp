@@ -261,6 +261,19 @@ void fusion::FusionEngine<Rows>::release(size_t level)
     results[level] = {};
 }
 
+/// Row y of the full size is done by the thread that began at row `begin`: what it has passed of
+/// the level below is not read again, but for the first rows, which the thread before may still
+/// need.
+template <typename Rows>
+void fusion::FusionEngine<Rows>::releaseRows(int begin, int y) const
+{
+    constexpr int kRowsBetween = 64;
+    if ((y - begin) % kRowsBetween != kRowsBetween - 1)
+        return;
+    levels[1].giveBack(begin / 2 + 1, y / 2);
+    results[1].giveBack(begin / 2 + 1, y / 2);
+}
+
 template <typename Rows>
 void fusion::FusionEngine<Rows>::fuseInto(QImage &out)
 {
@@ -277,11 +290,12 @@ void fusion::FusionEngine<Rows>::fuseInto(QImage &out)
     }
     uchar *bits = out.bits();
     const qsizetype rowBytes = out.bytesPerLine();
-    watch.rows(size, kLastShare, [&](int) {
+    watch.rows(size, kLastShare, [&](int begin) {
         const auto rows = std::make_shared<BlendRows>(static_cast<size_t>(size.width()),
                                                       static_cast<size_t>(levels[1].width()));
-        return [&, rows](int y) {
+        return [&, rows, begin](int y) {
             blendLast(*rows, y, reinterpret_cast<Word *>(bits + y * rowBytes));
+            releaseRows(begin, y);
         };
     });
     watch.finish();

@@ -56,6 +56,7 @@ private:
     void blendShot(BlendRows &rows, size_t level, int y, size_t shot);
     void blendFullShot(BlendRows &rows, int y, size_t shot);
     void release(size_t level);
+    void releaseRows(int begin, int y) const;
     template <typename Of>
     const Number *enlarge(BlendRows &rows, const NumberPlanes<Of> &from, size_t plane, int y,
                           size_t target);

@@ -19,15 +19,16 @@ constexpr size_t kRowAlignment = 64;
 /// Rows of numbers beyond a row's end that may be read and written: two vectors.
 constexpr size_t kRowSlack = 128;
 
-/// Several planes of one size in one piece of memory, whose contents are not set. Owns them.
-/// Throws std::bad_alloc.
+/// Several planes of one size in one piece of memory, row by row of all planes, whose contents are
+/// not set. Owns them. Throws std::bad_alloc.
 template <typename Number>
 class NumberPlanes
 {
 public:
     NumberPlanes() = default;
-    NumberPlanes(QSize planeSize, size_t planes)
+    NumberPlanes(QSize planeSize, size_t planeCount)
         : size(planeSize)
+        , planes(planeCount)
         , stride(strideOf(static_cast<size_t>(planeSize.width())))
         , numbers(memory::large(
               (stride * static_cast<size_t>(planeSize.height()) * planes + kRowSlack) *
@@ -42,7 +43,14 @@ public:
     Number *row(size_t plane, int y) const
     {
         return static_cast<Number *>(numbers.get()) +
-               (plane * static_cast<size_t>(size.height()) + static_cast<size_t>(y)) * stride;
+               (static_cast<size_t>(y) * planes + plane) * stride;
+    }
+
+    /// Rows [begin, end) of all planes are read no more.
+    void giveBack(int begin, int end) const
+    {
+        if (begin < end)
+            memory::giveBack(row(0, begin), row(0, end));
     }
 
 private:
@@ -53,6 +61,7 @@ private:
     }
 
     QSize size;
+    size_t planes = 0;
     size_t stride = 0;
     memory::Large numbers;
 };

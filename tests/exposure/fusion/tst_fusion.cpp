@@ -20,6 +20,8 @@ private slots:
     void fuse_anySize_equalsPlainOnEveryTarget_data();
     void fuse_anySize_equalsPlainOnEveryTarget();
     void fuse_severalThreads_equalsPlain();
+    void fuse_manyRows_needsNoneThatAreGivenBack_data();
+    void fuse_manyRows_needsNoneThatAreGivenBack();
     void fuse_uncoveredPixels_equalsPlain_data();
     void fuse_uncoveredPixels_equalsPlain();
     void fuse_masks_equalsPlain();
@@ -72,6 +74,28 @@ void tst_fusion::fuse_severalThreads_equalsPlain()
         }
         parallel::setThreadLimit(0);
     }
+}
+
+void tst_fusion::fuse_manyRows_needsNoneThatAreGivenBack_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::newRow("8 bits") << QImage::Format_RGB32;
+    QTest::newRow("16 bits") << QImage::Format_RGBX64;
+}
+
+/// What rows of a smaller level have been read for good goes back to the system in large pages,
+/// others with each number of threads: a row too early would come back as zeros, and show.
+void tst_fusion::fuse_manyRows_needsNoneThatAreGivenBack()
+{
+    QFETCH(QImage::Format, format);
+    const std::vector<Shot> shots = randomShots::bracket(3, {1601, 2203}, format, 77);
+    parallel::setThreadLimit(1);
+    const QImage one = fusion::fuse(shots).picture;
+    for (const int threads : {2, 3}) {
+        parallel::setThreadLimit(threads);
+        QCOMPARE(fusion::fuse(shots).picture, one);
+    }
+    parallel::setThreadLimit(0);
 }
 
 void tst_fusion::fuse_uncoveredPixels_equalsPlain_data()
