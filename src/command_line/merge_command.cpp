@@ -208,7 +208,7 @@ ExitCode Merge::readStandardInput()
 
 ReadOptions Merge::readOptions() const
 {
-    ReadOptions how = exposure::readOptionsFor(options.method);
+    ReadOptions how = exposure::readOptionsFor(options.method, files);
     how.pixelLimit = options.pixelLimit;
     how.rawSpace = options.rawSpace;
     return how;

@@ -5,6 +5,7 @@
 #include "motion.h"
 #include "parallel_rows.h"
 #include "radiance.h"
+#include "screen_levels.h"
 
 #include <QColorSpace>
 #include <QElapsedTimer>
@@ -180,7 +181,12 @@ void Job::findGhosts()
     motion::Control hand;
     hand.cancelled = control.cancelled;
     hand.progress = progressOf(Step::FindGhosts);
-    const std::vector<QImage> pictures(shots.cbegin(), shots.cend());
+    std::vector<QImage> pictures;
+    for (const QImage &shot : std::as_const(shots)) {
+        pictures.push_back(inScreenLevels(shot));
+        if (pictures.back().isNull())
+            return fail(Error::NoMemory);
+    }
     motion::Result result = motion::find(pictures, options.ghostReference, hand);
     switch (result.status) {
     case motion::Status::Done:

@@ -2,6 +2,8 @@
 
 #include "merge_pictures.h"
 
+#include <VeskRawType.h>
+
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -151,7 +153,7 @@ SetOutcome meanOfSet(QList<QImage> &&shots, const SetOptions &options, const Con
 
 } // namespace
 
-ReadOptions readOptionsFor(Method method)
+ReadOptions readOptionsFor(Method method, const QStringList &paths)
 {
     ReadOptions options;
     if (method == Method::Mean)
@@ -159,6 +161,8 @@ ReadOptions readOptionsFor(Method method)
     options.depth = ReadOptions::Depth::AsStored;
     options.colours = ReadOptions::Colours::True;
     options.light = ReadOptions::Light::Shown;
+    options.isRawLinear = method == Method::Radiance && !paths.isEmpty() &&
+                          std::all_of(paths.begin(), paths.end(), &VeskRawType::isRaw);
     return options;
 }
 

@@ -5,6 +5,7 @@
 #include "picture_set.h"
 
 #include <QPoint>
+#include <QStringList>
 
 #include <vector>
 
@@ -21,8 +22,10 @@ enum class Method {
 };
 
 /// How the shots of a set are to be read for the method: the mean's as the tool reads them, with 8
-/// bits and the numbers of the file; the others' at their depth and in true colours.
-ReadOptions readOptionsFor(Method method);
+/// bits and the numbers of the file; the others' at their depth and in true colours. For the
+/// radiance of camera raw files alone they are linear; with other files among paths all have
+/// curves, as a set has one.
+ReadOptions readOptionsFor(Method method, const QStringList &paths = {});
 
 struct SetOptions : Options
 {

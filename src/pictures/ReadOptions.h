@@ -42,6 +42,9 @@ struct ReadOptions
     Light light = Light::Refused;
     /// Camera raw files come in this space; with Colours::True they carry its profile.
     colour_profile::Space rawSpace = colour_profile::Space::Srgb;
+    /// Camera raw files come as linear light, as their sensors measure it: tagged so, best with all
+    /// bits.
+    bool isRawLinear = false;
     /// Ends the reading soon after it has become true. Borrowed, may be null.
     const std::atomic<bool> *cancelled = nullptr;
 };

@@ -51,9 +51,11 @@ DecodedPicture picture::convertRaw(const QString &path, const ReadOptions &optio
     how.quick = options.side > 0;
     how.bitsPerChannel = options.depth == ReadOptions::Depth::AsStored ? 16 : 8;
     how.colourSpace = rawSpaceOf(options.rawSpace);
+    how.isLinear = options.isRawLinear;
     how.pixelLimit = options.pixelLimit;
     VeskRaw::Conversion raw = VeskRaw::convert(path, how, options.cancelled);
-    if (options.colours == ReadOptions::Colours::True && !raw.picture.isNull())
+    const bool isTagged = options.isRawLinear || raw.picture.isNull();
+    if (options.colours == ReadOptions::Colours::True && !isTagged)
         raw.picture.setColorSpace(
             QColorSpace::fromIccProfile(colour_profile::of(options.rawSpace)));
     if (!raw.picture.isNull())

@@ -1,5 +1,8 @@
 #include "ProgramRun.h"
+#include "dng_writer.h"
+#include "picture_reader.h"
 
+#include <QColorSpace>
 #include <QFile>
 #include <QImage>
 #include <QJsonArray>
@@ -22,6 +25,8 @@ private slots:
     void merge_cameraShots_giveLightByTheirExposures();
     void merge_nameOfAFileForLight_isEnough();
     void merge_shotsWithoutExif_areMeasuredByTheirPixels();
+    void merge_rawFiles_giveTheLightOfTheScene_data();
+    void merge_rawFiles_giveTheLightOfTheScene();
     void merge_wrongWords_areRefused_data();
     void merge_wrongWords_areRefused();
 
@@ -106,6 +111,49 @@ void TestVeskhdrRadiance::merge_shotsWithoutExif_areMeasuredByTheirPixels()
         const double stops = std::log2(exposures[i].toDouble() / exposures[i - 1].toDouble());
         // Only so near: the sample's film has another tone curve than sRGB's, which is assumed.
         QVERIFY2(std::abs(stops - 2.0) < 0.5, qPrintable(QString::number(stops)));
+    }
+}
+
+void TestVeskhdrRadiance::merge_rawFiles_giveTheLightOfTheScene_data()
+{
+    QTest::addColumn<QString>("space");
+    QTest::newRow("sRGB") << "srgb";
+    QTest::newRow("Display P3") << "p3";
+}
+
+/// Grey from white down by ten stops, of which a shot that is five stops shorter loses half.
+void TestVeskhdrRadiance::merge_rawFiles_giveTheLightOfTheScene()
+{
+    QFETCH(QString, space);
+    constexpr int kWidth = 320;
+    const auto lightAt = [](int x) { return std::exp2(-10.0 * x / kWidth); };
+    QStringList words{"--method", "radiance", "--no-align",  "--raw-space",
+                      space,      "-o",       space + ".tif"};
+    for (const double factor : {1.0, 32.0}) {
+        DngRecipe recipe;
+        recipe.width = kWidth;
+        recipe.takenAt = "2026:06:21 12:00:00";
+        recipe.exposureSeconds = 0.01 * factor;
+        recipe.scene = [=](int x, int, int) { return factor * lightAt(x) * 0.9; };
+        const QString name = QStringLiteral("raw_%1_%2.dng").arg(space).arg(factor);
+        QVERIFY(writeDng(folder.filePath(name), recipe));
+        words += name;
+    }
+    const ProgramRun done = run(words);
+    QVERIFY2(done.exitCode == 0, done.errors.constData());
+    ReadOptions how;
+    how.light = ReadOptions::Light::Floats;
+    const QImage light = picture::read(folder.filePath(space + ".tif"), how).image;
+    QCOMPARE(light.format(), QImage::Format_RGBX32FPx4);
+    QCOMPARE(light.colorSpace().primaries(),
+             space == "p3" ? QColorSpace::Primaries::DciP3D65 : QColorSpace::Primaries::SRgb);
+    const auto *row = reinterpret_cast<const float *>(light.constScanLine(24));
+    const double scale = double(row[4 * 100]) / lightAt(100);
+    for (int x = 4; x < kWidth - 4; ++x) {
+        for (int c = 0; c < 3; ++c) {
+            const double stops = std::log2(double(row[4 * x + c]) / (scale * lightAt(x)));
+            QVERIFY2(std::abs(stops) < 0.03, qPrintable(QString("%1: %2").arg(x).arg(stops)));
+        }
     }
 }
 

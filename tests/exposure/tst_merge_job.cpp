@@ -127,6 +127,37 @@ private slots:
         QCOMPARE(transforms[2].matrix[5], 2.0);
     }
 
+    /// What moves in the shade has hardly a level of its own in linear light.
+    void merge_linearShots_tellWhatMovesInTheShade()
+    {
+        QList<QImage> shots;
+        QList<QImage> linear;
+        for (int i = 0; i < 3; ++i) {
+            QImage shot = exposed(moved(scene(kSize + QSize(80, 80)), kSize, {}), 0.4 + 0.1 * i);
+            QPainter painter(&shot);
+            painter.fillRect(40, 40, 200, 200, QColor(6, 6, 6));
+            painter.fillRect(60 + 50 * i, 100, 30, 60, QColor(34, 34, 34));
+            painter.end();
+            shot.setColorSpace(QColorSpace::SRgb);
+            shots += shot.convertToFormat(QImage::Format_RGBX64);
+            linear += shots.last().convertedToColorSpace(QColorSpace::SRgbLinear);
+            QCOMPARE(linear.last().format(), QImage::Format_RGBX64);
+        }
+        exposure::Options options;
+        options.product = exposure::Product::Light;
+        options.alignment = exposure::Alignment::None;
+        const QImage expected = exposure::merge(shots, options).ghosts;
+        const QImage found = exposure::merge(linear, options).ghosts;
+        QVERIFY(!expected.isNull());
+        QVERIFY(!found.isNull());
+        int others = 0;
+        for (int y = 0; y < found.height(); ++y)
+            for (int x = 0; x < found.width(); ++x)
+                others += found.constScanLine(y)[x] != expected.constScanLine(y)[x] ? 1 : 0;
+        qInfo("%d pixels of the masks differ", others);
+        QVERIFY(others < found.width() * found.height() / 200);
+    }
+
     void merge_cropped_showsWhatAllShotsCover()
     {
         exposure::Options options;

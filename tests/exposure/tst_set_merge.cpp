@@ -1,9 +1,11 @@
 #include "set_merge.h"
 
+#include "dng_writer.h"
 #include "merge_pictures.h"
 #include "picture_set.h"
 
 #include <QColorSpace>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <random>
@@ -50,6 +52,7 @@ private slots:
     void fusion_deepIsWanted_hasSixteenBits();
     void radiance_isTheJobsLight();
     void readOptions_areTheMethodsOwn();
+    void readOptions_ofRawFilesAlone_areLinear();
     void badSets_areErrors_data();
     void badSets_areErrors();
     void cancelled_givesNoPicture_data();
@@ -146,6 +149,20 @@ void TestSetMerge::readOptions_areTheMethodsOwn()
     const ReadOptions fusion = exposure::readOptionsFor(exposure::Method::Fusion);
     QCOMPARE(fusion.depth, ReadOptions::Depth::AsStored);
     QCOMPARE(fusion.colours, ReadOptions::Colours::True);
+}
+
+void TestSetMerge::readOptions_ofRawFilesAlone_areLinear()
+{
+    const QTemporaryDir folder;
+    const QString raw = folder.filePath(QStringLiteral("a.dng"));
+    const QString other = folder.filePath(QStringLiteral("b.png"));
+    QVERIFY(writeDng(raw, {}));
+    QVERIFY(shot(1.0).save(other));
+    using exposure::Method;
+    QVERIFY(exposure::readOptionsFor(Method::Radiance, {raw, raw}).isRawLinear);
+    QVERIFY(!exposure::readOptionsFor(Method::Radiance, {raw, other}).isRawLinear);
+    QVERIFY(!exposure::readOptionsFor(Method::Fusion, {raw, raw}).isRawLinear);
+    QVERIFY(!exposure::readOptionsFor(Method::Mean, {raw, raw}).isRawLinear);
 }
 
 void TestSetMerge::badSets_areErrors_data()

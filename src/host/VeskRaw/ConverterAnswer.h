@@ -15,13 +15,14 @@ struct ConverterAnswer
     std::int32_t height = 0;
 };
 
-/// The arguments of that program, in this order: the file and five whole numbers.
+/// The arguments of that program, in this order: the file and whole numbers.
 enum ConverterArgument {
     PathArgument = 1,
     PixelLimitArgument,
     QuickArgument,
     BitsArgument,
     ColourSpaceArgument,
+    LinearArgument,
     MemoryLimitArgument, ///< bytes of address space; 0 for none
     ConverterArgumentCount
 };

@@ -106,6 +106,7 @@ QByteArrayList argumentsFor(const QString &path, const VeskRaw::Options &options
             QByteArray::number(int(options.quick)),
             QByteArray::number(options.bitsPerChannel == 16 ? 16 : 8),
             QByteArray::number(int(options.colourSpace)),
+            QByteArray::number(int(options.isLinear)),
             QByteArray::number(VeskRaw::memoryLimit())};
 }
 
@@ -118,14 +119,28 @@ bool isSensible(const ConverterAnswer &answer, qint64 pixelLimit)
                                     qint64(answer.width) * answer.height <= limit));
 }
 
-void tag(QImage &picture, VeskRaw::ColourSpace space)
+QColorSpace spaceOf(VeskRaw::ColourSpace space)
 {
-    if (space == VeskRaw::ColourSpace::AdobeRgb)
-        picture.setColorSpace(QColorSpace::AdobeRgb);
-    if (space == VeskRaw::ColourSpace::ProPhotoRgb)
-        picture.setColorSpace(QColorSpace::ProPhotoRgb);
-    if (space == VeskRaw::ColourSpace::DisplayP3)
-        picture.setColorSpace(QColorSpace::DisplayP3);
+    switch (space) {
+    case VeskRaw::ColourSpace::AdobeRgb:
+        return QColorSpace::AdobeRgb;
+    case VeskRaw::ColourSpace::ProPhotoRgb:
+        return QColorSpace::ProPhotoRgb;
+    case VeskRaw::ColourSpace::DisplayP3:
+        return QColorSpace::DisplayP3;
+    case VeskRaw::ColourSpace::Srgb:
+        break;
+    }
+    return QColorSpace::SRgb;
+}
+
+void tag(QImage &picture, const VeskRaw::Options &options)
+{
+    const QColorSpace space = spaceOf(options.colourSpace);
+    if (options.isLinear)
+        picture.setColorSpace(space.withTransferFunction(QColorSpace::TransferFunction::Linear));
+    else if (options.colourSpace != VeskRaw::ColourSpace::Srgb)
+        picture.setColorSpace(space);
 }
 
 /// One conversion by the program.
@@ -204,7 +219,7 @@ private:
             end = process.waitForEnd(cancelled, deadline);
         if (end != ConverterProcess::Reading::Ended || !process.hasSucceeded())
             return failedAs(end);
-        tag(picture, options.colourSpace);
+        tag(picture, options);
         return {picture, QString(), VeskRaw::Failure::None};
     }
 

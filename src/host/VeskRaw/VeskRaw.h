@@ -42,11 +42,12 @@ public:
         /// 8 gives QImage::Format_RGB32, 16 QImage::Format_RGBX64.
         int bitsPerChannel = 8;
         ColourSpace colourSpace = ColourSpace::Srgb;
+        bool isLinear = false; ///< light itself, without the space's curve
         qint64 pixelLimit = 0; ///< as setPixelLimit, for this conversion alone; 0: that one
     };
 
     /// Outcome of a conversion: a picture, or a null picture and the reason, also in words for the
-    /// user. A picture in another colour space than sRGB is tagged with it.
+    /// user. A picture in another colour space than sRGB, or of linear light, is tagged so.
     struct Conversion
     {
         QImage picture;

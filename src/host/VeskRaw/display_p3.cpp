@@ -44,13 +44,15 @@ void changePrimaries(std::uint16_t *pixel)
 
 } // namespace
 
-void display_p3::encode(std::uint16_t *samples, std::int64_t count, int channels)
+void display_p3::turn(std::uint16_t *samples, std::int64_t count, int channels)
+{
+    for (std::int64_t i = 0; i < count && channels == 3; ++i, samples += channels)
+        changePrimaries(samples);
+}
+
+void display_p3::encode(std::uint16_t *samples, std::int64_t count)
 {
     const std::array<std::uint16_t, kLevels> &levels = curve();
-    for (std::int64_t i = 0; i < count; ++i, samples += channels) {
-        if (channels == 3)
-            changePrimaries(samples);
-        for (int channel = 0; channel < channels; ++channel)
-            samples[channel] = levels[samples[channel]];
-    }
+    for (std::int64_t i = 0; i < count; ++i)
+        samples[i] = levels[samples[i]];
 }

@@ -73,7 +73,7 @@ void reportDamageTo(LibRaw &library, bool *isDamaged)
     library.set_dataerror_handler(noteDamage, isDamaged);
 }
 
-void chooseColours(libraw_output_params_t &output, raw::ColourSpace space)
+void chooseColours(libraw_output_params_t &output, const raw::Options &options)
 {
     struct Encoding
     {
@@ -84,10 +84,10 @@ void chooseColours(libraw_output_params_t &output, raw::ColourSpace space)
                                               {2, 256.0 / 563, 0},
                                               {4, 1.0 / 1.8, 16},
                                               {4, 1, 1} /* linear, for display_p3 */};
-    const Encoding &encoding = kEncodings[static_cast<std::uint32_t>(space)];
+    const Encoding &encoding = kEncodings[static_cast<std::uint32_t>(options.colourSpace)];
     output.output_color = encoding.space;
-    output.gamm[0] = encoding.gamma;
-    output.gamm[1] = encoding.slope;
+    output.gamm[0] = options.isLinear ? 1 : encoding.gamma;
+    output.gamm[1] = options.isLinear ? 1 : encoding.slope;
 }
 
 bool isForDisplayP3(const raw::Options &options)
@@ -108,7 +108,7 @@ void chooseOutput(libraw_output_params_t &output, const raw::Options &options)
     // White is taken from the brightest pixel only where the camera saturates a little below its
     // nominal white, which would tint highlights. The default also brightens dim pictures by that.
     output.adjust_maximum_thr = 0.9F;
-    chooseColours(output, options.colourSpace);
+    chooseColours(output, options);
     output.output_bps = libraryBits(options);
     output.half_size = options.quick ? 1 : 0;
 }
@@ -136,12 +136,14 @@ raw::Conversion takePicture(LibRaw &library, int bitsWanted)
     return result == LIBRAW_SUCCESS ? std::move(taken) : failedWith(result);
 }
 
-void turnToDisplayP3(raw::Conversion &picture, int bitsWanted)
+void turnToDisplayP3(raw::Conversion &picture, const raw::Options &options)
 {
     auto *const samples = reinterpret_cast<std::uint16_t *>(picture.samples.data());
     const std::int64_t pixels = std::int64_t(picture.width) * picture.height;
-    display_p3::encode(samples, pixels, picture.channels);
-    if (bitsWanted == 16)
+    display_p3::turn(samples, pixels, picture.channels);
+    if (!options.isLinear)
+        display_p3::encode(samples, pixels * picture.channels);
+    if (options.bitsPerChannel == 16)
         return;
     const std::size_t count = picture.samples.size() / 2;
     for (std::size_t i = 0; i < count; ++i) // the upper byte, as LibRaw does
@@ -170,7 +172,7 @@ raw::Conversion convertWith(LibRaw &library, const char *path, const raw::Option
         return failedWith(result);
     raw::Conversion taken = takePicture(library, libraryBits(options));
     if (isForDisplayP3(options) && taken.failure == raw::Failure::None)
-        turnToDisplayP3(taken, options.bitsPerChannel);
+        turnToDisplayP3(taken, options);
     return taken;
 }
 

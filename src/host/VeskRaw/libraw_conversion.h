@@ -28,6 +28,7 @@ struct Options
     bool quick = false;     ///< at half width and height
     int bitsPerChannel = 8; ///< 8 or 16
     ColourSpace colourSpace = ColourSpace::Srgb;
+    bool isLinear = false; ///< light itself, without the space's curve
 };
 
 /// A converted picture: rows of one (grey) or three samples a pixel, red first, without padding.

@@ -131,6 +131,7 @@ int main(int argc, char **argv)
     options.quick = number(QuickArgument) != 0;
     options.bitsPerChannel = int(number(BitsArgument));
     options.colourSpace = static_cast<raw::ColourSpace>(number(ColourSpaceArgument));
+    options.isLinear = number(LinearArgument) != 0;
 
     silence();
     endWithCaller();

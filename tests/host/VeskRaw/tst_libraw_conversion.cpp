@@ -91,6 +91,41 @@ private slots:
         QVERIFY2(levels.size() > 256, qPrintable(QString::number(levels.size())));
     }
 
+    /// Half of the light has half of the number; the curve on it gives the usual picture.
+    void linear_isTheLightOfTheCurve_data()
+    {
+        QTest::addColumn<int>("space");
+        QTest::newRow("sRGB") << int(VeskRaw::ColourSpace::Srgb);
+        QTest::newRow("Adobe RGB") << int(VeskRaw::ColourSpace::AdobeRgb);
+        QTest::newRow("Display P3") << int(VeskRaw::ColourSpace::DisplayP3);
+    }
+    void linear_isTheLightOfTheCurve()
+    {
+        QFETCH(const int, space);
+        const QString file = written("linear.dng", dngFile(slopes(70, 54)));
+        VeskRaw::Options how{false, 16, static_cast<VeskRaw::ColourSpace>(space)};
+        QImage usual = VeskRaw::convert(file, how).picture;
+        how.isLinear = true;
+        const QImage linear = VeskRaw::convert(file, how).picture;
+        QCOMPARE(linear.format(), QImage::Format_RGBX64);
+        QCOMPARE(linear.colorSpace().transferFunction(), QColorSpace::TransferFunction::Linear);
+        if (!usual.colorSpace().isValid())
+            usual.setColorSpace(QColorSpace::SRgb);
+        const QImage expected = usual.convertedToColorSpace(linear.colorSpace());
+        int brightest = 0;
+        for (int y = 0; y < linear.height(); ++y) {
+            const auto *row = reinterpret_cast<const quint16 *>(linear.constScanLine(y));
+            const auto *light = reinterpret_cast<const quint16 *>(expected.constScanLine(y));
+            for (int i = 0; i < 4 * linear.width(); ++i) {
+                QVERIFY2(qAbs(int(row[i]) - int(light[i])) <= 300,
+                         qPrintable(QStringLiteral("%1 %2").arg(row[i]).arg(light[i])));
+                if (i % 4 != 3)
+                    brightest = qMax(brightest, int(row[i]));
+            }
+        }
+        QVERIFY(brightest > 20000);
+    }
+
     /// The same colour has other numbers in another space: less of each in a wider one.
     void colourSpace_isThatOfTheTag_data()
     {
