@@ -1,6 +1,7 @@
 #include "avif_decoder.h"
 
 #include "cicp_profile.h"
+#include "large_memory.h"
 #include "parallel_rows.h"
 
 #include <QColorSpace>
@@ -8,10 +9,14 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 
 #include <avif/avif.h>
 
 namespace {
+
+/// A sequence's table takes memory for each; the first one is read.
+constexpr uint32_t kMostPictures = 100000;
 
 using Decoder = std::unique_ptr<avifDecoder, decltype(&avifDecoderDestroy)>;
 
@@ -66,6 +71,7 @@ Decoder newDecoder(Source &source)
     decoder->maxThreads = parallel::threadCount();
     decoder->strictFlags = AVIF_STRICT_DISABLED;
     decoder->ignoreXMP = AVIF_TRUE;
+    decoder->imageCountLimit = kMostPictures;
     avifDecoderSetIO(decoder.get(), &source.io);
     return decoder;
 }
@@ -124,9 +130,28 @@ QByteArray profileOf(const avifImage &image)
     return cicp_profile::of(image.colorPrimaries, image.transferCharacteristics);
 }
 
+/// The library ends the process where memory for its planes is lacking, so it is asked for ahead:
+/// four planes as large as the file says, and what goes with them.
+bool hasRoomFor(const avifImage &image)
+{
+    constexpr size_t kPlanes = 4;
+    constexpr size_t kRest = size_t(32) << 20;
+    const size_t planes = size_t(image.width) * image.height * kPlanes * (image.depth > 8 ? 2 : 1);
+    try {
+        memory::large(planes + planes / 2 + kRest);
+        return true;
+    } catch (const std::bad_alloc &) {
+        return false;
+    }
+}
+
 /// The size is within the caller's limit.
 DecodedPicture read(avifDecoder &decoder, const ReadOptions &options)
 {
+    if (!hasRoomFor(*decoder.image))
+        return picture::failure(DecodeError::NoMemory, sizeOf(*decoder.image));
+    // The pictures within may be larger than the file says.
+    decoder.imageSizeLimit = uint32_t(std::min<qint64>(decoder.imageSizeLimit, options.pixelLimit));
     const avifResult result = avifDecoderNextImage(&decoder);
     if (result != AVIF_RESULT_OK)
         return picture::failure(result == AVIF_RESULT_OUT_OF_MEMORY ? DecodeError::NoMemory

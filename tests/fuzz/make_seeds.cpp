@@ -14,6 +14,19 @@
 #include <QImage>
 #include <QImageWriter>
 
+#ifdef VESK_WITH_OPENEXR
+#include <ImfChannelList.h>
+#include <ImfCompression.h>
+#include <ImfFrameBuffer.h>
+#include <ImfHeader.h>
+#include <ImfOutputFile.h>
+#include <ImfStdIO.h>
+#include <ImfTiledOutputFile.h>
+#include <half.h>
+
+#include <vector>
+#endif
+
 namespace {
 
 class Folder
@@ -173,6 +186,92 @@ void addPictures(const QString &parent)
     addModernPictures(folder);
 }
 
+QImage lightOf(QSize size)
+{
+    QImage light = gradient(size, QImage::Format_RGB32).convertToFormat(QImage::Format_RGBX32FPx4);
+    light.setColorSpace(QColorSpace::SRgbLinear);
+    return light;
+}
+
+QByteArray written(const QImage &light, PictureFormat format, int bits = 0)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadWrite);
+    WriteOptions how;
+    how.bitsPerSample = bits;
+    how.whiteLuminance = 100.0;
+    picture::write(light, buffer, format, how);
+    return bytes;
+}
+
+#ifdef VESK_WITH_OPENEXR
+
+/// By the library itself: other channels, compressions and tiles.
+QByteArray exr(std::initializer_list<const char *> channels, Imf::Compression compression,
+               bool isTiled)
+{
+    constexpr int kWidth = 21;
+    constexpr int kHeight = 13;
+    Imf::Header header(kWidth, kHeight);
+    header.compression() = compression;
+    const std::vector<half> numbers(kWidth * kHeight, half(0.3F));
+    Imf::FrameBuffer buffer;
+    for (const char *channel : channels) {
+        header.channels().insert(channel, Imf::Channel(Imf::HALF));
+        buffer.insert(channel, Imf::Slice::Make(Imf::HALF, numbers.data(), Imath::V2i(0, 0), kWidth,
+                                                kHeight));
+    }
+    Imf::StdOSStream stream;
+    if (isTiled) {
+        header.setTileDescription({8, 8, Imf::RIPMAP_LEVELS});
+        Imf::TiledOutputFile file(stream, header);
+        file.setFrameBuffer(buffer);
+        file.writeTiles(0, file.numXTiles() - 1, 0, file.numYTiles() - 1);
+    } else {
+        Imf::OutputFile file(stream, header);
+        file.setFrameBuffer(buffer);
+        file.writePixels(kHeight);
+    }
+    return QByteArray::fromStdString(stream.str());
+}
+
+void addExrFiles(const Folder &folder)
+{
+    const QImage light = lightOf({19, 11});
+    folder.add(QStringLiteral("halves.exr"), written(light, PictureFormat::OpenExr, 16));
+    folder.add(QStringLiteral("floats.exr"), written(light, PictureFormat::OpenExr, 32));
+    int number = 0;
+    for (const Imf::Compression compression :
+         {Imf::NO_COMPRESSION, Imf::RLE_COMPRESSION, Imf::ZIPS_COMPRESSION, Imf::PIZ_COMPRESSION,
+          Imf::PXR24_COMPRESSION, Imf::B44_COMPRESSION, Imf::B44A_COMPRESSION,
+          Imf::DWAA_COMPRESSION})
+        folder.add(QStringLiteral("compressed_%1.exr").arg(number++),
+                   exr({"R", "G", "B", "A"}, compression, false));
+    folder.add(QStringLiteral("tiles.exr"), exr({"R", "G", "B"}, Imf::ZIP_COMPRESSION, true));
+    folder.add(QStringLiteral("luminance.exr"), exr({"Y"}, Imf::PIZ_COMPRESSION, false));
+    folder.add(QStringLiteral("layers.exr"),
+               exr({"a.R", "a.G", "a.B", "Z"}, Imf::ZIP_COMPRESSION, true));
+}
+
+#endif
+
+/// Light, and the kinds of file that are not Qt's.
+void addLight(const QString &parent)
+{
+    const Folder folder(parent, QStringLiteral("light"));
+    folder.add(QStringLiteral("coded.hdr"), written(lightOf({19, 11}), PictureFormat::RadianceHdr));
+    folder.add(QStringLiteral("plain.hdr"), written(lightOf({7, 5}), PictureFormat::RadianceHdr));
+    folder.add(QStringLiteral("old.hdr"),
+               "#?RGBE\nFORMAT=32-bit_rle_rgbe\nEXPOSURE=2\n\n+X 3 -Y 2\n" +
+                   QByteArray("\x80\x40\x20\x81\1\1\1\1\x10\x20\x30\x80\1\1\1\2", 16));
+    folder.add(QStringLiteral("floats.tif"), written(lightOf({19, 11}), PictureFormat::Tiff));
+#ifdef VESK_WITH_OPENEXR
+    addExrFiles(folder);
+#endif
+    addModernPictures(folder);
+}
+
 void addRawFiles(const QString &parent)
 {
     const Folder folder(parent, QStringLiteral("raw"));
@@ -259,6 +358,7 @@ int main(int argc, char **argv)
         qFatal("usage: make_seeds FOLDER");
     const QString parent = QFile::decodeName(argv[1]);
     addPictures(parent);
+    addLight(parent);
     addRawFiles(parent);
     addSettings(parent);
     addArguments(parent);
