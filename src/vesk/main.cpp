@@ -7,12 +7,15 @@
 
 namespace {
 
+const QString kMerge = QStringLiteral("merge");
+
 void parse(QCommandLineParser &parser, const QCoreApplication &application)
 {
     parser.setApplicationDescription(QCoreApplication::translate(
         "main", "A small photo editor that merges bracketed photographs."));
     parser.addHelpOption();
     parser.addVersionOption();
+    parser.addOption({kMerge, QCoreApplication::translate("main", "Merge these pictures.")});
     parser.addPositionalArgument(
         QStringLiteral("files"),
         QCoreApplication::translate("main", "Pictures to open, or a folder to show."),
@@ -47,6 +50,9 @@ int main(int argc, char **argv)
     parse(parser, application);
     MainWindow window;
     window.show();
-    window.openPaths(parser.positionalArguments());
+    if (parser.isSet(kMerge))
+        window.mergePaths(parser.positionalArguments());
+    else
+        window.openPaths(parser.positionalArguments());
     return QApplication::exec();
 }

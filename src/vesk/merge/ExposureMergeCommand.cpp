@@ -43,6 +43,13 @@ void ExposureMergeCommand::activateAnew()
     show();
 }
 
+void ExposureMergeCommand::activateWith(const QStringList &paths)
+{
+    show();
+    if (!shown->isMerging())
+        shown->replaceShots(paths);
+}
+
 void ExposureMergeCommand::show()
 {
     if (!shown) {

@@ -29,6 +29,8 @@ public:
     void activate();
     /// A workspace that is open gets the files that are selected in place of its own.
     void activateAnew();
+    /// The same with these files, whatever is selected.
+    void activateWith(const QStringList &paths);
     /// Null while it is closed.
     MergeWorkspace *workspace() const;
 

@@ -1274,6 +1274,10 @@
         <translation>Eine kleine Fotobearbeitung, die Belichtungsreihen zusammenfügt.</translation>
     </message>
     <message>
+        <source>Merge these pictures.</source>
+        <translation>Diese Bilder verschmelzen.</translation>
+    </message>
+    <message>
         <source>Pictures to open, or a folder to show.</source>
         <translation>Zu öffnende Bilder oder ein Ordner, der gezeigt werden soll.</translation>
     </message>

@@ -1274,6 +1274,10 @@
         <translation>Un pequeño editor de fotos que combina series de exposiciones.</translation>
     </message>
     <message>
+        <source>Merge these pictures.</source>
+        <translation>Fusionar estas imágenes.</translation>
+    </message>
+    <message>
         <source>Pictures to open, or a folder to show.</source>
         <translation>Imágenes que abrir o carpeta que mostrar.</translation>
     </message>

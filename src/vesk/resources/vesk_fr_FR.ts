@@ -1274,6 +1274,10 @@
         <translation>Un petit éditeur de photos qui fusionne des séries d’expositions.</translation>
     </message>
     <message>
+        <source>Merge these pictures.</source>
+        <translation>Fusionner ces images.</translation>
+    </message>
+    <message>
         <source>Pictures to open, or a folder to show.</source>
         <translation>Images à ouvrir, ou dossier à afficher.</translation>
     </message>

@@ -1273,6 +1273,10 @@
         <translation>露出を変えて撮影した写真を統合する小さな写真エディターです。</translation>
     </message>
     <message>
+        <source>Merge these pictures.</source>
+        <translation>これらの画像を合成します。</translation>
+    </message>
+    <message>
         <source>Pictures to open, or a folder to show.</source>
         <translation>開く画像、または表示するフォルダー。</translation>
     </message>

@@ -1273,6 +1273,10 @@
         <translation>노출을 달리하여 찍은 사진을 병합하는 작은 사진 편집기입니다.</translation>
     </message>
     <message>
+        <source>Merge these pictures.</source>
+        <translation>이 사진들을 합성합니다.</translation>
+    </message>
+    <message>
         <source>Pictures to open, or a folder to show.</source>
         <translation>열 이미지 또는 표시할 폴더.</translation>
     </message>

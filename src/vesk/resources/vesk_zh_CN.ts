@@ -1273,6 +1273,10 @@
         <translation>一款小巧的照片编辑器，可合并包围曝光的照片。</translation>
     </message>
     <message>
+        <source>Merge these pictures.</source>
+        <translation>合成这些图片。</translation>
+    </message>
+    <message>
         <source>Pictures to open, or a folder to show.</source>
         <translation>要打开的图像或要显示的文件夹。</translation>
     </message>

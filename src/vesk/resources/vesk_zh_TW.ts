@@ -1273,6 +1273,10 @@
         <translation>一款小巧的相片編輯器，可合併包圍曝光的相片。</translation>
     </message>
     <message>
+        <source>Merge these pictures.</source>
+        <translation>合成這些圖片。</translation>
+    </message>
+    <message>
         <source>Pictures to open, or a folder to show.</source>
         <translation>要開啟的影像或要顯示的資料夾。</translation>
     </message>

@@ -94,6 +94,13 @@ void MainWindow::openPaths(const QStringList &paths)
     opener->open(paths);
 }
 
+void MainWindow::mergePaths(const QStringList &paths)
+{
+    if (!paths.isEmpty())
+        openPaths({QFileInfo(paths.first()).absolutePath()});
+    exposureMerge->activateWith(paths);
+}
+
 // --- Building ---
 
 void MainWindow::addDocks()

@@ -39,6 +39,9 @@ public:
     /// Files become documents, a folder goes to the film strip.
     void openPaths(const QStringList &paths);
 
+    /// Files go to the workspace that merges them, and the first one's folder to the film strip.
+    void mergePaths(const QStringList &paths);
+
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
