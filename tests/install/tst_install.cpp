@@ -164,7 +164,10 @@ void TestInstall::runtimeComponent_hasNothingForDevelopers()
     const QStringList files = filesBelow(path("runtime"));
     for (const char *file :
          {"bin/veskhdr", "bin/vesk", "share/man/man1/veskhdr.1", "share/man/man1/vesk.1",
-          "share/applications/vesk.desktop", "share/bash-completion/completions/veskhdr"})
+          "share/applications/vesk.desktop", "share/applications/vesk-merge.desktop",
+          "share/kio/servicemenus/vesk-merge.desktop", "share/nemo/actions/vesk-merge.nemo_action",
+          "share/metainfo/org.vesk_hdr.vesk.metainfo.xml",
+          "share/bash-completion/completions/veskhdr"})
         QVERIFY2(files.contains(file), file);
     for (const QString &file : files) {
         QVERIFY2(!file.endsWith(".h") && !file.endsWith(".cmake"), qPrintable(file));
