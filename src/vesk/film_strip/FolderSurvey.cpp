@@ -111,12 +111,23 @@ FolderSurvey::~FolderSurvey()
 
 void FolderSurvey::start(const QString &folder, const QList<FolderEntry> &files)
 {
+    run(folder, files);
+}
+
+void FolderSurvey::startFolder(const QString &folder)
+{
+    run(folder, std::nullopt);
+}
+
+void FolderSurvey::run(const QString &folder, const std::optional<QList<FolderEntry>> &files)
+{
     if (current)
         *current = true;
     worker.clear();
     current = std::make_shared<std::atomic<bool>>(false);
     worker.start([this, folder, files, cancelled = current] {
-        const FolderNotes notes = survey::of(folder, files, *cancelled);
+        const FolderNotes notes =
+            survey::of(folder, files ? *files : pictures::inFolder(folder), *cancelled);
         QMetaObject::invokeMethod(
             this,
             [this, notes, cancelled] {

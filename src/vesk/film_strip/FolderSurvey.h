@@ -50,12 +50,16 @@ public:
     ~FolderSurvey() override;
 
     void start(const QString &folder, const QList<FolderEntry> &files);
+    /// The same of all pictures that are there.
+    void startFolder(const QString &folder);
 
 Q_SIGNALS:
     /// Of the last start alone.
     void ready(const FolderNotes &notes);
 
 private:
+    void run(const QString &folder, const std::optional<QList<FolderEntry>> &files);
+
     QThreadPool worker; // one thread
     std::shared_ptr<std::atomic<bool>> current;
 };

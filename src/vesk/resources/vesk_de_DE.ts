@@ -17,6 +17,143 @@
     </message>
 </context>
 <context>
+    <name>BatchWindow</name>
+    <message>
+        <source>merged</source>
+        <translation>verschmolzen</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>&amp;Starten</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results</source>
+        <translation>&amp;Ergebnisse zeigen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Merge Brackets</source>
+        <translation>Belichtungsreihen verschmelzen</translation>
+    </message>
+    <message>
+        <source>&amp;Folder with shots:</source>
+        <translation>&amp;Ordner mit Aufnahmen:</translation>
+    </message>
+    <message>
+        <source>Cho&amp;ose…</source>
+        <translation>&amp;Wählen…</translation>
+    </message>
+    <message>
+        <source>Folder for res&amp;ults:</source>
+        <translation>Or&amp;dner für Ergebnisse:</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>Wä&amp;hlen…</translation>
+    </message>
+    <message>
+        <source>For&amp;mat:</source>
+        <translation>For&amp;mat:</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>&amp;Fortsetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>Looking for brackets…</source>
+        <translation>Suche nach Belichtungsreihen…</translation>
+    </message>
+    <message>
+        <source>%1 brackets to merge</source>
+        <translation>Belichtungsreihen zu verschmelzen: %1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Pausiert</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
+        <translation>%1 verschmolzen, %2 schon erledigt, %3 fehlgeschlagen, %4 angehalten</translation>
+    </message>
+</context>
+<context>
+    <name>BracketBatch</name>
+    <message>
+        <source>another file of this name is there</source>
+        <translation>eine andere Datei dieses Namens ist vorhanden</translation>
+    </message>
+    <message>
+        <source>another bracket gets the same name</source>
+        <translation>eine andere Belichtungsreihe erhält denselben Namen</translation>
+    </message>
+</context>
+<context>
+    <name>BracketTable</name>
+    <message>
+        <source>waiting</source>
+        <translation>wartet</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>Verschmelzen…</translation>
+    </message>
+    <message>
+        <source>merged</source>
+        <translation>verschmolzen</translation>
+    </message>
+    <message>
+        <source>done already</source>
+        <translation>schon erledigt</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>angehalten</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>Belichtungsreihe</translation>
+    </message>
+    <message>
+        <source>Shots</source>
+        <translation>Aufnahmen</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>Belichtungsreihen</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
@@ -176,6 +313,14 @@
     <message>
         <source>Merge up to five shots by their weighted mean, in place of the document</source>
         <translation>Bis zu fünf Aufnahmen als gewichtetes Mittel zusammenfügen; ersetzt das Dokument</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Brackets…</source>
+        <translation>Belichtungs&amp;reihen verschmelzen…</translation>
+    </message>
+    <message>
+        <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
+        <translation>Die Belichtungsreihen eines Ordners finden und alle verschmelzen, wie „Belichtungen verschmelzen“</translation>
     </message>
 </context>
 <context>
@@ -1052,7 +1197,7 @@
     <message>
         <source>100 %</source>
         <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
-        <translation>100 %</translation>
+        <translation>100&#xa0;%</translation>
     </message>
     <message>
         <source>Pixel for pixel (Ctrl+1)</source>

@@ -17,6 +17,143 @@
     </message>
 </context>
 <context>
+    <name>BatchWindow</name>
+    <message>
+        <source>merged</source>
+        <translation>fusionada</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>&amp;Iniciar</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>&amp;Detener</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results</source>
+        <translation>Mostrar &amp;resultados</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Merge Brackets</source>
+        <translation>Fusionar series</translation>
+    </message>
+    <message>
+        <source>&amp;Folder with shots:</source>
+        <translation>&amp;Carpeta de tomas:</translation>
+    </message>
+    <message>
+        <source>Cho&amp;ose…</source>
+        <translation>&amp;Elegir…</translation>
+    </message>
+    <message>
+        <source>Folder for res&amp;ults:</source>
+        <translation>Carpeta de res&amp;ultados:</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>E&amp;legir…</translation>
+    </message>
+    <message>
+        <source>For&amp;mat:</source>
+        <translation>For&amp;mato:</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>Con&amp;tinuar</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pausar</translation>
+    </message>
+    <message>
+        <source>Looking for brackets…</source>
+        <translation>Buscando series…</translation>
+    </message>
+    <message>
+        <source>%1 brackets to merge</source>
+        <translation>Series por fusionar: %1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pausa</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
+        <translation>%1 fusionadas, %2 ya hechas, %3 con error, %4 detenidas</translation>
+    </message>
+</context>
+<context>
+    <name>BracketBatch</name>
+    <message>
+        <source>another file of this name is there</source>
+        <translation>ya hay otro archivo con ese nombre</translation>
+    </message>
+    <message>
+        <source>another bracket gets the same name</source>
+        <translation>otra serie recibe el mismo nombre</translation>
+    </message>
+</context>
+<context>
+    <name>BracketTable</name>
+    <message>
+        <source>waiting</source>
+        <translation>en espera</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>Fusionando…</translation>
+    </message>
+    <message>
+        <source>merged</source>
+        <translation>fusionada</translation>
+    </message>
+    <message>
+        <source>done already</source>
+        <translation>ya estaba hecha</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>con error</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>detenida</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 a %2</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>Serie</translation>
+    </message>
+    <message>
+        <source>Shots</source>
+        <translation>Tomas</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>Series</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
@@ -176,6 +313,14 @@
     <message>
         <source>Merge up to five shots by their weighted mean, in place of the document</source>
         <translation>Fusionar hasta cinco tomas por su media ponderada, en lugar del documento</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Brackets…</source>
+        <translation>Fusionar &amp;series…</translation>
+    </message>
+    <message>
+        <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
+        <translation>Buscar las series de una carpeta y fusionarlas todas, como «Fusionar exposiciones»</translation>
     </message>
 </context>
 <context>
@@ -1052,7 +1197,7 @@
     <message>
         <source>100 %</source>
         <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
-        <translation>100 %</translation>
+        <translation>100&#xa0;%</translation>
     </message>
     <message>
         <source>Pixel for pixel (Ctrl+1)</source>

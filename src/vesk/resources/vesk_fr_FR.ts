@@ -17,6 +17,143 @@
     </message>
 </context>
 <context>
+    <name>BatchWindow</name>
+    <message>
+        <source>merged</source>
+        <translation>fusionnée</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>&amp;Démarrer</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>A&amp;rrêter</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results</source>
+        <translation>Afficher les &amp;résultats</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Merge Brackets</source>
+        <translation>Fusionner les séries</translation>
+    </message>
+    <message>
+        <source>&amp;Folder with shots:</source>
+        <translation>Dossier des &amp;prises :</translation>
+    </message>
+    <message>
+        <source>Cho&amp;ose…</source>
+        <translation>C&amp;hoisir…</translation>
+    </message>
+    <message>
+        <source>Folder for res&amp;ults:</source>
+        <translation>Dossier des rés&amp;ultats :</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>Ch&amp;oisir…</translation>
+    </message>
+    <message>
+        <source>For&amp;mat:</source>
+        <translation>For&amp;mat :</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>&amp;Reprendre</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>Looking for brackets…</source>
+        <translation>Recherche des séries…</translation>
+    </message>
+    <message>
+        <source>%1 brackets to merge</source>
+        <translation>Séries à fusionner : %1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
+        <translation>%1 fusionnées, %2 déjà faites, %3 en échec, %4 arrêtées</translation>
+    </message>
+</context>
+<context>
+    <name>BracketBatch</name>
+    <message>
+        <source>another file of this name is there</source>
+        <translation>un autre fichier porte déjà ce nom</translation>
+    </message>
+    <message>
+        <source>another bracket gets the same name</source>
+        <translation>une autre série reçoit le même nom</translation>
+    </message>
+</context>
+<context>
+    <name>BracketTable</name>
+    <message>
+        <source>waiting</source>
+        <translation>en attente</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>Fusion…</translation>
+    </message>
+    <message>
+        <source>merged</source>
+        <translation>fusionnée</translation>
+    </message>
+    <message>
+        <source>done already</source>
+        <translation>déjà faite</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>échec</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>arrêtée</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>Série</translation>
+    </message>
+    <message>
+        <source>Shots</source>
+        <translation>Prises</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>Séries</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
@@ -176,6 +313,14 @@
     <message>
         <source>Merge up to five shots by their weighted mean, in place of the document</source>
         <translation>Fusionner jusqu’à cinq prises par leur moyenne pondérée, à la place du document</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Brackets…</source>
+        <translation>Fusionner les &amp;séries…</translation>
+    </message>
+    <message>
+        <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
+        <translation>Trouver les séries d’un dossier et les fusionner toutes, comme « Fusionner les expositions »</translation>
     </message>
 </context>
 <context>
@@ -1052,7 +1197,7 @@
     <message>
         <source>100 %</source>
         <extracomment>On a button: one pixel of the picture on one of the screen.</extracomment>
-        <translation>100 %</translation>
+        <translation>100&#xa0;%</translation>
     </message>
     <message>
         <source>Pixel for pixel (Ctrl+1)</source>

@@ -17,6 +17,143 @@
     </message>
 </context>
 <context>
+    <name>BatchWindow</name>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>開始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results</source>
+        <translation>結果を表示(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Merge Brackets</source>
+        <translation>ブラケットを合成</translation>
+    </message>
+    <message>
+        <source>&amp;Folder with shots:</source>
+        <translation>写真のフォルダー(&amp;F):</translation>
+    </message>
+    <message>
+        <source>Cho&amp;ose…</source>
+        <translation>選択(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Folder for res&amp;ults:</source>
+        <translation>結果のフォルダー(&amp;U):</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>選択(&amp;H)…</translation>
+    </message>
+    <message>
+        <source>For&amp;mat:</source>
+        <translation>形式(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>再開(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>一時停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Looking for brackets…</source>
+        <translation>ブラケットを探しています…</translation>
+    </message>
+    <message>
+        <source>%1 brackets to merge</source>
+        <translation>合成するブラケット：%1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>一時停止中</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
+        <translation>合成 %1、処理済み %2、失敗 %3、停止 %4</translation>
+    </message>
+</context>
+<context>
+    <name>BracketBatch</name>
+    <message>
+        <source>another file of this name is there</source>
+        <translation>同じ名前の別のファイルがあります</translation>
+    </message>
+    <message>
+        <source>another bracket gets the same name</source>
+        <translation>別のブラケットが同じ名前になります</translation>
+    </message>
+</context>
+<context>
+    <name>BracketTable</name>
+    <message>
+        <source>waiting</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>合成中…</translation>
+    </message>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>done already</source>
+        <translation>処理済み</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1～%2</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>ブラケット</translation>
+    </message>
+    <message>
+        <source>Shots</source>
+        <translation>写真</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状態</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>ブラケット</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
@@ -176,6 +313,14 @@
     <message>
         <source>Merge up to five shots by their weighted mean, in place of the document</source>
         <translation>最大 5 枚を加重平均で統合し、書類を置き換えます</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Brackets…</source>
+        <translation>ブラケットを合成(&amp;B)…</translation>
+    </message>
+    <message>
+        <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
+        <translation>フォルダーのブラケットを探し、「露出を合成」と同じ方法ですべて合成します</translation>
     </message>
 </context>
 <context>

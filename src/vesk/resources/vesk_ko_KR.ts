@@ -17,6 +17,143 @@
     </message>
 </context>
 <context>
+    <name>BatchWindow</name>
+    <message>
+        <source>merged</source>
+        <translation>합성</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>시작(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>중지(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results</source>
+        <translation>결과 보기(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Merge Brackets</source>
+        <translation>브래킷 합성</translation>
+    </message>
+    <message>
+        <source>&amp;Folder with shots:</source>
+        <translation>사진 폴더(&amp;F):</translation>
+    </message>
+    <message>
+        <source>Cho&amp;ose…</source>
+        <translation>선택(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Folder for res&amp;ults:</source>
+        <translation>결과 폴더(&amp;U):</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>선택(&amp;H)…</translation>
+    </message>
+    <message>
+        <source>For&amp;mat:</source>
+        <translation>형식(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>계속(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>일시 정지(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Looking for brackets…</source>
+        <translation>브래킷을 찾는 중…</translation>
+    </message>
+    <message>
+        <source>%1 brackets to merge</source>
+        <translation>합성할 브래킷: %1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>일시 정지됨</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
+        <translation>합성 %1, 이미 완료 %2, 실패 %3, 중지 %4</translation>
+    </message>
+</context>
+<context>
+    <name>BracketBatch</name>
+    <message>
+        <source>another file of this name is there</source>
+        <translation>같은 이름의 다른 파일이 있습니다</translation>
+    </message>
+    <message>
+        <source>another bracket gets the same name</source>
+        <translation>다른 브래킷과 이름이 같습니다</translation>
+    </message>
+</context>
+<context>
+    <name>BracketTable</name>
+    <message>
+        <source>waiting</source>
+        <translation>대기 중</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>합성 중…</translation>
+    </message>
+    <message>
+        <source>merged</source>
+        <translation>합성</translation>
+    </message>
+    <message>
+        <source>done already</source>
+        <translation>이미 완료됨</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>실패</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>중지됨</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1~%2</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>브래킷</translation>
+    </message>
+    <message>
+        <source>Shots</source>
+        <translation>사진</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>상태</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>브래킷</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
@@ -176,6 +313,14 @@
     <message>
         <source>Merge up to five shots by their weighted mean, in place of the document</source>
         <translation>최대 5장을 가중 평균으로 병합하여 문서를 대체합니다</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Brackets…</source>
+        <translation>브래킷 합성(&amp;B)…</translation>
+    </message>
+    <message>
+        <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
+        <translation>폴더의 브래킷을 찾아 ‘노출 합성’과 같은 방식으로 모두 합성합니다</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,143 @@
     </message>
 </context>
 <context>
+    <name>BatchWindow</name>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>开始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results</source>
+        <translation>显示结果(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Merge Brackets</source>
+        <translation>合成包围曝光</translation>
+    </message>
+    <message>
+        <source>&amp;Folder with shots:</source>
+        <translation>照片文件夹(&amp;F)：</translation>
+    </message>
+    <message>
+        <source>Cho&amp;ose…</source>
+        <translation>选择(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Folder for res&amp;ults:</source>
+        <translation>结果文件夹(&amp;U)：</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>选择(&amp;H)…</translation>
+    </message>
+    <message>
+        <source>For&amp;mat:</source>
+        <translation>格式(&amp;M)：</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>继续(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Looking for brackets…</source>
+        <translation>正在查找包围曝光组…</translation>
+    </message>
+    <message>
+        <source>%1 brackets to merge</source>
+        <translation>待合成的包围曝光组：%1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
+        <translation>已合成 %1，先前已完成 %2，失败 %3，已停止 %4</translation>
+    </message>
+</context>
+<context>
+    <name>BracketBatch</name>
+    <message>
+        <source>another file of this name is there</source>
+        <translation>已存在同名的其他文件</translation>
+    </message>
+    <message>
+        <source>another bracket gets the same name</source>
+        <translation>另一组会得到相同的名称</translation>
+    </message>
+</context>
+<context>
+    <name>BracketTable</name>
+    <message>
+        <source>waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>正在合成…</translation>
+    </message>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>done already</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>包围曝光</translation>
+    </message>
+    <message>
+        <source>Shots</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>包围曝光组</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
@@ -176,6 +313,14 @@
     <message>
         <source>Merge up to five shots by their weighted mean, in place of the document</source>
         <translation>用加权平均合并最多五张照片，并替换当前文档</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Brackets…</source>
+        <translation>合成包围曝光(&amp;B)…</translation>
+    </message>
+    <message>
+        <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
+        <translation>查找文件夹中的包围曝光组，并像“合成曝光”一样全部合成</translation>
     </message>
 </context>
 <context>

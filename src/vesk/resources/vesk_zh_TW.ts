@@ -17,6 +17,143 @@
     </message>
 </context>
 <context>
+    <name>BatchWindow</name>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>開始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Show &amp;Results</source>
+        <translation>顯示結果(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Merge Brackets</source>
+        <translation>合成包圍曝光</translation>
+    </message>
+    <message>
+        <source>&amp;Folder with shots:</source>
+        <translation>照片資料夾(&amp;F)：</translation>
+    </message>
+    <message>
+        <source>Cho&amp;ose…</source>
+        <translation>選擇(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Folder for res&amp;ults:</source>
+        <translation>結果資料夾(&amp;U)：</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>選擇(&amp;H)…</translation>
+    </message>
+    <message>
+        <source>For&amp;mat:</source>
+        <translation>格式(&amp;M)：</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>繼續(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暫停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Looking for brackets…</source>
+        <translation>正在尋找包圍曝光組…</translation>
+    </message>
+    <message>
+        <source>%1 brackets to merge</source>
+        <translation>待合成的包圍曝光組：%1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>已暫停</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
+        <translation>已合成 %1，先前已完成 %2，失敗 %3，已停止 %4</translation>
+    </message>
+</context>
+<context>
+    <name>BracketBatch</name>
+    <message>
+        <source>another file of this name is there</source>
+        <translation>已有同名的其他檔案</translation>
+    </message>
+    <message>
+        <source>another bracket gets the same name</source>
+        <translation>另一組會得到相同的名稱</translation>
+    </message>
+</context>
+<context>
+    <name>BracketTable</name>
+    <message>
+        <source>waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>Merging…</source>
+        <translation>正在合成…</translation>
+    </message>
+    <message>
+        <source>merged</source>
+        <translation>合成</translation>
+    </message>
+    <message>
+        <source>done already</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>包圍曝光</translation>
+    </message>
+    <message>
+        <source>Shots</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>狀態</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>包圍曝光組</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
@@ -176,6 +313,14 @@
     <message>
         <source>Merge up to five shots by their weighted mean, in place of the document</source>
         <translation>以加權平均合併最多五張照片，並取代目前文件</translation>
+    </message>
+    <message>
+        <source>Merge &amp;Brackets…</source>
+        <translation>合成包圍曝光(&amp;B)…</translation>
+    </message>
+    <message>
+        <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
+        <translation>尋找資料夾中的包圍曝光組，並如「合成曝光」一樣全部合成</translation>
     </message>
 </context>
 <context>

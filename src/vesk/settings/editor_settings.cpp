@@ -17,6 +17,8 @@ const QLatin1String kScreenProfile("editor/screenProfile");
 const QLatin1String kFolder("editor/folder");
 const QLatin1String kFilmStripOrder("editor/filmStripOrder");
 const QLatin1String kResultsHidden("editor/hideResults");
+const QLatin1String kBatchMethod("editor/batchMethod");
+const QLatin1String kBatchOptions("editor/batchOptions");
 const QLatin1String kRecent("editor/recentFiles");
 const QLatin1String kGeometry("editor/geometry");
 const QLatin1String kLayout("editor/layout");
@@ -90,6 +92,22 @@ bool settings::areResultsHidden()
 void settings::setResultsHidden(bool areHidden)
 {
     setValue(kResultsHidden, areHidden);
+}
+
+QString settings::batchMethod()
+{
+    return value(kBatchMethod).toString();
+}
+
+QString settings::batchOptions()
+{
+    return value(kBatchOptions).toString();
+}
+
+void settings::setBatch(const QString &method, const QString &options)
+{
+    setValue(kBatchMethod, method);
+    setValue(kBatchOptions, options);
 }
 
 QStringList settings::recentFiles()

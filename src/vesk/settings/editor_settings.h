@@ -27,6 +27,11 @@ void setFilmStripOrder(int key);
 bool areResultsHidden();
 void setResultsHidden(bool areHidden);
 
+/// How brackets were merged last, one after the other: as a result's mark has it.
+QString batchMethod();
+QString batchOptions();
+void setBatch(const QString &method, const QString &options);
+
 /// Latest first.
 QStringList recentFiles();
 void setRecentFiles(const QStringList &paths);

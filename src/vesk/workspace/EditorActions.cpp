@@ -83,6 +83,9 @@ EditorActions::EditorActions(QObject *parent)
     mergeExposures = add(tr("Merge &Exposures…"), {Qt::CTRL | Qt::Key_M}, "merge-exposures");
     mergeExposures->setToolTip(
         tr("Align the selected shots and fuse them: preview, options, a new document"));
+    mergeBrackets = add(tr("Merge &Brackets…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_M}, "");
+    mergeBrackets->setToolTip(tr("Find the brackets of a folder and merge them all, as Merge "
+                                 "Exposures does"));
     merge = add(tr("&Merge to HDR…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_H}, "merge");
     merge->setToolTip(
         tr("Merge up to five shots by their weighted mean, in place of the document"));

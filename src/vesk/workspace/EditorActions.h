@@ -32,6 +32,7 @@ public:
     QAction *nextTab;
     QAction *previousTab;
     QAction *mergeExposures;
+    QAction *mergeBrackets;
     QAction *merge;
     QAction *about;
     QAction *openSelected; // in the film strip

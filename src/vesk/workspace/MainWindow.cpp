@@ -1,4 +1,5 @@
 #include "MainWindow.h"
+#include "BatchWindow.h"
 #include "DocumentArea.h"
 #include "DocumentOpener.h"
 #include "DocumentSaver.h"
@@ -127,6 +128,8 @@ void MainWindow::addMenus()
     file->addSeparator();
     file->addActions({actions->save, actions->saveAs});
     file->addSeparator();
+    file->addAction(actions->mergeBrackets);
+    file->addSeparator();
     file->addActions({actions->close, actions->quit});
 
     QMenu *view = menuBar()->addMenu(tr("&View"));
@@ -217,6 +220,7 @@ void MainWindow::connectActions()
     connect(actions->merge, &QAction::triggered, this, [this] { hdr->activate(); });
     connect(actions->mergeExposures, &QAction::triggered, this,
             [this] { exposureMerge->activate(); });
+    connect(actions->mergeBrackets, &QAction::triggered, this, &MainWindow::showBatch);
     connect(actions->about, &QAction::triggered, this, [this] { workspace::showAboutBox(this); });
     connect(actions->openSelected, &QAction::triggered, this,
             [this] { openPaths(filmStrip->selectedPaths()); });
@@ -293,6 +297,17 @@ void MainWindow::chooseFolder()
     const QString path = QFileDialog::getExistingDirectory(this, tr("Open Folder"), folder->path());
     if (!path.isEmpty())
         openPaths({path});
+}
+
+void MainWindow::showBatch()
+{
+    if (!batch) {
+        batch = new BatchWindow(folder->path(), this);
+        batch->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    batch->show();
+    batch->raise();
+    batch->activateWindow();
 }
 
 /// False when the user wants to keep it open.

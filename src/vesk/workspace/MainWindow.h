@@ -3,9 +3,11 @@
 #include "EditorActions.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
+class BatchWindow;
 class DocumentArea;
 class DocumentOpener;
 class DocumentSaver;
@@ -61,6 +63,7 @@ private:
 
     void chooseFiles();
     void chooseFolder();
+    void showBatch();
     bool closeDocument(VeskContext *document);
     void closeOthers(VeskContext *kept);
     void showLight(const LoadedPicture &read);
@@ -82,6 +85,7 @@ private:
     QDockWidget *filmStripDock = nullptr;
     RecentFilesMenu *recentFiles = nullptr;
     QShortcut *leaveFullScreen;
+    QPointer<BatchWindow> batch;
     std::unique_ptr<EditorUiManager> uiManager;
     std::unique_ptr<HdrCommand> hdr;
     std::unique_ptr<ExposureMergeCommand> exposureMerge;

@@ -1,0 +1,254 @@
+#include "BatchWindow.h"
+#include "BracketTable.h"
+
+#include <MergeOptionsPanel.h>
+#include <editor_settings.h>
+
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QUrl>
+
+namespace {
+
+constexpr QSize kPreferredSize(980, 640);
+constexpr int kOptionWidth = 300;
+
+using State = BracketBatch::State;
+
+QPushButton *button(const QString &text, const char *name)
+{
+    auto *made = new QPushButton(text);
+    made->setObjectName(QLatin1String(name));
+    made->setAutoDefault(false);
+    return made;
+}
+
+/// A line for a folder, and a button that chooses it.
+QLayout *folderRow(QLineEdit *line, QPushButton *choose, const QString &title)
+{
+    QObject::connect(choose, &QPushButton::clicked, line, [line, title] {
+        const QString path = QFileDialog::getExistingDirectory(line->window(), title, line->text());
+        if (!path.isEmpty())
+            line->setText(QDir::toNativeSeparators(path));
+    });
+    auto *row = new QHBoxLayout;
+    row->addWidget(line, 1);
+    row->addWidget(choose);
+    return row;
+}
+
+} // namespace
+
+BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
+    : QDialog(parent)
+    , input(new QLineEdit(QDir::toNativeSeparators(folder)))
+    , output(new QLineEdit(QDir::toNativeSeparators(QDir(folder).filePath(tr("merged")))))
+    , table(new BracketTable)
+    , options(new MergeOptionsPanel)
+    , format(new QComboBox)
+    , progress(new QProgressBar)
+    , said(new QLabel)
+    , startButton(button(tr("&Start"), "startButton"))
+    , stopButton(button(tr("Sto&p"), "stopButton"))
+    , openButton(button(tr("Show &Results"), "openButton"))
+    , closeButton(button(tr("Close"), "closeButton"))
+{
+    setWindowTitle(tr("Merge Brackets"));
+    setAcceptDrops(true);
+    auto *row = new QHBoxLayout;
+    row->addWidget(table, 1);
+    row->addWidget(makeOptions());
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(makeFolders());
+    column->addLayout(row, 1);
+    column->addWidget(progress);
+    column->addWidget(makeButtons());
+    resize(kPreferredSize.boundedTo(screen()->availableSize() * 0.95));
+    connectParts();
+    search();
+}
+
+BatchWindow::~BatchWindow() = default;
+
+QWidget *BatchWindow::makeFolders()
+{
+    auto *box = new QWidget;
+    auto *form = new QFormLayout(box);
+    form->setContentsMargins(0, 0, 0, 0);
+    const auto add = [&](const QString &text, QLineEdit *line, const char *name,
+                         QPushButton *choose) {
+        auto *label = new QLabel(text);
+        label->setBuddy(line);
+        line->setObjectName(QLatin1String(name));
+        line->setAccessibleName(QString(text).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+        form->addRow(label, folderRow(line, choose, line->accessibleName()));
+    };
+    add(tr("&Folder with shots:"), input, "inputLine", button(tr("Cho&ose…"), "inputButton"));
+    add(tr("Folder for res&ults:"), output, "outputLine", button(tr("C&hoose…"), "outputButton"));
+    return box;
+}
+
+QWidget *BatchWindow::makeOptions()
+{
+    auto *box = new QWidget;
+    box->setFixedWidth(kOptionWidth);
+    options->setShots({});
+    options->setSettings(
+        MergeSettings::fromMark(settings::batchMethod(), settings::batchOptions(), {}));
+    format->setObjectName(QStringLiteral("formatBox"));
+    format->addItem(QStringLiteral("JPEG"), QStringLiteral("jpg"));
+    format->addItem(QStringLiteral("TIFF"), QStringLiteral("tif"));
+    format->addItem(QStringLiteral("PNG"), QStringLiteral("png"));
+    auto *label = new QLabel(tr("For&mat:"));
+    label->setBuddy(format);
+    auto *row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(format, 1);
+    auto *column = new QVBoxLayout(box);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(options);
+    column->addLayout(row);
+    column->addStretch();
+    return box;
+}
+
+QWidget *BatchWindow::makeButtons()
+{
+    auto *box = new QWidget;
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    said->setObjectName(QStringLiteral("batchState"));
+    row->addWidget(said, 1);
+    for (QPushButton *each : {openButton, stopButton, startButton, closeButton})
+        row->addWidget(each);
+    startButton->setDefault(true);
+    return box;
+}
+
+void BatchWindow::connectParts()
+{
+    connect(input, &QLineEdit::textChanged, this, &BatchWindow::search);
+    connect(&survey, &FolderSurvey::ready, this, [this](const FolderNotes &notes) {
+        isSearching = false;
+        table->setNotes(notes);
+        showState();
+    });
+    connect(table, &BracketTable::chosenChanged, this, &BatchWindow::showState);
+    connect(startButton, &QPushButton::clicked, this, &BatchWindow::startOrPause);
+    connect(stopButton, &QPushButton::clicked, &batch, &BracketBatch::stop);
+    connect(openButton, &QPushButton::clicked, this,
+            [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(choices().folder)); });
+    connect(closeButton, &QPushButton::clicked, this, &BatchWindow::reject);
+    connect(&batch, &BracketBatch::told, this, &BatchWindow::take);
+    connect(&batch, &BracketBatch::finished, this, &BatchWindow::showReport);
+}
+
+void BatchWindow::search()
+{
+    const QString folder = QDir::fromNativeSeparators(input->text());
+    isSearching = QDir(folder).exists();
+    table->setNotes({});
+    if (isSearching)
+        survey.startFolder(QDir(folder).absolutePath());
+    showState();
+}
+
+BatchChoices BatchWindow::choices() const
+{
+    BatchChoices chosen;
+    chosen.folder = QDir(QDir::fromNativeSeparators(output->text())).absolutePath();
+    chosen.suffix = format->currentData().toString();
+    chosen.quality = settings::jpegQuality();
+    chosen.settings = options->settings();
+    return chosen;
+}
+
+void BatchWindow::startOrPause()
+{
+    if (batch.isRunning() && batch.isPaused()) {
+        batch.goOn();
+    } else if (batch.isRunning()) {
+        batch.pause();
+    } else {
+        const BatchChoices chosen = choices();
+        settings::setBatch(chosen.settings.methodWord(), chosen.settings.asOptions({}));
+        table->resetStates();
+        progress->setRange(0, int(table->chosen().size()));
+        progress->setValue(0);
+        batch.start(table->chosen(), chosen);
+    }
+    showState();
+}
+
+void BatchWindow::take(int bracket, State state, const QString &text)
+{
+    table->showState(bracket, state, text);
+    if (state != State::Merging)
+        progress->setValue(bracket + 1);
+    showState();
+}
+
+void BatchWindow::showState()
+{
+    const int count = int(table->chosen().size());
+    const bool isRunning = batch.isRunning();
+    for (QWidget *part : QList<QWidget *>{input, output, options, format})
+        part->setEnabled(!isRunning);
+    table->setEditable(!isRunning);
+    startButton->setEnabled(isRunning || count > 0);
+    startButton->setText(!isRunning         ? tr("&Start")
+                         : batch.isPaused() ? tr("&Go On")
+                                            : tr("&Pause"));
+    stopButton->setEnabled(isRunning);
+    openButton->setEnabled(QDir(choices().folder).exists());
+    if (isSearching)
+        said->setText(tr("Looking for brackets…"));
+    else if (!isRunning)
+        said->setText(tr("%1 brackets to merge").arg(count));
+    else if (batch.isPaused())
+        said->setText(tr("Paused"));
+    else
+        said->setText(tr("%1 of %2").arg(progress->value()).arg(count));
+}
+
+void BatchWindow::showReport()
+{
+    showState();
+    said->setText(tr("%1 merged, %2 done already, %3 failed, %4 stopped")
+                      .arg(table->count(State::Merged))
+                      .arg(table->count(State::DoneAlready))
+                      .arg(table->count(State::Failed))
+                      .arg(table->count(State::Stopped)));
+}
+
+void BatchWindow::reject()
+{
+    if (batch.isRunning())
+        batch.stop();
+    else
+        QDialog::reject();
+}
+
+void BatchWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (!batch.isRunning() && urls.size() == 1 && QFileInfo(urls.first().toLocalFile()).isDir())
+        event->acceptProposedAction();
+}
+
+void BatchWindow::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    input->setText(QDir::toNativeSeparators(event->mimeData()->urls().first().toLocalFile()));
+}

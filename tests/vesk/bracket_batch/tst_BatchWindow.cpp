@@ -1,0 +1,225 @@
+#include "BatchWindow.h"
+#include "BracketTable.h"
+#include "EditorActions.h"
+#include "EditorWindow.h"
+#include "FilmStrip.h"
+#include "LookSlider.h"
+#include "MainWindow.h"
+
+#include <metadata_reader.h>
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+constexpr int kPatienceMs = 120000;
+constexpr QSize kShotSize(320, 240);
+
+using State = BracketBatch::State;
+
+} // namespace
+
+class TestBatchWindow : public QObject, private EditorWindow
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup() { tearDown(); }
+    void folder_isSearchedAndShownAsATable();
+    void start_mergesEachBracketAsTheCommandLineDoes();
+    void uncheckedShotAndBracket_areLeftOut();
+    void damagedShot_failsAloneAndSaysWhy();
+    void fiftyBrackets_stoppedAndStartedAgain_goOnWhereTheyWere();
+    void pause_waitsBehindTheOneUnderWay();
+    void escape_whileRunning_stopsButStaysOpen();
+    void otherFolder_isDroppedOrTyped();
+
+private:
+    BatchWindow *batch() const { return window->findChild<BatchWindow *>(); }
+    template <typename Part>
+    Part *part(const char *name) const
+    {
+        return batch()->findChild<Part *>(QLatin1String(name));
+    }
+    BracketTable *table() const { return batch()->findChild<BracketTable *>(); }
+    void open(int brackets);
+    void runToTheEnd();
+    QStringList results() const;
+    QString said() const { return part<QLabel>("batchState")->text(); }
+};
+
+/// Where the editor finds the command line's program when it is not installed beside it.
+void TestBatchWindow::initTestCase()
+{
+    qputenv("PATH", qgetenv("VESK_BIN_DIR") + ':' + qgetenv("PATH"));
+}
+
+void TestBatchWindow::init()
+{
+    setUp();
+    for (const char *prefix : {"a", "b", "c"})
+        pictures->addCameraBracket(QLatin1String(prefix), 3, 5 * (*prefix - 'a'), kShotSize);
+}
+
+void TestBatchWindow::open(int brackets)
+{
+    window->openPaths({pictures->folder()});
+    QTRY_COMPARE_WITH_TIMEOUT(strip->bracketCount(), brackets, kPatienceMs);
+    window->findChild<EditorActions *>()->mergeBrackets->trigger();
+    QVERIFY(batch());
+    QTRY_COMPARE_WITH_TIMEOUT(table()->topLevelItemCount(), brackets, kPatienceMs);
+}
+
+void TestBatchWindow::runToTheEnd()
+{
+    part<QPushButton>("startButton")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!part<QPushButton>("stopButton")->isEnabled(), kPatienceMs);
+}
+
+QStringList TestBatchWindow::results() const
+{
+    return QDir(pictures->path(QStringLiteral("merged"))).entryList({"*.jpg"}, QDir::Files);
+}
+
+void TestBatchWindow::folder_isSearchedAndShownAsATable()
+{
+    open(3);
+    QCOMPARE(table()->topLevelItem(0)->text(0), QStringLiteral("a1.jpg to a3.jpg"));
+    QCOMPARE(table()->topLevelItem(1)->childCount(), 3);
+    QCOMPARE(table()->topLevelItem(1)->child(2)->text(1), QStringLiteral("+1.0 EV"));
+    QCOMPARE(said(), QStringLiteral("3 brackets to merge"));
+}
+
+void TestBatchWindow::start_mergesEachBracketAsTheCommandLineDoes()
+{
+    open(3);
+    part<LookSlider>("shadowsSlider")->setValue(0.3);
+    runToTheEnd();
+    QCOMPARE(said(), QStringLiteral("3 merged, 0 done already, 0 failed, 0 stopped"));
+    QCOMPARE(results(), (QStringList{"a1 merged.jpg", "b1 merged.jpg", "c1 merged.jpg"}));
+    const QString expected = pictures->path(QStringLiteral("expected.jpg"));
+    QStringList words{"merge", "--shadows", "0.3", "--quality", "95", "-o", expected};
+    for (const char *shot : {"a1.jpg", "a2.jpg", "a3.jpg"})
+        words += pictures->path(QLatin1String(shot));
+    QProcess program;
+    program.start(QStringLiteral("veskhdr"), words);
+    QVERIFY(program.waitForFinished(kPatienceMs));
+    const QString merged = pictures->path(QStringLiteral("merged/a1 merged.jpg"));
+    QVERIFY(!QImage(expected).isNull());
+    QCOMPARE(QImage(merged), QImage(expected));
+    // Once more: nothing is left to do.
+    runToTheEnd();
+    QCOMPARE(said(), QStringLiteral("0 merged, 3 done already, 0 failed, 0 stopped"));
+}
+
+void TestBatchWindow::uncheckedShotAndBracket_areLeftOut()
+{
+    open(3);
+    table()->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
+    table()->topLevelItem(1)->child(0)->setCheckState(0, Qt::Unchecked);
+    QCOMPARE(said(), QStringLiteral("2 brackets to merge"));
+    runToTheEnd();
+    QCOMPARE(results(), (QStringList{"b2 merged.jpg", "c1 merged.jpg"}));
+    const auto mark =
+        result_mark::in(metadata::read(pictures->path(QStringLiteral("merged/b2 merged.jpg"))).xmp);
+    QVERIFY(mark);
+    QCOMPARE(mark->sources, (QStringList{"b2.jpg", "b3.jpg"}));
+}
+
+void TestBatchWindow::damagedShot_failsAloneAndSaysWhy()
+{
+    open(3);
+    QFile damaged(pictures->path(QStringLiteral("b2.jpg")));
+    QVERIFY(damaged.open(QIODevice::ReadWrite));
+    QVERIFY(damaged.resize(damaged.size() / 2));
+    damaged.close();
+    runToTheEnd();
+    QCOMPARE(said(), QStringLiteral("2 merged, 0 done already, 1 failed, 0 stopped"));
+    const QTreeWidgetItem *line = table()->topLevelItem(1);
+    QVERIFY(line->text(2).startsWith(QStringLiteral("failed")));
+    QVERIFY2(line->toolTip(2).contains(QStringLiteral("b2.jpg")), qPrintable(line->toolTip(2)));
+    QCOMPARE(results(), (QStringList{"a1 merged.jpg", "c1 merged.jpg"}));
+}
+
+/// The window is closed in between, as after a crash.
+void TestBatchWindow::fiftyBrackets_stoppedAndStartedAgain_goOnWhereTheyWere()
+{
+    for (int i = 3; i < 50; ++i)
+        pictures->addCameraBracket(QStringLiteral("d%1_").arg(i), 3, i, {96, 72});
+    QFile damaged(pictures->path(QStringLiteral("d7_2.jpg")));
+    QVERIFY(damaged.open(QIODevice::ReadWrite));
+    QVERIFY(damaged.resize(damaged.size() * 2 / 3));
+    damaged.close();
+    open(50);
+    part<QPushButton>("startButton")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(table()->count(State::Merged) >= 4, kPatienceMs);
+    delete batch();
+    const auto made = results().size();
+    QVERIFY(made >= 4 && made < 49);
+    const QStringList rest = QDir(pictures->path(QStringLiteral("merged")))
+                                 .entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
+    for (const QString &name : rest) // nothing half-written
+        QVERIFY2(name.endsWith(QStringLiteral(" merged.jpg")) ||
+                     name == QStringLiteral("veskhdr-batch.jsonl"),
+                 qPrintable(name));
+    window->findChild<EditorActions *>()->mergeBrackets->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(table()->topLevelItemCount(), 50, kPatienceMs);
+    runToTheEnd();
+    QCOMPARE(table()->count(State::DoneAlready), made);
+    QCOMPARE(table()->count(State::Merged), 49 - made);
+    QCOMPARE(table()->count(State::Failed), 1);
+    QCOMPARE(results().size(), 49);
+}
+
+void TestBatchWindow::pause_waitsBehindTheOneUnderWay()
+{
+    open(3);
+    auto *start = part<QPushButton>("startButton");
+    start->click();
+    start->click();
+    QCOMPARE(start->text(), QStringLiteral("&Go On"));
+    QTRY_VERIFY_WITH_TIMEOUT(table()->count(State::Merging) == 0, kPatienceMs);
+    QVERIFY(table()->count(State::Merged) < 3);
+    QVERIFY(part<QPushButton>("stopButton")->isEnabled());
+    start->click();
+    QTRY_COMPARE_WITH_TIMEOUT(table()->count(State::Merged), 3, kPatienceMs);
+}
+
+void TestBatchWindow::escape_whileRunning_stopsButStaysOpen()
+{
+    open(3);
+    part<QPushButton>("startButton")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(table()->count(State::Merging) == 1, kPatienceMs);
+    QTest::keyClick(batch(), Qt::Key_Escape);
+    QTRY_VERIFY_WITH_TIMEOUT(!part<QPushButton>("stopButton")->isEnabled(), kPatienceMs);
+    QVERIFY(batch()->isVisible());
+    QVERIFY(table()->count(State::Stopped) >= 2);
+    QTest::keyClick(batch(), Qt::Key_Escape);
+    QTRY_VERIFY(!batch());
+}
+
+void TestBatchWindow::otherFolder_isDroppedOrTyped()
+{
+    open(3);
+    const TestPictures other;
+    other.addCameraBracket(QStringLiteral("x"), 4);
+    part<QLineEdit>("inputLine")->setText(other.folder());
+    QCOMPARE(table()->topLevelItemCount(), 0);
+    QVERIFY(!part<QPushButton>("startButton")->isEnabled());
+    QTRY_COMPARE_WITH_TIMEOUT(table()->topLevelItemCount(), 1, kPatienceMs);
+    QVERIFY(part<QPushButton>("startButton")->isEnabled());
+    part<QLineEdit>("inputLine")->setText(QStringLiteral("/no/such/folder"));
+    QCOMPARE(table()->topLevelItemCount(), 0);
+    QCOMPARE(said(), QStringLiteral("0 brackets to merge"));
+}
+
+QTEST_MAIN(TestBatchWindow)
+#include "tst_BatchWindow.moc"
