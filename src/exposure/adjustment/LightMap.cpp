@@ -116,9 +116,10 @@ void LightMap::filter(const std::vector<double> &lumas)
         lines[i] = {float(slopes[i]), float(offsets[i] * 65535.0)};
 }
 
-LightMap::Place LightMap::placeOf(int pixel, int count) const
+/// middle: of a pixel, from the picture's edge.
+LightMap::Place LightMap::placeOf(float middle, int count) const
 {
-    const float place = (float(pixel) + 0.5F) / float(side) - 0.5F;
+    const float place = middle / float(side) - 0.5F;
     const float inside = std::clamp(place, 0.0F, float(count - 1));
     const int first = int(inside);
     return {first, std::min(first + 1, count - 1), inside - float(first)};
@@ -139,18 +140,23 @@ LightMap::Line LightMap::between(const Place &column, const Line *upper, const L
 
 LightMap::Line LightMap::at(int x, int y) const
 {
-    const Place place = placeOf(y, rows);
-    return between(placeOf(x, columns), lines.data() + place.first * columns,
+    const Place place = placeOf(float(y) + 0.5F, rows);
+    return between(placeOf(float(x) + 0.5F, columns), lines.data() + place.first * columns,
                    lines.data() + place.second * columns, place.share);
 }
 
-void LightMap::row(int x, int y, int count, float *slopes, float *offsets) const
+void LightMap::row(const Window &window, int x, int y, int count, float *slopes,
+                   float *offsets) const
 {
-    const Place place = placeOf(y, rows);
+    const auto middle = [&window](int corner, int pixel) {
+        return float(corner) + (float(pixel) + 0.5F) * window.step;
+    };
+    const Place place = placeOf(middle(window.corner.y(), y), rows);
     const Line *upper = lines.data() + place.first * columns;
     const Line *lower = lines.data() + place.second * columns;
     for (int i = 0; i < count; ++i) {
-        const Line line = between(placeOf(x + i, columns), upper, lower, place.share);
+        const Line line =
+            between(placeOf(middle(window.corner.x(), x + i), columns), upper, lower, place.share);
         slopes[i] = line.slope;
         offsets[i] = line.offset;
     }

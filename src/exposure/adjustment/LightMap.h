@@ -28,8 +28,22 @@ public:
 
     /// At a pixel: between the cells, whose numbers are those of their middles.
     Line at(int x, int y) const;
-    /// The same for `count` pixels from x on, in two arrays.
-    void row(int x, int y, int count, float *slopes, float *offsets) const;
+
+    /// Where the pixels of a part, or of a reduced copy of one, lie in the picture.
+    struct Window
+    {
+        Window(QPoint topLeft = {}, double pictureStep = 1) // also: a part as it is
+            : corner(topLeft)
+            , step(float(pictureStep))
+        {
+        }
+
+        QPoint corner;
+        float step; ///< pixels of the picture to one of the part
+    };
+
+    /// Those of `count` pixels of a part from x on, in two arrays.
+    void row(const Window &window, int x, int y, int count, float *slopes, float *offsets) const;
 
     QSize cells() const { return {columns, rows}; }
     int cellSide() const { return side; }
@@ -42,7 +56,7 @@ private:
         float share; ///< of the second
     };
 
-    Place placeOf(int pixel, int count) const;
+    Place placeOf(float middle, int count) const;
     Line between(const Place &column, const Line *upper, const Line *lower, float share) const;
     void measure(const QImage &picture, std::vector<double> &lumas) const;
     void filter(const std::vector<double> &lumas);

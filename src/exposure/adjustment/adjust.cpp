@@ -17,11 +17,12 @@ constexpr int kStretch = 512; // pixels whose channels stay in the nearest cache
 class RowAdjuster
 {
 public:
-    RowAdjuster(const Look &look, const LightMap *lightMap, QPoint placeInMap, int top)
+    RowAdjuster(const Look &look, const LightMap *lightMap, const LightMap::Window &placeInMap,
+                int top)
         : curve(levelCurve(look, top))
         , tones(look)
         , map(lightMap)
-        , origin(placeInMap)
+        , window(placeInMap)
         , isCurveAlone(!tones.hasTones && look.saturation == 1.0)
     {
     }
@@ -56,14 +57,14 @@ private:
         float slopes[kStretch];
         float offsets[kStretch];
         if (tones.hasTones)
-            map->row(x + origin.x(), y + origin.y(), count, slopes, offsets);
+            map->row(window, x, y, count, slopes, offsets);
         applyTones(tones, {channels[0], channels[1], channels[2], slopes, offsets, size_t(count)});
     }
 
     const std::vector<uint16_t> curve;
     const Tones tones;
     const LightMap *const map;
-    const QPoint origin;
+    const LightMap::Window window;
     const bool isCurveAlone;
 };
 
@@ -92,18 +93,18 @@ void adjust(QImage &picture, const Look &look)
     if (look.isNeutral() || !isAdjustable(picture))
         return;
     const auto map = look.hasTones() ? std::make_unique<LightMap>(picture) : nullptr;
-    adjust(picture, look, map.get(), {});
+    adjust(picture, look, map.get(), LightMap::Window());
 }
 
-void adjust(QImage &part, const Look &look, const LightMap *map, QPoint origin)
+void adjust(QImage &part, const Look &look, const LightMap *map, const LightMap::Window &window)
 {
     const Look bounded = look.bounded();
     if (bounded.isNeutral() || !isAdjustable(part))
         return;
     if (part.depth() == 32)
-        adjustAll<QRgb>(part, RowAdjuster(bounded, map, origin, 0xFF));
+        adjustAll<QRgb>(part, RowAdjuster(bounded, map, window, 0xFF));
     else
-        adjustAll<QRgba64>(part, RowAdjuster(bounded, map, origin, 0xFFFF));
+        adjustAll<QRgba64>(part, RowAdjuster(bounded, map, window, 0xFFFF));
 }
 
 QImage::Format adjustableFormat(const QImage &picture)

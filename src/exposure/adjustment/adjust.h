@@ -4,7 +4,6 @@
 #include "Look.h"
 
 #include <QImage>
-#include <QRect>
 
 namespace exposure {
 
@@ -17,8 +16,8 @@ namespace exposure {
 void adjust(QImage &picture, const Look &look);
 
 /// The same for a part of a picture: map is that of the whole, or null when the look has no tones;
-/// origin is where the part lies in it. Gives the pixels that the whole would have there.
-void adjust(QImage &part, const Look &look, const LightMap *map, QPoint origin);
+/// window is where the part lies in it. Gives the pixels that the whole would have there.
+void adjust(QImage &part, const Look &look, const LightMap *map, const LightMap::Window &window);
 
 /// The definition, pixel by pixel, that the fast code equals to the bit.
 void adjustPlain(QImage &picture, const Look &look);

@@ -76,7 +76,7 @@ private slots:
         std::vector<float> slopes(size_t(size.width()));
         std::vector<float> offsets(slopes);
         for (const int y : {0, size.height() / 2, size.height() - 1}) {
-            map.row(0, y, size.width(), slopes.data(), offsets.data());
+            map.row({}, 0, y, size.width(), slopes.data(), offsets.data());
             for (int x = 0; x < size.width(); ++x) {
                 QCOMPARE(slopes[size_t(x)], map.at(x, y).slope);
                 QCOMPARE(offsets[size_t(x)], map.at(x, y).offset);
