@@ -1,4 +1,5 @@
 #include "picture_document.h"
+#include "DocumentHistory.h"
 
 #include <VeskCanvas.h>
 #include <VeskContext.h>
@@ -15,29 +16,15 @@ namespace {
 
 constexpr char kMetadataSource[] = "metadataSource";
 constexpr char kResultMark[] = "resultMark";
+constexpr char kCoveredArea[] = "coveredArea";
+constexpr char kCoveredSize[] = "coveredSize";
 constexpr char kSavedBits[] = "savedBits";
-constexpr char kSavedLayers[] = "savedLayers";
 
 void addLayer(VeskContext &context, const QImage &picture)
 {
     auto *layer = new VeskLayer(QCoreApplication::translate("Document", "Background"));
     layer->setVeskPictureHost(new VeskPictureHost(picture));
     context.getLayerManager()->addLayer(layer, true);
-}
-
-/// Two equal ones give the same file.
-QString layerState(const VeskContext &context)
-{
-    QString state;
-    const VeskLayerManager *layers = context.getLayerManager();
-    for (int index = 0; index < layers->count(); ++index) {
-        const VeskLayerBase *layer = layers->layerAt(index);
-        state += QStringLiteral("%1 %2 %3;")
-                     .arg(layer->picture().cacheKey())
-                     .arg(double(layer->getAlpha()))
-                     .arg(layer->isVisible());
-    }
-    return state;
 }
 
 } // namespace
@@ -64,6 +51,18 @@ void document::addCanvas(VeskContext &context, QWidget *canvasOwner)
     canvas->setSelection(context.getSelection());
     canvas->startCanvasTimer(0);
     context.setCanvas(canvas);
+}
+
+void document::fitToLayers(VeskContext &context)
+{
+    const QSize size = context.getLayerManager()->size();
+    VeskCanvas *canvas = context.getCanvas();
+    if (canvas)
+        canvas->reSizeCanvas(size.width(), size.height(), true);
+    auto *selection = new VeskSelection(nullptr, size.width(), size.height());
+    if (canvas)
+        canvas->setSelection(selection);
+    context.setSelection(selection);
 }
 
 QString document::metadataSource(const VeskContext &context)
@@ -101,6 +100,19 @@ ResultMark document::markOfMerge(const QString &method, const QStringList &paths
     return mark;
 }
 
+QRect document::coveredArea(const VeskContext &context)
+{
+    const QSize size = context.property(kCoveredSize).toSize();
+    return size == context.getLayerManager()->size() ? context.property(kCoveredArea).toRect()
+                                                     : QRect();
+}
+
+void document::setCoveredArea(VeskContext &context, const QRect &area)
+{
+    context.setProperty(kCoveredArea, area);
+    context.setProperty(kCoveredSize, context.getLayerManager()->size());
+}
+
 int document::savedBits(const VeskContext &context)
 {
     return context.property(kSavedBits).toInt();
@@ -113,17 +125,10 @@ void document::setSavedBits(VeskContext &context, int bits)
 
 void document::setLayerVisible(VeskContext &context, int index, bool isVisible)
 {
-    VeskLayerBase *layer = context.getLayerManager()->layerAt(index);
-    if (!layer || layer->isVisible() == isVisible)
-        return;
-    if (!context.isSaveAble())
-        markSaved(context);
-    layer->setVisible(isVisible);
-    context.setSaveAble(layerState(context) != context.property(kSavedLayers).toString());
+    DocumentHistory::of(context).addVisibility(index, isVisible);
 }
 
 void document::markSaved(VeskContext &context)
 {
-    context.setProperty(kSavedLayers, layerState(context));
-    context.setSaveAble(false);
+    DocumentHistory::of(context).markSaved();
 }

@@ -22,6 +22,9 @@ VeskContext *create(const QImage &picture, const QString &name, const QString &p
 /// Gives context a new canvas that shows it and belongs to canvasOwner.
 void addCanvas(VeskContext &context, QWidget *canvasOwner);
 
+/// Lets the canvas and the selection follow the size of the layers.
+void fitToLayers(VeskContext &context);
+
 /// The file whose metadata go into the document's file when it is saved: the one it was read from,
 /// unless another has been set (for a merged picture). May be empty.
 QString metadataSource(const VeskContext &context);
@@ -36,13 +39,17 @@ void setResultMark(VeskContext &context, const ResultMark &mark);
 ResultMark markOfMerge(const QString &method, const QStringList &paths,
                        const QString &options = {});
 
+/// The part that all shots of a merge cover, until the document's size changes; empty when that is
+/// not known.
+QRect coveredArea(const VeskContext &context);
+void setCoveredArea(VeskContext &context, const QRect &area);
+
 /// Bits per sample that the user has chosen for the document's file: 8 or 16, 0 for those that the
 /// document has.
 int savedBits(const VeskContext &context);
 void setSavedBits(VeskContext &context, int bits);
 
-/// Shows or hides the layer at index. That modifies the document, until all its layers are again
-/// what its file holds.
+/// Shows or hides the layer at index, as a step of the document's history.
 void setLayerVisible(VeskContext &context, int index, bool isVisible);
 /// The document's file holds what it shows now.
 void markSaved(VeskContext &context);

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "PictureStep.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QUndoStack>
+#include <QVariant>
+
+#include <memory>
+#include <vector>
+
+class VeskContext;
+
+/// The pictures of a document after an edit, a layer each, and the ways back.
+struct DocumentEdit
+{
+    QString text; ///< what the user did, for the menu
+    QList<QImage> pictures;
+    std::vector<std::unique_ptr<PictureStep>> back;
+    /// Edits of one kind that follow one another become one, which begins where the first did: the
+    /// later is made from the pictures before the earlier. Empty: each stands for itself.
+    QString kind;
+    QVariant settings; ///< of an edit with a kind, for who makes the next; invalid: none, no change
+};
+
+/// What was done to one document, to be undone and done again. It also knows whether the document
+/// is as its file has it. Owned by the document. GUI thread.
+///
+/// Memory: the steps hold at most kMostBytes of pixels; the oldest are forgotten first, the latest
+/// never.
+class DocumentHistory : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr qint64 kMostBytes = 512LL * 1024 * 1024;
+
+    /// That of the document, made at the first call.
+    static DocumentHistory &of(VeskContext &document);
+
+    QUndoStack &stack() { return steps; }
+    /// Shows the edit and keeps the way back.
+    void add(DocumentEdit edit);
+    /// Shows or hides the layer at index. Back and forth in a row is no step.
+    void addVisibility(int layer, bool isVisible);
+    /// The document's file has what it shows now.
+    void markSaved();
+
+    /// The settings of the latest edit if it is of that kind and another would become one with it.
+    QVariant settingsToContinue(const QString &kind) const;
+    /// The pictures of the layers before that edit; without one those that there are. Takes time in
+    /// proportion to what it changed.
+    QList<QImage> picturesToContinue(const QString &kind) const;
+
+    qint64 bytes() const;
+    /// Counts every change of the pictures.
+    int revision() const { return changes; }
+
+Q_SIGNALS:
+    /// The pictures are others than before.
+    void changed();
+
+private:
+    explicit DocumentHistory(VeskContext &document);
+
+    void forgetOldest();
+    void followSaveAble(bool isSaveAble);
+    void updateSaveAble();
+    QString layerState() const;
+
+    VeskContext &context;
+    QUndoStack steps;
+    QString savedLayers; // of the file, where it is known
+    bool isRearranging = false;
+    int changes = 0;
+};
+
+namespace document {
+
+/// The pictures of the document's layers, bottom to top; null for a layer of another kind.
+QList<QImage> layerPictures(const VeskContext &context);
+/// Gives each layer its picture; the canvas and the selection follow the size.
+void setLayerPictures(VeskContext &context, const QList<QImage> &pictures);
+
+} // namespace document

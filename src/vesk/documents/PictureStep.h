@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+
+#include <memory>
+
+/// The way from one state of a picture to another and back, at the cost of the pixels that differ.
+/// Equal in every byte after any number of applications. One thread at a time.
+class PictureStep
+{
+public:
+    virtual ~PictureStep() = default;
+
+    /// Takes the picture to the other state; the step then leads back. Only for the state that the
+    /// step was made for.
+    virtual void apply(QImage &picture) = 0;
+    /// The pixels that the step holds.
+    virtual qint64 bytes() const = 0;
+};
+
+namespace picture_step {
+
+/// Each leads from the picture after a change back to the one before.
+
+/// Holds the tiles that differ; all of the picture where size or format do.
+std::unique_ptr<PictureStep> ofChange(const QImage &before, const QImage &after);
+/// after: before.copy(area), an area within the picture. Holds what was cut off.
+std::unique_ptr<PictureStep> ofCrop(const QImage &before, const QRect &area);
+/// after: turned(before, quarters). Holds nothing.
+std::unique_ptr<PictureStep> ofTurn(const QImage &before, int quarters);
+
+/// The picture, quarters of a turn clockwise, in its format where Qt can; resolution and colour
+/// space go with it.
+QImage turned(const QImage &picture, int quarters);
+
+/// A picture of that size, not filled, with the format, colours and resolution of model.
+QImage likeness(const QImage &model, QSize size);
+
+} // namespace picture_step
