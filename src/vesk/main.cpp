@@ -50,8 +50,11 @@ int main(int argc, char **argv)
     parse(parser, application);
     MainWindow window;
     window.show();
+    window.offerRecovery();
     if (parser.isSet(kMerge))
         window.mergePaths(parser.positionalArguments());
+    else if (parser.positionalArguments().isEmpty())
+        window.restoreSession();
     else
         window.openPaths(parser.positionalArguments());
     return QApplication::exec();

@@ -11,6 +11,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+
 DocumentSaver::DocumentSaver(QWidget *dialogWindow)
     : QObject(dialogWindow)
     , window(dialogWindow)
@@ -66,6 +68,32 @@ bool DocumentSaver::settleUnsavedChanges(VeskContext *document)
     if (answer == QMessageBox::Save)
         return save(document);
     return answer == QMessageBox::Discard;
+}
+
+bool DocumentSaver::settleUnsavedChanges(const QList<VeskContext *> &documents)
+{
+    QList<QPointer<VeskContext>> modified;
+    QStringList names;
+    for (VeskContext *document : documents) {
+        if (!document->isSaveAble())
+            continue;
+        modified.append(document);
+        names.append(document->getFileName());
+    }
+    if (modified.size() <= 1)
+        return modified.isEmpty() || settleUnsavedChanges(modified.constFirst());
+    QMessageBox question(QMessageBox::Warning, tr("Unsaved Changes"),
+                         tr("%1 documents have unsaved changes.").arg(modified.size()),
+                         QMessageBox::SaveAll | QMessageBox::Discard | QMessageBox::Cancel, window);
+    question.setInformativeText(names.join(QLatin1Char('\n')));
+    question.button(QMessageBox::SaveAll)->setText(tr("&Save All"));
+    question.button(QMessageBox::Discard)->setText(tr("&Discard All"));
+    question.setDefaultButton(QMessageBox::SaveAll);
+    const int answer = question.exec();
+    if (answer != QMessageBox::SaveAll)
+        return answer == QMessageBox::Discard;
+    return std::all_of(modified.cbegin(), modified.cend(),
+                       [this](const QPointer<VeskContext> &each) { return !each || save(each); });
 }
 
 DocumentSaver::Outcome DocumentSaver::write(VeskContext &document, const SaveTarget &target)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -24,6 +25,8 @@ public:
     bool saveAs(VeskContext *document);
     /// Asks what to do with unsaved changes, and does it. False when the document must stay open.
     bool settleUnsavedChanges(VeskContext *document);
+    /// The same for several at once, in one question: save all, discard all, or cancel.
+    bool settleUnsavedChanges(const QList<VeskContext *> &documents);
 
     /// Where Save As starts for a document without a file.
     void setFolder(const QString &path) { folder = path; }

@@ -20,6 +20,8 @@ const QLatin1String kResultsHidden("editor/hideResults");
 const QLatin1String kBatchMethod("editor/batchMethod");
 const QLatin1String kBatchOptions("editor/batchOptions");
 const QLatin1String kRecent("editor/recentFiles");
+const QLatin1String kTheme("editor/theme");
+const QLatin1String kSession("editor/session");
 const QLatin1String kGeometry("editor/geometry");
 const QLatin1String kLayout("editor/layout");
 
@@ -118,6 +120,27 @@ QStringList settings::recentFiles()
 void settings::setRecentFiles(const QStringList &paths)
 {
     setValue(kRecent, paths);
+}
+
+QString settings::theme()
+{
+    return value(kTheme).toString();
+}
+
+void settings::setTheme(const QString &name)
+{
+    setValue(kTheme, name.isEmpty() ? QVariant() : name);
+}
+
+QStringList settings::session()
+{
+    return value(kSession).toStringList();
+}
+
+void settings::setSession(const QStringList &paths)
+{
+    if (paths != session())
+        setValue(kSession, paths);
 }
 
 QByteArray settings::windowGeometry()

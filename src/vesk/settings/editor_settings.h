@@ -36,6 +36,14 @@ void setBatch(const QString &method, const QString &options);
 QStringList recentFiles();
 void setRecentFiles(const QStringList &paths);
 
+/// "dark", "light", or empty: as the desktop has it.
+QString theme();
+void setTheme(const QString &name);
+
+/// Files of the documents that were open last, the one in front at the end.
+QStringList session();
+void setSession(const QStringList &paths);
+
 /// As QWidget and QMainWindow save them; empty before the first time.
 QByteArray windowGeometry();
 QByteArray windowLayout();
