@@ -100,6 +100,14 @@ QStringList FilmStrip::selectedPaths() const
     return paths;
 }
 
+QStringList FilmStrip::paths() const
+{
+    QStringList all;
+    for (int row = 0; row < pictures->rowCount(); ++row)
+        all.append(pictures->pathAt(pictures->index(row)));
+    return all;
+}
+
 void FilmStrip::select(const QStringList &paths)
 {
     wanted = paths;

@@ -28,6 +28,8 @@ public:
 
     /// Shows these; those of another folder from the start, or from what select wants.
     void setPictures(const QList<FolderEntry> &pictures);
+    /// Of all files, in the order shown.
+    QStringList paths() const;
     /// Paths of the selected files, in the order shown.
     QStringList selectedPaths() const;
     /// Selects these files of the folder, now or as soon as the listing has them, and brings the

@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>AdjustDock</name>
+    <message>
+        <source>Adjust</source>
+        <translation>Anpassen</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>Belichtung:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>Kontrast:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>Lichter:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>Tiefen:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>Schwarzpunkt:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>Weißpunkt:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>Sättigung:</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Propose a look from how light and dark the picture is</source>
+        <translation>Einen Vorschlag machen, aus den Helligkeiten des Bildes</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+</context>
+<context>
     <name>BatchWindow</name>
     <message>
         <source>merged</source>
@@ -154,10 +201,45 @@
     </message>
 </context>
 <context>
+    <name>CropTool</name>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>Seitenverhältnis</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Frei</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>Wie das Bild</translation>
+    </message>
+    <message>
+        <source>What all shots cover</source>
+        <translation>Was alle Aufnahmen zeigen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
         <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Show Layer</source>
+        <translation>Ebene einblenden</translation>
+    </message>
+    <message>
+        <source>Hide Layer</source>
+        <translation>Ebene ausblenden</translation>
     </message>
 </context>
 <context>
@@ -206,6 +288,18 @@
         <source>Show a layer in the list of layers, then save again.</source>
         <translation>Blenden Sie in der Liste der Ebenen eine Ebene ein und speichern Sie dann noch einmal.</translation>
     </message>
+    <message>
+        <source>%1 documents have unsaved changes.</source>
+        <translation>%1 Dokumente haben nicht gespeicherte Änderungen.</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>Alle &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>Alle &amp;verwerfen</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>
@@ -232,6 +326,59 @@
     <message>
         <source>All open documents</source>
         <translation>Alle geöffneten Dokumente</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <extracomment>%1 is what the user did last, such as &quot;Crop&quot;.</extracomment>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as Document</source>
+        <translation>Als Dokument &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>C&amp;rop…</source>
+        <translation>&amp;Zuschneiden…</translation>
+    </message>
+    <message>
+        <source>&amp;Straighten…</source>
+        <translation>&amp;Geraderichten…</translation>
+    </message>
+    <message>
+        <source>Rotate &amp;Left</source>
+        <translation>Nach &amp;links drehen</translation>
+    </message>
+    <message>
+        <source>Rotate Ri&amp;ght</source>
+        <translation>Nach re&amp;chts drehen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Pasted Picture</source>
+        <extracomment>The name of a document from the clipboard.</extracomment>
+        <translation>Eingefügtes Bild</translation>
     </message>
 </context>
 <context>
@@ -346,6 +493,25 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>%1 wird geöffnet (%2 von %3)…</translation>
+    </message>
+</context>
+<context>
+    <name>Edits</name>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Straighten</source>
+        <translation>Geraderichten</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>Anpassen</translation>
     </message>
 </context>
 <context>
@@ -480,6 +646,30 @@
     <message>
         <source>Histogram</source>
         <translation>Histogramm</translation>
+    </message>
+    <message>
+        <source>All channels</source>
+        <translation>Alle Kanäle</translation>
+    </message>
+    <message>
+        <source>Luminosity</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>Logarithmisch</translation>
     </message>
 </context>
 <context>
@@ -765,6 +955,34 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>&amp;Bilder</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk wurde nicht ordentlich beendet. Nicht gespeicherte Änderungen sind erhalten von:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>Konnte nicht wiederhergestellt werden: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>&amp;Beschnittwarnung</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>Änderungen können nicht für die Wiederherstellung gesichert werden: %1</translation>
     </message>
 </context>
 <context>
@@ -1220,6 +1438,13 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>the folder “%1” cannot be written</source>
+        <translation>in den Ordner „%1“ kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
     <name>SaveDialog</name>
     <message>
         <source>JPEG picture</source>
@@ -1314,6 +1539,36 @@
     <message>
         <source>Drop photographs or a folder here</source>
         <translation>Fotos oder einen Ordner hierher ziehen</translation>
+    </message>
+</context>
+<context>
+    <name>StraightenTool</name>
+    <message>
+        <source>Straighten</source>
+        <translation>Geraderichten</translation>
+    </message>
+    <message>
+        <source>Draw a line along the horizon, or along something upright</source>
+        <translation>Eine Linie am Horizont ziehen, oder an etwas Senkrechtem</translation>
+    </message>
+</context>
+<context>
+    <name>ThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farbschema</translation>
+    </message>
+    <message>
+        <source>&amp;As the Desktop</source>
+        <translation>Wie die &amp;Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>AdjustDock</name>
+    <message>
+        <source>Adjust</source>
+        <translation>Ajustar</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>Exposición:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>Contraste:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>Luces:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>Sombras:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>Punto negro:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>Punto blanco:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>Saturación:</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automático</translation>
+    </message>
+    <message>
+        <source>Propose a look from how light and dark the picture is</source>
+        <translation>Proponer ajustes según las luces y sombras de la imagen</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Restablecer</translation>
+    </message>
+</context>
+<context>
     <name>BatchWindow</name>
     <message>
         <source>merged</source>
@@ -154,10 +201,45 @@
     </message>
 </context>
 <context>
+    <name>CropTool</name>
+    <message>
+        <source>Crop</source>
+        <translation>Recortar</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>Proporción</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Libre</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>Como la imagen</translation>
+    </message>
+    <message>
+        <source>What all shots cover</source>
+        <translation>Lo que cubren todas las tomas</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
         <translation>Fondo</translation>
+    </message>
+    <message>
+        <source>Show Layer</source>
+        <translation>Mostrar capa</translation>
+    </message>
+    <message>
+        <source>Hide Layer</source>
+        <translation>Ocultar capa</translation>
     </message>
 </context>
 <context>
@@ -206,6 +288,18 @@
         <source>Show a layer in the list of layers, then save again.</source>
         <translation>Muestre una capa en la lista de capas y vuelva a guardar.</translation>
     </message>
+    <message>
+        <source>%1 documents have unsaved changes.</source>
+        <translation>%1 documentos tienen cambios sin guardar.</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>&amp;Guardar todo</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>&amp;Descartar todo</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>
@@ -232,6 +326,59 @@
     <message>
         <source>All open documents</source>
         <translation>Todos los documentos abiertos</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Editar</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <extracomment>%1 is what the user did last, such as &quot;Crop&quot;.</extracomment>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Rehacer</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copiar</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as Document</source>
+        <translation>&amp;Pegar como documento</translation>
+    </message>
+    <message>
+        <source>C&amp;rop…</source>
+        <translation>R&amp;ecortar…</translation>
+    </message>
+    <message>
+        <source>&amp;Straighten…</source>
+        <translation>E&amp;nderezar…</translation>
+    </message>
+    <message>
+        <source>Rotate &amp;Left</source>
+        <translation>Girar a la &amp;izquierda</translation>
+    </message>
+    <message>
+        <source>Rotate Ri&amp;ght</source>
+        <translation>Girar a la derec&amp;ha</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Deshacer: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Rehacer: %1</translation>
+    </message>
+    <message>
+        <source>Pasted Picture</source>
+        <extracomment>The name of a document from the clipboard.</extracomment>
+        <translation>Imagen pegada</translation>
     </message>
 </context>
 <context>
@@ -346,6 +493,25 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>Abriendo %1 (%2 de %3)…</translation>
+    </message>
+</context>
+<context>
+    <name>Edits</name>
+    <message>
+        <source>Crop</source>
+        <translation>Recortar</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Girar</translation>
+    </message>
+    <message>
+        <source>Straighten</source>
+        <translation>Enderezar</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>Ajustar</translation>
     </message>
 </context>
 <context>
@@ -480,6 +646,30 @@
     <message>
         <source>Histogram</source>
         <translation>Histograma</translation>
+    </message>
+    <message>
+        <source>All channels</source>
+        <translation>Todos los canales</translation>
+    </message>
+    <message>
+        <source>Luminosity</source>
+        <translation>Luminosidad</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rojo</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Verde</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Azul</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>Logarítmico</translation>
     </message>
 </context>
 <context>
@@ -765,6 +955,34 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>&amp;Imágenes</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>Recuperación</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk no se cerró correctamente. Se conservan cambios sin guardar de:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Recuperar</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Más tarde</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>No se pudo recuperar: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>Aviso de &amp;recorte</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>No se pueden conservar los cambios para su recuperación: %1</translation>
     </message>
 </context>
 <context>
@@ -1220,6 +1438,13 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>the folder “%1” cannot be written</source>
+        <translation>no se puede escribir en la carpeta «%1»</translation>
+    </message>
+</context>
+<context>
     <name>SaveDialog</name>
     <message>
         <source>JPEG picture</source>
@@ -1314,6 +1539,36 @@
     <message>
         <source>Drop photographs or a folder here</source>
         <translation>Arrastre aquí fotografías o una carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>StraightenTool</name>
+    <message>
+        <source>Straighten</source>
+        <translation>Enderezar</translation>
+    </message>
+    <message>
+        <source>Draw a line along the horizon, or along something upright</source>
+        <translation>Trace una línea a lo largo del horizonte o de algo vertical</translation>
+    </message>
+</context>
+<context>
+    <name>ThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Tema</translation>
+    </message>
+    <message>
+        <source>&amp;As the Desktop</source>
+        <translation>Como el &amp;escritorio</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Oscuro</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Claro</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>AdjustDock</name>
+    <message>
+        <source>Adjust</source>
+        <translation>Ajuster</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>Exposition :</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>Contraste :</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>Hautes lumières :</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>Ombres :</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>Point noir :</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>Point blanc :</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>Saturation :</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
+    </message>
+    <message>
+        <source>Propose a look from how light and dark the picture is</source>
+        <translation>Proposer des réglages d’après les clartés de l’image</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Réinitialiser</translation>
+    </message>
+</context>
+<context>
     <name>BatchWindow</name>
     <message>
         <source>merged</source>
@@ -154,10 +201,45 @@
     </message>
 </context>
 <context>
+    <name>CropTool</name>
+    <message>
+        <source>Crop</source>
+        <translation>Recadrer</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>Proportions</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Libres</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>Comme l’image</translation>
+    </message>
+    <message>
+        <source>What all shots cover</source>
+        <translation>Ce que couvrent toutes les vues</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
         <translation>Arrière-plan</translation>
+    </message>
+    <message>
+        <source>Show Layer</source>
+        <translation>Afficher le calque</translation>
+    </message>
+    <message>
+        <source>Hide Layer</source>
+        <translation>Masquer le calque</translation>
     </message>
 </context>
 <context>
@@ -206,6 +288,18 @@
         <source>Show a layer in the list of layers, then save again.</source>
         <translation>Affichez un calque dans la liste des calques, puis enregistrez à nouveau.</translation>
     </message>
+    <message>
+        <source>%1 documents have unsaved changes.</source>
+        <translation>%1 documents ont des modifications non enregistrées.</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>&amp;Tout enregistrer</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>&amp;Abandonner tout</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>
@@ -232,6 +326,59 @@
     <message>
         <source>All open documents</source>
         <translation>Tous les documents ouverts</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Édition</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <extracomment>%1 is what the user did last, such as &quot;Crop&quot;.</extracomment>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Rétablir</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copier</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as Document</source>
+        <translation>C&amp;oller comme document</translation>
+    </message>
+    <message>
+        <source>C&amp;rop…</source>
+        <translation>R&amp;ecadrer…</translation>
+    </message>
+    <message>
+        <source>&amp;Straighten…</source>
+        <translation>Re&amp;dresser…</translation>
+    </message>
+    <message>
+        <source>Rotate &amp;Left</source>
+        <translation>Pivoter à &amp;gauche</translation>
+    </message>
+    <message>
+        <source>Rotate Ri&amp;ght</source>
+        <translation>Pivoter à droi&amp;te</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Annuler : %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Rétablir : %1</translation>
+    </message>
+    <message>
+        <source>Pasted Picture</source>
+        <extracomment>The name of a document from the clipboard.</extracomment>
+        <translation>Image collée</translation>
     </message>
 </context>
 <context>
@@ -346,6 +493,25 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>Ouverture de %1 (%2 sur %3)…</translation>
+    </message>
+</context>
+<context>
+    <name>Edits</name>
+    <message>
+        <source>Crop</source>
+        <translation>Recadrer</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Pivoter</translation>
+    </message>
+    <message>
+        <source>Straighten</source>
+        <translation>Redresser</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>Ajuster</translation>
     </message>
 </context>
 <context>
@@ -480,6 +646,30 @@
     <message>
         <source>Histogram</source>
         <translation>Histogramme</translation>
+    </message>
+    <message>
+        <source>All channels</source>
+        <translation>Tous les canaux</translation>
+    </message>
+    <message>
+        <source>Luminosity</source>
+        <translation>Luminosité</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rouge</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Vert</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Bleu</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>Logarithmique</translation>
     </message>
 </context>
 <context>
@@ -765,6 +955,34 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>&amp;Images</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>Récupération</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk ne s’est pas terminé normalement. Des modifications non enregistrées sont conservées pour :</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Récupérer</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Plus tard</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>Récupération impossible : %1</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>Alerte d’écrêta&amp;ge</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>Les modifications ne peuvent pas être gardées pour la récupération : %1</translation>
     </message>
 </context>
 <context>
@@ -1220,6 +1438,13 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>the folder “%1” cannot be written</source>
+        <translation>le dossier « %1 » n’est pas accessible en écriture</translation>
+    </message>
+</context>
+<context>
     <name>SaveDialog</name>
     <message>
         <source>JPEG picture</source>
@@ -1314,6 +1539,36 @@
     <message>
         <source>Drop photographs or a folder here</source>
         <translation>Déposez ici des photos ou un dossier</translation>
+    </message>
+</context>
+<context>
+    <name>StraightenTool</name>
+    <message>
+        <source>Straighten</source>
+        <translation>Redresser</translation>
+    </message>
+    <message>
+        <source>Draw a line along the horizon, or along something upright</source>
+        <translation>Tracez une ligne le long de l’horizon ou d’une verticale</translation>
+    </message>
+</context>
+<context>
+    <name>ThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Thème</translation>
+    </message>
+    <message>
+        <source>&amp;As the Desktop</source>
+        <translation>Comme le &amp;bureau</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Sombre</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Clair</translation>
     </message>
 </context>
 <context>

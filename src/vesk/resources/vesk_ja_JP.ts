@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>AdjustDock</name>
+    <message>
+        <source>Adjust</source>
+        <translation>調整</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>露出:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>コントラスト:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>ハイライト:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>シャドウ:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>ブラックポイント:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>ホワイトポイント:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>彩度:</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Propose a look from how light and dark the picture is</source>
+        <translation>画像の明暗から調整を提案します</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+</context>
+<context>
     <name>BatchWindow</name>
     <message>
         <source>merged</source>
@@ -154,10 +201,45 @@
     </message>
 </context>
 <context>
+    <name>CropTool</name>
+    <message>
+        <source>Crop</source>
+        <translation>切り抜き</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>縦横比</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>自由</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>元の比率</translation>
+    </message>
+    <message>
+        <source>What all shots cover</source>
+        <translation>全ショットに共通の範囲</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
         <translation>背景</translation>
+    </message>
+    <message>
+        <source>Show Layer</source>
+        <translation>レイヤーを表示</translation>
+    </message>
+    <message>
+        <source>Hide Layer</source>
+        <translation>レイヤーを隠す</translation>
     </message>
 </context>
 <context>
@@ -206,6 +288,18 @@
         <source>Show a layer in the list of layers, then save again.</source>
         <translation>レイヤーの一覧でレイヤーを表示してから、もう一度保存してください。</translation>
     </message>
+    <message>
+        <source>%1 documents have unsaved changes.</source>
+        <translation>%1 個のドキュメントに未保存の変更があります。</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>すべて保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>すべて破棄(&amp;D)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>
@@ -232,6 +326,59 @@
     <message>
         <source>All open documents</source>
         <translation>開いているすべてのドキュメント</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <extracomment>%1 is what the user did last, such as &quot;Crop&quot;.</extracomment>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>やり直し(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as Document</source>
+        <translation>ドキュメントとして貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>C&amp;rop…</source>
+        <translation>切り抜き(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>&amp;Straighten…</source>
+        <translation>傾き補正(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Rotate &amp;Left</source>
+        <translation>左に回転(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Rotate Ri&amp;ght</source>
+        <translation>右に回転(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>元に戻す: %1(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>やり直し: %1(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Pasted Picture</source>
+        <extracomment>The name of a document from the clipboard.</extracomment>
+        <translation>貼り付けた画像</translation>
     </message>
 </context>
 <context>
@@ -346,6 +493,25 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>%1 を開いています (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>Edits</name>
+    <message>
+        <source>Crop</source>
+        <translation>切り抜き</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Straighten</source>
+        <translation>傾き補正</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>調整</translation>
     </message>
 </context>
 <context>
@@ -480,6 +646,30 @@
     <message>
         <source>Histogram</source>
         <translation>ヒストグラム</translation>
+    </message>
+    <message>
+        <source>All channels</source>
+        <translation>全チャンネル</translation>
+    </message>
+    <message>
+        <source>Luminosity</source>
+        <translation>輝度</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>レッド</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>グリーン</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>ブルー</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>対数</translation>
     </message>
 </context>
 <context>
@@ -765,6 +955,34 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>画像(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk が正しく終了しませんでした。次の未保存の変更が残っています:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>復元(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>後で(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>復元できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>白飛び・黒つぶれの警告(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>復元用に変更を保存できません: %1</translation>
     </message>
 </context>
 <context>
@@ -1219,6 +1437,13 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>the folder “%1” cannot be written</source>
+        <translation>フォルダー「%1」に書き込めません</translation>
+    </message>
+</context>
+<context>
     <name>SaveDialog</name>
     <message>
         <source>JPEG picture</source>
@@ -1313,6 +1538,36 @@
     <message>
         <source>Drop photographs or a folder here</source>
         <translation>写真またはフォルダーをここにドロップ</translation>
+    </message>
+</context>
+<context>
+    <name>StraightenTool</name>
+    <message>
+        <source>Straighten</source>
+        <translation>傾き補正</translation>
+    </message>
+    <message>
+        <source>Draw a line along the horizon, or along something upright</source>
+        <translation>水平線、または垂直なものに沿って線を引いてください</translation>
+    </message>
+</context>
+<context>
+    <name>ThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>テーマ(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;As the Desktop</source>
+        <translation>デスクトップに合わせる(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>ダーク(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>ライト(&amp;L)</translation>
     </message>
 </context>
 <context>

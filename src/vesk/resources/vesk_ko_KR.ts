@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>AdjustDock</name>
+    <message>
+        <source>Adjust</source>
+        <translation>조정</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>노출:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>대비:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>밝은 영역:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>어두운 영역:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>검정점:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>흰점:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>채도:</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>자동</translation>
+    </message>
+    <message>
+        <source>Propose a look from how light and dark the picture is</source>
+        <translation>사진의 밝기를 바탕으로 조정값을 제안합니다</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>초기화</translation>
+    </message>
+</context>
+<context>
     <name>BatchWindow</name>
     <message>
         <source>merged</source>
@@ -154,10 +201,45 @@
     </message>
 </context>
 <context>
+    <name>CropTool</name>
+    <message>
+        <source>Crop</source>
+        <translation>자르기</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>비율</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>자유</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>원본 비율</translation>
+    </message>
+    <message>
+        <source>What all shots cover</source>
+        <translation>모든 사진에 공통된 영역</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
         <translation>배경</translation>
+    </message>
+    <message>
+        <source>Show Layer</source>
+        <translation>레이어 표시</translation>
+    </message>
+    <message>
+        <source>Hide Layer</source>
+        <translation>레이어 숨기기</translation>
     </message>
 </context>
 <context>
@@ -206,6 +288,18 @@
         <source>Show a layer in the list of layers, then save again.</source>
         <translation>레이어 목록에서 레이어를 표시한 다음 다시 저장하십시오.</translation>
     </message>
+    <message>
+        <source>%1 documents have unsaved changes.</source>
+        <translation>문서 %1개에 저장하지 않은 변경 사항이 있습니다.</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>모두 저장(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>모두 버리기(&amp;D)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>
@@ -232,6 +326,59 @@
     <message>
         <source>All open documents</source>
         <translation>열려 있는 모든 문서</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>편집(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <extracomment>%1 is what the user did last, such as &quot;Crop&quot;.</extracomment>
+        <translation>실행 취소(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>다시 실행(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>복사(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as Document</source>
+        <translation>문서로 붙여넣기(&amp;P)</translation>
+    </message>
+    <message>
+        <source>C&amp;rop…</source>
+        <translation>자르기(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>&amp;Straighten…</source>
+        <translation>수평 맞추기(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Rotate &amp;Left</source>
+        <translation>왼쪽으로 회전(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Rotate Ri&amp;ght</source>
+        <translation>오른쪽으로 회전(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>실행 취소: %1(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>다시 실행: %1(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Pasted Picture</source>
+        <extracomment>The name of a document from the clipboard.</extracomment>
+        <translation>붙여넣은 사진</translation>
     </message>
 </context>
 <context>
@@ -346,6 +493,25 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>%1 여는 중 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>Edits</name>
+    <message>
+        <source>Crop</source>
+        <translation>자르기</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>회전</translation>
+    </message>
+    <message>
+        <source>Straighten</source>
+        <translation>수평 맞추기</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>조정</translation>
     </message>
 </context>
 <context>
@@ -480,6 +646,30 @@
     <message>
         <source>Histogram</source>
         <translation>히스토그램</translation>
+    </message>
+    <message>
+        <source>All channels</source>
+        <translation>모든 채널</translation>
+    </message>
+    <message>
+        <source>Luminosity</source>
+        <translation>광도</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>빨강</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>초록</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>파랑</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>로그</translation>
     </message>
 </context>
 <context>
@@ -765,6 +955,34 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>이미지(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>복구</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk가 비정상적으로 종료되었습니다. 저장하지 않은 변경 사항이 남아 있는 문서:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>복구(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>나중에(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>복구하지 못했습니다: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>클리핑 경고(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>복구용으로 변경 사항을 보관할 수 없습니다: %1</translation>
     </message>
 </context>
 <context>
@@ -1219,6 +1437,13 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>the folder “%1” cannot be written</source>
+        <translation>“%1” 폴더에 쓸 수 없습니다</translation>
+    </message>
+</context>
+<context>
     <name>SaveDialog</name>
     <message>
         <source>JPEG picture</source>
@@ -1313,6 +1538,36 @@
     <message>
         <source>Drop photographs or a folder here</source>
         <translation>사진이나 폴더를 여기에 끌어다 놓으세요</translation>
+    </message>
+</context>
+<context>
+    <name>StraightenTool</name>
+    <message>
+        <source>Straighten</source>
+        <translation>수평 맞추기</translation>
+    </message>
+    <message>
+        <source>Draw a line along the horizon, or along something upright</source>
+        <translation>수평선이나 수직인 물체를 따라 선을 그으세요</translation>
+    </message>
+</context>
+<context>
+    <name>ThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>테마(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;As the Desktop</source>
+        <translation>데스크톱 설정 사용(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>어둡게(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>밝게(&amp;L)</translation>
     </message>
 </context>
 <context>

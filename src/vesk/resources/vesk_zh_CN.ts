@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>AdjustDock</name>
+    <message>
+        <source>Adjust</source>
+        <translation>调整</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>曝光：</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>对比度：</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>高光：</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>阴影：</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>黑场：</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>白场：</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>饱和度：</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>Propose a look from how light and dark the picture is</source>
+        <translation>根据图片的明暗提出调整建议</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>重置</translation>
+    </message>
+</context>
+<context>
     <name>BatchWindow</name>
     <message>
         <source>merged</source>
@@ -154,10 +201,45 @@
     </message>
 </context>
 <context>
+    <name>CropTool</name>
+    <message>
+        <source>Crop</source>
+        <translation>裁剪</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>比例</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>自由</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>原始比例</translation>
+    </message>
+    <message>
+        <source>What all shots cover</source>
+        <translation>所有照片共有的区域</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
         <translation>背景</translation>
+    </message>
+    <message>
+        <source>Show Layer</source>
+        <translation>显示图层</translation>
+    </message>
+    <message>
+        <source>Hide Layer</source>
+        <translation>隐藏图层</translation>
     </message>
 </context>
 <context>
@@ -206,6 +288,18 @@
         <source>Show a layer in the list of layers, then save again.</source>
         <translation>请在图层列表中显示一个图层，然后重新保存。</translation>
     </message>
+    <message>
+        <source>%1 documents have unsaved changes.</source>
+        <translation>有 %1 个文档尚未保存更改。</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>全部保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>全部放弃(&amp;D)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>
@@ -232,6 +326,59 @@
     <message>
         <source>All open documents</source>
         <translation>所有打开的文档</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <extracomment>%1 is what the user did last, such as &quot;Crop&quot;.</extracomment>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as Document</source>
+        <translation>粘贴为文档(&amp;P)</translation>
+    </message>
+    <message>
+        <source>C&amp;rop…</source>
+        <translation>裁剪(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>&amp;Straighten…</source>
+        <translation>拉直(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Rotate &amp;Left</source>
+        <translation>向左旋转(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Rotate Ri&amp;ght</source>
+        <translation>向右旋转(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>撤销：%1(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>重做：%1(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Pasted Picture</source>
+        <extracomment>The name of a document from the clipboard.</extracomment>
+        <translation>粘贴的图片</translation>
     </message>
 </context>
 <context>
@@ -346,6 +493,25 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>正在打开 %1 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>Edits</name>
+    <message>
+        <source>Crop</source>
+        <translation>裁剪</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>旋转</translation>
+    </message>
+    <message>
+        <source>Straighten</source>
+        <translation>拉直</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>调整</translation>
     </message>
 </context>
 <context>
@@ -480,6 +646,30 @@
     <message>
         <source>Histogram</source>
         <translation>直方图</translation>
+    </message>
+    <message>
+        <source>All channels</source>
+        <translation>全部通道</translation>
+    </message>
+    <message>
+        <source>Luminosity</source>
+        <translation>亮度</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>红</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>对数</translation>
     </message>
 </context>
 <context>
@@ -765,6 +955,34 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>图像(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk 上次未正常退出。以下文档的未保存更改已保留：</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>以后(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>无法恢复：%1</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>溢出警告(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>无法保留未保存的更改以供恢复：%1</translation>
     </message>
 </context>
 <context>
@@ -1219,6 +1437,13 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>the folder “%1” cannot be written</source>
+        <translation>无法写入文件夹“%1”</translation>
+    </message>
+</context>
+<context>
     <name>SaveDialog</name>
     <message>
         <source>JPEG picture</source>
@@ -1313,6 +1538,36 @@
     <message>
         <source>Drop photographs or a folder here</source>
         <translation>将照片或文件夹拖放到此处</translation>
+    </message>
+</context>
+<context>
+    <name>StraightenTool</name>
+    <message>
+        <source>Straighten</source>
+        <translation>拉直</translation>
+    </message>
+    <message>
+        <source>Draw a line along the horizon, or along something upright</source>
+        <translation>沿地平线或垂直物体画一条线</translation>
+    </message>
+</context>
+<context>
+    <name>ThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>主题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;As the Desktop</source>
+        <translation>跟随桌面(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>深色(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>浅色(&amp;L)</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,53 @@
     </message>
 </context>
 <context>
+    <name>AdjustDock</name>
+    <message>
+        <source>Adjust</source>
+        <translation>調整</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>曝光：</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>對比：</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>亮部：</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>暗部：</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>黑點：</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>白點：</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>飽和度：</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Propose a look from how light and dark the picture is</source>
+        <translation>依圖片的明暗提出調整建議</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>重設</translation>
+    </message>
+</context>
+<context>
     <name>BatchWindow</name>
     <message>
         <source>merged</source>
@@ -154,10 +201,45 @@
     </message>
 </context>
 <context>
+    <name>CropTool</name>
+    <message>
+        <source>Crop</source>
+        <translation>裁切</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>比例</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>自由</translation>
+    </message>
+    <message>
+        <source>As it is</source>
+        <translation>原始比例</translation>
+    </message>
+    <message>
+        <source>What all shots cover</source>
+        <translation>所有照片共有的區域</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
     <name>Document</name>
     <message>
         <source>Background</source>
         <translation>背景</translation>
+    </message>
+    <message>
+        <source>Show Layer</source>
+        <translation>顯示圖層</translation>
+    </message>
+    <message>
+        <source>Hide Layer</source>
+        <translation>隱藏圖層</translation>
     </message>
 </context>
 <context>
@@ -206,6 +288,18 @@
         <source>Show a layer in the list of layers, then save again.</source>
         <translation>請在圖層清單中顯示一個圖層，然後再次儲存。</translation>
     </message>
+    <message>
+        <source>%1 documents have unsaved changes.</source>
+        <translation>有 %1 份文件尚未儲存變更。</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>全部儲存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>全部捨棄(&amp;D)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>
@@ -232,6 +326,59 @@
     <message>
         <source>All open documents</source>
         <translation>所有開啟的文件</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編輯(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <extracomment>%1 is what the user did last, such as &quot;Crop&quot;.</extracomment>
+        <translation>復原(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>複製(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as Document</source>
+        <translation>貼上為文件(&amp;P)</translation>
+    </message>
+    <message>
+        <source>C&amp;rop…</source>
+        <translation>裁切(&amp;T)…</translation>
+    </message>
+    <message>
+        <source>&amp;Straighten…</source>
+        <translation>拉直(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Rotate &amp;Left</source>
+        <translation>向左旋轉(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Rotate Ri&amp;ght</source>
+        <translation>向右旋轉(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>復原：%1(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>重做：%1(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Pasted Picture</source>
+        <extracomment>The name of a document from the clipboard.</extracomment>
+        <translation>貼上的圖片</translation>
     </message>
 </context>
 <context>
@@ -346,6 +493,25 @@
     <message>
         <source>Opening %1 (%2 of %3)…</source>
         <translation>正在開啟 %1 (%2/%3)…</translation>
+    </message>
+</context>
+<context>
+    <name>Edits</name>
+    <message>
+        <source>Crop</source>
+        <translation>裁切</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>旋轉</translation>
+    </message>
+    <message>
+        <source>Straighten</source>
+        <translation>拉直</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>調整</translation>
     </message>
 </context>
 <context>
@@ -480,6 +646,30 @@
     <message>
         <source>Histogram</source>
         <translation>色階分佈圖</translation>
+    </message>
+    <message>
+        <source>All channels</source>
+        <translation>所有色版</translation>
+    </message>
+    <message>
+        <source>Luminosity</source>
+        <translation>亮度</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>紅</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>綠</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>藍</translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation>對數</translation>
     </message>
 </context>
 <context>
@@ -765,6 +955,34 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>影像(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>復原文件</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk 上次未正常結束。以下文件的未儲存變更已保留：</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>復原(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>稍後(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>無法復原：%1</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>溢位警告(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>無法保留未儲存的變更以供復原：%1</translation>
     </message>
 </context>
 <context>
@@ -1219,6 +1437,13 @@
     </message>
 </context>
 <context>
+    <name>Recovery</name>
+    <message>
+        <source>the folder “%1” cannot be written</source>
+        <translation>無法寫入資料夾「%1」</translation>
+    </message>
+</context>
+<context>
     <name>SaveDialog</name>
     <message>
         <source>JPEG picture</source>
@@ -1313,6 +1538,36 @@
     <message>
         <source>Drop photographs or a folder here</source>
         <translation>將相片或資料夾拖放到此處</translation>
+    </message>
+</context>
+<context>
+    <name>StraightenTool</name>
+    <message>
+        <source>Straighten</source>
+        <translation>拉直</translation>
+    </message>
+    <message>
+        <source>Draw a line along the horizon, or along something upright</source>
+        <translation>沿地平線或垂直物體畫一條線</translation>
+    </message>
+</context>
+<context>
+    <name>ThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>佈景主題(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;As the Desktop</source>
+        <translation>依桌面設定(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>深色(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>淺色(&amp;L)</translation>
     </message>
 </context>
 <context>

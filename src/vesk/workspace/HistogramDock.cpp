@@ -9,6 +9,9 @@
 #include <picture_histogram.h>
 
 #include <QAction>
+#include <QActionGroup>
+
+#include <utility>
 
 HistogramDock::HistogramDock(QWidget *parent)
     : QDockWidget(tr("Histogram"), parent)
@@ -16,6 +19,7 @@ HistogramDock::HistogramDock(QWidget *parent)
 {
     setObjectName(QStringLiteral("histogramDock"));
     setWidget(histogram);
+    addViewActions();
     worker.setMaxThreadCount(1);
     delay.setSingleShot(true);
     delay.setInterval(0);
@@ -29,6 +33,33 @@ HistogramDock::HistogramDock(QWidget *parent)
                 if (name == QLatin1String("initHistogramWidget"))
                     refreshSoon();
             });
+}
+
+/// On the right mouse button.
+void HistogramDock::addViewActions()
+{
+    using Channel = HistogramView::Channel;
+    histogram->setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto *group = new QActionGroup(this);
+    const std::pair<QString, Channel> channels[] = {{tr("All channels"), Channel::All},
+                                                    {tr("Luminosity"), Channel::Luminosity},
+                                                    {tr("Red"), Channel::Red},
+                                                    {tr("Green"), Channel::Green},
+                                                    {tr("Blue"), Channel::Blue}};
+    for (const auto &[text, channel] : channels) {
+        auto *action = new QAction(text, group);
+        action->setCheckable(true);
+        action->setChecked(channel == Channel::All);
+        connect(action, &QAction::triggered, this,
+                [this, shownChannel = channel] { histogram->setChannel(shownChannel); });
+    }
+    histogram->addActions(group->actions());
+    auto *separator = new QAction(this);
+    separator->setSeparator(true);
+    auto *logarithmic = new QAction(tr("Logarithmic"), this);
+    logarithmic->setCheckable(true);
+    connect(logarithmic, &QAction::toggled, histogram, &HistogramView::setLogarithmic);
+    histogram->addActions({separator, logarithmic});
 }
 
 HistogramDock::~HistogramDock()

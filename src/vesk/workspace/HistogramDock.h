@@ -32,6 +32,7 @@ private:
     void refreshSoon();
     void refresh();
     void takeFromCanvas();
+    void addViewActions();
 
     HistogramView *histogram;
     QPointer<VeskContext> shown;

@@ -1,8 +1,11 @@
 #include "MainWindow.h"
+#include "AdjustDock.h"
 #include "BatchWindow.h"
+#include "ClippingOverlay.h"
 #include "DocumentArea.h"
 #include "DocumentOpener.h"
 #include "DocumentSaver.h"
+#include "EditMenu.h"
 #include "EditorStatusBar.h"
 #include "EditorUiManager.h"
 #include "ExposureMergeCommand.h"
@@ -15,8 +18,10 @@
 #include "LightCommand.h"
 #include "PictureFolder.h"
 #include "RecentFilesMenu.h"
+#include "RecoveryKeeper.h"
 #include "ScreenColoursMenu.h"
 #include "StartPage.h"
+#include "ThemeMenu.h"
 #include "about_box.h"
 #include "editor_settings.h"
 #include "first_window_size.h"
@@ -36,8 +41,12 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
+#include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -66,7 +75,11 @@ MainWindow::MainWindow(QWidget *parent)
     , opener(new DocumentOpener(documents, this))
     , saver(new DocumentSaver(this))
     , status(new EditorStatusBar)
+    , edit(new EditMenu(documents, this))
     , leaveFullScreen(new QShortcut(Qt::Key_Escape, this))
+    , walkBack(new QShortcut(Qt::Key_Left, this))
+    , walkOn(new QShortcut(Qt::Key_Right, this))
+    , recovery(std::make_unique<RecoveryKeeper>(documents))
     , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
     , hdr(std::make_unique<HdrCommand>(uiManager.get()))
     , exposureMerge(std::make_unique<ExposureMergeCommand>(uiManager.get(), documents, filmStrip))
@@ -102,6 +115,41 @@ void MainWindow::mergePaths(const QStringList &paths)
     exposureMerge->activateWith(paths);
 }
 
+void MainWindow::offerRecovery()
+{
+    const QStringList orphans = recovery->orphans();
+    if (orphans.isEmpty())
+        return;
+    QMessageBox question(QMessageBox::Question, tr("Recovery"),
+                         tr("Vesk did not end as it should. Unsaved changes were kept of:"),
+                         QMessageBox::Open | QMessageBox::Discard | QMessageBox::Cancel, this);
+    question.setInformativeText(RecoveryKeeper::names(orphans).join(QLatin1Char('\n')));
+    question.button(QMessageBox::Open)->setText(tr("&Recover"));
+    question.button(QMessageBox::Cancel)->setText(tr("&Later"));
+    question.setDefaultButton(QMessageBox::Open);
+    const int answer = question.exec();
+    if (answer == QMessageBox::Discard)
+        RecoveryKeeper::discard(orphans);
+    if (answer != QMessageBox::Open)
+        return;
+    const QStringList unreadable = recovery->recover(orphans);
+    if (!unreadable.isEmpty())
+        status->showMessage(tr("Could not be recovered: %1")
+                                .arg(QDir::toNativeSeparators(unreadable.constFirst())));
+}
+
+void MainWindow::restoreSession()
+{
+    QStringList paths;
+    const QStringList last = settings::session();
+    for (const QString &path : last) {
+        if (QFileInfo(path).isFile())
+            paths.append(path);
+    }
+    if (!paths.isEmpty())
+        openPaths(paths);
+}
+
 // --- Building ---
 
 void MainWindow::addDocks()
@@ -114,6 +162,8 @@ void MainWindow::addDocks()
     addDockWidget(Qt::RightDockWidgetArea, histogramDock);
     layerDock = new LayerDock(this);
     addDockWidget(Qt::RightDockWidgetArea, layerDock);
+    addDockWidget(Qt::RightDockWidgetArea, edit->adjustDock());
+    edit->adjustDock()->hide();
     resizeDocks({filmStripDock}, {filmStrip->sizeHint().height()}, Qt::Vertical);
 }
 
@@ -132,9 +182,17 @@ void MainWindow::addMenus()
     file->addSeparator();
     file->addActions({actions->close, actions->quit});
 
+    menuBar()->addMenu(edit->menu());
+
     QMenu *view = menuBar()->addMenu(tr("&View"));
     view->addActions(
         {actions->zoomIn, actions->zoomOut, actions->zoomToFit, actions->zoomToActualSize});
+    view->addSeparator();
+    clipping = new QAction(tr("&Clipping Warning"), this);
+    clipping->setCheckable(true);
+    clipping->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_J);
+    connect(clipping, &QAction::toggled, this, &MainWindow::showClipping);
+    view->addAction(clipping);
     view->addSeparator();
     view->addActions({filmStripDock->toggleViewAction(), histogramDock->toggleViewAction(),
                       layerDock->toggleViewAction()});
@@ -152,6 +210,7 @@ void MainWindow::addMenus()
     QMenu *settingsMenu = menuBar()->addMenu(tr("&Settings"));
     settingsMenu->addMenu(languages);
     settingsMenu->addMenu(new ScreenColoursMenu(this));
+    settingsMenu->addMenu(new ThemeMenu(this));
     menuBar()->addMenu(tr("&Help"))->addAction(actions->about);
 
     filmStrip->addActions({actions->openSelected, actions->mergeExposures, actions->merge,
@@ -198,10 +257,12 @@ void MainWindow::connectActions()
     connect(actions->open, &QAction::triggered, this, &MainWindow::chooseFiles);
     connect(actions->openFolder, &QAction::triggered, this, &MainWindow::chooseFolder);
     connect(actions->save, &QAction::triggered, this, [this] {
+        edit->settle();
         if (VeskContext *document = documents->currentDocument())
             saver->save(document);
     });
     connect(actions->saveAs, &QAction::triggered, this, [this] {
+        edit->settle();
         if (VeskContext *document = documents->currentDocument())
             saver->saveAs(document);
     });
@@ -213,7 +274,10 @@ void MainWindow::connectActions()
     onCanvas(actions->zoomToFit, &VeskCanvas::zoomToFit);
     onCanvas(actions->zoomToActualSize, &VeskCanvas::zoomToActualSize);
     connect(actions->fullScreen, &QAction::toggled, this, &MainWindow::showFullScreenOrNot);
-    leaveFullScreen->setEnabled(false); // the key is for others then
+    for (QShortcut *shortcut : {leaveFullScreen, walkBack, walkOn})
+        shortcut->setEnabled(false); // the keys are for others then
+    connect(walkBack, &QShortcut::activated, this, [this] { stepInFolder(-1); });
+    connect(walkOn, &QShortcut::activated, this, [this] { stepInFolder(1); });
     connect(leaveFullScreen, &QShortcut::activated, actions->fullScreen, &QAction::toggle);
     connect(actions->nextTab, &QAction::triggered, this, [this] { stepDocument(1); });
     connect(actions->previousTab, &QAction::triggered, this, [this] { stepDocument(-1); });
@@ -221,6 +285,7 @@ void MainWindow::connectActions()
     connect(actions->mergeExposures, &QAction::triggered, this,
             [this] { exposureMerge->activate(); });
     connect(actions->mergeBrackets, &QAction::triggered, this, &MainWindow::showBatch);
+    connect(edit, &EditMenu::pathsPasted, this, &MainWindow::openPaths);
     connect(actions->about, &QAction::triggered, this, [this] { workspace::showAboutBox(this); });
     connect(actions->openSelected, &QAction::triggered, this,
             [this] { openPaths(filmStrip->selectedPaths()); });
@@ -241,6 +306,9 @@ void MainWindow::connectDocuments()
     connect(documents, &DocumentArea::documentStateChanged, this, &MainWindow::showDocumentState);
     connect(documents, &DocumentArea::closeRequested, this, &MainWindow::closeDocument);
     connect(documents, &DocumentArea::closeOthersRequested, this, &MainWindow::closeOthers);
+    connect(recovery.get(), &RecoveryKeeper::failed, this, [this](const QString &reason) {
+        status->showMessage(tr("Unsaved changes cannot be kept for recovery: %1").arg(reason));
+    });
     connect(saver, &DocumentSaver::saved, this, [this](const QString &path) {
         recentFiles->add(path);
         status->showMessage(tr("Saved %1").arg(QDir::toNativeSeparators(path)), 5000);
@@ -313,6 +381,7 @@ void MainWindow::showBatch()
 /// False when the user wants to keep it open.
 bool MainWindow::closeDocument(VeskContext *document)
 {
+    edit->settle();
     const QPointer<VeskContext> guard = document;
     if (!document || !saver->settleUnsavedChanges(document))
         return false;
@@ -349,6 +418,61 @@ void MainWindow::stepDocument(int distance)
         documents->makeCurrent(all.at((current + distance + all.size()) % all.size()));
 }
 
+void MainWindow::showClipping()
+{
+    delete clippingOverlay;
+    if (clipping->isChecked() && documents->currentCanvas())
+        clippingOverlay = new ClippingOverlay(documents->currentCanvas());
+}
+
+/// To a neighbour of the document in front in its folder. What was opened so, and not changed, goes
+/// again.
+void MainWindow::stepInFolder(int distance)
+{
+    const VeskContext *document = documents->currentDocument();
+    const QStringList paths = filmStrip->paths();
+    const auto at = document ? paths.indexOf(document->getFilePath()) : qsizetype(-1);
+    const qsizetype next = std::clamp<qsizetype>(at + distance, 0, paths.size() - 1);
+    if (at < 0 || next == at)
+        return;
+    const bool isOpen = documents->documentOf(paths[next]);
+    const QPointer<VeskContext> left = walked;
+    auto *once = new QObject(this);
+    connect(opener, &DocumentOpener::finished, once, [this, once, left, isOpen] {
+        once->deleteLater();
+        walked = isOpen ? nullptr : documents->currentDocument();
+        if (left && !left->isSaveAble() && left != documents->currentDocument())
+            documents->close(left);
+    });
+    openPaths({paths[next]});
+}
+
+/// Nothing but the picture.
+void MainWindow::hideForFullScreen(bool isFull)
+{
+    if (isFull == !hiddenForFullScreen.isEmpty())
+        return;
+    if (!isFull) {
+        for (QWidget *widget : std::exchange(hiddenForFullScreen, {}))
+            widget->show();
+        return;
+    }
+    QList<QWidget *> around{menuBar(), statusBar()};
+    const auto add = [&around](const auto &widgets) {
+        for (QWidget *widget : widgets)
+            around.append(widget);
+    };
+    add(findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly));
+    add(findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly));
+    add(documents->findChildren<QTabBar *>());
+    for (QWidget *widget : around) {
+        if (!widget->isVisible())
+            continue;
+        widget->hide();
+        hiddenForFullScreen.append(widget);
+    }
+}
+
 void MainWindow::showFullScreenOrNot(bool isFull)
 {
     setWindowState(windowState().setFlag(Qt::WindowFullScreen, isFull));
@@ -359,9 +483,29 @@ void MainWindow::showCurrentDocument(VeskContext *document)
     status->showCanvas(documents->currentCanvas());
     histogramDock->showDocument(document);
     layerDock->showDocument(document);
+    edit->showDocument(document);
+    showClipping();
     if (document && !document->getFilePath().isEmpty() && filmStrip->selectedPaths().size() <= 1)
         filmStrip->select({document->getFilePath()});
     showDocumentState();
+    keepSession();
+}
+
+/// All the time, as nobody knows when a program ends.
+void MainWindow::keepSession()
+{
+    if (isClosing)
+        return;
+    QStringList paths;
+    const QList<VeskContext *> all = documents->documents();
+    for (const VeskContext *document : all) {
+        if (!document->getFilePath().isEmpty() && document != documents->currentDocument())
+            paths.append(document->getFilePath());
+    }
+    const VeskContext *inFront = documents->currentDocument();
+    if (inFront && !inFront->getFilePath().isEmpty())
+        paths.append(inFront->getFilePath());
+    settings::setSession(paths);
 }
 
 void MainWindow::showDocumentState()
@@ -384,7 +528,9 @@ void MainWindow::changeEvent(QEvent *event)
     if (event->type() != QEvent::WindowStateChange)
         return;
     actions->fullScreen->setChecked(isFullScreen());
-    leaveFullScreen->setEnabled(isFullScreen());
+    for (QShortcut *shortcut : {leaveFullScreen, walkBack, walkOn})
+        shortcut->setEnabled(isFullScreen());
+    hideForFullScreen(isFullScreen());
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -393,16 +539,14 @@ void MainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    const QList<VeskContext *> all = documents->documents();
-    for (VeskContext *document : all) {
-        if (!document->isSaveAble())
-            continue;
-        documents->makeCurrent(document);
-        if (!saver->settleUnsavedChanges(document)) {
-            event->ignore();
-            return;
-        }
+    edit->settle();
+    if (!saver->settleUnsavedChanges(documents->documents())) {
+        event->ignore();
+        return;
     }
+    isClosing = true;
+    recovery->forgetAll();    // what is lost now, is lost on purpose
+    hideForFullScreen(false); // so that all of it is remembered
     settings::setWindow(saveGeometry(), saveState());
     event->accept();
 }

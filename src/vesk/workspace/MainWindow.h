@@ -11,6 +11,8 @@ class BatchWindow;
 class DocumentArea;
 class DocumentOpener;
 class DocumentSaver;
+class ClippingOverlay;
+class EditMenu;
 class EditorStatusBar;
 class ExposureMergeCommand;
 class FilmStrip;
@@ -23,6 +25,7 @@ class LightCommand;
 class PictureFolder;
 class QShortcut;
 class RecentFilesMenu;
+class RecoveryKeeper;
 class EditorUiManager;
 class VeskCanvas;
 class VeskContext;
@@ -40,6 +43,10 @@ public:
 
     /// Files become documents, a folder goes to the film strip.
     void openPaths(const QStringList &paths);
+    /// Asks whether to bring back what a program that did not end properly has left.
+    void offerRecovery();
+    /// Opens what was open last.
+    void restoreSession();
 
     /// Files go to the workspace that merges them, and the first one's folder to the film strip.
     void mergePaths(const QStringList &paths);
@@ -69,8 +76,12 @@ private:
     void showLight(const LoadedPicture &read);
     void stepDocument(int distance);
     void showFullScreenOrNot(bool isFull);
+    void hideForFullScreen(bool isFull);
     void showCurrentDocument(VeskContext *document);
     void showDocumentState();
+    void keepSession();
+    void showClipping();
+    void stepInFolder(int distance);
 
     EditorActions *actions;
     PictureFolder *folder;
@@ -80,12 +91,21 @@ private:
     DocumentOpener *opener;
     DocumentSaver *saver;
     EditorStatusBar *status;
+    EditMenu *edit;
     HistogramDock *histogramDock = nullptr;
     LayerDock *layerDock = nullptr;
     QDockWidget *filmStripDock = nullptr;
     RecentFilesMenu *recentFiles = nullptr;
+    bool isClosing = false;
+    QAction *clipping = nullptr;
+    QPointer<ClippingOverlay> clippingOverlay;
+    QList<QWidget *> hiddenForFullScreen;
+    QPointer<VeskContext> walked; // opened by walking through the folder
     QShortcut *leaveFullScreen;
     QPointer<BatchWindow> batch;
+    QShortcut *walkBack; // through the folder, in full screen
+    QShortcut *walkOn;
+    std::unique_ptr<RecoveryKeeper> recovery; // ends before the documents do
     std::unique_ptr<EditorUiManager> uiManager;
     std::unique_ptr<HdrCommand> hdr;
     std::unique_ptr<ExposureMergeCommand> exposureMerge;

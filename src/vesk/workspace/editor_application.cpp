@@ -1,4 +1,5 @@
 #include "editor_application.h"
+#include "ThemeMenu.h"
 
 #include <VeskGlobalSettings.h>
 #include <VeskRaw.h>
@@ -37,6 +38,7 @@ void workspace::setUpEditor(QApplication &application)
     // A file size limit is an ordinary error when saving, no reason to end with unsaved work.
     std::signal(SIGXFSZ, SIG_IGN);
     VeskRaw::setPixelLimit(VeskGlobalSettings::pixelLimit());
+    ThemeMenu::applySettings();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/vesk/vesk.svg")));
     const QString language = VeskGlobalSettings::getInstance()->language();
     if (language.isEmpty())

@@ -1,0 +1,229 @@
+#include "AdjustDock.h"
+
+#include <DocumentHistory.h>
+#include <LookPreview.h>
+#include <LookSlider.h>
+#include <PictureEditor.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskLayerManager.h>
+#include <automatic_look.h>
+#include <picture_edits.h>
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+
+namespace {
+
+constexpr int kRestMs = 300;
+constexpr int kReadyMs = 50;
+
+using exposure::Look;
+
+} // namespace
+
+AdjustDock::AdjustDock(PictureEditor *pictureEditor, QWidget *parent)
+    : QDockWidget(tr("Adjust"), parent)
+    , editor(pictureEditor)
+{
+    setObjectName(QStringLiteral("adjustDock"));
+    auto *area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidget(makePanel());
+    setWidget(area);
+    rest.setSingleShot(true);
+    rest.setInterval(kRestMs);
+    getReady.setSingleShot(true);
+    getReady.setInterval(kReadyMs);
+    connect(&rest, &QTimer::timeout, this, &AdjustDock::apply);
+    connect(&getReady, &QTimer::timeout, this, [this] {
+        if (overlay && isOfOnePicture() && !isPending)
+            overlay->prepare(source());
+    });
+    connect(editor, &PictureEditor::finished, this, &AdjustDock::onEdited);
+    showDocument(nullptr);
+}
+
+QWidget *AdjustDock::makePanel()
+{
+    auto *panel = new QWidget;
+    auto *form = new QFormLayout(panel);
+    addSlider(*form, tr("Exposure:"), "exposure", -4, 4, &Look::exposure);
+    addSlider(*form, tr("Contrast:"), "contrast", -1, 1, &Look::contrast);
+    addSlider(*form, tr("Highlights:"), "highlights", -1, 1, &Look::highlights);
+    addSlider(*form, tr("Shadows:"), "shadows", -1, 1, &Look::shadows);
+    addSlider(*form, tr("Black point:"), "blackPoint", 0, 0.4, &Look::blackPoint);
+    addSlider(*form, tr("White point:"), "whitePoint", 0.6, 1, &Look::whitePoint);
+    addSlider(*form, tr("Saturation:"), "saturation", 0, 3, &Look::saturation);
+    auto *automatic = new QPushButton(tr("Auto"));
+    automatic->setObjectName(QStringLiteral("autoLookButton"));
+    automatic->setToolTip(tr("Propose a look from how light and dark the picture is"));
+    connect(automatic, &QPushButton::clicked, this, &AdjustDock::propose);
+    auto *reset = new QPushButton(tr("Reset"));
+    reset->setObjectName(QStringLiteral("resetLookButton"));
+    connect(reset, &QPushButton::clicked, this, [this] { setLook({}); });
+    auto *row = new QHBoxLayout;
+    row->addWidget(automatic);
+    row->addWidget(reset);
+    form->addRow(row);
+    return panel;
+}
+
+void AdjustDock::addSlider(QFormLayout &form, const QString &text, const char *name, double least,
+                           double most, double Look::*member)
+{
+    const QString accessible = QString(text).remove(QLatin1Char(':')).remove(QChar(0xFF1A));
+    auto *slider = new LookSlider(accessible, least, most, Look().*member);
+    slider->setObjectName(QLatin1String(name) + QStringLiteral("Slider"));
+    form.addRow(text, slider);
+    sliders.push_back({slider, member});
+    connect(slider, &LookSlider::changed, this, &AdjustDock::onChanged);
+}
+
+Look AdjustDock::look() const
+{
+    Look look;
+    for (const auto &[slider, member] : sliders)
+        look.*member = slider->value();
+    return look;
+}
+
+void AdjustDock::setLook(const Look &look)
+{
+    {
+        const QScopedValueRollback<bool> quiet(isReading, true);
+        for (const auto &[slider, member] : sliders)
+            slider->setValue(look.*member);
+    }
+    onChanged();
+}
+
+LookPreview *AdjustDock::preview() const
+{
+    return overlay;
+}
+
+void AdjustDock::showDocument(VeskContext *document)
+{
+    settle();
+    if (shown)
+        DocumentHistory::of(*shown).disconnect(this);
+    delete overlay;
+    shown = document;
+    widget()->setEnabled(document);
+    if (document && document->getCanvas())
+        overlay = new LookPreview(document->getCanvas());
+    if (document)
+        connect(&DocumentHistory::of(*document), &DocumentHistory::changed, this,
+                &AdjustDock::onDocumentChanged);
+    onDocumentChanged();
+}
+
+/// The sliders say what the document has, so that an undone look goes from them, too.
+void AdjustDock::readLook()
+{
+    const Look has = shown ? edits::lookOf(DocumentHistory::of(*shown)) : Look();
+    const QScopedValueRollback<bool> quiet(isReading, true);
+    for (const auto &[slider, member] : sliders)
+        slider->setValue(has.*member);
+}
+
+void AdjustDock::onDocumentChanged()
+{
+    sources.clear();
+    if (!isPending)
+        prepareSoon();
+    // The history tells of the pictures before it has the step.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!isPending && !editor->isBusy())
+                readLook();
+        },
+        Qt::QueuedConnection);
+}
+
+void AdjustDock::prepareSoon()
+{
+    if (isVisible())
+        getReady.start();
+}
+
+bool AdjustDock::isOfOnePicture() const
+{
+    return shown && shown->getLayerManager()->count() == 1;
+}
+
+QImage AdjustDock::source()
+{
+    if (sources.isEmpty() && shown)
+        sources = DocumentHistory::of(*shown).picturesToContinue(edits::kLook);
+    return sources.value(0);
+}
+
+void AdjustDock::onChanged()
+{
+    if (isReading || !shown)
+        return;
+    isPending = true;
+    rest.start();
+    if (overlay && isOfOnePicture())
+        overlay->show(source(), look());
+}
+
+void AdjustDock::apply()
+{
+    rest.stop();
+    if (!isPending || !shown)
+        return;
+    isPending = false;
+    source();
+    const Look wanted = look();
+    if (wanted == edits::lookOf(DocumentHistory::of(*shown))) {
+        onEdited();
+        return;
+    }
+    editor->start(*shown, sources, [wanted](const QList<QImage> &pictures) {
+        return edits::adjust(pictures, wanted);
+    });
+}
+
+void AdjustDock::onEdited()
+{
+    if (overlay && !isPending)
+        overlay->end();
+    if (!isPending)
+        readLook();
+}
+
+void AdjustDock::settle()
+{
+    if (isPending)
+        apply();
+    editor->finish();
+}
+
+void AdjustDock::propose()
+{
+    if (shown && !source().isNull())
+        setLook(exposure::automaticLook(source()));
+}
+
+void AdjustDock::showEvent(QShowEvent *event)
+{
+    QDockWidget::showEvent(event);
+    prepareSoon();
+}
+
+/// Nobody needs the picture without its look for now.
+void AdjustDock::hideEvent(QHideEvent *event)
+{
+    QDockWidget::hideEvent(event);
+    if (!isPending)
+        sources.clear();
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <Look.h>
+
+#include <QDockWidget>
+#include <QImage>
+#include <QPointer>
+#include <QTimer>
+
+#include <utility>
+#include <vector>
+
+class LookPreview;
+class LookSlider;
+class PictureEditor;
+class VeskContext;
+
+/// The look of the document in front: shown on the canvas while a control moves, and given to the
+/// document, at its size and depth, soon after it rests. Looks that follow one another are one step
+/// of the history. GUI thread.
+class AdjustDock : public QDockWidget
+{
+    Q_OBJECT
+
+public:
+    /// editor: borrowed.
+    explicit AdjustDock(PictureEditor *editor, QWidget *parent = nullptr);
+
+    /// Null for none.
+    void showDocument(VeskContext *document);
+    /// Gives the document what is still shown only: for who saves, undoes or closes.
+    void settle();
+    exposure::Look look() const;
+    void setLook(const exposure::Look &look);
+    LookPreview *preview() const;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    QWidget *makePanel();
+    void addSlider(class QFormLayout &form, const QString &text, const char *name, double least,
+                   double most, double exposure::Look::*member);
+    void onChanged();
+    void onEdited();
+    void onDocumentChanged();
+    void apply();
+    void propose();
+    void readLook();
+    bool isOfOnePicture() const;
+    QImage source();
+    void prepareSoon();
+
+    PictureEditor *editor;
+    QPointer<VeskContext> shown;
+    QPointer<LookPreview> overlay;
+    std::vector<std::pair<LookSlider *, double exposure::Look::*>> sliders;
+    QTimer rest;           // the control rests
+    QTimer getReady;       // folds bursts of changes of the document
+    QList<QImage> sources; // pictures without a look; empty until needed
+    bool isPending = false;
+    bool isReading = false;
+};

@@ -1,0 +1,103 @@
+#include "ClippingOverlay.h"
+
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <VeskLayerManager.h>
+#include <layer_composition.h>
+
+#include <QEvent>
+#include <QPainter>
+#include <QRgba64>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr QRgb kBright = 0xFFFF0030;
+constexpr QRgb kDark = 0xFF3060FF;
+
+QRgb markOf(int red, int green, int blue, int top)
+{
+    if (red >= top || green >= top || blue >= top)
+        return kBright;
+    return red == 0 && green == 0 && blue == 0 ? kDark : 0;
+}
+
+} // namespace
+
+ClippingOverlay::ClippingOverlay(VeskCanvas *shownCanvas)
+    : QWidget(shownCanvas)
+    , canvas(shownCanvas)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setGeometry(canvas->rect());
+    canvas->installEventFilter(this);
+    show();
+}
+
+QImage ClippingOverlay::mask(const QImage &picture, const QList<int> &columns,
+                             const QList<int> &rows)
+{
+    QImage marks(int(columns.size()), int(rows.size()), QImage::Format_ARGB32_Premultiplied);
+    const bool isDeep = picture.depth() == 64 || picture.format() == QImage::Format_Grayscale16;
+    for (int y = 0; y < marks.height(); ++y) {
+        auto *out = reinterpret_cast<QRgb *>(marks.scanLine(y));
+        const auto *words = reinterpret_cast<const QRgb *>(picture.constScanLine(rows[y]));
+        for (int x = 0; x < marks.width(); ++x) {
+            if (isDeep) {
+                const QRgba64 deep = picture.pixelColor(columns[x], rows[y]).rgba64();
+                out[x] = markOf(deep.red(), deep.green(), deep.blue(), 0xFFFF);
+            } else {
+                const QRgb pixel = picture.format() == QImage::Format_RGB32
+                                       ? words[columns[x]]
+                                       : picture.pixel(columns[x], rows[y]);
+                out[x] = markOf(qRed(pixel), qGreen(pixel), qBlue(pixel), 0xFF);
+            }
+        }
+    }
+    return marks;
+}
+
+bool ClippingOverlay::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == canvas && event->type() == QEvent::Resize)
+        setGeometry(canvas->rect());
+    return QWidget::eventFilter(watched, event);
+}
+
+void ClippingOverlay::refresh(const QImage &picture)
+{
+    const View view{picture.cacheKey(), canvas->toDocument({0, 0}), canvas->zoom(), size()};
+    if (view == shownView)
+        return;
+    shownView = view;
+    const auto places = [](int length, int limit, auto placeOf) {
+        QList<int> all;
+        for (int i = 0; i < length; ++i)
+            all.append(std::clamp(int(std::floor(placeOf(i + 0.5))), 0, limit - 1));
+        return all;
+    };
+    shown = mask(picture,
+                 places(width(), picture.width(),
+                        [this](double x) {
+                            return canvas->toDocument({x, 0}).x();
+                        }),
+                 places(height(), picture.height(), [this](double y) {
+                     return canvas->toDocument({0, y}).y();
+                 }));
+}
+
+void ClippingOverlay::paintEvent(QPaintEvent *)
+{
+    const auto layers = composition::visibleLayers(canvas->context());
+    if (layers.size() != 1 || layers.front().picture.isNull())
+        return;
+    refresh(layers.front().picture);
+    QPainter painter(this);
+    const QRectF document(
+        canvas->toWidget({0, 0}),
+        canvas->toWidget(QPointF(canvas->canvasSize().width(), canvas->canvasSize().height())));
+    painter.setClipRect(document);
+    painter.drawImage(QPoint(), shown);
+}

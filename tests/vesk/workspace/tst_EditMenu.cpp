@@ -1,0 +1,263 @@
+#include "AdjustDock.h"
+#include "DocumentArea.h"
+#include "DocumentHistory.h"
+#include "EditMenu.h"
+#include "EditorWindow.h"
+#include "FilmStrip.h"
+#include "MainWindow.h"
+
+#include <CropTool.h>
+#include <LookPreview.h>
+#include <LookSlider.h>
+#include <StraightenTool.h>
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <picture_document.h>
+#include <picture_edits.h>
+#include <picture_reader.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTest>
+
+/// The edits as a person makes them: menu, keys and mouse.
+class TestEditMenu : public QObject, private EditorWindow
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        setUp();
+        edit = window->findChild<EditMenu *>();
+        openAndWait({pictures->add(QStringLiteral("a.png"), {300, 200}, 3)});
+        first = picture().copy();
+    }
+    void cleanup() { tearDown(); }
+    void rotate_andUndo_byKeys();
+    void crop_byMouse_andUndo();
+    void crop_ratio_isKept();
+    void crop_escape_leavesThePicture();
+    void straighten_byLine_levelsIt();
+    void adjust_slider_showsAtOnceAndBecomesOneStep();
+    void adjust_undo_takesTheSlidersBack();
+    void adjust_autoAndReset_leaveNothing();
+    void adjust_saveAtOnce_savesWhatIsSeen();
+    void adjust_largePicture_previewsBeforeTheDocumentChanges();
+    void copyAndPaste_makeADocument();
+    void actions_withoutDocument_areOff();
+    void twoDocuments_haveTheirOwnHistories();
+
+private:
+    QImage picture() const { return document::layerPictures(*current()).constFirst(); }
+    VeskCanvas *canvas() const { return documents->currentCanvas(); }
+    LookSlider *slider(const char *name) const
+    {
+        return window->findChild<LookSlider *>(QLatin1String(name));
+    }
+    void dragOn(QWidget *overlay, QPointF from, QPointF to) const;
+    void showAdjust();
+
+    EditMenu *edit = nullptr;
+    QImage first;
+};
+
+/// Document pixels.
+void TestEditMenu::dragOn(QWidget *overlay, QPointF from, QPointF to) const
+{
+    const auto at = [this](QPointF place) { return canvas()->toWidget(place).toPoint(); };
+    QTest::mousePress(overlay, Qt::LeftButton, {}, at(from));
+    QTest::mouseMove(overlay, at((from + to) / 2));
+    QTest::mouseMove(overlay, at(to));
+    QTest::mouseRelease(overlay, Qt::LeftButton, {}, at(to));
+}
+
+void TestEditMenu::showAdjust()
+{
+    edit->adjust->trigger();
+    QVERIFY(edit->adjustDock()->isVisible());
+}
+
+void TestEditMenu::rotate_andUndo_byKeys()
+{
+    edit->rotateRight->trigger();
+    QTRY_COMPARE(picture().size(), QSize(200, 300));
+    QCOMPARE(canvas()->canvasSize(), QSize(200, 300));
+    QVERIFY(current()->isSaveAble());
+    QVERIFY(edit->undo->isEnabled());
+    edit->undo->trigger();
+    QCOMPARE(picture(), first);
+    QVERIFY(!current()->isSaveAble());
+    edit->redo->trigger();
+    QCOMPARE(picture().size(), QSize(200, 300));
+}
+
+void TestEditMenu::crop_byMouse_andUndo()
+{
+    edit->crop->trigger();
+    auto *tool = canvas()->findChild<CropTool *>();
+    QVERIFY(tool && tool->isVisible());
+    dragOn(tool, {0, 0}, {40, 30});
+    const QRect area = tool->area();
+    QVERIFY(std::abs(area.left() - 40) <= 2 && std::abs(area.top() - 30) <= 2);
+    QTest::keyClick(tool, Qt::Key_Return);
+    QTRY_COMPARE(picture(), first.copy(area));
+    edit->undo->trigger();
+    QCOMPARE(picture(), first);
+}
+
+void TestEditMenu::crop_ratio_isKept()
+{
+    edit->crop->trigger();
+    auto *tool = canvas()->findChild<CropTool *>();
+    auto *ratios = tool->findChild<QComboBox *>(QStringLiteral("ratioBox"));
+    ratios->setCurrentIndex(2); // 1 : 1
+    Q_EMIT ratios->activated(2);
+    QCOMPARE(tool->area().size(), QSize(200, 200));
+    QTest::mouseClick(tool->findChild<QPushButton *>(QStringLiteral("cropButton")), Qt::LeftButton);
+    QTRY_COMPARE(picture().size(), QSize(200, 200));
+}
+
+void TestEditMenu::crop_escape_leavesThePicture()
+{
+    edit->crop->trigger();
+    auto *tool = canvas()->findChild<CropTool *>();
+    dragOn(tool, {0, 0}, {100, 100});
+    QTest::keyClick(tool, Qt::Key_Escape);
+    QTRY_VERIFY(!canvas()->findChild<CropTool *>());
+    QCOMPARE(picture(), first);
+    QVERIFY(!current()->isSaveAble());
+}
+
+void TestEditMenu::straighten_byLine_levelsIt()
+{
+    edit->straighten->trigger();
+    auto *tool = canvas()->findChild<StraightenTool *>();
+    QVERIFY(tool);
+    dragOn(tool, {50, 100}, {250, 110});
+    QTRY_VERIFY(picture().size() != first.size());
+    QVERIFY(picture().width() < 300 && picture().height() < 200);
+    edit->undo->trigger();
+    QCOMPARE(picture(), first);
+}
+
+void TestEditMenu::adjust_slider_showsAtOnceAndBecomesOneStep()
+{
+    showAdjust();
+    auto *preview = edit->adjustDock()->preview();
+    QSignalSpy ready(preview, &LookPreview::ready);
+    auto *exposure = slider("exposureSlider")->findChild<QSlider *>();
+    exposure->setValue(50);
+    QTRY_VERIFY(!ready.isEmpty());
+    QVERIFY(preview->isVisible());
+    exposure->setValue(100);
+    exposure->setValue(80);
+    exposure::Look look;
+    look.exposure = 0.8;
+    const QImage expected = edits::adjusted(first, look);
+    QTRY_COMPARE(picture(), expected);
+    slider("shadowsSlider")->setValue(0.5);
+    look.shadows = 0.5;
+    const QImage both = edits::adjusted(first, look);
+    QTRY_COMPARE(picture(), both);
+    QTRY_VERIFY(!preview->isVisible());
+    QCOMPARE(DocumentHistory::of(*current()).stack().count(), 1);
+}
+
+void TestEditMenu::adjust_undo_takesTheSlidersBack()
+{
+    showAdjust();
+    slider("contrastSlider")->setValue(0.4);
+    QTRY_VERIFY(picture() != first);
+    QCOMPARE(edit->adjustDock()->look().contrast, 0.4);
+    edit->undo->trigger();
+    QCOMPARE(picture(), first);
+    QTRY_COMPARE(edit->adjustDock()->look().contrast, 0.0);
+    edit->redo->trigger();
+    QTRY_COMPARE(edit->adjustDock()->look().contrast, 0.4);
+}
+
+void TestEditMenu::adjust_autoAndReset_leaveNothing()
+{
+    showAdjust();
+    QTest::mouseClick(window->findChild<QPushButton *>(QStringLiteral("autoLookButton")),
+                      Qt::LeftButton);
+    QVERIFY(!edit->adjustDock()->look().isNeutral());
+    edit->settle();
+    QVERIFY(picture() != first);
+    QTest::mouseClick(window->findChild<QPushButton *>(QStringLiteral("resetLookButton")),
+                      Qt::LeftButton);
+    edit->settle();
+    QCOMPARE(picture(), first);
+    QVERIFY(!current()->isSaveAble());
+    QVERIFY(!edit->undo->isEnabled());
+}
+
+void TestEditMenu::adjust_saveAtOnce_savesWhatIsSeen()
+{
+    showAdjust();
+    slider("saturationSlider")->setValue(0);
+    action(QStringLiteral("Save"))->setEnabled(true); // the document is not yet known as changed
+    action(QStringLiteral("Save"))->trigger();
+    QVERIFY(!current()->isSaveAble());
+    const QImage saved = QImage(current()->getFilePath());
+    for (int x = 0; x < saved.width(); ++x)
+        QVERIFY(qIsGray(saved.pixel(x, 100)));
+}
+
+void TestEditMenu::adjust_largePicture_previewsBeforeTheDocumentChanges()
+{
+    VeskContext *large =
+        documents->open(TestPictures::texture({6000, 4000}, 1), QStringLiteral("large"), {});
+    QCOMPARE(current(), large);
+    showAdjust();
+    auto *preview = edit->adjustDock()->preview();
+    const qint64 key = picture().cacheKey();
+    QSignalSpy ready(preview, &LookPreview::ready);
+    slider("exposureSlider")->setValue(1);
+    QTRY_VERIFY(!ready.isEmpty());
+    QCOMPARE(picture().cacheKey(), key);
+    QVERIFY(preview->shown().width() <= canvas()->width() * canvas()->devicePixelRatioF() + 1);
+    edit->settle();
+    QVERIFY(picture().cacheKey() != key);
+}
+
+void TestEditMenu::copyAndPaste_makeADocument()
+{
+    edit->copy->trigger();
+    QTRY_VERIFY(edit->paste->isEnabled());
+    edit->paste->trigger();
+    QCOMPARE(documents->documents().size(), 2);
+    QVERIFY(current()->isSaveAble());
+    QCOMPARE(picture().convertToFormat(first.format()), first);
+}
+
+void TestEditMenu::actions_withoutDocument_areOff()
+{
+    documents->close(current());
+    QTRY_VERIFY(!current());
+    for (const QAction *action : {edit->undo, edit->redo, edit->copy, edit->crop, edit->straighten,
+                                  edit->rotateLeft, edit->rotateRight})
+        QVERIFY2(!action->isEnabled(), qPrintable(action->objectName()));
+}
+
+void TestEditMenu::twoDocuments_haveTheirOwnHistories()
+{
+    VeskContext *one = current();
+    edit->rotateLeft->trigger();
+    QTRY_COMPARE(picture().size(), QSize(200, 300));
+    openAndWait({pictures->add(QStringLiteral("b.png"), {80, 60}, 4)});
+    QVERIFY(!edit->undo->isEnabled());
+    documents->makeCurrent(one);
+    QVERIFY(edit->undo->isEnabled());
+    edit->undo->trigger();
+    QCOMPARE(picture(), first);
+}
+
+QTEST_MAIN(TestEditMenu)
+#include "tst_EditMenu.moc"
