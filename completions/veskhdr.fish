@@ -16,7 +16,7 @@ complete -c veskhdr -n __fish_use_subcommand -l version -d 'Show the version'
 complete -c veskhdr -l help -d 'Show how to use it'
 
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -s o -l output -r -d 'File to write'
-complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l format -x -a 'png jpeg tiff exr hdr' -d 'The format, whatever the suffix'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l format -x -a 'png jpeg tiff exr hdr avif jxl' -d 'The format, whatever the suffix'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l depth -x -a '8 16 32' -d 'Bits per channel'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l raw-space -x -a 'srgb adobe prophoto p3' -d 'Colours that raw files are converted to'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l output-space -x -a 'srgb adobe prophoto p3' -d 'Colours that the result is converted to'

@@ -34,6 +34,8 @@ QString suffixOf(PictureFormat format)
         return QStringLiteral(".jpg");
     case PictureFormat::OpenExr:
     case PictureFormat::RadianceHdr:
+    case PictureFormat::Avif:
+    case PictureFormat::JpegXl:
     case PictureFormat::Tiff:
         break;
     }

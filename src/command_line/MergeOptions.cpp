@@ -201,10 +201,11 @@ ParsedMergeOptions check(const MergeOptions &options)
                            .arg(wordOf(options.method)));
     if (options.output.isEmpty())
         return problem(QStringLiteral("merge: no output file given, name it with -o"));
-    if (!options.hasFormat && !picture::formatOfSuffix(options.output))
+    if (!options.hasFormat && !picture::formatOfSuffix(options.output) &&
+        !picture::brightFormatOfSuffix(options.output))
         return problem(
             QStringLiteral("unknown kind of output file, the name must end in .png, .jpg, .jpeg, "
-                           ".tif, .tiff, .exr or .hdr"),
+                           ".tif, .tiff, .exr or .hdr, with --hdr in .jpg, .avif or .jxl"),
             options.output);
     if (options.isToStandardOutput() && (options.json || options.verbose))
         return problem(
@@ -312,7 +313,9 @@ ParsedMergeOptions command_line::parseMergeOptions(const QStringList &words)
     usual.read(parser, options);
     if (wrong.isEmpty())
         wrong = ofOutput.read(parser, options);
-    options.isQualityUnused = parser.isSet(usual.quality) && options.format != PictureFormat::Jpeg;
+    options.isQualityUnused = parser.isSet(usual.quality) &&
+                              options.format != PictureFormat::Jpeg &&
+                              !picture::isForBrightScreens(options.format);
     if (wrong.isEmpty())
         wrong =
             readMethod(parser, usual.methodWord(parser, options.format), parser.value(usual.align),

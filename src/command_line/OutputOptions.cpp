@@ -49,14 +49,18 @@ QString OutputOptions::readBright(const QCommandLineParser &parser, MergeOptions
 
 QString OutputOptions::readFormat(const QCommandLineParser &parser, MergeOptions &options) const
 {
-    const std::optional<PictureFormat> named = picture::formatOfWord(parser.value(format));
+    const QString word = parser.value(format);
+    std::optional<PictureFormat> named = picture::formatOfWord(word);
+    if (!named)
+        named = picture::brightFormatOfSuffix(QLatin1Char('.') + word);
     if (parser.isSet(format) && !named)
-        return QStringLiteral("the format is png, jpeg, tiff, exr or hdr");
+        return QStringLiteral("the format is png, jpeg, tiff, exr, hdr, avif or jxl");
     if (!named && options.isToStandardOutput())
         return QStringLiteral("standard output has no suffix, name its format with --format");
     options.hasFormat = named.has_value();
-    options.format =
-        named.value_or(picture::formatOfSuffix(options.output).value_or(PictureFormat::Png));
+    const std::optional<PictureFormat> usual = picture::formatOfSuffix(options.output);
+    const std::optional<PictureFormat> bright = picture::brightFormatOfSuffix(options.output);
+    options.format = named.value_or(usual.value_or(bright.value_or(PictureFormat::Png)));
     return {};
 }
 
@@ -112,15 +116,27 @@ QString OutputOptions::checkLight(const MergeOptions &options)
 }
 
 /// Bright pictures are fused ones in the formats that hold them.
-QString OutputOptions::checkBright(const QCommandLineParser &, const MergeOptions &options) const
+QString OutputOptions::checkBright(const QCommandLineParser &parser,
+                                   const MergeOptions &options) const
 {
+    const bool isForBright = picture::isForBrightScreens(options.format);
+    if (isForBright && !options.isBright)
+        return QStringLiteral("AVIF and JPEG XL files go with --hdr");
     if (!options.isBright)
         return {};
-    if (options.format != PictureFormat::Jpeg)
+    if (!isForBright && options.format != PictureFormat::Jpeg)
         return QStringLiteral("--hdr needs .jpg, .avif or .jxl");
-    return options.method == MergeMethod::Fusion
-               ? QString()
-               : QStringLiteral("--hdr goes with --method fusion");
+    if (options.method != MergeMethod::Fusion)
+        return QStringLiteral("--hdr goes with --method fusion");
+    if (!picture::isWritable(options.format))
+        return QStringLiteral("this program was built without %1 files")
+            .arg(options.format == PictureFormat::Avif ? QStringLiteral("AVIF")
+                                                       : QStringLiteral("JPEG XL"));
+    const bool isGiven = parser.isSet(depth) || parser.isSet(outputSpace);
+    return isForBright && isGiven
+               ? QStringLiteral("AVIF and JPEG XL files have 10 bits and the colours of Rec. 2020, "
+                                "without --depth and --output-space")
+               : QString();
 }
 
 QString OutputOptions::check(const QCommandLineParser &parser, const MergeOptions &options) const

@@ -8,15 +8,15 @@ bool command_line::makeBright(display::BrightSource source, PictureFormat format
 {
     if (!light_primaries::bring(source.light, source.base.colorSpace()))
         return false;
-    if (format != PictureFormat::Jpeg) {
-        picture = display::brightPicture(source);
-        return !picture.isNull();
-    }
-    // What the encoder would round to by itself.
-    source.base = source.base.convertToFormat(QImage::Format_RGB32);
-    if (source.base.isNull())
+    display::BrightSource flat = source;
+    // What the JPEG encoder would round to by itself.
+    flat.base = source.base.convertToFormat(QImage::Format_RGB32);
+    if (flat.base.isNull())
         return false;
-    picture = source.base;
-    map = display::makeGainMap(source);
-    return !map.picture.isNull();
+    map = display::makeGainMap(flat);
+    if (map.picture.isNull())
+        return false;
+    source.peak = map.terms.alternateHeadroom;
+    picture = picture::isForBrightScreens(format) ? display::brightPicture(source) : flat.base;
+    return !picture.isNull();
 }

@@ -8,9 +8,12 @@
 
 namespace command_line {
 
-/// The picture to write for a screen that shows more than white, and for JPEG files the gain map
-/// that goes with it. source: in the base's profile or any other; its light is brought to the
-/// base's primaries. Returns false when memory is lacking. Any thread.
+/// Bits per channel of files that are for bright screens only.
+constexpr int kBrightBits = 10;
+
+/// The picture to write for a screen that shows more than white, and the gain map, which goes into
+/// JPEG files and tells the headroom of others. source: its light is brought to the base's
+/// primaries. Returns false when memory is lacking. Any thread.
 bool makeBright(display::BrightSource source, PictureFormat format, QImage &picture, GainMap &map);
 
 } // namespace command_line

@@ -379,6 +379,8 @@ int Merge::bitsToWrite() const
         return options.depth != 0                         ? options.depth
                : options.format == PictureFormat::OpenExr ? 16
                                                           : 32;
+    if (picture::isForBrightScreens(options.format))
+        return command_line::kBrightBits;
     const bool isDeep = options.depth == 0 ? isFirstDeep : options.depth == 16;
     return isDeep && options.format != PictureFormat::Jpeg ? 16 : 8;
 }
@@ -422,7 +424,9 @@ ExitCode Merge::encode()
     };
     writeOptions.temporaryName = interrupt::removeOnInterrupt;
     report.bitsPerChannel = writeOptions.bitsPerSample;
-    report.outputSpace = colour_profile::nameOf(merged.colorSpace().iccProfile());
+    report.outputSpace = picture::isForBrightScreens(options.format)
+                             ? QStringLiteral("Rec. 2020 PQ")
+                             : colour_profile::nameOf(merged.colorSpace().iccProfile());
     if (options.isToStandardOutput())
         return writeToStandardOutput(writeOptions);
     const WriteResult result = picture::write(merged, options.output, options.format, writeOptions);

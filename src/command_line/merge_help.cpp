@@ -16,7 +16,8 @@ Options:
   -o, --output OUT  File to write: PNG, JPEG, TIFF, or for the radiance OpenEXR,
                     Radiance or TIFF, by its suffix (.png .jpg .jpeg .tif .tiff .exr
                     .hdr); "-" is standard output
-  --format NAME     "png", "jpeg", "tiff", "exr" or "hdr", whatever the suffix
+  --format NAME     "png", "jpeg", "tiff", "exr", "hdr", "avif" or "jxl", whatever the
+                    suffix
   --depth BITS      8 or 16 bits per channel; otherwise as the first picture has,
                     and 8 for JPEG and the mean. Of the radiance OpenEXR files have 16
                     or 32, TIFF files 32
@@ -27,8 +28,9 @@ Options:
                     the first picture
   --tiff-compression HOW
                     "lzw", which is the default, "deflate" or "none"
-  --hdr             Write a fused picture that bright screens show beyond white, and all
-                    others as before: JPEG with a gain map
+  --hdr             Write a fused picture that bright screens show beyond white: JPEG
+                    with a gain map, which all others show as before, or AVIF or
+                    JPEG XL (.avif .jxl), of 10 bits (PQ, Rec. 2020)
   --peak STOPS      With --hdr, no brighter than so far above white, 0.5 to 8 (4)
   --effort N        Make PNG and deflated TIFF files smaller, 1 (fast) to 9 (1)
   --method HOW      "fusion", which is the default; "radiance": the light of the scene,
@@ -66,7 +68,7 @@ Options:
   --crop            Cut to the area that every picture covers after aligning
   --device NAME     Merge on that OpenCL device, see 'veskhdr devices', or on the
                     "processor"; the pixels are the same. The method is the mean then
-  --quality N       JPEG quality, 1 to 100 (95); from 90 on at full colour resolution
+  --quality N       JPEG quality, 1 to 100 (95), also of AVIF and JPEG XL; from 90 on at full colour resolution
   --max-megapixels N
                     Refuse larger pictures before taking memory for them (512)
   --force           Replace OUT if it exists, but never one of the pictures

@@ -1,5 +1,9 @@
 #include "PictureFormat.h"
 
+#include "avif_encoder.h"
+#include "exr_encoder.h"
+#include "jxl_encoder.h"
+
 #include <QFileInfo>
 
 std::optional<PictureFormat> picture::formatOfWord(const QString &word)
@@ -41,4 +45,35 @@ QStringList picture::ownSuffixes()
 bool picture::isForLight(PictureFormat format)
 {
     return format == PictureFormat::OpenExr || format == PictureFormat::RadianceHdr;
+}
+
+std::optional<PictureFormat> picture::brightFormatOfSuffix(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
+        return PictureFormat::Jpeg;
+    if (suffix == QLatin1String("avif"))
+        return PictureFormat::Avif;
+    if (suffix == QLatin1String("jxl"))
+        return PictureFormat::JpegXl;
+    return std::nullopt;
+}
+
+bool picture::isForBrightScreens(PictureFormat format)
+{
+    return format == PictureFormat::Avif || format == PictureFormat::JpegXl;
+}
+
+bool picture::isWritable(PictureFormat format)
+{
+    switch (format) {
+    case PictureFormat::Avif:
+        return avif_file::isAvailable();
+    case PictureFormat::JpegXl:
+        return jxl_file::isAvailable();
+    case PictureFormat::OpenExr:
+        return exr_file::isAvailable();
+    default:
+        return true;
+    }
 }

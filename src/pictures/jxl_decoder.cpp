@@ -1,6 +1,6 @@
 #include "jxl_decoder.h"
 
-#include "parallel_rows.h"
+#include "jxl_threads.h"
 
 #include <QColorSpace>
 
@@ -26,25 +26,6 @@ void *allocate(void *isShort, size_t size)
 void release(void *, void *memory)
 {
     std::free(memory);
-}
-
-/// The library's work on the project's threads. Each has a number, and takes the next piece.
-JxlParallelRetCode runPieces(void *, void *opaque, JxlParallelRunInit init,
-                             JxlParallelRunFunction work, uint32_t begin, uint32_t end)
-{
-    const int threads = parallel::threadCount();
-    if (const JxlParallelRetCode code = init(opaque, static_cast<size_t>(threads)))
-        return code;
-    std::atomic<uint32_t> next = begin;
-    try {
-        parallel::each(threads, [&](int thread) {
-            for (uint32_t piece = next++; piece < end; piece = next++)
-                work(opaque, piece, static_cast<size_t>(thread));
-        });
-    } catch (const std::bad_alloc &) {
-        return JXL_PARALLEL_RET_RUNNER_ERROR;
-    }
-    return 0;
 }
 
 /// A decoder that reads a device piece by piece.
@@ -125,7 +106,7 @@ public:
     {
         if (!reader.begin(JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING | JXL_DEC_FULL_IMAGE))
             return picture::failure(DecodeError::NoMemory);
-        JxlDecoderSetParallelRunner(reader.get(), &runPieces, nullptr);
+        JxlDecoderSetParallelRunner(reader.get(), &jxl_threads::run, nullptr);
         JxlDecoderSetUnpremultiplyAlpha(reader.get(), JXL_TRUE);
         while (true) {
             const JxlDecoderStatus event = reader.next();

@@ -1,5 +1,6 @@
 #include "picture_writer.h"
 
+#include "avif_encoder.h"
 #include "colour_profile.h"
 #include "exif_metadata.h"
 #include "exr_encoder.h"
@@ -7,6 +8,7 @@
 #include "hdr_encoder.h"
 #include "iptc_data.h"
 #include "jpeg_encoder.h"
+#include "jxl_encoder.h"
 #include "png_encoder.h"
 #include "tiff_encoder.h"
 #include "xmp_metadata.h"
@@ -110,7 +112,7 @@ QImage encodable(const QImage &picture, PictureFormat format, int bitsPerSample)
 {
     const bool keepsFloats = format == PictureFormat::Tiff && isInFloats(picture) &&
                              (bitsPerSample == 0 || bitsPerSample == 32);
-    if (picture::isForLight(format))
+    if (picture::isForLight(format) || picture::isForBrightScreens(format))
         return lightOf(picture);
     if (keepsFloats)
         return picture.convertToFormat(QImage::Format_RGBX32FPx4);
@@ -186,6 +188,10 @@ QString encode(const QImage &picture, PictureFormat format, const PictureMetadat
         return exr_file::encode(picture, metadata, options.bitsPerSample, device, options.progress);
     case PictureFormat::RadianceHdr:
         return hdr_file::encode(picture, metadata, device, options.progress);
+    case PictureFormat::Avif:
+        return avif_file::encode(picture, metadata, options.quality, device);
+    case PictureFormat::JpegXl:
+        return jxl_file::encode(picture, metadata, options.quality, device);
     }
     return {};
 }

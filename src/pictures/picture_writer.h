@@ -20,7 +20,7 @@ struct WriteOptions
 {
     Metadata metadata;              ///< as metadata::read gives them, or empty
     std::optional<ResultMark> mark; ///< of a merged picture; otherwise that in metadata stays
-    int quality = kDefaultQuality;  ///< 1..100, JPEG only
+    int quality = kDefaultQuality;  ///< 1..100, of JPEG, AVIF and JPEG XL files
     /// 8, 16 or 32; 0: as many as the picture has. JPEG always has 8; 32 are floats, of TIFF and
     /// OpenEXR files, whose 16 are halves and what they have unless 32 are asked for.
     int bitsPerSample = 0;
@@ -51,7 +51,8 @@ bool hasTransparency(const QImage &picture);
 /// nothing is left. picture: any format, upright. PNG and TIFF files keep the alpha channel of a
 /// picture that has a pixel which is not opaque, and 16 bits per sample; JPEG files have neither,
 /// so there it is laid on white and rounded to 8 bits. Formats for light get the picture's light,
-/// in linear floats, and of the metadata what they have words for. Any thread, reentrant.
+/// in linear floats, and of the metadata what they have words for. Those for bright screens show
+/// light 1 as white. Any thread, reentrant.
 WriteResult write(const QImage &picture, const QString &path, PictureFormat format,
                   const WriteOptions &options);
 

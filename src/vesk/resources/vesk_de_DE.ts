@@ -1353,6 +1353,22 @@
         <source>this program was built without OpenEXR</source>
         <translation>dieses Programm wurde ohne OpenEXR gebaut</translation>
     </message>
+    <message>
+        <source>the AVIF file could not be written</source>
+        <translation>die AVIF-Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the JPEG XL file could not be written</source>
+        <translation>die JPEG-XL-Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>this program was built without AVIF</source>
+        <translation>dieses Programm wurde ohne AVIF gebaut</translation>
+    </message>
+    <message>
+        <source>this program was built without JPEG XL</source>
+        <translation>dieses Programm wurde ohne JPEG XL gebaut</translation>
+    </message>
 </context>
 <context>
     <name>PictureRating</name>

@@ -1353,6 +1353,22 @@
         <source>this program was built without OpenEXR</source>
         <translation>este programa se compiló sin OpenEXR</translation>
     </message>
+    <message>
+        <source>the AVIF file could not be written</source>
+        <translation>no se ha podido escribir el archivo AVIF</translation>
+    </message>
+    <message>
+        <source>the JPEG XL file could not be written</source>
+        <translation>no se ha podido escribir el archivo JPEG XL</translation>
+    </message>
+    <message>
+        <source>this program was built without AVIF</source>
+        <translation>este programa se compiló sin AVIF</translation>
+    </message>
+    <message>
+        <source>this program was built without JPEG XL</source>
+        <translation>este programa se compiló sin JPEG XL</translation>
+    </message>
 </context>
 <context>
     <name>PictureRating</name>

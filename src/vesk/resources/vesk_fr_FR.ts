@@ -1353,6 +1353,22 @@
         <source>this program was built without OpenEXR</source>
         <translation>ce programme a été compilé sans OpenEXR</translation>
     </message>
+    <message>
+        <source>the AVIF file could not be written</source>
+        <translation>le fichier AVIF n’a pas pu être écrit</translation>
+    </message>
+    <message>
+        <source>the JPEG XL file could not be written</source>
+        <translation>le fichier JPEG XL n’a pas pu être écrit</translation>
+    </message>
+    <message>
+        <source>this program was built without AVIF</source>
+        <translation>ce programme a été compilé sans AVIF</translation>
+    </message>
+    <message>
+        <source>this program was built without JPEG XL</source>
+        <translation>ce programme a été compilé sans JPEG XL</translation>
+    </message>
 </context>
 <context>
     <name>PictureRating</name>

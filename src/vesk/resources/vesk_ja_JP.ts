@@ -1352,6 +1352,22 @@
         <source>this program was built without OpenEXR</source>
         <translation>このプログラムは OpenEXR なしでビルドされています</translation>
     </message>
+    <message>
+        <source>the AVIF file could not be written</source>
+        <translation>AVIF ファイルを書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>the JPEG XL file could not be written</source>
+        <translation>JPEG XL ファイルを書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>this program was built without AVIF</source>
+        <translation>このプログラムは AVIF なしでビルドされています</translation>
+    </message>
+    <message>
+        <source>this program was built without JPEG XL</source>
+        <translation>このプログラムは JPEG XL なしでビルドされています</translation>
+    </message>
 </context>
 <context>
     <name>PictureRating</name>

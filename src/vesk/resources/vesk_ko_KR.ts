@@ -1352,6 +1352,22 @@
         <source>this program was built without OpenEXR</source>
         <translation>이 프로그램은 OpenEXR 없이 빌드되었습니다</translation>
     </message>
+    <message>
+        <source>the AVIF file could not be written</source>
+        <translation>AVIF 파일을 쓰지 못했습니다</translation>
+    </message>
+    <message>
+        <source>the JPEG XL file could not be written</source>
+        <translation>JPEG XL 파일을 쓰지 못했습니다</translation>
+    </message>
+    <message>
+        <source>this program was built without AVIF</source>
+        <translation>이 프로그램은 AVIF 없이 빌드되었습니다</translation>
+    </message>
+    <message>
+        <source>this program was built without JPEG XL</source>
+        <translation>이 프로그램은 JPEG XL 없이 빌드되었습니다</translation>
+    </message>
 </context>
 <context>
     <name>PictureRating</name>

@@ -1352,6 +1352,22 @@
         <source>this program was built without OpenEXR</source>
         <translation>此程序在构建时未包含 OpenEXR</translation>
     </message>
+    <message>
+        <source>the AVIF file could not be written</source>
+        <translation>无法写入 AVIF 文件</translation>
+    </message>
+    <message>
+        <source>the JPEG XL file could not be written</source>
+        <translation>无法写入 JPEG XL 文件</translation>
+    </message>
+    <message>
+        <source>this program was built without AVIF</source>
+        <translation>此程序在构建时未包含 AVIF</translation>
+    </message>
+    <message>
+        <source>this program was built without JPEG XL</source>
+        <translation>此程序在构建时未包含 JPEG XL</translation>
+    </message>
 </context>
 <context>
     <name>PictureRating</name>

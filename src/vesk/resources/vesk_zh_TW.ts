@@ -1352,6 +1352,22 @@
         <source>this program was built without OpenEXR</source>
         <translation>此程式建置時未包含 OpenEXR</translation>
     </message>
+    <message>
+        <source>the AVIF file could not be written</source>
+        <translation>無法寫入 AVIF 檔案</translation>
+    </message>
+    <message>
+        <source>the JPEG XL file could not be written</source>
+        <translation>無法寫入 JPEG XL 檔案</translation>
+    </message>
+    <message>
+        <source>this program was built without AVIF</source>
+        <translation>此程式建置時未包含 AVIF</translation>
+    </message>
+    <message>
+        <source>this program was built without JPEG XL</source>
+        <translation>此程式建置時未包含 JPEG XL</translation>
+    </message>
 </context>
 <context>
     <name>PictureRating</name>
