@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-class TestMergeMemory : public QObject
+class TestMergeJobMemory : public QObject
 {
     Q_OBJECT
 
@@ -67,13 +67,13 @@ qint64 peakOf(const Work &work)
 
 } // namespace
 
-void TestMergeMemory::initTestCase()
+void TestMergeJobMemory::initTestCase()
 {
     if (residentBytes() < 0)
         QSKIP("memory is counted otherwise here");
 }
 
-void TestMergeMemory::merge_threeShots_takesLessThanTheShots_data()
+void TestMergeJobMemory::merge_threeShots_takesLessThanTheShots_data()
 {
     QTest::addColumn<QImage::Format>("format");
     QTest::newRow("8 bits") << QImage::Format_RGB32;
@@ -81,7 +81,7 @@ void TestMergeMemory::merge_threeShots_takesLessThanTheShots_data()
 }
 
 /// With registration and the search for movement, and something that moves.
-void TestMergeMemory::merge_threeShots_takesLessThanTheShots()
+void TestMergeJobMemory::merge_threeShots_takesLessThanTheShots()
 {
     QFETCH(QImage::Format, format);
     const qint64 idle = peakOf([=] { return shotsOf(format).size() == kShots; });
@@ -97,5 +97,5 @@ void TestMergeMemory::merge_threeShots_takesLessThanTheShots()
     QVERIFY(beside <= 0.7 * kShots * picture);
 }
 
-QTEST_GUILESS_MAIN(TestMergeMemory)
-#include "tst_merge_memory.moc"
+QTEST_GUILESS_MAIN(TestMergeJobMemory)
+#include "tst_merge_job_memory.moc"
