@@ -1,5 +1,6 @@
 // Reading and writing at 16 bits beside 8 bits, and with true colours beside the file's numbers:
-// ratios of processor time, one thread, in one run. bench_codecs PHOTOGRAPH
+// ratios of processor time, one thread, in one run. bench_codecs PHOTOGRAPH: one of 16 bits as it
+// is, one of 8 bits with levels in between.
 
 #include "ColourTransform.h"
 #include "colour_profile.h"
@@ -130,14 +131,17 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QString photograph = application.arguments().value(1);
-    const QImage picture = picture::read(photograph).image;
+    ReadOptions asStored;
+    asStored.depth = ReadOptions::Depth::AsStored;
+    const QImage picture = picture::read(photograph, asStored).image;
     const QTemporaryDir folder;
     if (picture.isNull() || !folder.isValid()) {
         std::fprintf(stderr, "usage: bench_codecs PHOTOGRAPH\n");
         return 64;
     }
     parallel::setThreadLimit(1);
-    QImage deep = deepened(picture);
+    QImage deep =
+        picture.depth() == 64 ? picture.convertToFormat(QImage::Format_RGBX64) : deepened(picture);
     QImage flat = deep.convertToFormat(QImage::Format_RGB32);
     printRatio(
         "read the photograph, true colours / numbers",

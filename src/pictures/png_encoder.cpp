@@ -1,6 +1,7 @@
 #include "png_encoder.h"
 
 #include "cicp_profile.h"
+#include "literal_stream.h"
 
 #include <QtEndian>
 
@@ -19,6 +20,7 @@ namespace {
 // 76 + 255 ms and give 14.1 MB; zlib at its fastest level takes 640 ms for 14.8 MB in place of the
 // 255. libdeflate's level 1 is the usual effort; its level 2 takes 470 ms for 13.8 MB.
 constexpr png_byte kAverageFilter = 3;
+constexpr int kUsualEffort = 1;
 /// Chunks hold at most 2^31 - 1 bytes.
 constexpr size_t kLargestChunk = size_t(1) << 30;
 
@@ -70,16 +72,41 @@ Bytes filterRows(const QImage &picture, const EncodeProgress &progress)
 }
 
 /// A zlib stream, or nothing when memory is lacking.
-Bytes compress(const Bytes &bytes, int effort)
+Bytes compress(const png_byte *bytes, size_t count, int effort)
 {
     const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
         libdeflate_alloc_compressor(effort), &libdeflate_free_compressor);
     if (!compressor)
         return {};
-    Bytes stream(libdeflate_zlib_compress_bound(compressor.get(), bytes.size()));
-    stream.resize(libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(),
-                                           stream.data(), stream.size()));
+    Bytes stream(libdeflate_zlib_compress_bound(compressor.get(), count));
+    stream.resize(
+        libdeflate_zlib_compress(compressor.get(), bytes, count, stream.data(), stream.size()));
     return stream;
+}
+
+/// Whether looking for repetition wins little: in pieces of the rows, evenly far apart.
+bool isNoisy(const Bytes &rows)
+{
+    constexpr size_t kPieces = 4;
+    constexpr size_t kPieceBytes = 1 << 16;
+    constexpr double kMostLoss = 1.04;
+    if (rows.size() < 2 * kPieces * kPieceBytes)
+        return false;
+    size_t alone = 0;
+    size_t repeated = 0;
+    for (size_t piece = 0; piece < kPieces; ++piece) {
+        const png_byte *bytes = rows.data() + rows.size() / kPieces * piece;
+        alone += literal_stream::sizeOf(bytes, kPieceBytes);
+        repeated += compress(bytes, kPieceBytes, kUsualEffort).size();
+    }
+    return double(alone) < kMostLoss * double(repeated);
+}
+
+Bytes compress(const QImage &picture, const Bytes &rows, int effort)
+{
+    const bool isQuick = encoding::bitsPerSample(picture) == 16 && effort == kUsualEffort;
+    return isQuick && isNoisy(rows) ? literal_stream::compressed(rows.data(), rows.size())
+                                    : compress(rows.data(), rows.size(), effort);
 }
 
 /// Everything that the library's calls need; they jump back on error, so the functions that make
@@ -204,7 +231,7 @@ bool write(PngWriter &writer, const QImage &picture, const QByteArray &exif,
 QString png_file::encode(const QImage &picture, const PictureMetadata &metadata, QIODevice &device,
                          const EncodeProgress &progress, int effort)
 {
-    const Bytes stream = compress(filterRows(picture, progress), effort);
+    const Bytes stream = compress(picture, filterRows(picture, progress), effort);
     const QByteArray exif = metadata.exif.block();
     PngWriter writer;
     writer.device = &device;
