@@ -47,11 +47,12 @@ public:
         terms.most = float(std::exp2(source.peak));
         plane = display::halfSizeOf(size, [this](int y, float *pixels) { makeRow(y, pixels); });
         half = QSize((size.width() + 1) / 2, (size.height() + 1) / 2);
-        const int range = rangeOfGains();
+        const std::vector<uint16_t> steps = rounded();
+        const int range = rangeOf(steps);
         const double stops = double(range) / kSteps;
         const double offset = display::kGainOffset;
         GainMap map;
-        map.picture = picture(range);
+        map.picture = picture(steps, range);
         map.terms.channels.fill({0.0, stops, 1.0, offset, offset});
         map.terms.alternateHeadroom = stops;
         return map;
@@ -60,33 +61,45 @@ public:
 private:
     void makeRow(int y, float *pixels) const
     {
-        const int width = source.base.width();
-        std::vector<float> base(4 * size_t(width), 1.0F);
         const auto *words = reinterpret_cast<const QRgb *>(source.base.constScanLine(y));
+        const int width = source.base.width();
         for (int x = 0; x < width; ++x) {
-            float *pixel = base.data() + 4 * size_t(x);
+            float *pixel = pixels + 4 * size_t(x);
             pixel[0] = tables[0][size_t(qRed(words[x]))];
             pixel[1] = tables[1][size_t(qGreen(words[x]))];
             pixel[2] = tables[2][size_t(qBlue(words[x]))];
+            pixel[3] = 1.0F;
         }
-        gains(base.data(), reinterpret_cast<const float *>(source.light.constScanLine(y)),
-              base.size(), terms, pixels);
+        gains(pixels, reinterpret_cast<const float *>(source.light.constScanLine(y)),
+              4 * size_t(width), terms, pixels);
     }
 
-    int stepsOf(float gain) const
+    uint16_t stepsOf(float gain) const
     {
-        return int(std::clamp(gain * float(kSteps), 0.0F, most) + 0.5F);
+        return uint16_t(std::clamp(gain * float(kSteps), 0.0F, most) + 0.5F);
+    }
+
+    /// In steps, 4 numbers a place.
+    std::vector<uint16_t> rounded() const
+    {
+        std::vector<uint16_t> steps(plane.size());
+        const size_t stride = 4 * size_t(half.width());
+        parallel::rows(half, [&](int begin, int end) {
+            for (size_t i = stride * size_t(begin); i < stride * size_t(end); ++i)
+                steps[i] = stepsOf(plane[i]);
+        });
+        return steps;
     }
 
     /// In steps; all but one in ten thousand samples lie within.
-    int rangeOfGains() const
+    static int rangeOf(const std::vector<uint16_t> &steps)
     {
         std::vector<size_t> counts(size_t(display::kMostPeak) * kSteps + 1);
-        for (size_t i = 0; i < plane.size(); ++i) {
-            if (i % 4 != 3)
-                ++counts[size_t(stepsOf(plane[i]))];
+        for (size_t i = 0; i < steps.size(); i += 4) {
+            for (size_t c = 0; c < 3; ++c)
+                ++counts[steps[i + c]];
         }
-        size_t above = plane.size() / 4 * 3 / 10000;
+        size_t above = steps.size() / 4 * 3 / 10000;
         int range = int(counts.size()) - 1;
         while (range > kLeastRange && counts[size_t(range)] <= above)
             above -= counts[size_t(range--)];
@@ -94,19 +107,19 @@ private:
     }
 
     /// Levels 0 to 255 for gains from 0 to the range; null when memory is lacking.
-    QImage picture(int range) const
+    QImage picture(const std::vector<uint16_t> &steps, int range) const
     {
-        QImage levels = memory::largeImage(half, QImage::Format_RGB32);
-        const auto levelOf = [&](float gain) {
-            return (2 * 255 * std::min(stepsOf(gain), range) + range) / (2 * range);
-        };
-        const float *gain = plane.data();
-        for (int y = 0; y < levels.height(); ++y) {
-            auto *row = reinterpret_cast<QRgb *>(levels.scanLine(y));
-            for (int x = 0; x < half.width(); ++x, gain += 4)
-                row[x] = qRgb(levelOf(gain[0]), levelOf(gain[1]), levelOf(gain[2]));
+        std::vector<int> levels(size_t(display::kMostPeak) * kSteps + 1, 255);
+        for (int gain = 0; gain < range; ++gain)
+            levels[size_t(gain)] = (2 * 255 * gain + range) / (2 * range);
+        QImage map = memory::largeImage(half, QImage::Format_RGB32);
+        const uint16_t *place = steps.data();
+        for (int y = 0; y < map.height(); ++y) {
+            auto *row = reinterpret_cast<QRgb *>(map.scanLine(y));
+            for (int x = 0; x < half.width(); ++x, place += 4)
+                row[x] = qRgb(levels[place[0]], levels[place[1]], levels[place[2]]);
         }
-        return levels;
+        return map;
     }
 
     const BrightSource &source;

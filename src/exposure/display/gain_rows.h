@@ -18,6 +18,7 @@ struct GainTerms
 
 /// log2((scale * light + offset) / base) for `count` samples, but from 0, where the base is as
 /// bright as the light or brighter, to log2(most). base: linear, with kGainOffset added.
+/// gains may be base.
 void gainsOfRowPlain(const float *base, const float *light, size_t count, const GainTerms &terms,
                      float *gains);
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <type_traits>
 
 namespace {
 
@@ -37,8 +38,10 @@ void narrow(const float *pixels, int width, float *places)
     }
 }
 
-/// The inverse of U'U along lines of n samples `stride` apart; `count` lines beside each other.
-void invert(float *samples, int n, size_t stride, size_t count)
+/// The inverse of U'U along lines of n samples `stride` apart; as many lines beside each other as
+/// the count says: a number that the compiler knows for rows, any for columns.
+template <typename Count>
+void invert(float *samples, int n, size_t stride, Count count)
 {
     for (size_t i = 0; i < count; ++i) {
         float before = 0.0F;
@@ -60,6 +63,8 @@ void invert(float *samples, int n, size_t stride, size_t count)
             row[i] = (1.0F - kPole * kPole) * row[i] + kPole * (row + stride)[i];
     }
 }
+
+using OnePlace = std::integral_constant<size_t, kLanes>;
 
 /// The rows of the full plane, each narrowed once while one goes down.
 class NarrowRows
@@ -113,7 +118,7 @@ std::vector<float> display::halfSizeOf(QSize size,
             float *to = plane.data() + stride * size_t(y);
             for (size_t i = 0; i < stride; ++i)
                 to[i] = 0.25F * (a[i] + d[i]) + 0.75F * (b[i] + c[i]);
-            invert(to, half.width(), kLanes, kLanes);
+            invert(to, half.width(), kLanes, OnePlace());
         }
     });
     parallel::rows(half.transposed(), [&](int begin, int end) {
