@@ -87,6 +87,7 @@ void ExposurePattern::add(const Shot &shot, double pause)
     if (shots > 0)
         pauses.push_back(pause);
     bias.add(shot.exposureBias);
+    told.add(shot.bracketStops);
     light.add(shot.exposureStops());
     ++shots;
 }
@@ -124,18 +125,18 @@ int ExposurePattern::worthOf(const Scale &scale, bool mayBeUneven) const
 }
 
 /// The photographer or the camera meant these to differ.
-int ExposurePattern::worthOfBias() const
+int ExposurePattern::worthOfIntent(const Scale &stops) const
 {
-    if (!bias.canGrow(shots) || bias.ascending.size() < 2 ||
-        bias.smallestStep() < kSmallestBiasStep)
+    if (!stops.canGrow(shots) || stops.ascending.size() < 2 ||
+        stops.smallestStep() < kSmallestBiasStep)
         return 0;
-    return worthOf(bias, true);
+    return worthOf(stops, true);
 }
 
 bool ExposurePattern::isContradictory() const
 {
     constexpr double kLeastShare = 0.3;
-    return &scale() == &bias && light.isKnown && light.range() < kLeastShare * bias.range();
+    return &scale() != &light && light.isKnown && light.range() < kLeastShare * scale().range();
 }
 
 /// Exposures that differ without a bias: set by hand; or the camera's answer to other light, as in
@@ -158,15 +159,18 @@ int ExposurePattern::worthOfLight() const
     return isLongRow ? worthOf(light, true) : step >= kMiddleStep ? worthOf(light, false) : 0;
 }
 
-/// Biases count where they differ.
+/// Biases count where they differ; some cameras note there only what the photographer chose.
 const ExposurePattern::Scale &ExposurePattern::scale() const
 {
-    return bias.isKnown && bias.ascending.size() > 1 ? bias : light;
+    const auto differs = [](const Scale &stops) {
+        return stops.isKnown && stops.ascending.size() > 1;
+    };
+    return differs(bias) ? bias : differs(told) ? told : light;
 }
 
 int ExposurePattern::worth() const
 {
-    return &scale() == &bias ? worthOfBias() : worthOfLight();
+    return &scale() == &light ? worthOfLight() : worthOfIntent(scale());
 }
 
 int ExposurePattern::differentExposures() const

@@ -16,7 +16,10 @@ public:
 
     /// False when no shot more can make a bracket of it: too many exposures stand there twice, or
     /// one is not known.
-    bool canGrow() const { return bias.canGrow(shots) || light.canGrow(shots); }
+    bool canGrow() const
+    {
+        return bias.canGrow(shots) || told.canGrow(shots) || light.canGrow(shots);
+    }
 
     /// 0 for no bracket, else more than 0. It grows with the number of different exposures, so that
     /// the sum over a run is largest where few shots are left over; each bracket costs some, so
@@ -56,13 +59,14 @@ private:
     };
 
     int worthOf(const Scale &scale, bool mayBeUneven) const;
-    int worthOfBias() const;
+    int worthOfIntent(const Scale &scale) const;
     int worthOfLight() const;
     const Scale &scale() const;
 
     int shots = 0;
     Shot::Exposure mode = Shot::Exposure::Unknown; ///< the least trustworthy of all
     Scale bias;
+    Scale told; ///< by the camera's maker notes
     Scale light;
     std::vector<double> pauses;
 };

@@ -1,6 +1,7 @@
 #include "Shot.h"
 
 #include "ResultMark.h"
+#include "bracket_note.h"
 #include "exif_metadata.h"
 #include "file_names.h"
 #include "metadata_reader.h"
@@ -31,6 +32,7 @@ Shot readFromExif(const QString &path)
     shot.orientation =
         int(qBound(1u, tags.number(Directory::Picture, ExifTags::Orientation).value_or(1), 8u));
     shot.exposureBias = tags.fraction(Directory::Exposure, ExifTags::ExposureBias);
+    shot.bracketStops = brackets::bracketStopsIn(tags);
     shot.exposureSeconds = fraction(ExifTags::ExposureTime);
     shot.fNumber = fraction(ExifTags::FNumber);
     shot.serial = tags.text(Directory::Exposure, ExifTags::BodySerialNumber);

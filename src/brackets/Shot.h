@@ -22,6 +22,7 @@ struct Shot
     int orientation = 1; ///< EXIF's number, 1 to 8
     Exposure mode = Exposure::Unknown;
     std::optional<double> exposureBias; ///< stops
+    std::optional<double> bracketStops; ///< of them, what the camera's bracketing was; maker note
     double exposureSeconds = 0;         ///< 0 when not known
     double fNumber = 0;                 ///< 0 when not known
     double focalLength = 0;             ///< mm; 0 when not known

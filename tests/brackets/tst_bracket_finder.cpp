@@ -85,6 +85,7 @@ private slots:
     void manyExposures_areOneBracketEach();
     void manyExposures_goingOnInAnotherScene_areToldApartByThePictures();
     void meteredEachTime_isNoBracket();
+    void meteredEachTime_butBracketedByTheMakerNote_isOne();
     void steepExposuresOfTheCamera_areDoubted();
     void panoramaSetByHand_isNoBracket();
     void extraOrMissingShot_doesNotSplit();
@@ -340,6 +341,24 @@ void TestBracketFinder::meteredEachTime_isNoBracket()
     for (Shot &shot : shots)
         shot.mode = Shot::Exposure::Automatic;
     QCOMPARE(sizesOf(brackets::find(shots, {})), QList<int>());
+}
+
+/// Some cameras keep the bias at 0 and note the bracket elsewhere.
+void TestBracketFinder::meteredEachTime_butBracketedByTheMakerNote_isOne()
+{
+    std::vector<Shot> shots;
+    for (const double stop : {0.0, -0.67, 0.67, 0.0, 0.0}) {
+        shots.push_back(timed(0.01 * std::exp2(stop), 0.5 * double(shots.size())));
+        shots.back().mode = Shot::Exposure::Automatic;
+        shots.back().bracketStops = stop;
+    }
+    const auto seen = scenesOf(shots, {5});
+    const Grouping found = brackets::find(shots, {}, seen);
+    QCOMPARE(sizesOf(found), QList<int>({3}));
+    QCOMPARE(found.brackets[0].shots[0].path, shots[0].path);
+    for (Shot &shot : shots)
+        shot.bracketStops.reset();
+    QCOMPARE(sizesOf(brackets::find(shots, {}, seen)), QList<int>());
 }
 
 void TestBracketFinder::steepExposuresOfTheCamera_areDoubted()

@@ -41,6 +41,7 @@ class TestMergeWorkspace : public QObject, private EditorWindow
 private slots:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
+    void pathsOfAContextMenu_goToTheWorkspaceAndOpenNoTabs();
     void command_opensWithWhatIsSelected();
     void merge_equalsTheCommandLine_data();
     void merge_equalsTheCommandLine();
@@ -697,6 +698,17 @@ void TestMergeWorkspace::smallScreen_isLargeEnough()
     const QSize least = workspace()->minimumSizeHint();
     QVERIFY(least.width() <= kSmallScreen.width());
     QVERIFY(least.height() <= kSmallScreen.height() - 60); // the desktop's own bars
+}
+
+/// As the context menu of a file manager starts the editor.
+void TestMergeWorkspace::pathsOfAContextMenu_goToTheWorkspaceAndOpenNoTabs()
+{
+    const QStringList bracket = pictures->addBracket(3, {30, 20});
+    window->mergePaths({bracket.at(0), bracket.at(2)});
+    QVERIFY(workspace() && workspace()->isVisible());
+    const QStringList shown{bracket.at(0), bracket.at(2)};
+    QTRY_COMPARE(workspace()->findChild<ShotList *>()->paths(), shown);
+    QVERIFY(!current());
 }
 
 QTEST_MAIN(TestMergeWorkspace)
