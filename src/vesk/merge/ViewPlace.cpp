@@ -22,9 +22,10 @@ void ViewPlace::setView(QSizeF size, double newDensity)
     density = newDensity;
 }
 
-void ViewPlace::setPicture(QSize size)
+void ViewPlace::setPicture(QSize given)
 {
-    if (size != pictureSize && !isFit()) // the same part of the scene
+    const QSize size = given.expandedTo({0, 0}); // that of a null picture
+    if (size != pictureSize && !isFit())         // the same part of the scene
         middle = {middle.x() * size.width() / std::max(1, pictureSize.width()),
                   middle.y() * size.height() / std::max(1, pictureSize.height())};
     pictureSize = size;

@@ -35,7 +35,7 @@ private:
 
     QSizeF viewSize;
     double density = 1;
-    QSize pictureSize;
+    QSize pictureSize{0, 0};
     double chosenZoom = 0; // 0: fit
     QPointF middle;        // of the view, in the picture
 };
