@@ -6,8 +6,10 @@
 #include <VeskLayer.h>
 #include <VeskLayerManager.h>
 #include <VeskPictureHost.h>
+#include <VeskSelection.h>
 
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 DocumentHistory &DocumentHistory::of(VeskContext &document)
 {
@@ -145,10 +147,25 @@ QList<QImage> document::layerPictures(const VeskContext &context)
     return pictures;
 }
 
+QList<QImage> document::takeLayerPictures(VeskContext &context)
+{
+    const QList<QImage> pictures = layerPictures(context);
+    const VeskLayerManager *layers = context.getLayerManager();
+    for (int i = 0; i < layers->count(); ++i) {
+        auto *layer = qobject_cast<VeskLayer *>(layers->layerAt(i));
+        const QSignalBlocker quiet(layer);
+        if (layer)
+            layer->setVeskPictureHost(new VeskPictureHost);
+    }
+    return pictures;
+}
+
 void document::setLayerPictures(VeskContext &context, const QList<QImage> &pictures)
 {
     VeskLayerManager *layers = context.getLayerManager();
-    const QSize before = layers->size();
+    const VeskSelection *selection = context.getSelection();
+    const QSize before =
+        selection ? QSize(selection->getWidth(), selection->getHeight()) : layers->size();
     for (int i = 0; i < layers->count() && i < pictures.size(); ++i) {
         auto *layer = qobject_cast<VeskLayer *>(layers->layerAt(i));
         if (layer && !pictures[i].isNull())

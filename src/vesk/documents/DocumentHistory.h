@@ -81,6 +81,9 @@ namespace document {
 
 /// The pictures of the document's layers, bottom to top; null for a layer of another kind.
 QList<QImage> layerPictures(const VeskContext &context);
+/// The same, and the layers have none any more, so that the pictures can be changed without a copy.
+/// Tells nobody: other pictures must follow.
+QList<QImage> takeLayerPictures(VeskContext &context);
 /// Gives each layer its picture; the canvas and the selection follow the size.
 void setLayerPictures(VeskContext &context, const QList<QImage> &pictures);
 

@@ -1,5 +1,7 @@
 #include "PictureStep.h"
 
+#include <parallel_rows.h>
+
 #include <QColorSpace>
 #include <QTransform>
 
@@ -59,12 +61,8 @@ public:
 
     void apply(QImage &picture) override
     {
-        picture.detach();
-        for (Tile &tile : tiles) {
-            const QImage other = picture.copy(QRect(tile.place, tile.pixels.size()));
-            copyInto(picture, tile.pixels, tile.place);
-            tile.pixels = other;
-        }
+        const Bits whole(picture);
+        parallel::each(int(tiles.size()), [&](int i) { tiles[size_t(i)].swapWith(whole); });
     }
 
     qint64 bytes() const override
@@ -76,10 +74,33 @@ public:
     }
 
 private:
+    /// Bytes to be written by several threads.
+    struct Bits
+    {
+        explicit Bits(QImage &picture)
+            : depth(picture.depth())
+            , rowBytes(picture.bytesPerLine())
+            , bytes(picture.bits())
+        {
+        }
+
+        const int depth;
+        const qsizetype rowBytes;
+        uchar *const bytes;
+    };
+
     struct Tile
     {
         QPoint place;
         QImage pixels;
+
+        void swapWith(const Bits &whole)
+        {
+            const qsizetype size = bytesOf(pixels, pixels.width());
+            uchar *row = whole.bytes + place.y() * whole.rowBytes + place.x() * whole.depth / 8;
+            for (int y = 0; y < pixels.height(); ++y, row += whole.rowBytes)
+                std::swap_ranges(row, row + size, pixels.scanLine(y));
+        }
     };
 
     std::vector<Tile> tiles;
@@ -114,6 +135,8 @@ public:
     {
         if (isCropped) {
             QImage uncut = picture_step::likeness(picture, whole);
+            if (uncut.isNull()) // no memory: the picture stays as it is
+                return;
             copyInto(uncut, picture, area.topLeft());
             for (const Border &border : borders)
                 copyInto(uncut, border.pixels, border.place);

@@ -73,7 +73,7 @@ void PictureCommand::go(bool)
 {
     QList<QImage> pictures = edit.pictures;
     if (pictures.isEmpty()) {
-        pictures = document::layerPictures(context);
+        pictures = document::takeLayerPictures(context);
         for (int i = 0; i < pictures.size() && i < int(edit.back.size()); ++i) {
             if (edit.back[size_t(i)])
                 edit.back[size_t(i)]->apply(pictures[i]);

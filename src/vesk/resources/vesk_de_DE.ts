@@ -1260,6 +1260,60 @@
     </message>
 </context>
 <context>
+    <name>PhotoDock</name>
+    <message>
+        <source>%1 s</source>
+        <extracomment>A time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Photograph</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Lens</source>
+        <translation>Objektiv</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>Aufgenommen</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>Aperture</source>
+        <translation>Blende</translation>
+    </message>
+    <message>
+        <source>Sensitivity</source>
+        <translation>Empfindlichkeit</translation>
+    </message>
+    <message>
+        <source>Focal length</source>
+        <extracomment>A length in millimetres.</extracomment>
+        <translation>Brennweite</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
+    </message>
+    <message>
+        <source>Correction</source>
+        <extracomment>An exposure in stops, with its sign.</extracomment>
+        <translation>Korrektur</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>PictureDecoder</name>
     <message>
         <source>no such file</source>

@@ -1260,6 +1260,60 @@
     </message>
 </context>
 <context>
+    <name>PhotoDock</name>
+    <message>
+        <source>%1 s</source>
+        <extracomment>A time in seconds.</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Photograph</source>
+        <translation>Photographie</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Appareil</translation>
+    </message>
+    <message>
+        <source>Lens</source>
+        <translation>Objectif</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>Prise le</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Exposition</translation>
+    </message>
+    <message>
+        <source>Aperture</source>
+        <translation>Ouverture</translation>
+    </message>
+    <message>
+        <source>Sensitivity</source>
+        <translation>Sensibilité</translation>
+    </message>
+    <message>
+        <source>Focal length</source>
+        <extracomment>A length in millimetres.</extracomment>
+        <translation>Focale</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
+    </message>
+    <message>
+        <source>Correction</source>
+        <extracomment>An exposure in stops, with its sign.</extracomment>
+        <translation>Correction</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <translation>%1 IL</translation>
+    </message>
+</context>
+<context>
     <name>PictureDecoder</name>
     <message>
         <source>no such file</source>

@@ -1259,6 +1259,60 @@
     </message>
 </context>
 <context>
+    <name>PhotoDock</name>
+    <message>
+        <source>%1 s</source>
+        <extracomment>A time in seconds.</extracomment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>Photograph</source>
+        <translation>撮影情報</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>Lens</source>
+        <translation>レンズ</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>撮影日時</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>シャッター速度</translation>
+    </message>
+    <message>
+        <source>Aperture</source>
+        <translation>絞り</translation>
+    </message>
+    <message>
+        <source>Sensitivity</source>
+        <translation>感度</translation>
+    </message>
+    <message>
+        <source>Focal length</source>
+        <extracomment>A length in millimetres.</extracomment>
+        <translation>焦点距離</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
+    </message>
+    <message>
+        <source>Correction</source>
+        <extracomment>An exposure in stops, with its sign.</extracomment>
+        <translation>露出補正</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>PictureDecoder</name>
     <message>
         <source>no such file</source>

@@ -1259,6 +1259,60 @@
     </message>
 </context>
 <context>
+    <name>PhotoDock</name>
+    <message>
+        <source>%1 s</source>
+        <extracomment>A time in seconds.</extracomment>
+        <translation>%1초</translation>
+    </message>
+    <message>
+        <source>Photograph</source>
+        <translation>촬영 정보</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>카메라</translation>
+    </message>
+    <message>
+        <source>Lens</source>
+        <translation>렌즈</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>촬영 일시</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>노출 시간</translation>
+    </message>
+    <message>
+        <source>Aperture</source>
+        <translation>조리개</translation>
+    </message>
+    <message>
+        <source>Sensitivity</source>
+        <translation>감도</translation>
+    </message>
+    <message>
+        <source>Focal length</source>
+        <extracomment>A length in millimetres.</extracomment>
+        <translation>초점 거리</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1mm</translation>
+    </message>
+    <message>
+        <source>Correction</source>
+        <extracomment>An exposure in stops, with its sign.</extracomment>
+        <translation>노출 보정</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>PictureDecoder</name>
     <message>
         <source>no such file</source>

@@ -1259,6 +1259,60 @@
     </message>
 </context>
 <context>
+    <name>PhotoDock</name>
+    <message>
+        <source>%1 s</source>
+        <extracomment>A time in seconds.</extracomment>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>Photograph</source>
+        <translation>拍摄信息</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>相机</translation>
+    </message>
+    <message>
+        <source>Lens</source>
+        <translation>镜头</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>拍摄时间</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>曝光时间</translation>
+    </message>
+    <message>
+        <source>Aperture</source>
+        <translation>光圈</translation>
+    </message>
+    <message>
+        <source>Sensitivity</source>
+        <translation>感光度</translation>
+    </message>
+    <message>
+        <source>Focal length</source>
+        <extracomment>A length in millimetres.</extracomment>
+        <translation>焦距</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 毫米</translation>
+    </message>
+    <message>
+        <source>Correction</source>
+        <extracomment>An exposure in stops, with its sign.</extracomment>
+        <translation>曝光补偿</translation>
+    </message>
+    <message>
+        <source>%1 EV</source>
+        <translation>%1 EV</translation>
+    </message>
+</context>
+<context>
     <name>PictureDecoder</name>
     <message>
         <source>no such file</source>

@@ -217,6 +217,7 @@ void AdjustDock::propose()
 void AdjustDock::showEvent(QShowEvent *event)
 {
     QDockWidget::showEvent(event);
+    QMetaObject::invokeMethod(this, &QWidget::raise, Qt::QueuedConnection); // before other tabs
     prepareSoon();
 }
 

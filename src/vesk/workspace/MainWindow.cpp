@@ -16,6 +16,7 @@
 #include "LanguageMenu.h"
 #include "LayerDock.h"
 #include "LightCommand.h"
+#include "PhotoDock.h"
 #include "PictureFolder.h"
 #include "RecentFilesMenu.h"
 #include "RecoveryKeeper.h"
@@ -76,6 +77,7 @@ MainWindow::MainWindow(QWidget *parent)
     , saver(new DocumentSaver(this))
     , status(new EditorStatusBar)
     , edit(new EditMenu(documents, this))
+    , lastSession(settings::session())
     , leaveFullScreen(new QShortcut(Qt::Key_Escape, this))
     , walkBack(new QShortcut(Qt::Key_Left, this))
     , walkOn(new QShortcut(Qt::Key_Right, this))
@@ -141,8 +143,7 @@ void MainWindow::offerRecovery()
 void MainWindow::restoreSession()
 {
     QStringList paths;
-    const QStringList last = settings::session();
-    for (const QString &path : last) {
+    for (const QString &path : lastSession) {
         if (QFileInfo(path).isFile())
             paths.append(path);
     }
@@ -163,6 +164,12 @@ void MainWindow::addDocks()
     layerDock = new LayerDock(this);
     addDockWidget(Qt::RightDockWidgetArea, layerDock);
     addDockWidget(Qt::RightDockWidgetArea, edit->adjustDock());
+    tabifyDockWidget(layerDock, edit->adjustDock());
+    photoDock = new PhotoDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, photoDock);
+    tabifyDockWidget(layerDock, photoDock);
+    layerDock->raise();
+    photoDock->hide();
     edit->adjustDock()->hide();
     resizeDocks({filmStripDock}, {filmStrip->sizeHint().height()}, Qt::Vertical);
 }
@@ -195,7 +202,7 @@ void MainWindow::addMenus()
     view->addAction(clipping);
     view->addSeparator();
     view->addActions({filmStripDock->toggleViewAction(), histogramDock->toggleViewAction(),
-                      layerDock->toggleViewAction()});
+                      layerDock->toggleViewAction(), photoDock->toggleViewAction()});
     view->addSeparator();
     view->addActions({actions->nextTab, actions->previousTab, actions->fullScreen});
 
@@ -483,6 +490,7 @@ void MainWindow::showCurrentDocument(VeskContext *document)
     status->showCanvas(documents->currentCanvas());
     histogramDock->showDocument(document);
     layerDock->showDocument(document);
+    photoDock->showDocument(document);
     edit->showDocument(document);
     showClipping();
     if (document && !document->getFilePath().isEmpty() && filmStrip->selectedPaths().size() <= 1)

@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QStringList>
 
 #include <memory>
 
@@ -22,6 +23,7 @@ class HistogramDock;
 class LanguageMenu;
 class LayerDock;
 class LightCommand;
+class PhotoDock;
 class PictureFolder;
 class QShortcut;
 class RecentFilesMenu;
@@ -94,8 +96,10 @@ private:
     EditMenu *edit;
     HistogramDock *histogramDock = nullptr;
     LayerDock *layerDock = nullptr;
+    PhotoDock *photoDock = nullptr;
     QDockWidget *filmStripDock = nullptr;
     RecentFilesMenu *recentFiles = nullptr;
+    const QStringList lastSession; // of the program before
     bool isClosing = false;
     QAction *clipping = nullptr;
     QPointer<ClippingOverlay> clippingOverlay;

@@ -12,14 +12,16 @@
 #include <StraightenTool.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
+#include <metadata_reader.h>
 #include <picture_document.h>
 #include <picture_edits.h>
-#include <picture_reader.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
+#include <QImageReader>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSlider>
@@ -49,6 +51,7 @@ private slots:
     void adjust_autoAndReset_leaveNothing();
     void adjust_saveAtOnce_savesWhatIsSeen();
     void adjust_largePicture_previewsBeforeTheDocumentChanges();
+    void cropAndRotate_saved_metadataAreTrue();
     void copyAndPaste_makeADocument();
     void actions_withoutDocument_areOff();
     void twoDocuments_haveTheirOwnHistories();
@@ -225,6 +228,42 @@ void TestEditMenu::adjust_largePicture_previewsBeforeTheDocumentChanges()
     QVERIFY(preview->shown().width() <= canvas()->width() * canvas()->devicePixelRatioF() + 1);
     edit->settle();
     QVERIFY(picture().cacheKey() != key);
+}
+
+/// A photograph that was taken upright lies in its file, and is shown upright.
+void TestEditMenu::cropAndRotate_saved_metadataAreTrue()
+{
+    const QString photo =
+        qEnvironmentVariable("VESK_TEST_PICTURES") + QStringLiteral("/IMG_3871.jpeg");
+    if (!QFile::exists(photo))
+        QSKIP("no photographs: set VESK_TEST_PICTURES");
+    const QString path = pictures->path(QStringLiteral("photo.jpeg"));
+    QVERIFY(QFile::copy(photo, path));
+    openAndWait({path});
+    const QSize upright = picture().size();
+    edit->rotateRight->trigger();
+    edit->settle();
+    QCOMPARE(picture().size(), upright.transposed());
+    edit->crop->trigger();
+    auto *tool = canvas()->findChild<CropTool *>();
+    const QSize half = picture().size() / 2;
+    dragOn(tool, {0, 0}, {double(half.width()), double(half.height())});
+    const QSize size = tool->area().size();
+    QTest::keyClick(tool, Qt::Key_Return);
+    edit->settle();
+    QCOMPARE(picture().size(), size);
+    action(QStringLiteral("Save"))->trigger();
+    const ExifTags before = metadata::read(photo).exif;
+    const ExifTags after = metadata::read(path).exif;
+    QCOMPARE(QImageReader(path).size(), size);
+    QCOMPARE(after.number(ExifTags::Directory::Exposure, ExifTags::PixelWidth).value_or(0),
+             quint32(size.width()));
+    QCOMPARE(after.number(ExifTags::Directory::Exposure, ExifTags::PixelHeight).value_or(0),
+             quint32(size.height()));
+    QCOMPARE(after.number(ExifTags::Directory::Picture, ExifTags::Orientation).value_or(1), 1U);
+    QCOMPARE(after.text(ExifTags::Directory::Picture, ExifTags::Model),
+             before.text(ExifTags::Directory::Picture, ExifTags::Model));
+    QVERIFY(!after.text(ExifTags::Directory::Picture, ExifTags::Model).isEmpty());
 }
 
 void TestEditMenu::copyAndPaste_makeADocument()

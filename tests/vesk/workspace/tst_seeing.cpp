@@ -1,0 +1,206 @@
+#include "ClippingOverlay.h"
+#include "DocumentArea.h"
+#include "EditorActions.h"
+#include "EditorWindow.h"
+#include "FilmStrip.h"
+#include "HistogramView.h"
+#include "MainWindow.h"
+#include "PhotoDock.h"
+#include "ThemeMenu.h"
+#include "editor_settings.h"
+
+#include <VeskCanvas.h>
+#include <VeskContext.h>
+#include <metadata_reader.h>
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolBar>
+
+/// What is seen of pictures, and how.
+class TestSeeing : public QObject, private EditorWindow
+{
+    Q_OBJECT
+
+private slots:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+    void fullScreen_hidesAllButThePicture();
+    void fullScreen_arrowKeys_walkTheFolder();
+    void fullScreen_walking_keepsWhatWasChanged();
+    void clipping_marksBothEnds();
+    void clipping_isShownOverTheCanvas();
+    void photograph_saysWhatTheCameraNoted();
+    void theme_dark_isNeutralAndRemembered();
+    void histogram_channelAndLogarithm_changeTheDrawing();
+
+private:
+    QAction *fullScreen() const { return window->findChild<EditorActions *>()->fullScreen; }
+    void goFullScreen()
+    {
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        fullScreen()->trigger();
+        QVERIFY(window->isFullScreen());
+    }
+};
+
+void TestSeeing::fullScreen_hidesAllButThePicture()
+{
+    openAndWait({pictures->add(QStringLiteral("a.png"))});
+    const QList<QDockWidget *> docks = window->findChildren<QDockWidget *>();
+    QList<QDockWidget *> shown;
+    for (QDockWidget *dock : docks) {
+        if (dock->isVisible())
+            shown.append(dock);
+    }
+    goFullScreen();
+    for (const QDockWidget *dock : docks)
+        QVERIFY(!dock->isVisible());
+    QVERIFY(!window->menuBar()->isVisible());
+    QVERIFY(!window->statusBar()->isVisible());
+    QVERIFY(!window->findChild<QToolBar *>()->isVisible());
+    QVERIFY(documents->currentCanvas()->isVisible());
+    fullScreen()->trigger();
+    for (const QDockWidget *dock : qAsConst(shown))
+        QVERIFY(dock->isVisible());
+    QVERIFY(window->menuBar()->isVisible());
+    QVERIFY(window->statusBar()->isVisible());
+}
+
+void TestSeeing::fullScreen_arrowKeys_walkTheFolder()
+{
+    const QStringList files = pictures->addBracket(4, {30, 20});
+    openAndWait({files.at(1)});
+    QTRY_COMPARE(strip->paths(), files);
+    goFullScreen();
+    QTest::keyClick(window.get(), Qt::Key_Right);
+    QTRY_COMPARE(current()->getFilePath(), files.at(2));
+    QTest::keyClick(window.get(), Qt::Key_Right);
+    QTRY_COMPARE(current()->getFilePath(), files.at(3));
+    QTRY_COMPARE(documents->documents().size(), 2); // the first one, and where we are
+    QTest::keyClick(window.get(), Qt::Key_Right);   // the end
+    QTest::keyClick(window.get(), Qt::Key_Left);
+    QTRY_COMPARE(current()->getFilePath(), files.at(2));
+    fullScreen()->trigger();
+    QTest::keyClick(window.get(), Qt::Key_Left); // pans, or nothing
+    QCOMPARE(current()->getFilePath(), files.at(2));
+}
+
+void TestSeeing::fullScreen_walking_keepsWhatWasChanged()
+{
+    const QStringList files = pictures->addBracket(4, {30, 20});
+    openAndWait({files.at(0)});
+    QTRY_COMPARE(strip->paths(), files);
+    goFullScreen();
+    QTest::keyClick(window.get(), Qt::Key_Right);
+    QTRY_COMPARE(current()->getFilePath(), files.at(1));
+    current()->setSaveAble(true);
+    QTest::keyClick(window.get(), Qt::Key_Right);
+    QTRY_COMPARE(current()->getFilePath(), files.at(2));
+    QCOMPARE(documents->documents().size(), 3);
+}
+
+void TestSeeing::clipping_marksBothEnds()
+{
+    QImage picture(4, 1, QImage::Format_RGB32);
+    picture.setPixel(0, 0, qRgb(255, 10, 10));
+    picture.setPixel(1, 0, qRgb(0, 0, 0));
+    picture.setPixel(2, 0, qRgb(254, 254, 254));
+    picture.setPixel(3, 0, qRgb(0, 0, 1));
+    for (const QImage &each : {picture, picture.convertToFormat(QImage::Format_RGBX64)}) {
+        const QImage mask = ClippingOverlay::mask(each, {0, 1, 2, 3}, {0});
+        QCOMPARE(qAlpha(mask.pixel(0, 0)), 255);
+        QVERIFY(qRed(mask.pixel(0, 0)) > qBlue(mask.pixel(0, 0)));
+        QVERIFY(qBlue(mask.pixel(1, 0)) > qRed(mask.pixel(1, 0)));
+        QCOMPARE(mask.pixel(2, 0), 0U);
+        QCOMPARE(mask.pixel(3, 0), 0U);
+    }
+}
+
+void TestSeeing::clipping_isShownOverTheCanvas()
+{
+    QImage white(80, 60, QImage::Format_RGB32);
+    white.fill(Qt::white);
+    const QString path = pictures->path(QStringLiteral("white.png"));
+    white.save(path);
+    openAndWait({path});
+    VeskCanvas *canvas = documents->currentCanvas();
+    const QPoint middle = canvas->toWidget({40, 30}).toPoint();
+    QCOMPARE(canvas->grab().toImage().pixelColor(middle), QColor(Qt::white));
+    const QList<QAction *> all = window->findChildren<QAction *>();
+    for (QAction *action : all) {
+        if (action->text().contains(QLatin1String("Clipping")))
+            action->trigger();
+    }
+    QVERIFY(canvas->findChild<ClippingOverlay *>());
+    QCOMPARE(canvas->grab().toImage().pixelColor(middle).green(), 0);
+}
+
+void TestSeeing::photograph_saysWhatTheCameraNoted()
+{
+    Metadata metadata;
+    using Directory = ExifTags::Directory;
+    metadata.exif.setText(Directory::Picture, ExifTags::Make, "Maker");
+    metadata.exif.setText(Directory::Picture, ExifTags::Model, "Maker X1");
+    metadata.exif.setFraction(Directory::Exposure, ExifTags::ExposureTime, 1, 250);
+    metadata.exif.setFraction(Directory::Exposure, ExifTags::FNumber, 28, 10);
+    metadata.exif.setSignedFraction(Directory::Exposure, ExifTags::ExposureBias, -2, 1);
+    const PhotoDock::Rows expected{{QStringLiteral("Camera"), QStringLiteral("Maker X1")},
+                                   {QStringLiteral("Exposure"), QStringLiteral("1/250 s")},
+                                   {QStringLiteral("Aperture"), QStringLiteral("f/2.8")},
+                                   {QStringLiteral("Correction"), QStringLiteral("-2 EV")}};
+    QCOMPARE(PhotoDock::rowsOf(metadata), expected);
+    QVERIFY(PhotoDock::rowsOf({}).isEmpty());
+}
+
+void TestSeeing::theme_dark_isNeutralAndRemembered()
+{
+    const QColor before = window->palette().color(QPalette::Window);
+    settings::setTheme(QStringLiteral("dark"));
+    ThemeMenu::applySettings();
+    QTRY_VERIFY(window->palette().color(QPalette::Window) != before);
+    const QColor ground = window->palette().color(QPalette::Window);
+    QVERIFY(ground.lightness() < 80);
+    QVERIFY(ground.red() == ground.green() && ground.green() == ground.blue());
+    QCOMPARE(settings::theme(), QStringLiteral("dark"));
+    settings::setTheme({});
+    ThemeMenu::applySettings();
+    QTRY_COMPARE(window->palette().color(QPalette::Window), before);
+}
+
+void TestSeeing::histogram_channelAndLogarithm_changeTheDrawing()
+{
+    HistogramView view;
+    view.resize(256, 140);
+    VeskCanvas::Histogram counts;
+    for (size_t i = 0; i < 256; ++i) {
+        counts.red[i] = 1000;
+        counts.green[i] = quint32(i);
+        counts.luminosity[i] = 3;
+    }
+    view.setHistogram(counts);
+    const QImage all = view.grab().toImage();
+    view.setChannel(HistogramView::Channel::Red);
+    const QImage red = view.grab().toImage();
+    QVERIFY(red != all);
+    const QColor inside = red.pixelColor(128, 100);
+    QVERIFY(inside.red() > 150 && inside.green() < 80);
+    view.setChannel(HistogramView::Channel::Green);
+    const QImage straight = view.grab().toImage();
+    view.setLogarithmic(true);
+    const QImage logarithmic = view.grab().toImage();
+    const auto height = [](const QImage &image) {
+        int rows = 0;
+        for (int y = 0; y < image.height(); ++y)
+            rows += image.pixelColor(30, y).green() > 100;
+        return rows;
+    };
+    QVERIFY(height(logarithmic) > height(straight));
+}
+
+QTEST_MAIN(TestSeeing)
+#include "tst_seeing.moc"
