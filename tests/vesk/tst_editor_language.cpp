@@ -160,10 +160,11 @@ void TestEditorLanguage::menus_areTranslated()
     QCOMPARE(actions->open->text(), catalogue.translate("EditorActions", "&Open…"));
     QCOMPARE(actions->merge->text(), catalogue.translate("EditorActions", "&Merge to HDR…"));
     QCOMPARE(actions->save->text(), catalogue.translate("VeskActionManager", "&Save"));
-    const QStringList titles{"&File", "&View", "&Tools", "&Settings", "&Help"};
+    const QStringList titles{"&File", "&Edit", "&View", "&Tools", "&Settings", "&Help"};
     QCOMPARE(window->menuBar()->actions().size(), titles.size());
     for (int i = 0; i < titles.size(); ++i) {
-        QCOMPARE(menuTitle(i), catalogue.translate("MainWindow", titles.at(i).toUtf8()));
+        QCOMPARE(menuTitle(i),
+                 catalogue.translate(i == 1 ? "EditMenu" : "MainWindow", titles.at(i).toUtf8()));
         QVERIFY(menuTitle(i) != titles.at(i));
     }
 }
@@ -173,7 +174,7 @@ void TestEditorLanguage::mnemonics_areUniqueInEachMenu()
     QFETCH(QString, language);
     start(language);
     const QStringList titles = mnemonics(window->menuBar()->actions());
-    QCOMPARE(titles.size(), 5);
+    QCOMPARE(titles.size(), 6);
     QVERIFY2(areUnique(titles), qPrintable(titles.join(' ')));
     QList<const QMenu *> menus;
     for (const QAction *action : window->menuBar()->actions())

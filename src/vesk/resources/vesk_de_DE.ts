@@ -352,10 +352,6 @@
         <translation>Als Dokument &amp;einfügen</translation>
     </message>
     <message>
-        <source>C&amp;rop…</source>
-        <translation>&amp;Zuschneiden…</translation>
-    </message>
-    <message>
         <source>&amp;Straighten…</source>
         <translation>&amp;Geraderichten…</translation>
     </message>
@@ -379,6 +375,10 @@
         <source>Pasted Picture</source>
         <extracomment>The name of a document from the clipboard.</extracomment>
         <translation>Eingefügtes Bild</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op…</source>
+        <translation>&amp;Zuschneiden…</translation>
     </message>
 </context>
 <context>
@@ -1283,10 +1283,6 @@
         <translation>Aufgenommen</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>Belichtung</translation>
-    </message>
-    <message>
         <source>Aperture</source>
         <translation>Blende</translation>
     </message>
@@ -1310,7 +1306,11 @@
     </message>
     <message>
         <source>%1 EV</source>
-        <translation>%1 EV</translation>
+        <translation>%1 LW</translation>
+    </message>
+    <message>
+        <source>Exposure time</source>
+        <translation>Belichtungszeit</translation>
     </message>
 </context>
 <context>

@@ -352,10 +352,6 @@
         <translation>&amp;Pegar como documento</translation>
     </message>
     <message>
-        <source>C&amp;rop…</source>
-        <translation>R&amp;ecortar…</translation>
-    </message>
-    <message>
         <source>&amp;Straighten…</source>
         <translation>E&amp;nderezar…</translation>
     </message>
@@ -379,6 +375,10 @@
         <source>Pasted Picture</source>
         <extracomment>The name of a document from the clipboard.</extracomment>
         <translation>Imagen pegada</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op…</source>
+        <translation>R&amp;ecortar…</translation>
     </message>
 </context>
 <context>
@@ -1283,10 +1283,6 @@
         <translation>Tomada</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>Exposición</translation>
-    </message>
-    <message>
         <source>Aperture</source>
         <translation>Apertura</translation>
     </message>
@@ -1311,6 +1307,10 @@
     <message>
         <source>%1 EV</source>
         <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>Exposure time</source>
+        <translation>Tiempo de exposición</translation>
     </message>
 </context>
 <context>

@@ -352,10 +352,6 @@
         <translation>C&amp;oller comme document</translation>
     </message>
     <message>
-        <source>C&amp;rop…</source>
-        <translation>R&amp;ecadrer…</translation>
-    </message>
-    <message>
         <source>&amp;Straighten…</source>
         <translation>Re&amp;dresser…</translation>
     </message>
@@ -379,6 +375,10 @@
         <source>Pasted Picture</source>
         <extracomment>The name of a document from the clipboard.</extracomment>
         <translation>Image collée</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op…</source>
+        <translation>R&amp;ecadrer…</translation>
     </message>
 </context>
 <context>
@@ -1283,10 +1283,6 @@
         <translation>Prise le</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>Exposition</translation>
-    </message>
-    <message>
         <source>Aperture</source>
         <translation>Ouverture</translation>
     </message>
@@ -1311,6 +1307,10 @@
     <message>
         <source>%1 EV</source>
         <translation>%1 IL</translation>
+    </message>
+    <message>
+        <source>Exposure time</source>
+        <translation>Temps de pose</translation>
     </message>
 </context>
 <context>

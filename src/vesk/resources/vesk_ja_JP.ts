@@ -352,10 +352,6 @@
         <translation>ドキュメントとして貼り付け(&amp;P)</translation>
     </message>
     <message>
-        <source>C&amp;rop…</source>
-        <translation>切り抜き(&amp;T)…</translation>
-    </message>
-    <message>
         <source>&amp;Straighten…</source>
         <translation>傾き補正(&amp;S)…</translation>
     </message>
@@ -379,6 +375,10 @@
         <source>Pasted Picture</source>
         <extracomment>The name of a document from the clipboard.</extracomment>
         <translation>貼り付けた画像</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op…</source>
+        <translation>切り抜き(&amp;T)…</translation>
     </message>
 </context>
 <context>
@@ -1282,10 +1282,6 @@
         <translation>撮影日時</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>シャッター速度</translation>
-    </message>
-    <message>
         <source>Aperture</source>
         <translation>絞り</translation>
     </message>
@@ -1310,6 +1306,10 @@
     <message>
         <source>%1 EV</source>
         <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>Exposure time</source>
+        <translation>露光時間</translation>
     </message>
 </context>
 <context>

@@ -352,10 +352,6 @@
         <translation>문서로 붙여넣기(&amp;P)</translation>
     </message>
     <message>
-        <source>C&amp;rop…</source>
-        <translation>자르기(&amp;T)…</translation>
-    </message>
-    <message>
         <source>&amp;Straighten…</source>
         <translation>수평 맞추기(&amp;S)…</translation>
     </message>
@@ -379,6 +375,10 @@
         <source>Pasted Picture</source>
         <extracomment>The name of a document from the clipboard.</extracomment>
         <translation>붙여넣은 사진</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op…</source>
+        <translation>자르기(&amp;T)…</translation>
     </message>
 </context>
 <context>
@@ -1282,10 +1282,6 @@
         <translation>촬영 일시</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>노출 시간</translation>
-    </message>
-    <message>
         <source>Aperture</source>
         <translation>조리개</translation>
     </message>
@@ -1310,6 +1306,10 @@
     <message>
         <source>%1 EV</source>
         <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>Exposure time</source>
+        <translation>노출 시간</translation>
     </message>
 </context>
 <context>

@@ -352,10 +352,6 @@
         <translation>粘贴为文档(&amp;P)</translation>
     </message>
     <message>
-        <source>C&amp;rop…</source>
-        <translation>裁剪(&amp;T)…</translation>
-    </message>
-    <message>
         <source>&amp;Straighten…</source>
         <translation>拉直(&amp;S)…</translation>
     </message>
@@ -379,6 +375,10 @@
         <source>Pasted Picture</source>
         <extracomment>The name of a document from the clipboard.</extracomment>
         <translation>粘贴的图片</translation>
+    </message>
+    <message>
+        <source>Cr&amp;op…</source>
+        <translation>裁剪(&amp;T)…</translation>
     </message>
 </context>
 <context>
@@ -1282,10 +1282,6 @@
         <translation>拍摄时间</translation>
     </message>
     <message>
-        <source>Exposure</source>
-        <translation>曝光时间</translation>
-    </message>
-    <message>
         <source>Aperture</source>
         <translation>光圈</translation>
     </message>
@@ -1310,6 +1306,10 @@
     <message>
         <source>%1 EV</source>
         <translation>%1 EV</translation>
+    </message>
+    <message>
+        <source>Exposure time</source>
+        <translation>曝光时间</translation>
     </message>
 </context>
 <context>

@@ -33,7 +33,7 @@ EditMenu::EditMenu(DocumentArea *area, QMainWindow *window)
     copy = add(tr("&Copy"), QKeySequence::keyBindings(QKeySequence::Copy), "copyAction");
     paste = add(tr("&Paste as Document"), QKeySequence::keyBindings(QKeySequence::Paste),
                 "pasteAction");
-    crop = add(tr("C&rop…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_X}, "cropAction");
+    crop = add(tr("Cr&op…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_X}, "cropAction");
     straighten = add(tr("&Straighten…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_L}, "straightenAction");
     rotateLeft = add(tr("Rotate &Left"), {Qt::CTRL | Qt::Key_L}, "rotateLeftAction");
     rotateRight = add(tr("Rotate Ri&ght"), {Qt::CTRL | Qt::Key_R}, "rotateRightAction");

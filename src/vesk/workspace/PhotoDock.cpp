@@ -71,7 +71,7 @@ PhotoDock::Rows PhotoDock::rowsOf(const Metadata &metadata)
     addText(tr("Taken"), tags.text(Directory::Exposure, ExifTags::DateTimeOriginal));
     const auto time = fraction(ExifTags::ExposureTime);
     if (time && *time > 0)
-        addText(tr("Exposure"), seconds(*time));
+        addText(tr("Exposure time"), seconds(*time));
     const auto aperture = fraction(ExifTags::FNumber);
     if (aperture && *aperture > 0)
         addText(tr("Aperture"), QStringLiteral("f/%1").arg(number(*aperture, 1)));

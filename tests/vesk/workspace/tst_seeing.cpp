@@ -150,7 +150,7 @@ void TestSeeing::photograph_saysWhatTheCameraNoted()
     metadata.exif.setFraction(Directory::Exposure, ExifTags::FNumber, 28, 10);
     metadata.exif.setSignedFraction(Directory::Exposure, ExifTags::ExposureBias, -2, 1);
     const PhotoDock::Rows expected{{QStringLiteral("Camera"), QStringLiteral("Maker X1")},
-                                   {QStringLiteral("Exposure"), QStringLiteral("1/250 s")},
+                                   {QStringLiteral("Exposure time"), QStringLiteral("1/250 s")},
                                    {QStringLiteral("Aperture"), QStringLiteral("f/2.8")},
                                    {QStringLiteral("Correction"), QStringLiteral("-2 EV")}};
     QCOMPARE(PhotoDock::rowsOf(metadata), expected);
