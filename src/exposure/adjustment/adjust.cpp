@@ -54,8 +54,8 @@ private:
 
     void toneStretch(uint16_t (*channels)[kStretch], int count, int x, int y) const
     {
-        float slopes[kStretch];
-        float offsets[kStretch];
+        float slopes[kStretch] = {};
+        float offsets[kStretch] = {};
         if (tones.hasTones)
             map->row(window, x, y, count, slopes, offsets);
         applyTones(tones, {channels[0], channels[1], channels[2], slopes, offsets, size_t(count)});
