@@ -111,7 +111,8 @@ bool cicp_profile::isKnown(int primaries, int transfer)
 
 std::optional<cicp_profile::Codes> cicp_profile::codesOf(const QByteArray &profile)
 {
-    const QColorSpace space = QColorSpace::fromIccProfile(profile);
+    const QColorSpace space =
+        profile.isEmpty() ? QColorSpace() : QColorSpace::fromIccProfile(profile);
     const bool isSrgb = space.primaries() == QColorSpace::Primaries::SRgb;
     const bool isLinear = space.transferFunction() == QColorSpace::TransferFunction::Linear;
     const bool isScreen = isSrgb || space.primaries() == QColorSpace::Primaries::DciP3D65;
