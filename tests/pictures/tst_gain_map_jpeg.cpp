@@ -382,9 +382,11 @@ void TestGainMapJpeg::read_plainFiles_haveNone()
 void TestGainMapJpeg::read_cutFile_saysThatTheMapIsMissing()
 {
     const QByteArray file = brightFile();
-    const std::optional<gain_map::Found> map = found(file.left(BrightJpeg(file).baseBytes + 100));
-    QVERIFY(map);
-    QVERIFY(!map->problem.isEmpty());
+    for (const qsizetype bytes : {qsizetype(BrightJpeg(file).baseBytes) + 100, file.size() - 10}) {
+        const std::optional<gain_map::Found> map = found(file.left(bytes));
+        QVERIFY(map);
+        QVERIFY(!map->problem.isEmpty());
+    }
 }
 
 void TestGainMapJpeg::read_senselessTerms_areRefused_data()
