@@ -10,6 +10,7 @@
 LookBox::LookBox(QWidget *parent)
     : QGroupBox(tr("Look"), parent)
     , form(new QFormLayout(this))
+    , automatic(new QPushButton(tr("Aut&o")))
 {
     using exposure::Look;
     add(tr("&Exposure:"), "exposureSlider", -4, 4, &Look::exposure);
@@ -38,7 +39,6 @@ void LookBox::add(const QString &text, const char *name, double least, double mo
 
 void LookBox::addButtons()
 {
-    auto *automatic = new QPushButton(tr("Aut&o"));
     automatic->setObjectName(QStringLiteral("autoButton"));
     automatic->setToolTip(tr("A look that suits the picture, to begin with"));
     auto *reset = new QPushButton(tr("Rese&t"));
@@ -51,6 +51,11 @@ void LookBox::addButtons()
     form->addRow(row);
     connect(automatic, &QPushButton::clicked, this, &LookBox::automaticWanted);
     connect(reset, &QPushButton::clicked, this, [this] { setLook({}); });
+}
+
+void LookBox::hideAutomatic()
+{
+    automatic->hide();
 }
 
 exposure::Look LookBox::look() const

@@ -8,6 +8,7 @@
 
 class LookSlider;
 class QFormLayout;
+class QPushButton;
 
 /// The look of the merged picture as sliders. GUI thread.
 class LookBox : public QGroupBox
@@ -20,6 +21,9 @@ public:
     exposure::Look look() const;
     /// Tells of one change, if it is one.
     void setLook(const exposure::Look &look);
+
+    /// Where there is no picture for a look to suit.
+    void hideAutomatic();
 
 Q_SIGNALS:
     void changed();
@@ -38,5 +42,6 @@ private:
     void addButtons();
 
     QFormLayout *form;
+    QPushButton *automatic;
     std::vector<Part> parts;
 };

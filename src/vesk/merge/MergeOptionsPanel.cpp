@@ -89,6 +89,11 @@ void MergeOptionsPanel::setLook(const exposure::Look &wanted)
     look->setLook(wanted);
 }
 
+void MergeOptionsPanel::hideAutomaticLook()
+{
+    look->hideAutomatic();
+}
+
 void MergeOptionsPanel::setShots(const QStringList &names)
 {
     const QSignalBlocker quiet(ghosts);

@@ -26,6 +26,8 @@ public:
     /// The same the other way round; ghosts from a shot are those of setShots.
     void setSettings(const MergeSettings &settings);
     void setLook(const exposure::Look &look);
+    /// Where there is no picture for a look to suit.
+    void hideAutomaticLook();
 
 Q_SIGNALS:
     void changed();
