@@ -7,6 +7,7 @@
 
 #include <qfloat16.h>
 
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -54,17 +55,16 @@ DecodedPicture tiff_light::read(TIFF *tiff, const Layout &layout, const ReadOpti
         return picture::failure(DecodeError::NoMemory, layout.size);
     TiffRows source(tiff);
     const qsizetype numbers = qsizetype(layout.size.width()) * layout.channels;
-    std::vector<float> wide(layout.bits == 16 ? size_t(numbers) : 0);
+    std::vector<float> wide(static_cast<size_t>(numbers));
     for (int y = 0; y < layout.size.height(); ++y) {
         const uchar *row = source.row(static_cast<std::uint32_t>(y));
         if (!row)
             return picture::failure(DecodeError::Damaged);
-        const auto *floats = reinterpret_cast<const float *>(row);
-        if (layout.bits == 16) {
+        if (layout.bits == 16)
             qFloatFromFloat16(wide.data(), reinterpret_cast<const qfloat16 *>(row), numbers);
-            floats = wide.data();
-        }
-        convertRow(floats, rows.row(y), layout);
+        else
+            std::memcpy(wide.data(), row, wide.size() * sizeof(float));
+        convertRow(wide.data(), rows.row(y), layout);
         rows.rowWritten(y);
     }
     DecodedPicture decoded;
