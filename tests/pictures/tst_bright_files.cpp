@@ -82,7 +82,7 @@ QByteArray written(const QImage &light, PictureFormat format)
 }
 
 /// In candelas per square metre: SMPTE ST 2084, equation 4.
-double luminanceOf(double level)
+[[maybe_unused]] double luminanceOf(double level)
 {
     const double power = std::pow(level, 1.0 / 78.84375);
     return 10000.0 * std::pow(std::max(power - 0.8359375, 0.0) / (18.8515625 - 18.6875 * power),
@@ -90,7 +90,7 @@ double luminanceOf(double level)
 }
 
 /// Stops rms of the luminance, white at 203 cd/m2; weights of BT.2020.
-double distance(const Decoded &decoded, const QImage &light)
+[[maybe_unused]] double distance(const Decoded &decoded, const QImage &light)
 {
     double sum = 0.0;
     const double *level = decoded.levels.data();
@@ -107,7 +107,7 @@ double distance(const Decoded &decoded, const QImage &light)
     return std::sqrt(sum / (double(light.width()) * light.height()));
 }
 
-void requireLight(const Decoded &decoded, const QImage &light)
+[[maybe_unused]] void requireLight(const Decoded &decoded, const QImage &light)
 {
     QVERIFY(decoded.isSound);
     QCOMPARE(decoded.size, light.size());
@@ -226,6 +226,7 @@ void TestBrightFiles::write_avif_holdsTheLight()
     requireLight(readAvif(written(light, PictureFormat::Avif)), light);
 #else
     QVERIFY(!picture::isWritable(PictureFormat::Avif));
+    QTest::ignoreMessage(QtWarningMsg, "this program was built without AVIF");
     QVERIFY(written(softLight({4, 4}), PictureFormat::Avif).isEmpty());
 #endif
 }
@@ -238,6 +239,7 @@ void TestBrightFiles::write_jxl_holdsTheLight()
     requireLight(readJxl(written(light, PictureFormat::JpegXl)), light);
 #else
     QVERIFY(!picture::isWritable(PictureFormat::JpegXl));
+    QTest::ignoreMessage(QtWarningMsg, "this program was built without JPEG XL");
     QVERIFY(written(softLight({4, 4}), PictureFormat::JpegXl).isEmpty());
 #endif
 }
@@ -249,6 +251,8 @@ void TestBrightFiles::write_toADeviceThatIsFull_saysSo()
     device.open(QIODevice::ReadOnly);
     for (const PictureFormat format :
          {PictureFormat::Avif, PictureFormat::JpegXl, PictureFormat::Jpeg}) {
+        if (!picture::isWritable(format))
+            continue;
         WriteOptions options;
         options.gainMap.picture = QImage(8, 8, QImage::Format_RGB32);
         options.gainMap.picture.fill(Qt::black);
