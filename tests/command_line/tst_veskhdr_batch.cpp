@@ -54,7 +54,7 @@ private slots:
         writeBracket(photos, "in/a", 0);
         writeBracket(photos, "in/b", 100);
         photos.writeShot("in/single.jpg", 0, 300);
-        const ProgramRun run = batchIn(photos);
+        const ProgramRun run = batchIn(photos, {"--jobs", "1"}); // told in this order
         QCOMPARE(run.exitCode, 0);
         QCOMPARE(statusesOf(run), Counts({{"merged", 2}}));
         QCOMPARE(resultsIn(photos), QStringList({"2026-06-21T120000_a_0_merged.jpg",
