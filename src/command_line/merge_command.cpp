@@ -85,11 +85,11 @@ private:
     QList<QImage> pictures;        ///< in merge order
     cl_device_id device = nullptr; ///< null: the processor merges
     QImage merged;
-    command_line::ShotExposures exposures; ///< of the radiance
-    double whiteLuminance = 0.0;           ///< of the radiance, see WriteOptions
-    display::BrightSource bright;          ///< of a bright picture; its base comes last
-    GainMap gainMap;                       ///< of a bright picture in a JPEG file
-    QImage ghosts;                         ///< what moved; null when nothing did
+    brackets::ShotExposures exposures; ///< of the radiance
+    double whiteLuminance = 0.0;       ///< of the radiance, see WriteOptions
+    display::BrightSource bright;      ///< of a bright picture; its base comes last
+    GainMap gainMap;                   ///< of a bright picture in a JPEG file
+    QImage ghosts;                     ///< what moved; null when nothing did
     MergeReport report;
     ProgressBar bar;
 };
@@ -255,7 +255,7 @@ exposure::SetOptions Merge::setOptions()
     how.isDeepWanted = options.depth == 16;
     how.device = device;
     if (options.method == MergeMethod::Radiance || options.isBright) {
-        exposures = command_line::shotExposures(files);
+        exposures = brackets::shotExposures(files);
         if (options.isBright)
             how.product = exposure::Product::Both;
         how.exposures = exposures.relative;
@@ -304,7 +304,7 @@ void Merge::take(exposure::SetOutcome &&outcome)
 void Merge::takeLight(const exposure::Report &done)
 {
     if (exposures.hasScale)
-        whiteLuminance = command_line::luminanceOfWhite(exposures.relative[size_t(done.reference)]);
+        whiteLuminance = brackets::luminanceOfWhite(exposures.relative[size_t(done.reference)]);
     if (!done.areExposuresKnown)
         refuse(ExitCode::Ok, options.output,
                QStringLiteral("warning: not all pictures tell their exposures, they are taken "
@@ -367,7 +367,7 @@ ExitCode Merge::makeBright()
     bar.show(kMerged, QStringLiteral("Comparing with the light"));
     bright.base = merged;
     bright.peak = options.peak;
-    if (!command_line::makeBright(std::move(bright), options.format, merged, gainMap))
+    if (!display::makeBright(std::move(bright), options.format, merged, gainMap))
         return refuse(ExitCode::NoMemory, options.output, QStringLiteral("not enough memory"));
     report.headroom = gainMap.terms.alternateHeadroom;
     return ExitCode::Ok;
@@ -380,7 +380,7 @@ int Merge::bitsToWrite() const
                : options.format == PictureFormat::OpenExr ? 16
                                                           : 32;
     if (picture::isForBrightScreens(options.format))
-        return command_line::kBrightBits;
+        return display::kBrightBits;
     const bool isDeep = options.depth == 0 ? isFirstDeep : options.depth == 16;
     return isDeep && options.format != PictureFormat::Jpeg ? 16 : 8;
 }
@@ -476,7 +476,7 @@ ExitCode command_line::runMerge(const QStringList &words)
     }
     if (parsed.options.isQualityUnused)
         console::complain(parsed.options.output,
-                          QStringLiteral("warning: --quality has no effect, only JPEG has one"));
+                          QStringLiteral("warning: --quality has no effect, only JPEG, AVIF and JPEG XL have one"));
     try {
         return Merge(parsed.options).run();
     } catch (const std::bad_alloc &) {

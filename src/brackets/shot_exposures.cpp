@@ -41,7 +41,7 @@ std::vector<double> measured(const std::vector<Shot> &shots, const Measure &meas
 
 } // namespace
 
-command_line::ShotExposures command_line::shotExposures(const QStringList &paths)
+brackets::ShotExposures brackets::shotExposures(const QStringList &paths)
 {
     std::vector<Shot> shots;
     for (const QString &path : paths)
@@ -56,7 +56,7 @@ command_line::ShotExposures command_line::shotExposures(const QStringList &paths
     return exposures;
 }
 
-double command_line::luminanceOfWhite(double exposure)
+double brackets::luminanceOfWhite(double exposure)
 {
     constexpr double kSaturation = 78.0;
     constexpr double kLens = 0.65;

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace command_line {
+namespace brackets {
 
 /// How much light each shot of a bracket let in, as its file tells.
 struct ShotExposures
@@ -23,4 +23,4 @@ ShotExposures shotExposures(const QStringList &paths);
 /// ISO 12232's saturation based speed and a usual lens: 78 / (0.65 exposure).
 double luminanceOfWhite(double exposure);
 
-} // namespace command_line
+} // namespace brackets
