@@ -95,7 +95,12 @@ void TestVeskhdrDevelop::develop_everyMethod_equalsTheLibrary()
     QCOMPARE(done.exitCode, 0);
     const QImage light = read("light.tif", ReadOptions::Light::Floats);
     QCOMPARE(light.format(), QImage::Format_RGBX32FPx4);
-    QCOMPARE(read("result.png"), develop::picture(light, how).picture);
+    QImage result = read("result.png");
+    QCOMPARE(result.colorSpace().primaries(), QColorSpace::Primaries::SRgb);
+    QImage expected = develop::picture(light, how).picture;
+    result.setColorSpace({});
+    expected.setColorSpace({});
+    QCOMPARE(result, expected);
 }
 
 void TestVeskhdrDevelop::develop_everyFormat_isWrittenAtItsDepth_data()

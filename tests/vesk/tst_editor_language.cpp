@@ -160,7 +160,8 @@ void TestEditorLanguage::menus_areTranslated()
     QCOMPARE(actions->open->text(), catalogue.translate("EditorActions", "&Open…"));
     QCOMPARE(actions->merge->text(), catalogue.translate("EditorActions", "&Merge to HDR…"));
     QCOMPARE(actions->save->text(), catalogue.translate("VeskActionManager", "&Save"));
-    const QStringList titles{"&File", "&Edit", "&View", "&Tools", "&Settings", "&Help"};
+    const QStringList titles{"&File",  "&Edit",     "&View", "&Pictures",
+                             "&Tools", "&Settings", "&Help"};
     QCOMPARE(window->menuBar()->actions().size(), titles.size());
     for (int i = 0; i < titles.size(); ++i) {
         QCOMPARE(menuTitle(i),
@@ -174,7 +175,7 @@ void TestEditorLanguage::mnemonics_areUniqueInEachMenu()
     QFETCH(QString, language);
     start(language);
     const QStringList titles = mnemonics(window->menuBar()->actions());
-    QCOMPARE(titles.size(), 6);
+    QCOMPARE(titles.size(), 7);
     QVERIFY2(areUnique(titles), qPrintable(titles.join(' ')));
     QList<const QMenu *> menus;
     for (const QAction *action : window->menuBar()->actions())

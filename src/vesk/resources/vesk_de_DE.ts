@@ -755,6 +755,22 @@
         <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
         <translation>Dateien dieser Art enthalten kein Licht; wählen Sie .exr, .hdr oder .tif</translation>
     </message>
+    <message>
+        <source>JPEG picture that bright screens show brighter</source>
+        <translation>JPEG-Bild, das helle Bildschirme heller zeigen</translation>
+    </message>
+    <message>
+        <source>AVIF picture for bright screens</source>
+        <translation>AVIF-Bild für helle Bildschirme</translation>
+    </message>
+    <message>
+        <source>JPEG XL picture for bright screens</source>
+        <translation>JPEG-XL-Bild für helle Bildschirme</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
 </context>
 <context>
     <name>LightWindow</name>
@@ -954,7 +970,7 @@
     </message>
     <message>
         <source>&amp;Pictures</source>
-        <translation>&amp;Bilder</translation>
+        <translation>B&amp;ilder</translation>
     </message>
     <message>
         <source>Recovery</source>
@@ -1040,6 +1056,10 @@
     <message>
         <source>None (tripod)</source>
         <translation>Keine (Stativ)</translation>
+    </message>
+    <message>
+        <source>Light of the scene</source>
+        <translation>Licht der Szene</translation>
     </message>
 </context>
 <context>

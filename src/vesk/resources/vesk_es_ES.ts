@@ -463,7 +463,7 @@
     </message>
     <message>
         <source>Merge &amp;Brackets…</source>
-        <translation>Fusionar &amp;series…</translation>
+        <translation>&amp;Fusionar series…</translation>
     </message>
     <message>
         <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
@@ -755,6 +755,22 @@
         <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
         <translation>los archivos de este tipo no contienen luz; elija .exr, .hdr o .tif</translation>
     </message>
+    <message>
+        <source>JPEG picture that bright screens show brighter</source>
+        <translation>Imagen JPEG que las pantallas brillantes muestran más clara</translation>
+    </message>
+    <message>
+        <source>AVIF picture for bright screens</source>
+        <translation>Imagen AVIF para pantallas brillantes</translation>
+    </message>
+    <message>
+        <source>JPEG XL picture for bright screens</source>
+        <translation>Imagen JPEG XL para pantallas brillantes</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>no hay memoria suficiente</translation>
+    </message>
 </context>
 <context>
     <name>LightWindow</name>
@@ -1040,6 +1056,10 @@
     <message>
         <source>None (tripod)</source>
         <translation>Ninguna (trípode)</translation>
+    </message>
+    <message>
+        <source>Light of the scene</source>
+        <translation>Luz de la escena</translation>
     </message>
 </context>
 <context>

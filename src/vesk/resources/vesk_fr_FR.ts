@@ -463,7 +463,7 @@
     </message>
     <message>
         <source>Merge &amp;Brackets…</source>
-        <translation>Fusionner les &amp;séries…</translation>
+        <translation>Fusio&amp;nner les séries…</translation>
     </message>
     <message>
         <source>Find the brackets of a folder and merge them all, as Merge Exposures does</source>
@@ -571,7 +571,7 @@
     </message>
     <message>
         <source>&amp;Rating</source>
-        <translation>&amp;Note</translation>
+        <translation>N&amp;ote</translation>
     </message>
     <message>
         <source>&amp;Sort By</source>
@@ -754,6 +754,22 @@
     <message>
         <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
         <translation>les fichiers de ce type ne contiennent pas de lumière ; choisissez .exr, .hdr ou .tif</translation>
+    </message>
+    <message>
+        <source>JPEG picture that bright screens show brighter</source>
+        <translation>Image JPEG que les écrans lumineux montrent plus claire</translation>
+    </message>
+    <message>
+        <source>AVIF picture for bright screens</source>
+        <translation>Image AVIF pour écrans lumineux</translation>
+    </message>
+    <message>
+        <source>JPEG XL picture for bright screens</source>
+        <translation>Image JPEG XL pour écrans lumineux</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>mémoire insuffisante</translation>
     </message>
 </context>
 <context>
@@ -1040,6 +1056,10 @@
     <message>
         <source>None (tripod)</source>
         <translation>Aucun (trépied)</translation>
+    </message>
+    <message>
+        <source>Light of the scene</source>
+        <translation>Lumière de la scène</translation>
     </message>
 </context>
 <context>

@@ -755,6 +755,22 @@
         <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
         <translation>この種類のファイルは光を保持できません。.exr、.hdr、.tif のいずれかを選んでください</translation>
     </message>
+    <message>
+        <source>JPEG picture that bright screens show brighter</source>
+        <translation>JPEG 画像、高輝度画面ではより明るく表示</translation>
+    </message>
+    <message>
+        <source>AVIF picture for bright screens</source>
+        <translation>高輝度画面用の AVIF 画像</translation>
+    </message>
+    <message>
+        <source>JPEG XL picture for bright screens</source>
+        <translation>高輝度画面用の JPEG XL 画像</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>メモリーが足りません</translation>
+    </message>
 </context>
 <context>
     <name>LightWindow</name>
@@ -1040,6 +1056,10 @@
     <message>
         <source>None (tripod)</source>
         <translation>なし（三脚）</translation>
+    </message>
+    <message>
+        <source>Light of the scene</source>
+        <translation>シーンの光</translation>
     </message>
 </context>
 <context>

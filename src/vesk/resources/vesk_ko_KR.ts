@@ -755,6 +755,22 @@
         <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
         <translation>이 종류의 파일은 빛을 담지 못합니다. .exr, .hdr 또는 .tif를 선택하십시오</translation>
     </message>
+    <message>
+        <source>JPEG picture that bright screens show brighter</source>
+        <translation>밝은 화면에서 더 밝게 보이는 JPEG 사진</translation>
+    </message>
+    <message>
+        <source>AVIF picture for bright screens</source>
+        <translation>밝은 화면용 AVIF 사진</translation>
+    </message>
+    <message>
+        <source>JPEG XL picture for bright screens</source>
+        <translation>밝은 화면용 JPEG XL 사진</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>메모리가 부족합니다</translation>
+    </message>
 </context>
 <context>
     <name>LightWindow</name>
@@ -1040,6 +1056,10 @@
     <message>
         <source>None (tripod)</source>
         <translation>없음 (삼각대)</translation>
+    </message>
+    <message>
+        <source>Light of the scene</source>
+        <translation>장면의 빛</translation>
     </message>
 </context>
 <context>

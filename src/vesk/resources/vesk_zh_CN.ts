@@ -755,6 +755,22 @@
         <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
         <translation>此类文件不保存光照；请选择 .exr、.hdr 或 .tif</translation>
     </message>
+    <message>
+        <source>JPEG picture that bright screens show brighter</source>
+        <translation>JPEG 图片，在高亮屏幕上显示得更亮</translation>
+    </message>
+    <message>
+        <source>AVIF picture for bright screens</source>
+        <translation>用于高亮屏幕的 AVIF 图片</translation>
+    </message>
+    <message>
+        <source>JPEG XL picture for bright screens</source>
+        <translation>用于高亮屏幕的 JPEG XL 图片</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>内存不足</translation>
+    </message>
 </context>
 <context>
     <name>LightWindow</name>
@@ -1040,6 +1056,10 @@
     <message>
         <source>None (tripod)</source>
         <translation>无（三脚架）</translation>
+    </message>
+    <message>
+        <source>Light of the scene</source>
+        <translation>场景的光照</translation>
     </message>
 </context>
 <context>

@@ -755,6 +755,22 @@
         <source>files of this kind hold no light; choose .exr, .hdr or .tif</source>
         <translation>此類檔案不保存光照；請選擇 .exr、.hdr 或 .tif</translation>
     </message>
+    <message>
+        <source>JPEG picture that bright screens show brighter</source>
+        <translation>JPEG 圖片，在高亮螢幕上顯示得更亮</translation>
+    </message>
+    <message>
+        <source>AVIF picture for bright screens</source>
+        <translation>用於高亮螢幕的 AVIF 圖片</translation>
+    </message>
+    <message>
+        <source>JPEG XL picture for bright screens</source>
+        <translation>用於高亮螢幕的 JPEG XL 圖片</translation>
+    </message>
+    <message>
+        <source>not enough memory</source>
+        <translation>記憶體不足</translation>
+    </message>
 </context>
 <context>
     <name>LightWindow</name>
@@ -1040,6 +1056,10 @@
     <message>
         <source>None (tripod)</source>
         <translation>無（三腳架）</translation>
+    </message>
+    <message>
+        <source>Light of the scene</source>
+        <translation>場景的光照</translation>
     </message>
 </context>
 <context>

@@ -221,8 +221,10 @@ void TestMainWindow::filmStripMenu_opensWhatIsSelected()
     window->openPaths({pictures->folder()});
     QTRY_COMPARE(strip->model()->rowCount(), 3);
     strip->select({bracket.at(0), bracket.at(2)});
-    QCOMPARE(strip->actions().size(), 3); // and the two merges
-    strip->actions().constFirst()->trigger();
+    const auto *actions = window->findChild<EditorActions *>();
+    for (const QAction *command : {actions->openSelected, actions->mergeExposures, actions->merge})
+        QVERIFY(strip->actions().contains(command));
+    actions->openSelected->trigger();
     QTRY_COMPARE(documents->documents().size(), 2);
     QCOMPARE(current()->getFilePath(), bracket.at(2));
 }
