@@ -104,7 +104,7 @@ QWidget *BatchWindow::makeOptions()
     auto *box = new QWidget;
     box->setFixedWidth(kOptionWidth);
     options->setShots({});
-    options->hideAutomaticLook();
+    options->offerForManyPictures();
     options->setSettings(
         MergeSettings::fromMark(settings::batchMethod(), settings::batchOptions(), {}));
     format->setObjectName(QStringLiteral("formatBox"));

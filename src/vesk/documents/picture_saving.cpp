@@ -32,24 +32,30 @@ WriteResult document::savePicture(const QImage &picture, const SaveTarget &targe
     WriteOptions options;
     options.metadata = metadataOf(metadata.sources);
     options.mark = metadata.mark;
+    options.gainMap = metadata.gainMap;
     options.quality = target.quality;
     options.bitsPerSample = target.bitsPerSample;
     options.mayReplace = target.mayReplace;
     return picture::write(picture, target.path, target.format, options);
 }
 
-WriteResult document::savePictureBeside(const QImage &picture, const SaveTarget &target,
-                                        const SavedMetadata &metadata)
+void document::workBeside(const std::function<void()> &work)
 {
     VeskProgressIndicator indicator(kIndicatorSize, nullptr);
     indicator.startAnimation();
-    WriteResult result;
-    const std::unique_ptr<QThread> writer(QThread::create([&] {
-        result = savePicture(picture, target, metadata);
+    const std::unique_ptr<QThread> worker(QThread::create([&] {
+        work();
         QCoreApplication::postEvent(&indicator, new QCloseEvent);
     }));
-    writer->start();
+    worker->start();
     indicator.exec(); // also returns when the program is told to quit
-    writer->wait();
+    worker->wait();
+}
+
+WriteResult document::savePictureBeside(const QImage &picture, const SaveTarget &target,
+                                        const SavedMetadata &metadata)
+{
+    WriteResult result;
+    workBeside([&] { result = savePicture(picture, target, metadata); });
     return result;
 }

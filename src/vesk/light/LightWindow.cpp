@@ -202,10 +202,10 @@ void LightWindow::showDeveloping(bool isUnderWay)
 
 void LightWindow::save()
 {
-    const QString path = light_file::saveAs(this, shown, folder);
+    const QString path = light_file::saveAs(this, shown, options(), folder);
     if (path.isEmpty())
         return;
-    isUnsaved = false;
+    isUnsaved = isUnsaved && !light_file::holdsLight(path);
     Q_EMIT saved(path);
 }
 

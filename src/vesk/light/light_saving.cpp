@@ -1,6 +1,8 @@
 #include "light_saving.h"
 
-#include <exr_encoder.h>
+#include <bright_merge.h>
+#include <develop.h>
+#include <editor_settings.h>
 #include <picture_saving.h>
 
 #include <QCoreApplication>
@@ -8,6 +10,9 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -18,23 +23,42 @@ struct LightSaving
     Q_DECLARE_TR_FUNCTIONS(LightSaving)
 };
 
-QStringList filters()
+struct Kind
 {
-    QStringList all = {LightSaving::tr("Radiance picture") + QStringLiteral(" (*.hdr)"),
-                       LightSaving::tr("TIFF picture, floating point") +
-                           QStringLiteral(" (*.tif *.tiff)")};
-    if (exr_file::isAvailable())
-        all.prepend(LightSaving::tr("OpenEXR picture") + QStringLiteral(" (*.exr)"));
-    return all;
+    PictureFormat format;
+    QString suffix;
+    QString filter;
+};
+
+QList<Kind> kinds()
+{
+    const QList<Kind> all = {
+        {PictureFormat::OpenExr, QStringLiteral("exr"),
+         LightSaving::tr("OpenEXR picture") + QStringLiteral(" (*.exr)")},
+        {PictureFormat::RadianceHdr, QStringLiteral("hdr"),
+         LightSaving::tr("Radiance picture") + QStringLiteral(" (*.hdr)")},
+        {PictureFormat::Tiff, QStringLiteral("tif"),
+         LightSaving::tr("TIFF picture, floating point") + QStringLiteral(" (*.tif *.tiff)")},
+        {PictureFormat::Jpeg, QStringLiteral("jpg"),
+         LightSaving::tr("JPEG picture that bright screens show brighter") +
+             QStringLiteral(" (*.jpg *.jpeg)")},
+        {PictureFormat::Avif, QStringLiteral("avif"),
+         LightSaving::tr("AVIF picture for bright screens") + QStringLiteral(" (*.avif)")},
+        {PictureFormat::JpegXl, QStringLiteral("jxl"),
+         LightSaving::tr("JPEG XL picture for bright screens") + QStringLiteral(" (*.jxl)")}};
+    QList<Kind> writable;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(writable),
+                 [](const Kind &kind) { return picture::isWritable(kind.format); });
+    return writable;
 }
 
 QString suffixOf(const QString &filter)
 {
-    for (const char *suffix : {"exr", "hdr"}) {
-        if (filter.contains(QStringLiteral("*.") + QLatin1String(suffix)))
-            return QLatin1String(suffix);
-    }
-    return QStringLiteral("tif");
+    const QList<Kind> all = kinds();
+    const auto kind = std::find_if(all.begin(), all.end(), [&filter](const Kind &candidate) {
+        return candidate.filter == filter;
+    });
+    return kind == all.end() ? all.constFirst().suffix : kind->suffix;
 }
 
 QString askPath(QWidget *window, const QString &suggested)
@@ -42,8 +66,12 @@ QString askPath(QWidget *window, const QString &suggested)
     QFileDialog dialog(window, LightSaving::tr("Save Light"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters(filters());
-    dialog.setDefaultSuffix(suffixOf(filters().constFirst()));
+    QStringList filters;
+    const QList<Kind> all = kinds();
+    for (const Kind &kind : all)
+        filters += kind.filter;
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(all.constFirst().suffix);
     dialog.setDirectory(QFileInfo(suggested).path());
     dialog.selectFile(QFileInfo(suggested).fileName());
     QObject::connect(
@@ -53,14 +81,34 @@ QString askPath(QWidget *window, const QString &suggested)
     return isChosen ? dialog.selectedFiles().constFirst() : QString();
 }
 
-/// What a file of that name holds of light, or nothing when it holds none.
+/// How the light goes into a file of that name, or nothing when it does not.
 std::optional<SaveTarget> targetFor(const QString &path)
 {
-    const std::optional<PictureFormat> format = picture::formatOfSuffix(path);
-    if (!format || (*format != PictureFormat::Tiff && !picture::isForLight(*format)))
+    const std::optional<PictureFormat> bright = picture::brightFormatOfSuffix(path);
+    const std::optional<PictureFormat> format = bright ? bright : picture::formatOfSuffix(path);
+    if (!format || *format == PictureFormat::Png || !picture::isWritable(*format))
         return std::nullopt;
-    const int bits = *format == PictureFormat::Tiff ? kFloatBits : 0;
-    return SaveTarget{path, *format, kDefaultQuality, true, bits};
+    const int bits = *format == PictureFormat::Tiff         ? kFloatBits
+                     : picture::isForBrightScreens(*format) ? display::kBrightBits
+                                                            : 0;
+    return SaveTarget{path, *format, settings::jpegQuality(), true, bits};
+}
+
+/// What goes into the file: the light itself, or the picture that it is developed to, and what
+/// bright screens show beyond that. Null when memory is lacking.
+QImage contentFor(PictureFormat format, const QImage &light, const develop::Options &how,
+                  GainMap &gainMap)
+{
+    const bool isBright = format == PictureFormat::Jpeg || picture::isForBrightScreens(format);
+    if (!isBright)
+        return light;
+    display::BrightSource source;
+    source.base = develop::picture(light, how).picture;
+    source.light = light;
+    QImage content;
+    const bool isMade =
+        !source.base.isNull() && display::makeBright(std::move(source), format, content, gainMap);
+    return isMade ? content : QImage();
 }
 
 QString refuse(QWidget *window, const QString &path, const QString &reason)
@@ -73,7 +121,8 @@ QString refuse(QWidget *window, const QString &path, const QString &reason)
 
 } // namespace
 
-QString light_file::saveAs(QWidget *window, const Light &light, const QString &folder)
+QString light_file::saveAs(QWidget *window, const Light &light, const develop::Options &how,
+                           const QString &folder)
 {
     const QString path = askPath(window, QDir(folder).filePath(light.name));
     if (path.isEmpty())
@@ -86,6 +135,16 @@ QString light_file::saveAs(QWidget *window, const Light &light, const QString &f
     document::SavedMetadata metadata;
     metadata.sources = QStringList(light.metadataSource);
     metadata.mark = light.mark;
-    const WriteResult result = document::savePictureBeside(light.picture, *target, metadata);
-    return result.error == OutputFile::Error::None ? path : refuse(window, path, result.reason);
+    QString reason = LightSaving::tr("not enough memory");
+    document::workBeside([&] {
+        const QImage content = contentFor(target->format, light.picture, how, metadata.gainMap);
+        if (!content.isNull())
+            reason = document::savePicture(content, *target, metadata).reason;
+    });
+    return reason.isEmpty() ? path : refuse(window, path, reason);
+}
+
+bool light_file::holdsLight(const QString &path)
+{
+    return !picture::brightFormatOfSuffix(path);
 }

@@ -2,6 +2,7 @@
 
 #include <Metadata.h>
 #include <ResultMark.h>
+#include <develop_options.h>
 
 #include <QImage>
 #include <QString>
@@ -23,8 +24,13 @@ struct Light
 };
 
 /// Asks for a file and writes the light to it, while a busy indicator keeps the user waiting:
-/// OpenEXR (where this build has it), Radiance or TIFF. Problems are shown. The path when it is
-/// written; empty when not. GUI thread.
-QString saveAs(QWidget *window, const Light &light, const QString &folder);
+/// OpenEXR, Radiance or TIFF; or the picture that it is developed to, with what bright screens show
+/// beyond that: JPEG with a gain map, AVIF or JPEG XL; of these what this build writes. Problems
+/// are shown. The path when it is written; empty when not. GUI thread.
+QString saveAs(QWidget *window, const Light &light, const develop::Options &how,
+               const QString &folder);
+
+/// Whether a file of that name has the light itself in it.
+bool holdsLight(const QString &path);
 
 } // namespace light_file

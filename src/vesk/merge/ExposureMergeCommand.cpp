@@ -110,13 +110,18 @@ void ExposureMergeCommand::showBracketPlace()
         shown->setBracketPlace(filmStrip->selectedBracket(), filmStrip->bracketCount());
 }
 
-void ExposureMergeCommand::open(const QImage &picture, const QString &referencePath,
+void ExposureMergeCommand::open(const MergeResult &result, const QString &referencePath,
                                 const ResultMark &mark)
 {
+    if (result.picture.format() == QImage::Format_RGBX32FPx4) {
+        Q_EMIT lightMerged(result.picture, referencePath, mark);
+        return;
+    }
     //: The name of a merged picture; %1 is that of the shot it was made from.
     const QString name = tr("%1 merged").arg(QFileInfo(referencePath).completeBaseName());
-    VeskContext *document = documents->open(picture, name, {});
+    VeskContext *document = documents->open(result.picture, name, {});
     document::setMetadataSource(*document, referencePath);
     document::setResultMark(*document, mark);
+    document::setCoveredArea(*document, result.covered);
     document->setSaveAble(true);
 }

@@ -11,6 +11,7 @@ class DocumentArea;
 class EditorUiManager;
 class FilmStrip;
 class MergeWorkspace;
+struct MergeResult;
 
 /// The menu command "Merge Exposures": opens the workspace with what is selected, or with what the
 /// selected picture was merged from, and the merged picture as a new document beside the others.
@@ -34,6 +35,10 @@ public:
     /// Null while it is closed.
     MergeWorkspace *workspace() const;
 
+Q_SIGNALS:
+    /// What was merged is the light of a scene, of which no document is made.
+    void lightMerged(const QImage &light, const QString &referencePath, const ResultMark &mark);
+
 private:
     /// A merged picture's shots and how it was made.
     struct Origin
@@ -46,7 +51,7 @@ private:
     void show();
     void showNextBracket();
     void showBracketPlace();
-    void open(const QImage &picture, const QString &referencePath, const ResultMark &mark);
+    void open(const MergeResult &result, const QString &referencePath, const ResultMark &mark);
 
     EditorUiManager *uiManager;
     DocumentArea *documents;

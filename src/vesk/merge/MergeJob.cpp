@@ -4,6 +4,8 @@
 #include <VeskGlobalSettings.h>
 #include <parallel_rows.h>
 #include <picture_reader.h>
+#include <resample.h>
+#include <shot_exposures.h>
 
 #include <QColorSpace>
 #include <QFileInfo>
@@ -51,6 +53,16 @@ Shots checked(const QStringList &paths, const std::vector<DecodedPicture> &decod
         shots.pictures.append(picture.image);
     }
     return shots;
+}
+
+/// Of the picture: what shots of this size cover once they are placed.
+QRect coveredArea(const exposure::Report &report, QSize size)
+{
+    if (report.transforms.empty())
+        return {};
+    const std::vector<QSize> sizes(report.transforms.size(), size);
+    return (registration::commonArea(report.transforms, sizes, size) & report.area)
+        .translated(-report.area.topLeft());
 }
 
 } // namespace
@@ -110,7 +122,7 @@ MergeResult MergeJob::run(const MergeTask &task, const Flag &cancelled)
     tell(merge_texts::doing(exposure::Step::Fuse), kSearched, cancelled);
     MergeResult result = *task.merged;
     const QColorSpace space = result.picture.colorSpace();
-    if (!task.settings.isMean())
+    if (task.settings.hasLook())
         exposure::adjust(result.picture, task.settings.options.adjustment);
     result.picture.setColorSpace(space);
     return result;
@@ -120,7 +132,7 @@ MergeResult MergeJob::merge(const MergeTask &task, const Flag &cancelled)
 {
     const QStringList &paths = task.paths;
     const MergeSettings &settings = task.settings;
-    ReadOptions how = exposure::readOptionsFor(settings.method);
+    ReadOptions how = exposure::readOptionsFor(settings.method, paths);
     how.pixelLimit = VeskGlobalSettings::pixelLimit();
     how.cancelled = cancelled.get();
     std::vector<DecodedPicture> decoded(size_t(paths.size()));
@@ -138,15 +150,23 @@ MergeResult MergeJob::merge(const MergeTask &task, const Flag &cancelled)
     Shots shots = checked(paths, decoded);
     decoded.clear();
     if (!shots.problem.isEmpty())
-        return {{}, {}, {}, shots.problem};
+        return {{}, {}, {}, {}, shots.problem};
     exposure::Control control;
     control.cancelled = cancelled.get();
     control.progress = [&](exposure::Step step, double done) {
         tell(merge_texts::doing(step), doneAfter(step, done), cancelled);
     };
+    const QSize size = shots.pictures.first().size();
+    exposure::SetOptions options = settings.options;
+    if (settings.isLight())
+        options.exposures = brackets::shotExposures(paths).relative;
     exposure::Outcome outcome =
-        exposure::mergeSet(settings.method, std::move(shots.pictures), settings.options, control);
-    MergeResult result{outcome.picture, {}, outcome.report, merge_texts::problem(outcome.error)};
+        exposure::mergeSet(settings.method, std::move(shots.pictures), options, control);
+    MergeResult result{outcome.picture,
+                       {},
+                       outcome.report,
+                       coveredArea(outcome.report, size),
+                       merge_texts::problem(outcome.error)};
     // Read again: all shots together are more than what the merge has room for.
     if (task.wantsReference && !result.picture.isNull() && !*cancelled)
         result.reference =

@@ -16,6 +16,7 @@ struct MergeResult
     QImage picture;   ///< null when there is a problem
     QImage reference; ///< as it was taken, cut to what the picture shows; null unless wanted
     exposure::Report report;
+    QRect covered;   ///< of the picture: what every shot covers
     QString problem; ///< in words, with the names of the files concerned
 };
 

@@ -69,6 +69,7 @@ QWidget *MergeOptionsPanel::makeMergeBox()
     auto *box = new QGroupBox(tr("Merge"));
     auto *form = new QFormLayout(box);
     addMethod(*method, tr("Exposure fusion"), exposure::Method::Fusion);
+    addMethod(*method, tr("Light of the scene"), exposure::Method::Radiance);
     addMethod(*method, tr("Mean (as Merge to HDR)"), exposure::Method::Mean);
     method->setObjectName(QStringLiteral("methodBox"));
     alignment->setObjectName(QStringLiteral("alignmentBox"));
@@ -89,9 +90,10 @@ void MergeOptionsPanel::setLook(const exposure::Look &wanted)
     look->setLook(wanted);
 }
 
-void MergeOptionsPanel::hideAutomaticLook()
+void MergeOptionsPanel::offerForManyPictures()
 {
     look->hideAutomatic();
+    method->removeItem(method->findData(int(exposure::Method::Radiance)));
 }
 
 void MergeOptionsPanel::setShots(const QStringList &names)
@@ -107,13 +109,13 @@ void MergeOptionsPanel::setShots(const QStringList &names)
     ghosts->setCurrentIndex(std::max(0, ghosts->findText(chosen)));
 }
 
-/// The mean has neither a look nor ghosts, and is aligned as the tool does.
+/// Light has no look; the mean has no ghosts either, and is aligned as the tool does.
 void MergeOptionsPanel::onMethodChanged()
 {
     const bool isMean = methodOf(*method) == exposure::Method::Mean;
     offerAlignments();
     ghosts->setEnabled(!isMean);
-    look->setEnabled(!isMean);
+    look->setEnabled(methodOf(*method) == exposure::Method::Fusion);
     Q_EMIT changed();
 }
 
@@ -123,7 +125,7 @@ void MergeOptionsPanel::offerAlignments()
     const int none = alignment->findData(int(exposure::Alignment::None));
     const bool isNone = alignment->count() > 0 && alignment->currentIndex() == none;
     alignment->clear();
-    if (methodOf(*method) == exposure::Method::Fusion)
+    if (methodOf(*method) != exposure::Method::Mean)
         addAlignment(*alignment, tr("Perspective"), exposure::Alignment::Perspective);
     addAlignment(*alignment, tr("Whole pixels"), exposure::Alignment::Shift);
     addAlignment(*alignment, tr("None (tripod)"), exposure::Alignment::None);
@@ -143,7 +145,8 @@ MergeSettings MergeOptionsPanel::settings() const
     options.ghosts = choice == kKeepGhosts ? exposure::Ghosts::Keep : exposure::Ghosts::Remove;
     if (choice >= kFirstShot)
         options.ghostReference = choice - kFirstShot;
-    options.adjustment = look->look();
+    if (settings.hasLook())
+        options.adjustment = look->look();
     return settings;
 }
 

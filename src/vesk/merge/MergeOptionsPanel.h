@@ -27,7 +27,7 @@ public:
     void setSettings(const MergeSettings &settings);
     void setLook(const exposure::Look &look);
     /// Where there is no picture for a look to suit.
-    void hideAutomaticLook();
+    void offerForManyPictures();
 
 Q_SIGNALS:
     void changed();

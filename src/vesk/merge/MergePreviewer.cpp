@@ -1,6 +1,7 @@
 #include "MergePreviewer.h"
 #include "clipping_marks.h"
 
+#include <develop.h>
 #include <picture_set.h>
 #include <resample.h>
 #include <screen_colours.h>
@@ -23,6 +24,15 @@ QList<QImage> forTheMean(QList<QImage> shots)
     for (QImage &shot : shots)
         shot = shot.convertToFormat(QImage::Format_RGB32);
     return shots;
+}
+
+/// Light as one shot would show it.
+QImage forTheScreen(const QImage &merged)
+{
+    develop::Options how;
+    how.method = develop::Method::Exposure;
+    return merged.format() == QImage::Format_RGBX32FPx4 ? develop::picture(merged, how).picture
+                                                        : merged;
 }
 
 exposure::Outcome failed(exposure::Error error)
@@ -84,11 +94,11 @@ MergePreviewResult MergePreviewer::answer(const Request &request)
         return {};
     const exposure::Outcome &merged = mergedWithoutLook(request);
     MergePreviewResult result;
-    result.picture = merged.picture;
-    result.merged = merged.picture;
+    result.picture = forTheScreen(merged.picture);
+    result.merged = result.picture;
     result.report = merged.report;
     result.error = merged.error;
-    if (!request.settings.isMean() && !result.picture.isNull()) {
+    if (request.settings.hasLook() && !result.picture.isNull()) {
         const QColorSpace space = result.picture.colorSpace();
         exposure::adjust(result.picture, request.settings.options.adjustment);
         result.picture.setColorSpace(space);
@@ -148,11 +158,13 @@ exposure::Outcome MergePreviewer::fused(const Request &request, const exposure::
 {
     exposure::Options options = request.settings.options;
     options.adjustment = {};
+    if (request.settings.isLight())
+        options.product = exposure::Product::Light;
     if (isAlignedFor(request))
         return layOver(request.shots, control) ? fusedFromAligned(options, control)
                                                : failed(exposure::Error::Cancelled);
     exposure::Outcome outcome =
-        exposure::mergeSet(exposure::Method::Fusion, request.shots, options, control);
+        exposure::mergeSet(request.settings.method, request.shots, options, control);
     aligned = {keysOf(request.shots), options.alignment, options.reference, {}, {}};
     if (outcome.error == exposure::Error::None)
         aligned.report = outcome.report;

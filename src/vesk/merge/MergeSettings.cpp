@@ -98,6 +98,8 @@ MergeSettings MergeSettings::fromMark(const QString &method, const QString &opti
         settings.method = exposure::Method::Mean;
         merge.alignment = exposure::Alignment::Shift;
     }
+    if (method == QLatin1String("radiance"))
+        settings.method = exposure::Method::Radiance;
     if (align == QLatin1String("none"))
         merge.alignment = exposure::Alignment::None;
     if (align == QLatin1String("shift"))

@@ -11,6 +11,9 @@ struct MergeSettings
     exposure::Options options;
 
     bool isMean() const { return method == exposure::Method::Mean; }
+    /// What is made is the light of the scene: no picture for a screen, and without a look.
+    bool isLight() const { return method == exposure::Method::Radiance; }
+    bool hasLook() const { return method == exposure::Method::Fusion; }
     /// Whether both give the same picture but for the look.
     bool isSameButLook(const MergeSettings &other) const;
     MergeSettings withoutLook() const;
@@ -23,6 +26,8 @@ struct MergeSettings
     /// The word that --method takes.
     QString methodWord() const
     {
-        return isMean() ? QStringLiteral("mean") : QStringLiteral("fusion");
+        return isMean()    ? QStringLiteral("mean")
+               : isLight() ? QStringLiteral("radiance")
+                           : QStringLiteral("fusion");
     }
 };

@@ -297,7 +297,9 @@ void MergeWorkspace::onSetChanged()
 /// The whole picture, as soon as somebody looks closely.
 void MergeWorkspace::updateSharp()
 {
-    if (!preview->isSharpWanted() || isMerging() || !whyNoPreview(shots->shotsOn()).isEmpty())
+    const bool isSmallEnough = settings().isLight(); // its own window shows it at full size
+    if (!preview->isSharpWanted() || isSmallEnough || isMerging() ||
+        !whyNoPreview(shots->shotsOn()).isEmpty())
         return;
     if (const std::optional<MergeResult> kept = sharp.keptFor(pathsOn(), settings())) {
         if (!preview->isSharp())
@@ -500,7 +502,7 @@ void MergeWorkspace::finish(const MergeResult &result)
         requestPreview();
         return;
     }
-    Q_EMIT merged(result.picture, underWay.value(result.report.reference),
+    Q_EMIT merged(result, underWay.value(result.report.reference),
                   document::markOfMerge(asked.methodWord(), underWay, asked.asOptions(underWay)));
     accept();
 }

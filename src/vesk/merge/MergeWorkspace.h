@@ -44,7 +44,7 @@ Q_SIGNALS:
     /// Wants replaceShots.
     void nextBracketWanted();
     /// referencePath: the shot whose metadata belong to the picture.
-    void merged(const QImage &picture, const QString &referencePath, const ResultMark &mark);
+    void merged(const MergeResult &result, const QString &referencePath, const ResultMark &mark);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

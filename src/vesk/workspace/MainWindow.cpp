@@ -332,6 +332,8 @@ void MainWindow::connectOpening()
     connect(opener, &DocumentOpener::opened, this,
             [this](const QString &path) { recentFiles->add(path); });
     connect(opener, &DocumentOpener::lightOpened, this, &MainWindow::showLight);
+    connect(exposureMerge.get(), &ExposureMergeCommand::lightMerged, this,
+            &MainWindow::showMergedLight);
     connect(light.get(), &LightCommand::saved, recentFiles, &RecentFilesMenu::add);
     connect(opener, &DocumentOpener::failed, this,
             [this](const QString &path) { recentFiles->remove(path); });
@@ -415,6 +417,12 @@ void MainWindow::showLight(const LoadedPicture &read)
 {
     const QImage picture = read.image.convertToFormat(QImage::Format_RGBX32FPx4);
     light->show({picture, QFileInfo(read.path).completeBaseName(), read.path, read.path, {}});
+}
+
+void MainWindow::showMergedLight(const QImage &picture, const QString &referencePath,
+                                 const ResultMark &mark)
+{
+    light->show({picture, QFileInfo(referencePath).completeBaseName(), {}, referencePath, mark});
 }
 
 void MainWindow::stepDocument(int distance)

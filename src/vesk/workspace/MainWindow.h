@@ -32,6 +32,7 @@ class EditorUiManager;
 class VeskCanvas;
 class VeskContext;
 struct LoadedPicture;
+struct ResultMark;
 
 /// The editor's window: puts its parts together and passes on what one has to tell another.
 /// GUI thread.
@@ -76,6 +77,8 @@ private:
     bool closeDocument(VeskContext *document);
     void closeOthers(VeskContext *kept);
     void showLight(const LoadedPicture &read);
+    void showMergedLight(const QImage &picture, const QString &referencePath,
+                         const ResultMark &mark);
     void stepDocument(int distance);
     void showFullScreenOrNot(bool isFull);
     void hideForFullScreen(bool isFull);

@@ -11,6 +11,7 @@
 
 #include <VeskContext.h>
 #include <develop.h>
+#include <gain_map.h>
 #include <layer_composition.h>
 #include <screen_colours.h>
 
@@ -69,6 +70,7 @@ private slots:
     void close_lightOfAFile_doesNotAsk();
     void save_writesTheLightWhole_data();
     void save_writesTheLightWhole();
+    void save_forBrightScreens_isThePictureAndMore();
     void save_kindWithoutLight_isRefused();
     void command_developed_becomesADocument();
     void command_sameFileTwice_comesToTheFront();
@@ -249,16 +251,44 @@ void TestLightWindow::save_writesTheLightWhole()
     QVERIFY(!window->isVisible());
 }
 
+/// As any reader sees it: the picture that it is developed to. The light is in no file by that.
+void TestLightWindow::save_forBrightScreens_isThePictureAndMore()
+{
+    open(light());
+    choose(Method::Local);
+    const QString path = folder->filePath(QStringLiteral("a.jpg"));
+    dialogs->answerNextWith(path);
+    part<QPushButton>("saveLightButton")->click();
+    QCOMPARE(boxes->shown().size(), 0);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const std::optional<gain_map::Found> map = gain_map::read(file);
+    QVERIFY(map.has_value());
+    QCOMPARE(map->problem, QString());
+    QVERIFY(map->terms.alternateHeadroom > 0.5);
+    develop::Options how;
+    const QImage developed = develop::picture(ramp(), how).picture;
+    const QImage read(path);
+    QCOMPARE(read.size(), developed.size());
+    for (const int x : {5, 80, 150}) {
+        const QColor expected = developed.pixelColor(x, 60);
+        QVERIFY(std::abs(read.pixelColor(x, 60).green() - expected.green()) < 6);
+    }
+    boxes->answerNextWith(QMessageBox::Discard);
+    window->close();
+    QCOMPARE(boxes->shown().size(), 1);
+}
+
 void TestLightWindow::save_kindWithoutLight_isRefused()
 {
     open(light());
-    const QString path = folder->filePath(QStringLiteral("a.jpg"));
+    const QString path = folder->filePath(QStringLiteral("a.png"));
     dialogs->answerNextWith(path);
     boxes->answerNextWith(QMessageBox::Ok);
     part<QPushButton>("saveLightButton")->click();
     QVERIFY(!QFileInfo::exists(path));
     QCOMPARE(boxes->shown().size(), 1);
-    QVERIFY(boxes->shown().first().text.contains(QStringLiteral("a.jpg")));
+    QVERIFY(boxes->shown().first().text.contains(QStringLiteral("a.png")));
 }
 
 void TestLightWindow::command_developed_becomesADocument()

@@ -2,6 +2,7 @@
 #include "EditorActions.h"
 #include "EditorWindow.h"
 #include "FilmStrip.h"
+#include "LightWindow.h"
 #include "LoadedPicture.h"
 #include "LookSlider.h"
 #include "MainWindow.h"
@@ -18,6 +19,7 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
+#include <QMessageBox>
 #include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
@@ -52,6 +54,7 @@ private slots:
     void reset_givesTheNeutralLookBack();
     void shotSwitchedOff_isLeftOut();
     void mean_hasNoLookAndNoGhosts();
+    void light_opensInItsOwnWindow_equalToTheCommandLine();
     void keyB_showsTheReferenceWhileItIsHeld();
     void actualSize_showsTheMergePixelForPixel_data();
     void actualSize_showsTheMergePixelForPixel();
@@ -351,6 +354,25 @@ void TestMergeWorkspace::mean_hasNoLookAndNoGhosts()
     QVERIFY(part<QWidget>("exposureSlider")->isEnabled());
     QCOMPARE(part<QComboBox>("alignmentBox")->currentData().toInt(),
              int(exposure::Alignment::Perspective));
+}
+
+void TestMergeWorkspace::light_opensInItsOwnWindow_equalToTheCommandLine()
+{
+    const QStringList bracket = pictures->addBracket(3, kShotSize);
+    open(bracket);
+    waitForPreview();
+    change([this] { choose("methodBox", int(exposure::Method::Radiance)); });
+    QVERIFY(!part<QWidget>("exposureSlider")->isEnabled());
+    QVERIFY(part<QWidget>("ghostsBox")->isEnabled());
+    part<QPushButton>("mergeButton")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(window->findChild<LightWindow *>(), kPatienceMs);
+    auto *shown = window->findChild<LightWindow *>();
+    QCOMPARE(documents->documents().size(), 1); // what was open before
+    QCOMPARE(shown->light().picture, mergedByCommandLine(bracket, {QStringLiteral("--method"),
+                                                                   QStringLiteral("radiance")}));
+    QCOMPARE(shown->light().mark->method, QStringLiteral("radiance"));
+    boxes->answerNextWith(QMessageBox::Discard); // it is in no file
+    QVERIFY(shown->close());
 }
 
 void TestMergeWorkspace::keyB_showsTheReferenceWhileItIsHeld()
