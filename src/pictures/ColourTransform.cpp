@@ -144,8 +144,10 @@ void ColourTransform::create(const Colours &from, const Colours &to)
                                 : standardFor(colours.pixels, context);
     };
     const little_cms::Profile first = profileOf(from);
+    if (!first)
+        return;
     const little_cms::Profile last = profileOf(to);
-    if (!first || !last)
+    if (!last)
         return;
     transform.reset(cmsCreateTransformTHR(context.get(), first.get(), layoutOf(source), last.get(),
                                           isGrey(source) ? TYPE_RGBA_16 : layoutOf(target),

@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <jpeglib.h>
@@ -118,7 +119,8 @@ public:
 
     bool readHeader(std::FILE *file);
     bool start();
-    bool readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow, ForeignColours &inks);
+    /// inks: null for pictures that have none.
+    bool readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow, ForeignColours *inks);
     QSize size() const
     {
         return {static_cast<int>(codec.image_width), static_cast<int>(codec.image_height)};
@@ -204,17 +206,17 @@ bool Decompressor::hasLostScans() const
     return false;
 }
 
-bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow, ForeignColours &inks)
+bool Decompressor::readRows(UprightRows &rows, std::vector<JSAMPLE> &inkRow, ForeignColours *inks)
 {
     if (setjmp(hooks.failed))
         return false;
     while (codec.output_scanline < codec.output_height) {
         const auto y = static_cast<int>(codec.output_scanline);
         uchar *row = rows.row(y);
-        JSAMPROW target = hasInks() ? inkRow.data() : row;
+        JSAMPROW target = inks ? inkRow.data() : row;
         jpeg_read_scanlines(&codec, &target, 1);
-        if (hasInks())
-            inks.convertRow(inkRow.data(), row, outputSize().width());
+        if (inks)
+            inks->convertRow(inkRow.data(), row, outputSize().width());
         rows.rowWritten(y);
     }
     const bool haveScansBeenLost = hasLostScans();
@@ -248,7 +250,7 @@ ForeignColours::Source inkSource(const Decompressor &decompressor, bool isTrue)
 {
     const bool isInverted = !isTrue || decompressor.codec.saw_Adobe_marker;
     return {isInverted ? ForeignColours::Kind::InvertedInks : ForeignColours::Kind::Inks, 8, 4,
-            isTrue && decompressor.hasInks() ? profileOf(decompressor) : QByteArray()};
+            isTrue ? profileOf(decompressor) : QByteArray()};
 }
 
 /// The profile of inks has done its work when true colours are wanted.
@@ -289,9 +291,13 @@ DecodedPicture decodeStream(std::FILE *stream, QImageIOHandler::Transformations 
     if (rows.isNull())
         return picture::failure(DecodeError::NoMemory, size);
     const bool isTrue = options.colours == ReadOptions::Colours::True;
-    std::vector<JSAMPLE> inkRow(decompressor.hasInks() ? size_t(size.width()) * 4 : 0);
-    ForeignColours inks(inkSource(decompressor, isTrue), QImage::Format_RGB32);
-    if (!decompressor.readRows(rows, inkRow, inks))
+    std::vector<JSAMPLE> inkRow;
+    std::optional<ForeignColours> inks;
+    if (decompressor.hasInks()) {
+        inkRow.resize(size_t(size.width()) * 4);
+        inks.emplace(inkSource(decompressor, isTrue), QImage::Format_RGB32);
+    }
+    if (!decompressor.readRows(rows, inkRow, inks ? &*inks : nullptr))
         return failure(decompressor);
 
     DecodedPicture picture{std::move(rows.image()), DecodeError::None, {}};
