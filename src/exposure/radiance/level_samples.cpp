@@ -27,38 +27,43 @@ Pixel pixelAt(const QImage &picture, int x, int y)
         return {{word.red8(), word.green8(), word.blue8()}, word.alpha() == 0xFFFF};
     }
     const QRgb word = reinterpret_cast<const QRgb *>(picture.constScanLine(y))[x];
-    const bool isOpaque = !picture.hasAlphaChannel() || qAlpha(word) == 255;
+    const bool isOpaque = qAlpha(word) == 255 || !picture.hasAlphaChannel();
     return {{qRed(word), qGreen(word), qBlue(word)}, isOpaque};
 }
 
-/// How far the levels around a place lie apart in a shot; too far where it may not be used.
-int differenceAround(const Shot &shot, QPoint place)
+/// How far the levels around a place lie apart in a shot; `enough` where they lie that far apart or
+/// farther, or where the place may not be used. Most places show that in their first pixels.
+int differenceAround(const Shot &shot, QPoint place, int enough)
 {
-    constexpr int kUnusable = 256;
     const QImage &mask = shot.picture.mask;
     if (!mask.isNull() && mask.constScanLine(place.y() / 2)[place.x() / 2] != 255)
-        return kUnusable;
+        return enough;
     std::array<int, 3> least = {255, 255, 255};
     std::array<int, 3> most = {0, 0, 0};
+    int difference = 0;
     for (int y = place.y() - kReach; y <= place.y() + kReach; ++y) {
         for (int x = place.x() - kReach; x <= place.x() + kReach; ++x) {
             const Pixel pixel = pixelAt(shot.picture.picture, x, y);
-            if (!pixel.isOpaque)
-                return kUnusable;
             for (size_t c = 0; c < 3; ++c) {
                 least[c] = std::min(least[c], pixel.levels[c]);
                 most[c] = std::max(most[c], pixel.levels[c]);
+                difference = std::max(difference, most[c] - least[c]);
             }
+            if (difference >= enough || !pixel.isOpaque)
+                return enough;
         }
     }
-    return std::max({most[0] - least[0], most[1] - least[1], most[2] - least[2]});
+    return difference;
 }
 
-int worstDifference(const std::vector<Shot> &shots, QPoint place)
+int worstDifference(const std::vector<Shot> &shots, QPoint place, int enough)
 {
     int worst = 0;
-    for (const Shot &shot : shots)
-        worst = std::max(worst, differenceAround(shot, place));
+    for (const Shot &shot : shots) {
+        worst = std::max(worst, differenceAround(shot, place, enough));
+        if (worst >= enough)
+            return enough;
+    }
     return worst;
 }
 
@@ -88,7 +93,7 @@ std::optional<QPoint> smoothestPlace(const std::vector<Shot> &shots, const QRect
     std::optional<QPoint> best;
     for (int y = cell.top(); y <= cell.bottom(); y += step) {
         for (int x = cell.left(); x <= cell.right(); x += step) {
-            const int difference = worstDifference(shots, {x, y});
+            const int difference = worstDifference(shots, {x, y}, least);
             if (difference < least) {
                 least = difference;
                 best = QPoint(x, y);
