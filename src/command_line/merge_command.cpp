@@ -475,8 +475,10 @@ ExitCode command_line::runMerge(const QStringList &words)
         return ExitCode::Usage;
     }
     if (parsed.options.isQualityUnused)
-        console::complain(parsed.options.output,
-                          QStringLiteral("warning: --quality has no effect, only JPEG, AVIF and JPEG XL have one"));
+        console::complain(
+            parsed.options.output,
+            QStringLiteral(
+                "warning: --quality has no effect, only JPEG, AVIF and JPEG XL have one"));
     try {
         return Merge(parsed.options).run();
     } catch (const std::bad_alloc &) {

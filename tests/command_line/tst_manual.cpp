@@ -41,7 +41,8 @@ private slots:
 void TestManual::everyOption_standsInTheManualAndTheCompletions_data()
 {
     QTest::addColumn<QString>("command");
-    for (const char *command : {"merge", "align", "develop", "devices", "group", "batch", "inspect"})
+    for (const char *command :
+         {"merge", "align", "develop", "devices", "group", "batch", "inspect"})
         QTest::newRow(command) << command;
 }
 
