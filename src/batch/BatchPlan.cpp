@@ -58,10 +58,10 @@ QStringList BatchJob::stamps() const
 }
 
 BatchPlan::BatchPlan(const QString &outputFolder, const QString &namePattern,
-                     const QString &mergeOptions)
+                     const MergeWay &wayOfMerging)
     : folder(outputFolder)
     , pattern(namePattern)
-    , description(mergeOptions)
+    , way(wayOfMerging)
 {
 }
 
@@ -102,9 +102,9 @@ BatchJob::State BatchPlan::stateOf(const BatchJob &job) const
     // Without the names of its pictures a result tells them by its own name alone.
     const bool isOfOthers =
         !mark->sources.isEmpty() && sortedNamesOf(mark->sources) != sortedNamesOf(job.pictures());
-    return isOfOthers || mark->options != description || arePicturesChanged(job)
-               ? BatchJob::State::Changed
-               : BatchJob::State::Unchanged;
+    const bool isMadeOtherwise = mark->method != way.method || mark->options != way.options;
+    return isOfOthers || isMadeOtherwise || arePicturesChanged(job) ? BatchJob::State::Changed
+                                                                    : BatchJob::State::Unchanged;
 }
 
 bool BatchPlan::arePicturesChanged(const BatchJob &job) const

@@ -34,14 +34,20 @@ struct BatchJob
     QStringList stamps() const;
 };
 
+/// How the brackets of a batch are merged, as results bear it in their mark.
+struct MergeWay
+{
+    QString method;  ///< the word for it
+    QString options; ///< without the method
+};
+
 /// Names the results of a batch and finds out what is to be done. The same files give the same plan
 /// in every process, so that several share the work without speaking to each other. One thread.
 class BatchPlan
 {
 public:
     /// pattern: the file's name, with {date}, {time}, {first}, {last}, {count} and {folder}.
-    /// description: the options of the merge, as results bear them in their mark.
-    BatchPlan(const QString &folder, const QString &pattern, const QString &description);
+    BatchPlan(const QString &folder, const QString &pattern, const MergeWay &way);
 
     /// stampsOf: what results, by their file names, were made of. Of a result that is not among
     /// them the age tells whether it is still true.
@@ -61,7 +67,7 @@ private:
 
     QString folder;
     QString pattern;
-    QString description;
+    MergeWay way;
     QSet<QString> outputs;
     QHash<QString, QStringList> made;
 };

@@ -39,7 +39,7 @@ QString readMergeWords(BatchOptions &options)
     const ParsedMergeOptions parsed = command_line::parseMergeOptions(
         options.mergeWords +
         QStringList{QStringLiteral("-o"), options.name, QStringLiteral("a"), QStringLiteral("b")});
-    options.description = parsed.options.description;
+    options.way = {wordOf(parsed.options.method), parsed.options.description};
     options.needs.method = methodOf(parsed.options.method);
     options.needs.isResultDeep = parsed.options.depth == 16;
     if (!parsed.problem.isEmpty())

@@ -14,7 +14,7 @@ struct BatchOptions
     QString output;
     QString name = QStringLiteral("{date}T{time}_{first}_merged.jpg");
     QStringList mergeWords;    ///< options of each merge
-    QString description;       ///< the same, as results bear them
+    MergeWay way;              ///< the same, as results bear it
     merge_memory::Needs needs; ///< method and depth of each merge
     Shard shard;
     qint64 memory = 0;    ///< bytes for all merges together

@@ -63,7 +63,7 @@ BatchRun::BatchRun(const BatchOptions &batchOptions)
     : options(batchOptions)
     , log(BatchLog::pathIn(options.output))
     , records(log.read())
-    , plan(options.output, options.name, options.description)
+    , plan(options.output, options.name, options.way)
     , budget(options.memory)
 {
     constexpr int kRetryMs = 200;
@@ -366,7 +366,7 @@ void BatchRun::look()
     const std::vector<Bracket> &found = watch->found();
     if (isStopping || std::none_of(found.begin(), found.end(), isNew))
         return;
-    plan = BatchPlan(options.output, options.name, options.description);
+    plan = BatchPlan(options.output, options.name, options.way);
     plan.remember(stampsIn(records));
     for (const Bracket &bracket : found) {
         if (!isNew(bracket) || isUnderWay(bracket)) {

@@ -164,6 +164,16 @@ private slots:
         QCOMPARE(statusesOf(runProgramIn(photos.path(), words)), Counts({{"unchanged", 1}}));
     }
 
+    void otherMethod_isMadeAnew()
+    {
+        const PhotoFolder photos;
+        writeBracket(photos, "in/a", 0);
+        QCOMPARE(statusesOf(batchIn(photos, {"--", "--no-align"})), Counts({{"merged", 1}}));
+        const QStringList mean{"--", "--no-align", "--method", "mean"};
+        QCOMPARE(statusesOf(batchIn(photos, mean)), Counts({{"merged", 1}}));
+        QCOMPARE(statusesOf(batchIn(photos, mean)), Counts({{"unchanged", 1}}));
+    }
+
     void shards_shareTheWork()
     {
         const PhotoFolder photos;

@@ -84,7 +84,7 @@ void BracketBatch::plan(const std::vector<Bracket> &brackets)
     QStringList words = choices.words();
     words.erase(words.begin(), words.begin() + 2); // marks tell the method apart from the options
     BatchPlan planned(choices.folder, QStringLiteral("{first} merged.") + choices.suffix,
-                      words.join(QLatin1Char(' ')));
+                      {choices.settings.methodWord(), words.join(QLatin1Char(' '))});
     planned.remember(stampsIn(BatchLog(BatchLog::pathIn(choices.folder))));
     std::vector<BatchJob> made;
     for (const Bracket &bracket : brackets)
