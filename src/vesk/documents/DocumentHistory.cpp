@@ -31,6 +31,12 @@ DocumentHistory::DocumentHistory(VeskContext &document)
     connect(&steps, &QUndoStack::indexChanged, this, &DocumentHistory::updateSaveAble);
 }
 
+/// The document is gone already but for its name: nobody may hear that its steps go.
+DocumentHistory::~DocumentHistory()
+{
+    steps.blockSignals(true);
+}
+
 /// Somebody else says that there are unsaved changes: no step leads to the file then.
 void DocumentHistory::followSaveAble(bool isSaveAble)
 {

@@ -37,6 +37,8 @@ class DocumentHistory : public QObject
 public:
     static constexpr qint64 kMostBytes = 512LL * 1024 * 1024;
 
+    ~DocumentHistory() override;
+
     /// That of the document, made at the first call.
     static DocumentHistory &of(VeskContext &document);
 
