@@ -31,9 +31,17 @@ QDataStream &operator<<(QDataStream &out, const ResultMark &mark)
     return out << mark.program << mark.version << mark.method << mark.options << mark.sources;
 }
 
+/// One by one: Qt takes memory for as many as a damaged file promises.
 QDataStream &operator>>(QDataStream &in, ResultMark &mark)
 {
-    return in >> mark.program >> mark.version >> mark.method >> mark.options >> mark.sources;
+    quint32 sources = 0;
+    in >> mark.program >> mark.version >> mark.method >> mark.options >> sources;
+    for (quint32 i = 0; i < sources && in.status() == QDataStream::Ok; ++i) {
+        QString source;
+        in >> source;
+        mark.sources += source;
+    }
+    return in;
 }
 
 void writePicture(QDataStream &out, const QImage &picture)
