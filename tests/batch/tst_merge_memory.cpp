@@ -37,6 +37,9 @@ private slots:
 
     void merge_takesNoMoreThanWasEstimated()
     {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        QSKIP("sanitizers take memory of their own");
+#endif
         QFETCH(const int, shots);
         QFETCH(const QSize, size);
         QFETCH(const int, method);
