@@ -73,7 +73,7 @@ display::BrightSource merged(const QStringList &files)
         shots += picture::read(file, exposure::readOptionsFor(exposure::Method::Fusion)).image;
     exposure::Options how;
     how.product = exposure::Product::Both;
-    how.exposures = command_line::shotExposures(files).relative;
+    how.exposures = brackets::shotExposures(files).relative;
     const exposure::Outcome outcome =
         exposure::mergeSet(exposure::Method::Fusion, std::move(shots), how);
     return {outcome.picture.convertToFormat(QImage::Format_RGB32), outcome.light, outcome.bounds};

@@ -3,6 +3,7 @@
 #include "cicp_profile.h"
 #include "large_memory.h"
 #include "parallel_rows.h"
+#include "perceptual_quantizer.h"
 
 #include <QColorSpace>
 #include <QTransform>
@@ -122,6 +123,19 @@ void turnUpright(const avifImage &image, QImage &picture)
     picture = std::move(picture).mirrored(isAcross, !isAcross);
 }
 
+bool isQuantizedLight(const avifImage &image)
+{
+    return image.icc.size == 0 && image.transferCharacteristics == perceptual_quantizer::kTransfer;
+}
+
+/// The light of levels as they are in the file.
+QImage lightOf(const QImage &levels, const avifImage &image, const ReadOptions &options)
+{
+    constexpr int kLinear = 8;
+    const QByteArray profile = cicp_profile::of(image.colorPrimaries, kLinear);
+    return perceptual_quantizer::lightOf(levels, QColorSpace::fromIccProfile(profile), options);
+}
+
 QByteArray profileOf(const avifImage &image)
 {
     if (image.icc.size > 0)
@@ -145,6 +159,21 @@ bool hasRoomFor(const avifImage &image)
     }
 }
 
+/// Tagged with what the file tells of colours; null when memory is lacking.
+QImage pictureOf(const avifDecoder &decoder, const ReadOptions &options)
+{
+    const avifImage &stored = *decoder.image;
+    const bool isLight = isQuantizedLight(stored);
+    QImage picture = pixelsOf(decoder, isLight ? ReadOptions::Depth::AsStored : options.depth);
+    turnUpright(stored, picture);
+    if (isLight && !picture.isNull())
+        return lightOf(picture, stored, options);
+    const QByteArray profile = profileOf(stored);
+    if (!profile.isEmpty())
+        picture.setColorSpace(QColorSpace::fromIccProfile(profile));
+    return picture;
+}
+
 /// The size is within the caller's limit.
 DecodedPicture read(avifDecoder &decoder, const ReadOptions &options)
 {
@@ -157,14 +186,20 @@ DecodedPicture read(avifDecoder &decoder, const ReadOptions &options)
         return picture::failure(result == AVIF_RESULT_OUT_OF_MEMORY ? DecodeError::NoMemory
                                                                     : DecodeError::Damaged);
     DecodedPicture decoded;
-    decoded.image = pixelsOf(decoder, options.depth);
-    turnUpright(*decoder.image, decoded.image);
+    decoded.image = pictureOf(decoder, options);
     if (decoded.image.isNull())
         return picture::failure(DecodeError::NoMemory, sizeOf(*decoder.image));
-    const QByteArray profile = profileOf(*decoder.image);
-    if (!profile.isEmpty())
-        decoded.image.setColorSpace(QColorSpace::fromIccProfile(profile));
+    if (isQuantizedLight(*decoder.image))
+        decoded.whiteLuminance = perceptual_quantizer::kWhiteLuminance;
     return decoded;
+}
+
+/// Whether the file tells light beyond white in a way that is not wanted, or not known.
+bool isRefused(const avifImage &image, const ReadOptions &options)
+{
+    if (isQuantizedLight(image))
+        return options.light == ReadOptions::Light::Refused;
+    return image.icc.size == 0 && cicp_profile::isHighRange(image.transferCharacteristics);
 }
 
 DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
@@ -180,7 +215,7 @@ DecodedPicture decodeKnown(QFile &file, const ReadOptions &options)
     const avifImage &image = *decoder->image;
     if (qint64(image.width) * image.height > options.pixelLimit)
         return picture::failure(DecodeError::TooLarge, sizeOf(image));
-    if (image.icc.size == 0 && cicp_profile::isHighRange(image.transferCharacteristics))
+    if (isRefused(image, options))
         return picture::unsupported(QStringLiteral("AVIF (PQ or HLG)"));
     return read(*decoder, options);
 }

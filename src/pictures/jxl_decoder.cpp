@@ -1,6 +1,8 @@
 #include "jxl_decoder.h"
 
+#include "Chromaticities.h"
 #include "jxl_threads.h"
+#include "perceptual_quantizer.h"
 
 #include <QColorSpace>
 
@@ -92,6 +94,14 @@ bool isJxl(QIODevice &file)
     return signature == JXL_SIG_CODESTREAM || signature == JXL_SIG_CONTAINER;
 }
 
+QColorSpace linearSpaceOf(const JxlColorEncoding &colours)
+{
+    const auto point = [](const double(&place)[2]) { return QPointF(place[0], place[1]); };
+    return Chromaticities{point(colours.primaries_red_xy), point(colours.primaries_green_xy),
+                          point(colours.primaries_blue_xy), point(colours.white_point_xy)}
+        .linearSpace();
+}
+
 /// One picture, event by event.
 class Picture
 {
@@ -175,17 +185,25 @@ private:
         if (hasProfile == JXL_DEC_SUCCESS)
             JxlDecoderGetColorAsICCProfile(reader.get(), kPixels, bytes, length);
 #endif
-        const bool isHighRange =
-            isTold == JXL_DEC_SUCCESS && (colours.transfer_function == JXL_TRANSFER_FUNCTION_PQ ||
-                                          colours.transfer_function == JXL_TRANSFER_FUNCTION_HLG);
-        return isHighRange ? picture::unsupported(QStringLiteral("JPEG XL (PQ or HLG)"))
-                           : DecodedPicture();
+        return isTold == JXL_DEC_SUCCESS ? takeCurve(colours) : DecodedPicture();
+    }
+
+    DecodedPicture takeCurve(const JxlColorEncoding &colours)
+    {
+        isLight = colours.transfer_function == JXL_TRANSFER_FUNCTION_PQ;
+        const bool isRefused = isLight ? options.light == ReadOptions::Light::Refused
+                                       : colours.transfer_function == JXL_TRANSFER_FUNCTION_HLG;
+        if (isRefused)
+            return picture::unsupported(QStringLiteral("JPEG XL (PQ or HLG)"));
+        if (isLight)
+            lightSpace = linearSpaceOf(colours);
+        return {};
     }
 
     DecodedPicture giveBuffer()
     {
         const bool isDeep =
-            info.bits_per_sample > 8 && options.depth == ReadOptions::Depth::AsStored;
+            isLight || (info.bits_per_sample > 8 && options.depth == ReadOptions::Depth::AsStored);
         const bool hasAlpha = info.alpha_bits > 0;
         image =
             QImage(size, isDeep ? (hasAlpha ? QImage::Format_RGBA64 : QImage::Format_RGBX64)
@@ -203,6 +221,8 @@ private:
 
     DecodedPicture finished()
     {
+        if (isLight)
+            return finishedLight();
         if (image.depth() == 32)
             image = std::move(image).convertToFormat(info.alpha_bits > 0 ? QImage::Format_ARGB32
                                                                          : QImage::Format_RGB32);
@@ -213,11 +233,21 @@ private:
         return {image, DecodeError::None, {}};
     }
 
+    DecodedPicture finishedLight() const
+    {
+        DecodedPicture light;
+        light.image = perceptual_quantizer::lightOf(image, lightSpace, options);
+        light.whiteLuminance = perceptual_quantizer::kWhiteLuminance;
+        return light.image.isNull() ? picture::failure(DecodeError::NoMemory, size) : light;
+    }
+
     Reader reader;
     const ReadOptions &options;
     JxlBasicInfo info = {};
     QSize size;
     QByteArray profile;
+    bool isLight = false;   ///< the numbers are levels of the perceptual quantizer
+    QColorSpace lightSpace; ///< whose primaries they are of
     QImage image;
 };
 

@@ -12,8 +12,9 @@ namespace jxl_decoder {
 
 /// As picture::decode(), for JPEG XL files of whole numbers by libjxl; nothing for all other files.
 /// Upright, with the profile of the pixels as they are decoded. Of animations the first picture.
-/// Files of floating-point numbers, and those that tell light beyond white (PQ, HLG), are refused
-/// as unsupported. file is open for reading. Any thread, several at once.
+/// Files of the perceptual quantizer (PQ) are light, 1 for white (see perceptual_quantizer.h), and
+/// refused as unsupported where none is wanted; those of HLG and of floating-point numbers always.
+/// file is open for reading. Any thread, several at once.
 std::optional<DecodedPicture> decode(QFile &file, const ReadOptions &options);
 
 /// Nothing for files of other kinds, and for damaged ones. file: as below.

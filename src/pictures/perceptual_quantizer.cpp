@@ -1,5 +1,6 @@
 #include "perceptual_quantizer.h"
 
+#include "LightRows.h"
 #include "cicp_profile.h"
 #include "large_memory.h"
 #include "light_primaries.h"
@@ -16,6 +17,14 @@ namespace {
 
 constexpr int kLinear = 8; // of H.273
 
+// ST 2084, section 5.
+constexpr double kM1 = 2610.0 / 16384.0;
+constexpr double kM2 = 2523.0 / 4096.0 * 128.0;
+constexpr double kC1 = 3424.0 / 4096.0;
+constexpr double kC2 = 2413.0 / 4096.0 * 32.0;
+constexpr double kC3 = 2392.0 / 4096.0 * 32.0;
+constexpr double kBrightest = 10000.0; // candelas per square metre
+
 /// Levels for floats from 2^-40 to 1, looked up by their first bits: steps of 1/4096 are finer than
 /// a tenth of a level of 10 bits.
 class Table
@@ -28,7 +37,7 @@ public:
             const uint32_t bits = (kFirst + uint32_t(i)) << kDropped;
             float luminance = 0.0F;
             std::memcpy(&luminance, &bits, sizeof bits);
-            const double level = perceptual_quantizer::levelOf(10000.0 * double(luminance));
+            const double level = perceptual_quantizer::levelOf(kBrightest * double(luminance));
             levels[i] = quint16(std::lround(65535.0 * level));
         }
     }
@@ -65,12 +74,22 @@ void convertRow(const float *light, const light_primaries::Matrix &m, const Tabl
     }
 }
 
+/// Of every level of 16 bits, 1 for white.
+std::vector<float> lightOfLevels()
+{
+    std::vector<float> light(0x10000);
+    for (size_t level = 0; level < light.size(); ++level)
+        light[level] = float(perceptual_quantizer::luminanceOf(double(level) / 65535.0) /
+                             perceptual_quantizer::kWhiteLuminance);
+    return light;
+}
+
 light_primaries::Matrix toShares(const QColorSpace &space)
 {
     light_primaries::Matrix matrix = light_primaries::between(
         space.iccProfile(), cicp_profile::of(perceptual_quantizer::kPrimaries, kLinear));
     for (float &number : matrix)
-        number *= float(perceptual_quantizer::kWhiteLuminance / 10000.0);
+        number *= float(perceptual_quantizer::kWhiteLuminance / kBrightest);
     return matrix;
 }
 
@@ -78,13 +97,15 @@ light_primaries::Matrix toShares(const QColorSpace &space)
 
 double perceptual_quantizer::levelOf(double luminance)
 {
-    constexpr double kM1 = 2610.0 / 16384.0;
-    constexpr double kM2 = 2523.0 / 4096.0 * 128.0;
-    constexpr double kC1 = 3424.0 / 4096.0;
-    constexpr double kC2 = 2413.0 / 4096.0 * 32.0;
-    constexpr double kC3 = 2392.0 / 4096.0 * 32.0;
-    const double y = std::pow(std::clamp(luminance / 10000.0, 0.0, 1.0), kM1);
+    const double y = std::pow(std::clamp(luminance / kBrightest, 0.0, 1.0), kM1);
     return std::pow((kC1 + kC2 * y) / (1.0 + kC3 * y), kM2);
+}
+
+double perceptual_quantizer::luminanceOf(double level)
+{
+    const double root = std::pow(std::clamp(level, 0.0, 1.0), 1.0 / kM2);
+    const double share = std::max(root - kC1, 0.0) / (kC2 - kC3 * root);
+    return kBrightest * std::pow(share, 1.0 / kM1);
 }
 
 QImage perceptual_quantizer::levelsOf(const QImage &light)
@@ -103,4 +124,28 @@ QImage perceptual_quantizer::levelsOf(const QImage &light)
                        light.width(), reinterpret_cast<quint16 *>(bytes + y * stride));
     });
     return levels;
+}
+
+QImage perceptual_quantizer::lightOf(const QImage &levels, const QColorSpace &space,
+                                     const ReadOptions &options)
+{
+    static const std::vector<float> light = lightOfLevels();
+    LightRows::Layout layout;
+    layout.size = levels.size();
+    layout.hasAlpha = levels.hasAlphaChannel();
+    layout.space = space;
+    LightRows rows(layout, options);
+    if (rows.isNull())
+        return {};
+    for (int y = 0; y < levels.height(); ++y) {
+        const auto *words = reinterpret_cast<const quint16 *>(levels.constScanLine(y));
+        float *numbers = rows.row(y);
+        for (int x = 0; x < levels.width(); ++x, words += 4, numbers += 4) {
+            for (size_t c = 0; c < 3; ++c)
+                numbers[c] = light[words[c]];
+            numbers[3] = float(words[3]) / 65535.0F;
+        }
+        rows.rowWritten(y);
+    }
+    return rows.taken();
 }

@@ -1,10 +1,12 @@
 // AVIF and JPEG XL files for bright screens, read back by the formats' own libraries and turned
 // into light by the formula of SMPTE ST 2084, inverted here.
 
+#include "picture_reader.h"
 #include "picture_writer.h"
 
 #include <QBuffer>
 #include <QColorSpace>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <array>
@@ -28,6 +30,8 @@ private slots:
     void write_avif_holdsTheLight();
     void write_jxl_holdsTheLight_data() { sizes(); }
     void write_jxl_holdsTheLight();
+    void write_andReadAgain_isTheSameLight_data() { sizes(); }
+    void write_andReadAgain_isTheSameLight();
     void write_toADeviceThatIsFull_saysSo();
 
 private:
@@ -119,6 +123,21 @@ QByteArray written(const QImage &light, PictureFormat format)
     const double stops = distance(decoded, light);
     qInfo("%.4f stops rms", stops);
     QVERIFY(stops < 0.03);
+}
+
+/// Stops rms over all channels of two pictures of linear light in one space.
+double distanceOf(const QImage &one, const QImage &other)
+{
+    double sum = 0.0;
+    for (int y = 0; y < one.height(); ++y) {
+        const auto *left = reinterpret_cast<const float *>(one.constScanLine(y));
+        const auto *right = reinterpret_cast<const float *>(other.constScanLine(y));
+        for (int i = 0; i < 4 * one.width(); ++i) {
+            if (i % 4 != 3)
+                sum += std::pow(std::log2(double(left[i]) / double(right[i])), 2.0);
+        }
+    }
+    return std::sqrt(sum / (3.0 * one.width() * one.height()));
 }
 
 #ifdef VESK_WITH_AVIF
@@ -242,6 +261,30 @@ void TestBrightFiles::write_jxl_holdsTheLight()
     QTest::ignoreMessage(QtWarningMsg, "this program was built without JPEG XL");
     QVERIFY(written(softLight({4, 4}), PictureFormat::JpegXl).isEmpty());
 #endif
+}
+
+void TestBrightFiles::write_andReadAgain_isTheSameLight()
+{
+    QFETCH(QSize, size);
+    const QTemporaryDir folder;
+    const QImage light = softLight(size);
+    ReadOptions floats;
+    floats.light = ReadOptions::Light::Floats;
+    for (const PictureFormat format : {PictureFormat::Avif, PictureFormat::JpegXl}) {
+        if (!picture::isWritable(format))
+            continue;
+        QFile file(folder.filePath(QStringLiteral("light")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(written(light, format));
+        file.close();
+        DecodedPicture read = picture::read(file.fileName(), floats);
+        QVERIFY2(read.error == DecodeError::None, qPrintable(read.reason));
+        QCOMPARE(read.whiteLuminance, 203.0);
+        read.image.convertToColorSpace(light.colorSpace());
+        const double stops = distanceOf(read.image, light);
+        qInfo("%.4f stops rms", stops);
+        QVERIFY(stops < 0.03);
+    }
 }
 
 void TestBrightFiles::write_toADeviceThatIsFull_saysSo()

@@ -16,6 +16,9 @@
 #include <QTransform>
 #include <QtTest>
 
+#include <algorithm>
+#include <cmath>
+
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -78,6 +81,33 @@ void leaveMemory(qint64 bytes)
     ::setrlimit(RLIMIT_AS, &bounds);
 }
 #endif
+
+/// White is 203 candelas per square metre: SMPTE ST 2084, equation 4.
+double lightOfLevel(double level)
+{
+    const double power = std::pow(level, 1.0 / 78.84375);
+    return 10000.0 / 203.0 *
+           std::pow(std::max(power - 0.8359375, 0.0) / (18.8515625 - 18.6875 * power),
+                    1.0 / 0.1593017578125);
+}
+
+/// Within one step of 10 bits.
+void requireLightOf(const QImage &levels, const QImage &light)
+{
+    constexpr double kStep = 1.0 / 1023;
+    QCOMPARE(light.size(), levels.size());
+    for (int y = 0; y < light.height(); ++y) {
+        const auto *pixel = reinterpret_cast<const float *>(light.constScanLine(y));
+        for (int x = 0; x < light.width(); ++x, pixel += 4) {
+            const QColor told = levels.pixelColor(x, y);
+            const double stored[] = {told.redF(), told.greenF(), told.blueF()};
+            for (int c = 0; c < 3; ++c) {
+                QVERIFY(double(pixel[c]) >= lightOfLevel(std::max(0.0, stored[c] - kStep)));
+                QVERIFY(double(pixel[c]) <= lightOfLevel(std::min(1.0, stored[c] + kStep)) + 1e-6);
+            }
+        }
+    }
+}
 
 QByteArray made(const QByteArray &kind, const Recipe &recipe)
 {
@@ -392,6 +422,77 @@ private slots:
         const DecodedPicture refused = readBytes(made(kind, recipe));
         QCOMPARE(refused.error, DecodeError::Unsupported);
         QVERIFY(refused.reason.startsWith(QString::fromLatin1(kind) + " (PQ or HLG)"));
+    }
+
+    void read_lightBeyondWhite_isLightWhereItIsWanted_data()
+    {
+        QTest::addColumn<QByteArray>("kind");
+        QTest::addColumn<int>("primaries");
+        QTest::addColumn<QColorSpace>("space");
+        for (const QByteArray kind : {"AVIF", "JPEG XL"}) {
+            QTest::addRow("%s, Rec. 709", kind.constData())
+                << kind << 1 << QColorSpace(QColorSpace::SRgbLinear);
+            QTest::addRow("%s, Display P3", kind.constData())
+                << kind << 12
+                << QColorSpace(QColorSpace::Primaries::DciP3D65,
+                               QColorSpace::TransferFunction::Linear);
+        }
+    }
+
+    void read_lightBeyondWhite_isLightWhereItIsWanted()
+    {
+        QFETCH(QByteArray, kind);
+        QFETCH(int, primaries);
+        QFETCH(QColorSpace, space);
+        Recipe recipe;
+        recipe.picture = scene(37, 23);
+        recipe.bits = 10;
+        recipe.transfer = 16;
+        recipe.primaries = primaries;
+        ReadOptions options;
+        options.light = ReadOptions::Light::Floats;
+        const DecodedPicture read = readBytes(made(kind, recipe), options);
+        QCOMPARE(read.error, DecodeError::None);
+        QCOMPARE(read.image.format(), QImage::Format_RGBX32FPx4);
+        QCOMPARE(read.whiteLuminance, 203.0);
+        requireLightOf(recipe.picture, read.image);
+        // A grey of the space is a grey in all; red tells the primaries.
+        QImage red(1, 1, QImage::Format_RGBX32FPx4);
+        QImage same = red;
+        red.setPixelColor(0, 0, QColor::fromRgbF(0.5F, 0, 0));
+        same.setPixelColor(0, 0, QColor::fromRgbF(0.5F, 0, 0));
+        red.setColorSpace(read.image.colorSpace());
+        same.setColorSpace(space);
+        red.convertToColorSpace(QColorSpace(QColorSpace::ProPhotoRgb));
+        same.convertToColorSpace(QColorSpace(QColorSpace::ProPhotoRgb));
+        const auto *one = reinterpret_cast<const float *>(red.constScanLine(0));
+        const auto *other = reinterpret_cast<const float *>(same.constScanLine(0));
+        for (int c = 0; c < 3; ++c)
+            QVERIFY(qAbs(one[c] - other[c]) < 0.01F);
+    }
+
+    void read_lightBeyondWhite_isCutOffForScreens_data()
+    {
+        eachKind();
+    }
+
+    void read_lightBeyondWhite_isCutOffForScreens()
+    {
+        QFETCH(QByteArray, kind);
+        Recipe recipe;
+        recipe.picture = QImage(2, 1, QImage::Format_RGBX64);
+        recipe.picture.setPixelColor(0, 0, QColor(QRgba64::fromRgba64(0xFFFF, 0xC000, 0, 0xFFFF)));
+        recipe.picture.setPixelColor(1, 0,
+                                     QColor(QRgba64::fromRgba64(33294, 33294, 33294, 0xFFFF)));
+        recipe.bits = 10;
+        recipe.transfer = 16;
+        ReadOptions options;
+        options.light = ReadOptions::Light::Shown;
+        const QImage shown = readBytes(made(kind, recipe), options).image;
+        QCOMPARE(shown.format(), QImage::Format_RGB32);
+        QCOMPARE(shown.pixel(0, 0), qRgb(255, 255, 0));
+        // 100 of 203 candelas per square metre, by the curve of sRGB.
+        QVERIFY(qAbs(qRed(shown.pixel(1, 0)) - 186) <= 1);
     }
 
     void read_cutAnywhere_isRefused_data()
