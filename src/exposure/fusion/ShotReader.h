@@ -23,18 +23,29 @@ public:
     const Word *row(int y, Word *room) const;
 
     /// Whether some pixels of the shot have less than full weight.
-    bool isPartlyUsable() const { return !standIns.empty() || !shot.mask.isNull(); }
+    bool isPartlyUsable() const { return !coverage.empty() || !shot.mask.isNull(); }
 
     /// Row y at half the size of where the shot can be used, 0..1.
     void usableRow(int y, float *shares) const;
 
 private:
+    /// Which pixels of a row are opaque.
+    struct Coverage
+    {
+        int begin = 0;        ///< the first one; the width of the picture when there is none
+        int end = 0;          ///< behind the last one
+        bool hasGaps = false; ///< between these
+        int standIn = -1;     ///< the row whose pixels this one shows; -1 for none
+    };
+
     const Word *words(int y) const;
-    void findStandIns();
+    Coverage coverageOf(int y) const;
+    void findCoverage();
+    void fill(const Coverage &from, const Word *source, Word *room) const;
+    void leaveOut(int y, float *shares) const;
 
     const Shot &shot;
-    /// For each row the one whose pixels it shows, -1 for none; empty when all pixels are opaque.
-    std::vector<int> standIns;
+    std::vector<Coverage> coverage; ///< of each row; empty when all pixels are opaque
 };
 
 } // namespace fusion
