@@ -1,5 +1,6 @@
 #include "resample.h"
 
+#include "LineResampler.h"
 #include "grey_plane.h"
 #include "large_memory.h"
 #include "parallel_rows.h"
@@ -8,77 +9,31 @@
 #include <QColorSpace>
 
 #include <algorithm>
-#include <cmath>
-#include <cstring>
 #include <new>
+#include <type_traits>
 
 namespace registration {
 namespace {
 
-constexpr int kBlock = 16; ///< pixels in a row between whose ends positions are interpolated
-constexpr int kFractionBits = 16;
-constexpr double kFraction = 1 << kFractionBits;
-constexpr int kPhaseShift = 9; ///< from fractions to phases
 constexpr int kTapsBefore = kTaps / 2 - 1;
-
-static_assert(kFraction / (1 << kPhaseShift) == kPhases);
-
-/// A position in the shot, in pixels times kFraction.
-struct Position
-{
-    int64_t x;
-    int64_t y;
-};
 
 bool hasNoMotion(const Transform &transform)
 {
     return transform.kind == Kind::Identity || transform.kind == Kind::Unaligned;
 }
 
-/// Far outside the shot where the map has no finite place.
-Position positionOf(const Matrix &toShot, int x, int y)
+TapPlace tapPlace(int32_t x, int32_t y, QSize shot)
 {
-    const QPointF place = mapped(toShot, QPointF(x, y));
-    const auto fixed = [](double value) {
-        constexpr double kFar = 1 << 20;
-        return std::llround((value >= -kFar && value <= kFar ? value : -kFar) * kFraction);
-    };
-    return {fixed(place.x()), fixed(place.y())};
-}
-
-TapPlace tapPlace(Position position, QSize shot)
-{
-    constexpr int64_t kHalfPhase = int64_t(1) << (kPhaseShift - 1);
-    constexpr int64_t kPhaseMask = kPhases - 1;
-    const int64_t x = (position.x + kHalfPhase) >> kPhaseShift;
-    const int64_t y = (position.y + kHalfPhase) >> kPhaseShift;
     TapPlace place;
-    place.isCovered = x >= 0 && y >= 0 && x <= int64_t(shot.width() - 1) * kPhases &&
-                      y <= int64_t(shot.height() - 1) * kPhases;
+    place.isCovered =
+        x >= 0 && y >= 0 && x <= (shot.width() - 1) * kPhases && y <= (shot.height() - 1) * kPhases;
     if (!place.isCovered)
         return place;
-    place.x = static_cast<int>(x / kPhases) - kTapsBefore;
-    place.y = static_cast<int>(y / kPhases) - kTapsBefore;
-    place.phaseX = static_cast<uint16_t>(x & kPhaseMask);
-    place.phaseY = static_cast<uint16_t>(y & kPhaseMask);
+    place.x = x / kPhases - kTapsBefore;
+    place.y = y / kPhases - kTapsBefore;
+    place.phaseX = uint16_t(x % kPhases);
+    place.phaseY = uint16_t(y % kPhases);
     return place;
-}
-
-/// The places of one row: exact every kBlock pixels, in even steps between. A perspective map
-/// bends by less than a thousandth of a pixel over that.
-void findPlaces(const Matrix &toShot, int y, QSize shot, std::vector<TapPlace> &places)
-{
-    const int width = static_cast<int>(places.size());
-    Position from = positionOf(toShot, 0, y);
-    for (int first = 0; first < width; first += kBlock) {
-        const Position to = positionOf(toShot, first + kBlock, y);
-        for (int i = 0; i < std::min(kBlock, width - first); ++i) {
-            const Position at{from.x + (to.x - from.x) * i / kBlock,
-                              from.y + (to.y - from.y) * i / kBlock};
-            places[size_t(first + i)] = tapPlace(at, shot);
-        }
-        from = to;
-    }
 }
 
 QImage::Format formatFor(const QImage &shot)
@@ -126,6 +81,45 @@ void copyRow(const QImage &source, int sourceY, int shiftX, QImage &result, int 
     }
 }
 
+/// Rows one by one, each pixel for itself: for any map.
+class PixelResampler
+{
+public:
+    PixelResampler(const SourcePixels &shot, const Matrix &matrix, int width)
+        : source(shot)
+        , toShot(matrix)
+        , places(width)
+        , taps(size_t(width))
+    {
+    }
+
+    void makeRow(int y, uint8_t *out)
+    {
+        findTaps(y);
+        resampleWords(source, taps.data(), taps.size(), reinterpret_cast<uint32_t *>(out));
+    }
+
+    void makeRow(int y, uint16_t *out)
+    {
+        findTaps(y);
+        plain::resampleDeep(source, taps.data(), taps.size(), out);
+    }
+
+private:
+    void findTaps(int y)
+    {
+        findPlaces(toShot, y, places);
+        const QSize size(source.width, source.height);
+        for (size_t i = 0; i < taps.size(); ++i)
+            taps[i] = tapPlace(places.x[i], places.y[i], size);
+    }
+
+    const SourcePixels source;
+    const Matrix toShot;
+    RowPlaces places;
+    std::vector<TapPlace> taps;
+};
+
 class Resampling
 {
 public:
@@ -133,59 +127,58 @@ public:
         : source(readable(shot))
         , result(emptyResult(shot, size))
         , toShot(hasNoMotion(transform) ? identityMatrix() : inverse(transform.matrix))
-        , bytesPerPixel(size_t(source.depth()) / 8)
-        , isCopy(isWholeShift(toShot))
     {
     }
 
     QImage run(const std::atomic<bool> &isCancelled)
     {
         result.bits(); // one's own before the threads write
-        parallel::rows(result.size(), [&](int begin, int end) {
-            std::vector<TapPlace> places(size_t(result.width()));
-            for (int y = begin; y < end && !isCancelled; ++y)
-                makeRow(y, places);
-        });
+        if (source.depth() == 32)
+            makeRows<uint8_t>(isCancelled);
+        else
+            makeRows<uint16_t>(isCancelled);
         return isCancelled ? QImage() : result;
     }
 
 private:
-    void makeRow(int y, std::vector<TapPlace> &places)
+    template <typename Channel>
+    void makeRows(const std::atomic<bool> &isCancelled)
     {
-        if (isCopy)
-            shiftRow(y);
+        if (isWholeShift(toShot))
+            shiftRows<Channel>(isCancelled);
+        else if (areRowsLevel(toShot, result.size()))
+            filterRows<Channel, LineResampler<Channel>>(isCancelled);
         else
-            filterRow(y, places);
+            filterRows<Channel, PixelResampler>(isCancelled);
     }
 
-    void shiftRow(int y)
+    template <typename Channel>
+    void shiftRows(const std::atomic<bool> &isCancelled)
     {
+        using Pixel = std::conditional_t<sizeof(Channel) == 1, uint32_t, uint64_t>;
         const auto shiftX = static_cast<int>(-toShot[2]);
-        const int sourceY = y + static_cast<int>(toShot[5]);
-        if (bytesPerPixel == sizeof(uint32_t))
-            copyRow<uint32_t>(source, sourceY, shiftX, result, y);
-        else
-            copyRow<uint64_t>(source, sourceY, shiftX, result, y);
+        const auto shiftY = static_cast<int>(toShot[5]);
+        parallel::rows(result.size(), [&](int begin, int end) {
+            for (int y = begin; y < end && !isCancelled; ++y)
+                copyRow<Pixel>(source, y + shiftY, shiftX, result, y);
+        });
     }
 
-    void filterRow(int y, std::vector<TapPlace> &places)
+    template <typename Channel, typename Resampler>
+    void filterRows(const std::atomic<bool> &isCancelled)
     {
-        findPlaces(toShot, y, source.size(), places);
         const SourcePixels pixels{source.constBits(), size_t(source.bytesPerLine()), source.width(),
                                   source.height(), !source.hasAlphaChannel()};
-        uchar *out = result.scanLine(y);
-        if (bytesPerPixel == sizeof(uint32_t))
-            resampleWords(pixels, places.data(), places.size(), reinterpret_cast<uint32_t *>(out));
-        else
-            plain::resampleDeep(pixels, places.data(), places.size(),
-                                reinterpret_cast<uint16_t *>(out));
+        parallel::rows(result.size(), [&](int begin, int end) {
+            Resampler resampler(pixels, toShot, result.width());
+            for (int y = begin; y < end && !isCancelled; ++y)
+                resampler.makeRow(y, reinterpret_cast<Channel *>(result.scanLine(y)));
+        });
     }
 
     const QImage source;
     QImage result;
     const Matrix toShot;
-    const size_t bytesPerPixel;
-    const bool isCopy;
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "vector_targets.h"
 
 #include <QColorSpace>
+#include <QTransform>
 #include <QtTest>
 
 #include <random>
@@ -80,6 +81,7 @@ private slots:
     void wholeShift_beyondThePicture_coversNothing();
     void constantPicture_staysConstant();
     void border_isNotCovered();
+    void borderPixels_areMadeAsIfTheyWentOn();
     void halfPixel_keepsDetail();
     void clippedLight_hasNoRing();
     void deepPicture_keepsItsDepth();
@@ -90,6 +92,8 @@ private slots:
     void tinyPictures_areSafe();
     void otherSize_isCutOrPadded();
     void threadsAndTargets_giveEqualPixels();
+    void anyMotion_isNearTheTruth_data();
+    void anyMotion_isNearTheTruth();
     void cancelled_givesNothing();
     void commonArea_ofShifts_isTheOverlap();
     void commonArea_ofTurns_isCoveredByAll();
@@ -165,6 +169,40 @@ void tst_resample::border_isNotCovered()
     QCOMPARE(qAlpha(moved.pixel(10, 0)), 0);
     QCOMPARE(qAlpha(moved.pixel(10, 1)), 255);
     QCOMPARE(qAlpha(moved.pixel(19, 19)), 255);
+    const QImage back = resample(shot, bent(shiftMatrix(-2.5, -0.25)), shot.size());
+    QCOMPARE(qAlpha(back.pixel(17, 10)), 0);
+    QCOMPARE(qAlpha(back.pixel(16, 10)), 255);
+    QCOMPARE(qAlpha(back.pixel(10, 19)), 0);
+    QCOMPARE(qAlpha(back.pixel(10, 18)), 255);
+}
+
+/// With its outermost pixels four times over on all sides.
+static QImage goingOn(const QImage &picture)
+{
+    constexpr int kMore = 4;
+    QImage larger(picture.size() + QSize(2 * kMore, 2 * kMore), picture.format());
+    for (int y = 0; y < larger.height(); ++y) {
+        for (int x = 0; x < larger.width(); ++x)
+            larger.setPixelColor(
+                x, y,
+                picture.pixelColor(std::clamp(x - kMore, 0, picture.width() - 1),
+                                   std::clamp(y - kMore, 0, picture.height() - 1)));
+    }
+    return larger;
+}
+
+void tst_resample::borderPixels_areMadeAsIfTheyWentOn()
+{
+    for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_RGBX64}) {
+        const QImage shot = randomPicture({23, 19}, QImage::Format_RGB32).convertToFormat(format);
+        const Transform motion = bent(shiftMatrix(0.4, -0.7));
+        const QImage moved = resample(shot, motion, shot.size());
+        const QImage larger = goingOn(shot);
+        const QImage expected =
+            resample(larger, motion, larger.size()).copy(QRect(QPoint(4, 4), shot.size()));
+        const QRect covered(1, 0, 22, 18);
+        QCOMPARE(moved.copy(covered), expected.copy(covered));
+    }
 }
 
 void tst_resample::halfPixel_keepsDetail()
@@ -296,6 +334,68 @@ void tst_resample::threadsAndTargets_giveEqualPixels()
             const vectorTargets::Forced forced(target);
             QVERIFY2(resample(shot, bent(kHand), shot.size()) == expected, hwy::TargetName(target));
         }
+    }
+}
+
+void tst_resample::anyMotion_isNearTheTruth_data()
+{
+    QTest::addColumn<QTransform>("motion");
+    const auto turned = [](double slope) {
+        return QTransform(1, slope, 0, -slope, 1, 0, 4.3, -2.6, 1);
+    };
+    QTest::newRow("of a hand") << QTransform(1.001, -0.0041, 1e-6, 0.004, 0.9995, -2e-6, 3.3, -2.7,
+                                             1);
+    QTest::newRow("half a pixel") << QTransform::fromTranslate(0.5, 0.5);
+    QTest::newRow("just level") << turned(0.062);
+    QTest::newRow("just level, the other way") << turned(-0.062);
+    QTest::newRow("hardly steep") << turned(0.063);
+    QTest::newRow("steep") << turned(0.3);
+    QTest::newRow("upright") << QTransform(0, 1, -1, 0, 300, 0);
+    QTest::newRow("tilted") << QTransform(1.01, 0.01, 1e-4, -0.02, 0.98, -5e-5, 2, 3, 1);
+}
+
+/// A soft pattern, 0..1, at any place.
+static double pattern(QPointF at)
+{
+    return 0.5 + 0.2 * std::sin(0.4 * at.x() + 0.2 * at.y()) +
+           0.2 * std::cos(0.15 * at.x() - 0.45 * at.y());
+}
+
+void tst_resample::anyMotion_isNearTheTruth()
+{
+    QFETCH(const QTransform, motion);
+    const QSize size(320, 280);
+    QImage shot(size, QImage::Format_RGBX64);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const auto level = quint16(std::lround(65535 * pattern(QPointF(x, y))));
+            reinterpret_cast<QRgba64 *>(shot.scanLine(y))[x] =
+                QRgba64::fromRgba64(level, level, level, 0xFFFF);
+        }
+    }
+    const Matrix matrix{motion.m11(), motion.m21(), motion.m31(), motion.m12(), motion.m22(),
+                        motion.m32(), motion.m13(), motion.m23(), motion.m33()};
+    const QTransform toShot = motion.inverted();
+    for (const QImage::Format format : {QImage::Format_RGBX64, QImage::Format_RGB32}) {
+        const QImage moved = resample(shot.convertToFormat(format), bent(matrix), size)
+                                 .convertToFormat(QImage::Format_RGBA64);
+        double worst = 0;
+        int count = 0;
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                const QPointF at = toShot.map(QPointF(x, y));
+                const QRgba64 pixel = reinterpret_cast<const QRgba64 *>(moved.constScanLine(y))[x];
+                const bool isInner = QRectF(3, 3, size.width() - 7, size.height() - 7).contains(at);
+                if (!isInner)
+                    continue;
+                QCOMPARE(int(pixel.alpha()), 0xFFFF);
+                worst = std::max(worst, std::abs(pixel.green() / 65535.0 - pattern(at)));
+                ++count;
+            }
+        }
+        qInfo("worst %.4f of %d", worst, count);
+        QVERIFY(count > 40000);
+        QVERIFY(worst < 0.012); // a tenth of a pixel is .018
     }
 }
 
