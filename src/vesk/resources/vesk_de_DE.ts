@@ -905,10 +905,6 @@
         <translation>&amp;Datei</translation>
     </message>
     <message>
-        <source>&amp;View</source>
-        <translation>&amp;Ansicht</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>&amp;Werkzeuge</translation>
     </message>
@@ -971,34 +967,6 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>B&amp;ilder</translation>
-    </message>
-    <message>
-        <source>Recovery</source>
-        <translation>Wiederherstellung</translation>
-    </message>
-    <message>
-        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
-        <translation>Vesk wurde nicht ordentlich beendet. Nicht gespeicherte Änderungen sind erhalten von:</translation>
-    </message>
-    <message>
-        <source>&amp;Recover</source>
-        <translation>&amp;Wiederherstellen</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>&amp;Später</translation>
-    </message>
-    <message>
-        <source>Could not be recovered: %1</source>
-        <translation>Konnte nicht wiederhergestellt werden: %1</translation>
-    </message>
-    <message>
-        <source>&amp;Clipping Warning</source>
-        <translation>&amp;Beschnittwarnung</translation>
-    </message>
-    <message>
-        <source>Unsaved changes cannot be kept for recovery: %1</source>
-        <translation>Änderungen können nicht für die Wiederherstellung gesichert werden: %1</translation>
     </message>
 </context>
 <context>
@@ -1609,6 +1577,33 @@
     </message>
 </context>
 <context>
+    <name>SessionKeeper</name>
+    <message>
+        <source>Recovery</source>
+        <translation>Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk wurde nicht ordentlich beendet. Nicht gespeicherte Änderungen sind erhalten von:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>Konnte nicht wiederhergestellt werden: %1</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>Änderungen können nicht für die Wiederherstellung gesichert werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>ShotList</name>
     <message>
         <source>Shots</source>
@@ -1755,6 +1750,17 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>&amp;Beschnittwarnung</translation>
     </message>
 </context>
 <context>

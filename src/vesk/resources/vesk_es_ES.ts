@@ -905,10 +905,6 @@
         <translation>&amp;Archivo</translation>
     </message>
     <message>
-        <source>&amp;View</source>
-        <translation>&amp;Ver</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>&amp;Herramientas</translation>
     </message>
@@ -971,34 +967,6 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>&amp;Imágenes</translation>
-    </message>
-    <message>
-        <source>Recovery</source>
-        <translation>Recuperación</translation>
-    </message>
-    <message>
-        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
-        <translation>Vesk no se cerró correctamente. Se conservan cambios sin guardar de:</translation>
-    </message>
-    <message>
-        <source>&amp;Recover</source>
-        <translation>&amp;Recuperar</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>&amp;Más tarde</translation>
-    </message>
-    <message>
-        <source>Could not be recovered: %1</source>
-        <translation>No se pudo recuperar: %1</translation>
-    </message>
-    <message>
-        <source>&amp;Clipping Warning</source>
-        <translation>Aviso de &amp;recorte</translation>
-    </message>
-    <message>
-        <source>Unsaved changes cannot be kept for recovery: %1</source>
-        <translation>No se pueden conservar los cambios para su recuperación: %1</translation>
     </message>
 </context>
 <context>
@@ -1609,6 +1577,33 @@
     </message>
 </context>
 <context>
+    <name>SessionKeeper</name>
+    <message>
+        <source>Recovery</source>
+        <translation>Recuperación</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk no se cerró correctamente. Se conservan cambios sin guardar de:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Recuperar</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Más tarde</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>No se pudo recuperar: %1</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>No se pueden conservar los cambios para su recuperación: %1</translation>
+    </message>
+</context>
+<context>
     <name>ShotList</name>
     <message>
         <source>Shots</source>
@@ -1755,6 +1750,17 @@
     <message>
         <source>Close</source>
         <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>Aviso de &amp;recorte</translation>
     </message>
 </context>
 <context>

@@ -905,10 +905,6 @@
         <translation>&amp;Fichier</translation>
     </message>
     <message>
-        <source>&amp;View</source>
-        <translation>&amp;Affichage</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>&amp;Outils</translation>
     </message>
@@ -971,34 +967,6 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>&amp;Images</translation>
-    </message>
-    <message>
-        <source>Recovery</source>
-        <translation>Récupération</translation>
-    </message>
-    <message>
-        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
-        <translation>Vesk ne s’est pas terminé normalement. Des modifications non enregistrées sont conservées pour :</translation>
-    </message>
-    <message>
-        <source>&amp;Recover</source>
-        <translation>&amp;Récupérer</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>&amp;Plus tard</translation>
-    </message>
-    <message>
-        <source>Could not be recovered: %1</source>
-        <translation>Récupération impossible : %1</translation>
-    </message>
-    <message>
-        <source>&amp;Clipping Warning</source>
-        <translation>Alerte d’écrêta&amp;ge</translation>
-    </message>
-    <message>
-        <source>Unsaved changes cannot be kept for recovery: %1</source>
-        <translation>Les modifications ne peuvent pas être gardées pour la récupération : %1</translation>
     </message>
 </context>
 <context>
@@ -1609,6 +1577,33 @@
     </message>
 </context>
 <context>
+    <name>SessionKeeper</name>
+    <message>
+        <source>Recovery</source>
+        <translation>Récupération</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk ne s’est pas terminé normalement. Des modifications non enregistrées sont conservées pour :</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Récupérer</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Plus tard</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>Récupération impossible : %1</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>Les modifications ne peuvent pas être gardées pour la récupération : %1</translation>
+    </message>
+</context>
+<context>
     <name>ShotList</name>
     <message>
         <source>Shots</source>
@@ -1755,6 +1750,17 @@
     <message>
         <source>Close</source>
         <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Affichage</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>Alerte d’écrêta&amp;ge</translation>
     </message>
 </context>
 <context>

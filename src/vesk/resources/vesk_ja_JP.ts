@@ -905,10 +905,6 @@
         <translation>ファイル(&amp;F)</translation>
     </message>
     <message>
-        <source>&amp;View</source>
-        <translation>表示(&amp;V)</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>ツール(&amp;T)</translation>
     </message>
@@ -971,34 +967,6 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>画像(&amp;P)</translation>
-    </message>
-    <message>
-        <source>Recovery</source>
-        <translation>復元</translation>
-    </message>
-    <message>
-        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
-        <translation>Vesk が正しく終了しませんでした。次の未保存の変更が残っています:</translation>
-    </message>
-    <message>
-        <source>&amp;Recover</source>
-        <translation>復元(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>後で(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Could not be recovered: %1</source>
-        <translation>復元できませんでした: %1</translation>
-    </message>
-    <message>
-        <source>&amp;Clipping Warning</source>
-        <translation>白飛び・黒つぶれの警告(&amp;C)</translation>
-    </message>
-    <message>
-        <source>Unsaved changes cannot be kept for recovery: %1</source>
-        <translation>復元用に変更を保存できません: %1</translation>
     </message>
 </context>
 <context>
@@ -1608,6 +1576,33 @@
     </message>
 </context>
 <context>
+    <name>SessionKeeper</name>
+    <message>
+        <source>Recovery</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk が正しく終了しませんでした。次の未保存の変更が残っています:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>復元(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>後で(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>復元できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>復元用に変更を保存できません: %1</translation>
+    </message>
+</context>
+<context>
     <name>ShotList</name>
     <message>
         <source>Shots</source>
@@ -1754,6 +1749,17 @@
     <message>
         <source>Close</source>
         <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>白飛び・黒つぶれの警告(&amp;C)</translation>
     </message>
 </context>
 <context>

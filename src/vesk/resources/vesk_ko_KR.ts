@@ -905,10 +905,6 @@
         <translation>파일(&amp;F)</translation>
     </message>
     <message>
-        <source>&amp;View</source>
-        <translation>보기(&amp;V)</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>도구(&amp;T)</translation>
     </message>
@@ -971,34 +967,6 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>이미지(&amp;P)</translation>
-    </message>
-    <message>
-        <source>Recovery</source>
-        <translation>복구</translation>
-    </message>
-    <message>
-        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
-        <translation>Vesk가 비정상적으로 종료되었습니다. 저장하지 않은 변경 사항이 남아 있는 문서:</translation>
-    </message>
-    <message>
-        <source>&amp;Recover</source>
-        <translation>복구(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>나중에(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Could not be recovered: %1</source>
-        <translation>복구하지 못했습니다: %1</translation>
-    </message>
-    <message>
-        <source>&amp;Clipping Warning</source>
-        <translation>클리핑 경고(&amp;C)</translation>
-    </message>
-    <message>
-        <source>Unsaved changes cannot be kept for recovery: %1</source>
-        <translation>복구용으로 변경 사항을 보관할 수 없습니다: %1</translation>
     </message>
 </context>
 <context>
@@ -1608,6 +1576,33 @@
     </message>
 </context>
 <context>
+    <name>SessionKeeper</name>
+    <message>
+        <source>Recovery</source>
+        <translation>복구</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk가 비정상적으로 종료되었습니다. 저장하지 않은 변경 사항이 남아 있는 문서:</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>복구(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>나중에(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>복구하지 못했습니다: %1</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>복구용으로 변경 사항을 보관할 수 없습니다: %1</translation>
+    </message>
+</context>
+<context>
     <name>ShotList</name>
     <message>
         <source>Shots</source>
@@ -1754,6 +1749,17 @@
     <message>
         <source>Close</source>
         <translation>닫기</translation>
+    </message>
+</context>
+<context>
+    <name>ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>보기(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>클리핑 경고(&amp;C)</translation>
     </message>
 </context>
 <context>

@@ -905,10 +905,6 @@
         <translation>檔案(&amp;F)</translation>
     </message>
     <message>
-        <source>&amp;View</source>
-        <translation>檢視(&amp;V)</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>工具(&amp;T)</translation>
     </message>
@@ -971,34 +967,6 @@
     <message>
         <source>&amp;Pictures</source>
         <translation>影像(&amp;P)</translation>
-    </message>
-    <message>
-        <source>Recovery</source>
-        <translation>復原文件</translation>
-    </message>
-    <message>
-        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
-        <translation>Vesk 上次未正常結束。以下文件的未儲存變更已保留：</translation>
-    </message>
-    <message>
-        <source>&amp;Recover</source>
-        <translation>復原(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>稍後(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Could not be recovered: %1</source>
-        <translation>無法復原：%1</translation>
-    </message>
-    <message>
-        <source>&amp;Clipping Warning</source>
-        <translation>溢位警告(&amp;C)</translation>
-    </message>
-    <message>
-        <source>Unsaved changes cannot be kept for recovery: %1</source>
-        <translation>無法保留未儲存的變更以供復原：%1</translation>
     </message>
 </context>
 <context>
@@ -1608,6 +1576,33 @@
     </message>
 </context>
 <context>
+    <name>SessionKeeper</name>
+    <message>
+        <source>Recovery</source>
+        <translation>復原文件</translation>
+    </message>
+    <message>
+        <source>Vesk did not end as it should. Unsaved changes were kept of:</source>
+        <translation>Vesk 上次未正常結束。以下文件的未儲存變更已保留：</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>復原(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>稍後(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Could not be recovered: %1</source>
+        <translation>無法復原：%1</translation>
+    </message>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery: %1</source>
+        <translation>無法保留未儲存的變更以供復原：%1</translation>
+    </message>
+</context>
+<context>
     <name>ShotList</name>
     <message>
         <source>Shots</source>
@@ -1754,6 +1749,17 @@
     <message>
         <source>Close</source>
         <translation>關閉</translation>
+    </message>
+</context>
+<context>
+    <name>ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>檢視(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Clipping Warning</source>
+        <translation>溢位警告(&amp;C)</translation>
     </message>
 </context>
 <context>

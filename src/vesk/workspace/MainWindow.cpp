@@ -1,7 +1,6 @@
 #include "MainWindow.h"
 #include "AdjustDock.h"
 #include "BatchWindow.h"
-#include "ClippingOverlay.h"
 #include "DocumentArea.h"
 #include "DocumentOpener.h"
 #include "DocumentSaver.h"
@@ -11,6 +10,7 @@
 #include "ExposureMergeCommand.h"
 #include "FilmStrip.h"
 #include "FilmStripActions.h"
+#include "FullScreen.h"
 #include "HdrCommand.h"
 #include "HistogramDock.h"
 #include "LanguageMenu.h"
@@ -19,17 +19,17 @@
 #include "PhotoDock.h"
 #include "PictureFolder.h"
 #include "RecentFilesMenu.h"
-#include "RecoveryKeeper.h"
 #include "ScreenColoursMenu.h"
+#include "SessionKeeper.h"
 #include "StartPage.h"
 #include "ThemeMenu.h"
+#include "ViewMenu.h"
 #include "about_box.h"
 #include "editor_settings.h"
 #include "first_window_size.h"
 #include "picture_kinds.h"
 #include "screen_colours.h"
 
-#include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskGlobalSettings.h>
 
@@ -41,13 +41,8 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
-#include <QShortcut>
-#include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
-
-#include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -77,11 +72,8 @@ MainWindow::MainWindow(QWidget *parent)
     , saver(new DocumentSaver(this))
     , status(new EditorStatusBar)
     , edit(new EditMenu(documents, this))
-    , lastSession(settings::session())
-    , leaveFullScreen(new QShortcut(Qt::Key_Escape, this))
-    , walkBack(new QShortcut(Qt::Key_Left, this))
-    , walkOn(new QShortcut(Qt::Key_Right, this))
-    , recovery(std::make_unique<RecoveryKeeper>(documents))
+    , fullScreen(new FullScreen(actions->fullScreen, this, documents, opener, filmStrip))
+    , session(std::make_unique<SessionKeeper>(documents, this))
     , uiManager(std::make_unique<EditorUiManager>(this, documents, filmStrip, folder))
     , hdr(std::make_unique<HdrCommand>(uiManager.get()))
     , exposureMerge(std::make_unique<ExposureMergeCommand>(uiManager.get(), documents, filmStrip))
@@ -119,34 +111,12 @@ void MainWindow::mergePaths(const QStringList &paths)
 
 void MainWindow::offerRecovery()
 {
-    const QStringList orphans = recovery->orphans();
-    if (orphans.isEmpty())
-        return;
-    QMessageBox question(QMessageBox::Question, tr("Recovery"),
-                         tr("Vesk did not end as it should. Unsaved changes were kept of:"),
-                         QMessageBox::Open | QMessageBox::Discard | QMessageBox::Cancel, this);
-    question.setInformativeText(RecoveryKeeper::names(orphans).join(QLatin1Char('\n')));
-    question.button(QMessageBox::Open)->setText(tr("&Recover"));
-    question.button(QMessageBox::Cancel)->setText(tr("&Later"));
-    question.setDefaultButton(QMessageBox::Open);
-    const int answer = question.exec();
-    if (answer == QMessageBox::Discard)
-        RecoveryKeeper::discard(orphans);
-    if (answer != QMessageBox::Open)
-        return;
-    const QStringList unreadable = recovery->recover(orphans);
-    if (!unreadable.isEmpty())
-        status->showMessage(tr("Could not be recovered: %1")
-                                .arg(QDir::toNativeSeparators(unreadable.constFirst())));
+    session->offerRecovery();
 }
 
 void MainWindow::restoreSession()
 {
-    QStringList paths;
-    for (const QString &path : lastSession) {
-        if (QFileInfo(path).isFile())
-            paths.append(path);
-    }
+    const QStringList paths = session->lastFiles();
     if (!paths.isEmpty())
         openPaths(paths);
 }
@@ -191,20 +161,9 @@ void MainWindow::addMenus()
 
     menuBar()->addMenu(edit->menu());
 
-    QMenu *view = menuBar()->addMenu(tr("&View"));
-    view->addActions(
-        {actions->zoomIn, actions->zoomOut, actions->zoomToFit, actions->zoomToActualSize});
-    view->addSeparator();
-    clipping = new QAction(tr("&Clipping Warning"), this);
-    clipping->setCheckable(true);
-    clipping->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_J);
-    connect(clipping, &QAction::toggled, this, &MainWindow::showClipping);
-    view->addAction(clipping);
-    view->addSeparator();
-    view->addActions({filmStripDock->toggleViewAction(), histogramDock->toggleViewAction(),
-                      layerDock->toggleViewAction(), photoDock->toggleViewAction()});
-    view->addSeparator();
-    view->addActions({actions->nextTab, actions->previousTab, actions->fullScreen});
+    view = new ViewMenu(actions, documents, {filmStripDock, histogramDock, layerDock, photoDock},
+                        this);
+    menuBar()->addMenu(view->menu());
 
     filmStripActions->addTo(*menuBar()->addMenu(tr("&Pictures")));
 
@@ -276,18 +235,6 @@ void MainWindow::connectActions()
     connect(actions->close, &QAction::triggered, this,
             [this] { closeDocument(documents->currentDocument()); });
     connect(actions->quit, &QAction::triggered, this, &QWidget::close);
-    onCanvas(actions->zoomIn, &VeskCanvas::zoomIn);
-    onCanvas(actions->zoomOut, &VeskCanvas::zoomOut);
-    onCanvas(actions->zoomToFit, &VeskCanvas::zoomToFit);
-    onCanvas(actions->zoomToActualSize, &VeskCanvas::zoomToActualSize);
-    connect(actions->fullScreen, &QAction::toggled, this, &MainWindow::showFullScreenOrNot);
-    for (QShortcut *shortcut : {leaveFullScreen, walkBack, walkOn})
-        shortcut->setEnabled(false); // the keys are for others then
-    connect(walkBack, &QShortcut::activated, this, [this] { stepInFolder(-1); });
-    connect(walkOn, &QShortcut::activated, this, [this] { stepInFolder(1); });
-    connect(leaveFullScreen, &QShortcut::activated, actions->fullScreen, &QAction::toggle);
-    connect(actions->nextTab, &QAction::triggered, this, [this] { stepDocument(1); });
-    connect(actions->previousTab, &QAction::triggered, this, [this] { stepDocument(-1); });
     connect(actions->merge, &QAction::triggered, this, [this] { hdr->activate(); });
     connect(actions->mergeExposures, &QAction::triggered, this,
             [this] { exposureMerge->activate(); });
@@ -298,14 +245,6 @@ void MainWindow::connectActions()
             [this] { openPaths(filmStrip->selectedPaths()); });
 }
 
-void MainWindow::onCanvas(QAction *action, void (VeskCanvas::*operation)())
-{
-    connect(action, &QAction::triggered, this, [this, operation] {
-        if (VeskCanvas *canvas = documents->currentCanvas())
-            (canvas->*operation)();
-    });
-}
-
 void MainWindow::connectDocuments()
 {
     connect(documents, &DocumentArea::currentDocumentChanged, this,
@@ -313,9 +252,8 @@ void MainWindow::connectDocuments()
     connect(documents, &DocumentArea::documentStateChanged, this, &MainWindow::showDocumentState);
     connect(documents, &DocumentArea::closeRequested, this, &MainWindow::closeDocument);
     connect(documents, &DocumentArea::closeOthersRequested, this, &MainWindow::closeOthers);
-    connect(recovery.get(), &RecoveryKeeper::failed, this, [this](const QString &reason) {
-        status->showMessage(tr("Unsaved changes cannot be kept for recovery: %1").arg(reason));
-    });
+    connect(session.get(), &SessionKeeper::said, status,
+            [this](const QString &text) { status->showMessage(text); });
     connect(saver, &DocumentSaver::saved, this, [this](const QString &path) {
         recentFiles->add(path);
         status->showMessage(tr("Saved %1").arg(QDir::toNativeSeparators(path)), 5000);
@@ -425,74 +363,6 @@ void MainWindow::showMergedLight(const QImage &picture, const QString &reference
     light->show({picture, QFileInfo(referencePath).completeBaseName(), {}, referencePath, mark});
 }
 
-void MainWindow::stepDocument(int distance)
-{
-    const QList<VeskContext *> all = documents->documents();
-    const int current = all.indexOf(documents->currentDocument());
-    if (current >= 0)
-        documents->makeCurrent(all.at((current + distance + all.size()) % all.size()));
-}
-
-void MainWindow::showClipping()
-{
-    delete clippingOverlay;
-    if (clipping->isChecked() && documents->currentCanvas())
-        clippingOverlay = new ClippingOverlay(documents->currentCanvas());
-}
-
-/// To a neighbour of the document in front in its folder. What was opened so, and not changed, goes
-/// again.
-void MainWindow::stepInFolder(int distance)
-{
-    const VeskContext *document = documents->currentDocument();
-    const QStringList paths = filmStrip->paths();
-    const auto at = document ? paths.indexOf(document->getFilePath()) : qsizetype(-1);
-    const qsizetype next = std::clamp<qsizetype>(at + distance, 0, paths.size() - 1);
-    if (at < 0 || next == at)
-        return;
-    const bool isOpen = documents->documentOf(paths[next]);
-    const QPointer<VeskContext> left = walked;
-    auto *once = new QObject(this);
-    connect(opener, &DocumentOpener::finished, once, [this, once, left, isOpen] {
-        once->deleteLater();
-        walked = isOpen ? nullptr : documents->currentDocument();
-        if (left && !left->isSaveAble() && left != documents->currentDocument())
-            documents->close(left);
-    });
-    openPaths({paths[next]});
-}
-
-/// Nothing but the picture.
-void MainWindow::hideForFullScreen(bool isFull)
-{
-    if (isFull == !hiddenForFullScreen.isEmpty())
-        return;
-    if (!isFull) {
-        for (QWidget *widget : std::exchange(hiddenForFullScreen, {}))
-            widget->show();
-        return;
-    }
-    QList<QWidget *> around{menuBar(), statusBar()};
-    const auto add = [&around](const auto &widgets) {
-        for (QWidget *widget : widgets)
-            around.append(widget);
-    };
-    add(findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly));
-    add(findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly));
-    add(documents->findChildren<QTabBar *>());
-    for (QWidget *widget : around) {
-        if (!widget->isVisible())
-            continue;
-        widget->hide();
-        hiddenForFullScreen.append(widget);
-    }
-}
-
-void MainWindow::showFullScreenOrNot(bool isFull)
-{
-    setWindowState(windowState().setFlag(Qt::WindowFullScreen, isFull));
-}
-
 void MainWindow::showCurrentDocument(VeskContext *document)
 {
     status->showCanvas(documents->currentCanvas());
@@ -500,28 +370,11 @@ void MainWindow::showCurrentDocument(VeskContext *document)
     layerDock->showDocument(document);
     photoDock->showDocument(document);
     edit->showDocument(document);
-    showClipping();
+    view->showCurrentDocument();
     if (document && !document->getFilePath().isEmpty() && filmStrip->selectedPaths().size() <= 1)
         filmStrip->select({document->getFilePath()});
     showDocumentState();
-    keepSession();
-}
-
-/// All the time, as nobody knows when a program ends.
-void MainWindow::keepSession()
-{
-    if (isClosing)
-        return;
-    QStringList paths;
-    const QList<VeskContext *> all = documents->documents();
-    for (const VeskContext *document : all) {
-        if (!document->getFilePath().isEmpty() && document != documents->currentDocument())
-            paths.append(document->getFilePath());
-    }
-    const VeskContext *inFront = documents->currentDocument();
-    if (inFront && !inFront->getFilePath().isEmpty())
-        paths.append(inFront->getFilePath());
-    settings::setSession(paths);
+    session->remember();
 }
 
 void MainWindow::showDocumentState()
@@ -537,18 +390,6 @@ void MainWindow::showDocumentState()
 
 // --- Events ---
 
-/// The desktop has commands for full screen, too.
-void MainWindow::changeEvent(QEvent *event)
-{
-    QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::WindowStateChange)
-        return;
-    actions->fullScreen->setChecked(isFullScreen());
-    for (QShortcut *shortcut : {leaveFullScreen, walkBack, walkOn})
-        shortcut->setEnabled(isFullScreen());
-    hideForFullScreen(isFullScreen());
-}
-
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     if (!light->closeAll()) {
@@ -560,9 +401,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    isClosing = true;
-    recovery->forgetAll();    // what is lost now, is lost on purpose
-    hideForFullScreen(false); // so that all of it is remembered
+    session->end();
+    fullScreen->showAround();
     settings::setWindow(saveGeometry(), saveState());
     event->accept();
 }

@@ -12,12 +12,12 @@ class BatchWindow;
 class DocumentArea;
 class DocumentOpener;
 class DocumentSaver;
-class ClippingOverlay;
 class EditMenu;
 class EditorStatusBar;
 class ExposureMergeCommand;
 class FilmStrip;
 class FilmStripActions;
+class FullScreen;
 class HdrCommand;
 class HistogramDock;
 class LanguageMenu;
@@ -25,12 +25,11 @@ class LayerDock;
 class LightCommand;
 class PhotoDock;
 class PictureFolder;
-class QShortcut;
 class RecentFilesMenu;
-class RecoveryKeeper;
+class SessionKeeper;
 class EditorUiManager;
-class VeskCanvas;
 class VeskContext;
+class ViewMenu;
 struct LoadedPicture;
 struct ResultMark;
 
@@ -55,7 +54,6 @@ public:
     void mergePaths(const QStringList &paths);
 
 protected:
-    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -69,7 +67,6 @@ private:
     void connectDocuments();
     void connectOpening();
     void connectFolder();
-    void onCanvas(QAction *action, void (VeskCanvas::*operation)());
 
     void chooseFiles();
     void chooseFolder();
@@ -79,14 +76,8 @@ private:
     void showLight(const LoadedPicture &read);
     void showMergedLight(const QImage &picture, const QString &referencePath,
                          const ResultMark &mark);
-    void stepDocument(int distance);
-    void showFullScreenOrNot(bool isFull);
-    void hideForFullScreen(bool isFull);
     void showCurrentDocument(VeskContext *document);
     void showDocumentState();
-    void keepSession();
-    void showClipping();
-    void stepInFolder(int distance);
 
     EditorActions *actions;
     PictureFolder *folder;
@@ -97,22 +88,15 @@ private:
     DocumentSaver *saver;
     EditorStatusBar *status;
     EditMenu *edit;
+    ViewMenu *view = nullptr;
     HistogramDock *histogramDock = nullptr;
     LayerDock *layerDock = nullptr;
     PhotoDock *photoDock = nullptr;
     QDockWidget *filmStripDock = nullptr;
     RecentFilesMenu *recentFiles = nullptr;
-    const QStringList lastSession; // of the program before
-    bool isClosing = false;
-    QAction *clipping = nullptr;
-    QPointer<ClippingOverlay> clippingOverlay;
-    QList<QWidget *> hiddenForFullScreen;
-    QPointer<VeskContext> walked; // opened by walking through the folder
-    QShortcut *leaveFullScreen;
     QPointer<BatchWindow> batch;
-    QShortcut *walkBack; // through the folder, in full screen
-    QShortcut *walkOn;
-    std::unique_ptr<RecoveryKeeper> recovery; // ends before the documents do
+    FullScreen *fullScreen;
+    std::unique_ptr<SessionKeeper> session; // ends before the documents do
     std::unique_ptr<EditorUiManager> uiManager;
     std::unique_ptr<HdrCommand> hdr;
     std::unique_ptr<ExposureMergeCommand> exposureMerge;

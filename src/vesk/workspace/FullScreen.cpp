@@ -1,0 +1,111 @@
+#include "FullScreen.h"
+
+#include <DocumentArea.h>
+#include <DocumentOpener.h>
+#include <FilmStrip.h>
+#include <VeskContext.h>
+
+#include <QAction>
+#include <QDockWidget>
+#include <QEvent>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QToolBar>
+
+#include <algorithm>
+#include <utility>
+
+FullScreen::FullScreen(QAction *toggle, QMainWindow *mainWindow, DocumentArea *area,
+                       DocumentOpener *documentOpener, FilmStrip *strip)
+    : QObject(mainWindow)
+    , action(toggle)
+    , window(mainWindow)
+    , documents(area)
+    , opener(documentOpener)
+    , filmStrip(strip)
+{
+    const auto add = [this](Qt::Key key, const auto &work) {
+        auto *shortcut = new QShortcut(key, window);
+        shortcut->setEnabled(false);
+        connect(shortcut, &QShortcut::activated, this, work);
+        shortcuts.append(shortcut);
+    };
+    add(Qt::Key_Escape, [this] { action->toggle(); });
+    add(Qt::Key_Left, [this] { stepInFolder(-1); });
+    add(Qt::Key_Right, [this] { stepInFolder(1); });
+    connect(action, &QAction::toggled, this, [this](bool isFull) {
+        window->setWindowState(window->windowState().setFlag(Qt::WindowFullScreen, isFull));
+    });
+    window->installEventFilter(this);
+}
+
+/// The desktop has commands for full screen, too.
+bool FullScreen::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == window && event->type() == QEvent::WindowStateChange)
+        followWindow();
+    return QObject::eventFilter(watched, event);
+}
+
+void FullScreen::followWindow()
+{
+    const bool isFull = window->isFullScreen();
+    action->setChecked(isFull);
+    for (QShortcut *shortcut : qAsConst(shortcuts))
+        shortcut->setEnabled(isFull);
+    if (isFull)
+        hideAround();
+    else
+        showAround();
+}
+
+void FullScreen::showAround()
+{
+    for (QWidget *widget : std::exchange(hidden, {}))
+        widget->show();
+}
+
+void FullScreen::hideAround()
+{
+    if (!hidden.isEmpty())
+        return;
+    QList<QWidget *> around{window->menuBar(), window->statusBar()};
+    const auto add = [&around](const auto &widgets) {
+        for (QWidget *widget : widgets)
+            around.append(widget);
+    };
+    add(window->findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly));
+    add(window->findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly));
+    add(documents->findChildren<QTabBar *>());
+    for (QWidget *widget : qAsConst(around)) {
+        if (!widget->isVisible())
+            continue;
+        widget->hide();
+        hidden.append(widget);
+    }
+}
+
+/// To a neighbour of the document in front in its folder. What was opened so, and not changed, goes
+/// again.
+void FullScreen::stepInFolder(int distance)
+{
+    const VeskContext *document = documents->currentDocument();
+    const QStringList paths = filmStrip->paths();
+    const auto at = document ? paths.indexOf(document->getFilePath()) : qsizetype(-1);
+    const qsizetype next = std::clamp<qsizetype>(at + distance, 0, paths.size() - 1);
+    if (at < 0 || next == at)
+        return;
+    const bool isOpen = documents->documentOf(paths[next]);
+    const QPointer<VeskContext> left = walked;
+    auto *once = new QObject(this);
+    connect(opener, &DocumentOpener::finished, once, [this, once, left, isOpen] {
+        once->deleteLater();
+        walked = isOpen ? nullptr : documents->currentDocument();
+        if (left && !left->isSaveAble() && left != documents->currentDocument())
+            documents->close(left);
+    });
+    opener->open({paths[next]});
+}
