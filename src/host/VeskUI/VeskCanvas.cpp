@@ -1,6 +1,7 @@
 #include "VeskCanvas.h"
 #include "FingerGrip.h"
 #include "VeskScreenColours.h"
+#include "ZoomGlide.h"
 #include "canvas_painting.h"
 #include "picture_histogram.h"
 
@@ -15,7 +16,6 @@
 #include <QStyle>
 #include <QTimerEvent>
 #include <QTouchEvent>
-#include <QVariantAnimation>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -46,7 +46,7 @@ VeskCanvas::VeskCanvas(QWidget *parent)
     : QWidget(parent)
     , view(std::make_unique<CanvasView>(kMinimumZoom, kMaximumZoom))
     , pyramid(std::make_unique<PicturePyramid>())
-    , zoomGlide(new QVariantAnimation(this))
+    , zoomGlide(new ZoomGlide(*view, this))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
@@ -55,13 +55,7 @@ VeskCanvas::VeskCanvas(QWidget *parent)
     setAttribute(Qt::WA_AcceptTouchEvents);
     connect(&VeskScreenColours::getInstance(), &VeskScreenColours::changed, this,
             &VeskCanvas::contentChanged);
-    zoomGlide->setEasingCurve(QEasingCurve::OutCubic);
-    connect(zoomGlide, &QVariantAnimation::valueChanged, this, [this](const QVariant &logZoom) {
-        if (zoomGlide->state() != QAbstractAnimation::Running)
-            return; // its start and end are only being set
-        view->setZoom(std::exp2(logZoom.toDouble()), glideAnchor, glideFixed);
-        viewChanged();
-    });
+    connect(zoomGlide, &ZoomGlide::moved, this, &VeskCanvas::viewChanged);
 }
 
 VeskCanvas::~VeskCanvas()
@@ -188,6 +182,7 @@ void VeskCanvas::viewChanged()
     scheduleTiles();
     updateCursor();
     reportPointer();
+    Q_EMIT viewMoved();
     if (view->zoom() == reportedZoom)
         return;
     reportedZoom = view->zoom();
@@ -204,6 +199,14 @@ void VeskCanvas::setZoomAt(qreal factor, const QPointF &anchor)
     zoomGlide->stop();
     updateViewport();
     view->setZoom(factor, toDevice(anchor));
+    viewChanged();
+}
+
+void VeskCanvas::showPlace(qreal factor, const QPointF &documentPosition)
+{
+    zoomGlide->stop();
+    updateViewport();
+    view->setZoom(factor, toDevice(QRectF(rect()).center()), documentPosition);
     viewChanged();
 }
 
@@ -238,22 +241,13 @@ void VeskCanvas::zoomToActualSize()
 // Steps that come while the view still glides add up.
 void VeskCanvas::glideZoom(qreal factor, const QPointF &anchor)
 {
-    const bool isGliding = zoomGlide->state() == QAbstractAnimation::Running;
-    const qreal from = isGliding ? std::exp2(zoomGlide->endValue().toDouble()) : zoom();
-    const qreal to = stepped(from, factor);
+    const qreal to = stepped(zoomGlide->target(), factor);
     const int duration = std::min(
         style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this), kLongestGlideMs);
-    if (duration <= 0) { // the user wants no animations
+    if (duration <= 0) // the user wants no animations
         setZoomAt(to, anchor);
-        return;
-    }
-    zoomGlide->stop();
-    glideAnchor = toDevice(anchor);
-    glideFixed = view->toDocument(glideAnchor);
-    zoomGlide->setStartValue(std::log2(zoom()));
-    zoomGlide->setEndValue(std::log2(to));
-    zoomGlide->setDuration(duration);
-    zoomGlide->start();
+    else
+        zoomGlide->startTo(to, toDevice(anchor), duration);
 }
 
 void VeskCanvas::panBy(const QPointF &widgetDistance)

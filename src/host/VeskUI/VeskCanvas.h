@@ -17,9 +17,9 @@
 class CanvasView;
 class PicturePyramid;
 class QTouchEvent;
-class QVariantAnimation;
 class VeskContext;
 class VeskSelection;
+class ZoomGlide;
 struct SourceLayer;
 
 /// The view of one document: paints its layers over a checkerboard, zooms and pans.
@@ -121,6 +121,9 @@ public Q_SLOTS:
     void setZoom(qreal factor);
     /// Zooms to factor and keeps what is at anchor (widget coordinates) as far as the edges allow.
     void setZoomAt(qreal factor, const QPointF &anchor);
+    /// Zooms to factor and brings that position of the document into the middle of the widget, as
+    /// far as the edges allow.
+    void showPlace(qreal factor, const QPointF &documentPosition);
     /// One step; a step that would pass actual size stops there.
     void zoomIn();
     void zoomOut();
@@ -132,6 +135,8 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void zoomChanged(qreal factor);
+    /// Another part of the document is shown, or the same part larger or smaller.
+    void viewMoved();
     void histogramChanged();
     /// The pointer is over that document pixel, which has that colour (as colorAt): it has moved,
     /// or the picture under it has. (-1, -1) and an invalid colour when it is not over the
@@ -182,9 +187,7 @@ private:
     QPointer<VeskSelection> shownSelection;
     Histogram levels;
 
-    QVariantAnimation *zoomGlide; // over the logarithm of the zoom: even speed to the eye
-    QPointF glideAnchor;          // device pixels
-    QPointF glideFixed;           // what stays at the anchor, document pixels
+    ZoomGlide *zoomGlide;
     qreal reportedZoom = 1;
     std::optional<QPointF> pointerPosition; // of the mouse over the widget
     QPointF dragPosition;

@@ -1,5 +1,5 @@
 #include "DocumentArea.h"
-#include "DocumentTabs.h"
+#include "DocumentPanes.h"
 #include "picture_document.h"
 
 #include <VeskCanvas.h>
@@ -21,13 +21,13 @@ VeskContextManager &manager()
 
 DocumentArea::DocumentArea(QWidget *startPage, QWidget *parent)
     : QStackedWidget(parent)
-    , tabs(new DocumentTabs)
+    , tabs(new DocumentPanes)
 {
     addWidget(startPage);
     addWidget(tabs);
-    connect(tabs, &DocumentTabs::documentChosen, this, &DocumentArea::makeCurrent);
-    connect(tabs, &DocumentTabs::closeRequested, this, &DocumentArea::closeRequested);
-    connect(tabs, &DocumentTabs::closeOthersRequested, this, &DocumentArea::closeOthersRequested);
+    connect(tabs, &DocumentPanes::documentChosen, this, &DocumentArea::makeCurrent);
+    connect(tabs, &DocumentPanes::closeRequested, this, &DocumentArea::closeRequested);
+    connect(tabs, &DocumentPanes::closeOthersRequested, this, &DocumentArea::closeOthersRequested);
     connect(&manager(), &VeskContextManager::contextAdded, this, &DocumentArea::onAdded);
     connect(&manager(), &VeskContextManager::contextRemoved, this, &DocumentArea::onRemoved);
     connect(&manager(), &VeskContextManager::currentContextChanged, this,

@@ -3,7 +3,7 @@
 #include <QPointer>
 #include <QStackedWidget>
 
-class DocumentTabs;
+class DocumentPanes;
 class VeskCanvas;
 class VeskContext;
 
@@ -39,6 +39,9 @@ public:
     /// The document of that file, null when it is not open.
     VeskContext *documentOf(const QString &path) const;
 
+    /// Where the documents stand: in one pane, or in two.
+    DocumentPanes *panes() const { return tabs; }
+
 Q_SIGNALS:
     /// Another document is in front, or the one in front has another canvas. Null for none.
     void currentDocumentChanged(VeskContext *document);
@@ -55,7 +58,7 @@ private:
     void keepReplacedWork(VeskContext *context);
     void giveCanvasIfNone(VeskContext *context);
 
-    DocumentTabs *tabs;
+    DocumentPanes *tabs;
     QPointer<VeskContext> blank;
     QPointer<VeskContext> expendable; // may be replaced with its unsaved changes
 };

@@ -3,6 +3,7 @@
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 
+#include <QEvent>
 #include <QVBoxLayout>
 
 DocumentPage::DocumentPage(VeskContext *context)
@@ -18,6 +19,7 @@ void DocumentPage::hold(VeskCanvas *canvas)
     if (!canvas)
         return;
     layout()->addWidget(canvas);
+    canvas->installEventFilter(this);
     setFocusProxy(canvas);
     canvas->show();
 }
@@ -25,4 +27,19 @@ void DocumentPage::hold(VeskCanvas *canvas)
 VeskContext *DocumentPage::context() const
 {
     return shown;
+}
+
+VeskCanvas *DocumentPage::canvas() const
+{
+    return findChild<VeskCanvas *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+/// A canvas that another page holds now is no longer this one's.
+bool DocumentPage::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isTouch = event->type() == QEvent::MouseButtonPress ||
+                         event->type() == QEvent::TouchBegin || event->type() == QEvent::FocusIn;
+    if (isTouch && watched->parent() == this)
+        Q_EMIT touched();
+    return QWidget::eventFilter(watched, event);
 }

@@ -18,6 +18,15 @@ public:
     VeskContext *context() const;
     /// Takes canvas (null for none) from wherever it was.
     void hold(VeskCanvas *canvas);
+    /// Null while it holds none.
+    VeskCanvas *canvas() const;
+
+Q_SIGNALS:
+    /// The user is at work on the canvas.
+    void touched();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QPointer<VeskContext> shown;

@@ -3,12 +3,14 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int kReadableLetters = 14;
+constexpr int kMarkHeight = 3;
 
 } // namespace
 
@@ -47,6 +49,21 @@ void DocumentTabBar::contextMenuEvent(QContextMenuEvent *event)
                                       [this, index] { Q_EMIT closeOthersRequested(index); });
     others->setEnabled(count() > 1);
     menu->popup(event->globalPos());
+}
+
+void DocumentTabBar::setMarked(bool marked)
+{
+    isMarked = marked;
+    update();
+}
+
+void DocumentTabBar::paintEvent(QPaintEvent *event)
+{
+    QTabBar::paintEvent(event);
+    QRect line = tabRect(currentIndex());
+    line.setHeight(kMarkHeight);
+    if (isMarked)
+        QPainter(this).fillRect(line, palette().highlight());
 }
 
 void DocumentTabBar::mousePressEvent(QMouseEvent *event)

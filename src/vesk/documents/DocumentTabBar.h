@@ -13,6 +13,8 @@ public:
 
     /// What tabs with these labels would take, in pixels.
     int widthFor(const QStringList &labels) const;
+    /// Draws a line over the tab in front.
+    void setMarked(bool isMarked);
 
 Q_SIGNALS:
     void closeOthersRequested(int index);
@@ -20,11 +22,13 @@ Q_SIGNALS:
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     QSize minimumTabSizeHint(int index) const override;
+    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     int frameWidth() const;
 
+    bool isMarked = false;
     int pressedIndex = -1; // by the middle button
 };

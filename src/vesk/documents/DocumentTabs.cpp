@@ -45,14 +45,20 @@ DocumentTabs::DocumentTabs(QWidget *parent)
     };
     connect(this, &QTabWidget::currentChanged, this, forward(&DocumentTabs::documentChosen));
     connect(this, &QTabWidget::tabCloseRequested, this, forward(&DocumentTabs::closeRequested));
+    connect(this, &QTabWidget::tabBarClicked, this, forward(&DocumentTabs::documentChosen));
     connect(bar, &DocumentTabBar::closeOthersRequested, this,
             forward(&DocumentTabs::closeOthersRequested));
 }
 
 void DocumentTabs::add(VeskContext *context)
 {
-    addTab(new DocumentPage(context), QString());
+    auto *page = new DocumentPage(context);
+    addTab(page, QString());
     labelTabs();
+    connect(page, &DocumentPage::touched, this, [this, page] {
+        if (indexOf(page->context()) >= 0)
+            Q_EMIT documentChosen(page->context());
+    });
     connect(context, &VeskContext::fileNameChanged, this, &DocumentTabs::labelTabs);
     connect(context, &VeskContext::saveAbleChanged, this, &DocumentTabs::labelTabs);
     connect(context, &VeskContext::canvasChanged, this, [this, context] { moveCanvas(context); });
@@ -76,6 +82,35 @@ void DocumentTabs::showDocument(VeskContext *context)
     const int index = indexOf(context);
     if (index >= 0)
         setCurrentIndex(index);
+}
+
+QList<VeskContext *> DocumentTabs::documents() const
+{
+    QList<VeskContext *> all;
+    for (int index = 0; index < count(); ++index)
+        all.append(pageAt(index)->context());
+    return all;
+}
+
+VeskContext *DocumentTabs::frontDocument() const
+{
+    return count() > 0 ? pageAt(currentIndex())->context() : nullptr;
+}
+
+VeskCanvas *DocumentTabs::frontCanvas() const
+{
+    return count() > 0 ? pageAt(currentIndex())->canvas() : nullptr;
+}
+
+void DocumentTabs::setNeighbour(DocumentTabs *tabs)
+{
+    neighbour = tabs;
+    showListButton();
+}
+
+void DocumentTabs::setMarked(bool isMarked)
+{
+    bar->setMarked(isMarked);
 }
 
 DocumentPage *DocumentTabs::pageAt(int index) const
@@ -107,6 +142,7 @@ void DocumentTabs::moveCanvas(VeskContext *context)
     if (vacatedPage && canvas->parentWidget() == vacatedPage)
         tabBar()->moveTab(index, vacatedIndex);
     pageAt(indexOf(context))->hold(canvas);
+    Q_EMIT canvasHeld();
 }
 
 void DocumentTabs::resizeEvent(QResizeEvent *event)
@@ -133,18 +169,39 @@ void DocumentTabs::labelTabs()
         const QString path = context ? context->getFilePath() : QString();
         setTabToolTip(index, path.isEmpty() ? nameAt(index) : path);
     }
-    listButton->setVisible(count() > 1);
+    showListButton();
+}
+
+void DocumentTabs::showListButton()
+{
+    listButton->setVisible(count() > 1 || neighbour);
+}
+
+void DocumentTabs::addToList(const DocumentTabs *tabs, int index)
+{
+    QAction *action = list->addAction(plain(tabs->nameAt(index)));
+    action->setToolTip(tabs->tabToolTip(index));
+    action->setCheckable(true);
+    action->setChecked(tabs == this && index == currentIndex());
+    const QPointer<VeskContext> context = tabs->pageAt(index)->context();
+    connect(action, &QAction::triggered, this, [this, context] {
+        if (context && indexOf(context) >= 0)
+            showDocument(context);
+        else if (context)
+            Q_EMIT fetchRequested(context);
+    });
 }
 
 void DocumentTabs::showList()
 {
     list->clear();
-    for (int index = 0; index < count(); ++index) {
-        QAction *action =
-            list->addAction(plain(nameAt(index)), this, [this, index] { setCurrentIndex(index); });
-        action->setCheckable(true);
-        action->setChecked(index == currentIndex());
-        action->setToolTip(tabToolTip(index));
+    for (int index = 0; index < count(); ++index)
+        addToList(this, index);
+    if (neighbour) {
+        //: Above the documents of the other pane; choosing one brings it here.
+        list->addSection(tr("From the Other Side"));
+        for (int index = 0; index < neighbour->count(); ++index)
+            addToList(neighbour, index);
     }
     list->popup(listButton->mapToGlobal(listButton->rect().bottomLeft()));
 }

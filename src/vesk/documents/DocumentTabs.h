@@ -7,6 +7,7 @@ class DocumentPage;
 class DocumentTabBar;
 class QMenu;
 class QToolButton;
+class VeskCanvas;
 class VeskContext;
 
 /// One tab per document, with its name and a mark for unsaved changes. Where the names do not fit,
@@ -26,11 +27,24 @@ public:
     void remove(VeskContext *context);
     void showDocument(VeskContext *context);
 
+    QList<VeskContext *> documents() const;
+    /// Null without documents, or without a canvas.
+    VeskContext *frontDocument() const;
+    VeskCanvas *frontCanvas() const;
+    /// Tabs whose documents the list offers, too; null for none.
+    void setNeighbour(DocumentTabs *tabs);
+    /// Marks the tab in front as that of the current document.
+    void setMarked(bool isMarked);
+
 Q_SIGNALS:
     /// The user went to the tab of that document.
     void documentChosen(VeskContext *context);
     void closeRequested(VeskContext *context);
     void closeOthersRequested(VeskContext *context);
+    /// The user wants to see a document of the neighbour here.
+    void fetchRequested(VeskContext *context);
+    /// A page has got a canvas.
+    void canvasHeld();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -42,10 +56,13 @@ private:
     void moveCanvas(VeskContext *context);
     void labelTabs();
     void showList();
+    void showListButton();
+    void addToList(const DocumentTabs *tabs, int index);
 
     DocumentTabBar *bar;
     QToolButton *listButton;
     QMenu *list;           // of all documents, below its button
     int vacatedIndex = -1; // of the tab removed last
     QPointer<QWidget> vacatedPage;
+    QPointer<DocumentTabs> neighbour;
 };

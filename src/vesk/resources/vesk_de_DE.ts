@@ -327,6 +327,10 @@
         <source>All open documents</source>
         <translation>Alle geöffneten Dokumente</translation>
     </message>
+    <message>
+        <source>From the Other Side</source>
+        <translation>Von der anderen Seite</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -1761,6 +1765,22 @@
     <message>
         <source>&amp;Clipping Warning</source>
         <translation>&amp;Beschnittwarnung</translation>
+    </message>
+    <message>
+        <source>Side by &amp;Side</source>
+        <translation>&amp;Nebeneinander</translation>
+    </message>
+    <message>
+        <source>Show another document beside this one</source>
+        <translation>Ein weiteres Dokument neben diesem zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Lock Views</source>
+        <translation>Ansichten &amp;koppeln</translation>
+    </message>
+    <message>
+        <source>Zoom and place of both documents move together</source>
+        <translation>Zoom und Ausschnitt beider Dokumente bewegen sich gemeinsam</translation>
     </message>
 </context>
 <context>

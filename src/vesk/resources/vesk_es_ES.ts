@@ -327,6 +327,10 @@
         <source>All open documents</source>
         <translation>Todos los documentos abiertos</translation>
     </message>
+    <message>
+        <source>From the Other Side</source>
+        <translation>Del otro lado</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -1761,6 +1765,22 @@
     <message>
         <source>&amp;Clipping Warning</source>
         <translation>Aviso de &amp;recorte</translation>
+    </message>
+    <message>
+        <source>Side by &amp;Side</source>
+        <translation>Lado a &amp;lado</translation>
+    </message>
+    <message>
+        <source>Show another document beside this one</source>
+        <translation>Mostrar otro documento junto a este</translation>
+    </message>
+    <message>
+        <source>&amp;Lock Views</source>
+        <translation>&amp;Vincular vistas</translation>
+    </message>
+    <message>
+        <source>Zoom and place of both documents move together</source>
+        <translation>El zoom y la posición de ambos documentos se mueven juntos</translation>
     </message>
 </context>
 <context>

@@ -327,6 +327,10 @@
         <source>All open documents</source>
         <translation>Tous les documents ouverts</translation>
     </message>
+    <message>
+        <source>From the Other Side</source>
+        <translation>De l’autre côté</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -1761,6 +1765,22 @@
     <message>
         <source>&amp;Clipping Warning</source>
         <translation>Alerte d’écrêta&amp;ge</translation>
+    </message>
+    <message>
+        <source>Side by &amp;Side</source>
+        <translation>Côte à &amp;côte</translation>
+    </message>
+    <message>
+        <source>Show another document beside this one</source>
+        <translation>Afficher un autre document à côté de celui-ci</translation>
+    </message>
+    <message>
+        <source>&amp;Lock Views</source>
+        <translation>&amp;Lier les vues</translation>
+    </message>
+    <message>
+        <source>Zoom and place of both documents move together</source>
+        <translation>Le zoom et la position des deux documents changent ensemble</translation>
     </message>
 </context>
 <context>

@@ -327,6 +327,10 @@
         <source>All open documents</source>
         <translation>開いているすべてのドキュメント</translation>
     </message>
+    <message>
+        <source>From the Other Side</source>
+        <translation>反対側から</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -1760,6 +1764,22 @@
     <message>
         <source>&amp;Clipping Warning</source>
         <translation>白飛び・黒つぶれの警告(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Side by &amp;Side</source>
+        <translation>並べて表示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Show another document beside this one</source>
+        <translation>別のドキュメントをこのドキュメントの横に表示します</translation>
+    </message>
+    <message>
+        <source>&amp;Lock Views</source>
+        <translation>表示を連動(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Zoom and place of both documents move together</source>
+        <translation>両方のドキュメントの倍率と位置が連動します</translation>
     </message>
 </context>
 <context>

@@ -327,6 +327,10 @@
         <source>All open documents</source>
         <translation>열려 있는 모든 문서</translation>
     </message>
+    <message>
+        <source>From the Other Side</source>
+        <translation>반대쪽에서</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -1760,6 +1764,22 @@
     <message>
         <source>&amp;Clipping Warning</source>
         <translation>클리핑 경고(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Side by &amp;Side</source>
+        <translation>나란히 보기(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Show another document beside this one</source>
+        <translation>다른 문서를 이 문서 옆에 표시합니다</translation>
+    </message>
+    <message>
+        <source>&amp;Lock Views</source>
+        <translation>보기 연동(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Zoom and place of both documents move together</source>
+        <translation>두 문서의 배율과 위치가 함께 움직입니다</translation>
     </message>
 </context>
 <context>

@@ -327,6 +327,10 @@
         <source>All open documents</source>
         <translation>所有打开的文档</translation>
     </message>
+    <message>
+        <source>From the Other Side</source>
+        <translation>来自另一侧</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -1760,6 +1764,22 @@
     <message>
         <source>&amp;Clipping Warning</source>
         <translation>溢出警告(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Side by &amp;Side</source>
+        <translation>并排显示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Show another document beside this one</source>
+        <translation>在此文档旁显示另一个文档</translation>
+    </message>
+    <message>
+        <source>&amp;Lock Views</source>
+        <translation>锁定视图(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Zoom and place of both documents move together</source>
+        <translation>两个文档的缩放和位置同步变化</translation>
     </message>
 </context>
 <context>

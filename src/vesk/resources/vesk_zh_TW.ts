@@ -327,6 +327,10 @@
         <source>All open documents</source>
         <translation>所有開啟的文件</translation>
     </message>
+    <message>
+        <source>From the Other Side</source>
+        <translation>來自另一側</translation>
+    </message>
 </context>
 <context>
     <name>EditMenu</name>
@@ -1760,6 +1764,22 @@
     <message>
         <source>&amp;Clipping Warning</source>
         <translation>溢位警告(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Side by &amp;Side</source>
+        <translation>並排顯示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Show another document beside this one</source>
+        <translation>在此文件旁顯示另一個文件</translation>
+    </message>
+    <message>
+        <source>&amp;Lock Views</source>
+        <translation>鎖定檢視(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Zoom and place of both documents move together</source>
+        <translation>兩個文件的縮放和位置同步變化</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "EditorActions.h"
 
 #include <DocumentArea.h>
+#include <DocumentPanes.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 
@@ -25,11 +26,43 @@ ViewMenu::ViewMenu(EditorActions *editorActions, DocumentArea *area,
     viewMenu->addSeparator();
     viewMenu->addAction(clipping);
     viewMenu->addSeparator();
+    addPaneActions();
+    viewMenu->addSeparator();
     for (const QDockWidget *dock : docks)
         viewMenu->addAction(dock->toggleViewAction());
     viewMenu->addSeparator();
     viewMenu->addActions({actions->nextTab, actions->previousTab, actions->fullScreen});
     connectActions();
+}
+
+void ViewMenu::addPaneActions()
+{
+    sideBySide = viewMenu->addAction(tr("Side by &Side"));
+    sideBySide->setObjectName(QStringLiteral("sideBySideAction"));
+    sideBySide->setCheckable(true);
+    sideBySide->setShortcut(Qt::CTRL | Qt::Key_D);
+    sideBySide->setToolTip(tr("Show another document beside this one"));
+    lockViews = viewMenu->addAction(tr("&Lock Views"));
+    lockViews->setObjectName(QStringLiteral("lockViewsAction"));
+    lockViews->setCheckable(true);
+    lockViews->setChecked(documents->panes()->areViewsLocked());
+    lockViews->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_D);
+    lockViews->setToolTip(tr("Zoom and place of both documents move together"));
+    viewMenu->setToolTipsVisible(true);
+    connect(sideBySide, &QAction::triggered, this, [this](bool isWanted) {
+        documents->panes()->setSideBySide(isWanted);
+        showPanes();
+    });
+    connect(lockViews, &QAction::triggered, documents->panes(), &DocumentPanes::setViewsLocked);
+    connect(documents->panes(), &DocumentPanes::sideBySideChanged, this, &ViewMenu::showPanes);
+}
+
+void ViewMenu::showPanes()
+{
+    const bool isSideBySide = documents->panes()->isSideBySide();
+    sideBySide->setChecked(isSideBySide);
+    sideBySide->setEnabled(isSideBySide || documents->documents().size() > 1);
+    lockViews->setEnabled(isSideBySide);
 }
 
 void ViewMenu::connectActions()
@@ -54,6 +87,7 @@ void ViewMenu::onCanvas(QAction *action, void (VeskCanvas::*operation)())
 void ViewMenu::showCurrentDocument()
 {
     showClipping();
+    showPanes();
 }
 
 void ViewMenu::showClipping()

@@ -32,10 +32,14 @@ private:
     void onCanvas(QAction *action, void (VeskCanvas::*operation)());
     void showClipping();
     void stepDocument(int distance);
+    void addPaneActions();
+    void showPanes();
 
     EditorActions *actions;
     DocumentArea *documents;
     QMenu *viewMenu;
     QAction *clipping;
+    QAction *sideBySide;
+    QAction *lockViews;
     QPointer<ClippingOverlay> clippingOverlay;
 };
