@@ -96,12 +96,39 @@ QVariant DocumentHistory::settingsToContinue(const QString &kind) const
     return command ? command->settings() : QVariant();
 }
 
-QList<QImage> DocumentHistory::picturesToContinue(const QString &kind) const
+std::function<QList<QImage>()> DocumentHistory::picturesToContinue(const QString &kind) const
 {
-    QList<QImage> pictures = document::layerPictures(context);
-    if (const auto *command = PictureCommand::continuable(steps, kind))
-        command->takeBack(pictures);
-    return pictures;
+    const QList<QImage> pictures = document::layerPictures(context);
+    const auto *command = PictureCommand::continuable(steps, kind);
+    if (!command)
+        return [pictures] { return pictures; };
+    return [pictures, steps = command->pictureSteps(),
+            times = command->pictureSteps()->timesApplied()] {
+        return steps->others(pictures, times);
+    };
+}
+
+std::optional<DocumentHistory::StepAhead> DocumentHistory::stepAhead(bool isForward) const
+{
+    const bool canStep = isForward ? steps.canRedo() : steps.canUndo();
+    const int index = isForward ? steps.index() : steps.index() - 1;
+    const auto *command =
+        canStep ? dynamic_cast<const PictureCommand *>(steps.command(index)) : nullptr;
+    if (!command || command->pictureSteps()->areInstant())
+        return std::nullopt;
+    return StepAhead{command->pictureSteps(), document::layerPictures(context)};
+}
+
+void DocumentHistory::step(bool isForward, const QList<QImage> &pictures)
+{
+    const int index = isForward ? steps.index() : steps.index() - 1;
+    const auto *command = dynamic_cast<const PictureCommand *>(steps.command(index));
+    if (command && !pictures.isEmpty())
+        command->makeReady(pictures);
+    if (isForward)
+        steps.redo();
+    else
+        steps.undo();
 }
 
 qint64 DocumentHistory::bytes() const

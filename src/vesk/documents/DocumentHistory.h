@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PictureStep.h"
+#include "PictureSteps.h"
 
 #include <QList>
 #include <QObject>
@@ -8,7 +8,9 @@
 #include <QUndoStack>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class VeskContext;
@@ -52,9 +54,21 @@ public:
 
     /// The settings of the latest edit if it is of that kind and another would become one with it.
     QVariant settingsToContinue(const QString &kind) const;
-    /// The pictures of the layers before that edit; without one those that there are. Takes time in
-    /// proportion to what it changed.
-    QList<QImage> picturesToContinue(const QString &kind) const;
+    /// Gives the pictures of the layers before that edit; without one those that there are. To be
+    /// called on any thread, as it may take time; none are given once the document has changed.
+    std::function<QList<QImage>()> picturesToContinue(const QString &kind) const;
+
+    /// A step that takes time: its pictures can be made on another thread before it is taken.
+    struct StepAhead
+    {
+        std::shared_ptr<PictureSteps> steps; ///< to be applied once
+        QList<QImage> pictures;              ///< to them
+    };
+    /// That of the next step back or forth; nothing where the step is quick, or there is none.
+    std::optional<StepAhead> stepAhead(bool isForward) const;
+    /// Takes the step. pictures: those of stepAhead with its steps applied; none where it gave
+    /// none.
+    void step(bool isForward, const QList<QImage> &pictures = {});
 
     qint64 bytes() const;
     /// Counts every change of the pictures.

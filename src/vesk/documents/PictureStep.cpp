@@ -48,21 +48,43 @@ std::vector<QRect> tilesOf(QSize size)
     return tiles;
 }
 
+/// Those of tiles where the pictures differ, in their order.
+std::vector<QRect> differing(const std::vector<QRect> &tiles, const QImage &a, const QImage &b)
+{
+    std::vector<char> isOther(tiles.size());
+    parallel::each(int(tiles.size()),
+                   [&](int i) { isOther[size_t(i)] = !isSame(a, b, tiles[size_t(i)]); });
+    std::vector<QRect> found;
+    for (size_t i = 0; i < tiles.size(); ++i) {
+        if (isOther[i])
+            found.push_back(tiles[i]);
+    }
+    return found;
+}
+
 class TileStep : public PictureStep
 {
 public:
-    TileStep(const QImage &before, const QImage &after)
+    TileStep(const QImage &before, const std::vector<QRect> &changed)
     {
-        for (const QRect &tile : tilesOf(before.size())) {
-            if (!isSame(before, after, tile))
-                tiles.push_back({tile.topLeft(), before.copy(tile)});
-        }
+        for (const QRect &tile : changed)
+            tiles.push_back({tile.topLeft(), before.copy(tile)});
     }
 
     void apply(QImage &picture) override
     {
         const Bits whole(picture);
         parallel::each(int(tiles.size()), [&](int i) { tiles[size_t(i)].swapWith(whole); });
+    }
+
+    QImage other(const QImage &picture) const override
+    {
+        QImage result = picture.copy();
+        if (result.isNull())
+            return result;
+        for (const Tile &tile : tiles)
+            copyInto(result, tile.pixels, tile.place);
+        return result;
     }
 
     qint64 bytes() const override
@@ -110,15 +132,17 @@ class WholeStep : public PictureStep
 {
 public:
     explicit WholeStep(const QImage &before)
-        : other(before)
+        : held(before)
     {
     }
 
-    void apply(QImage &picture) override { std::swap(picture, other); }
-    qint64 bytes() const override { return other.sizeInBytes(); }
+    void apply(QImage &picture) override { std::swap(picture, held); }
+    QImage other(const QImage &) const override { return held; }
+    bool isInstant() const override { return true; }
+    qint64 bytes() const override { return held.sizeInBytes(); }
 
 private:
-    QImage other;
+    QImage held;
 };
 
 class CropStep : public PictureStep
@@ -133,20 +157,28 @@ public:
 
     void apply(QImage &picture) override
     {
-        if (isCropped) {
-            QImage uncut = picture_step::likeness(picture, whole);
-            if (uncut.isNull()) // no memory: the picture stays as it is
-                return;
-            copyInto(uncut, picture, area.topLeft());
-            for (const Border &border : borders)
-                copyInto(uncut, border.pixels, border.place);
+        const QImage result = other(picture);
+        if (result.isNull()) // no memory: the picture stays as it is
+            return;
+        if (isCropped)
             borders.clear();
-            picture = uncut;
-        } else {
+        else
             cutBorders(picture);
-            picture = picture.copy(area);
-        }
+        picture = result;
         isCropped = !isCropped;
+    }
+
+    QImage other(const QImage &picture) const override
+    {
+        if (!isCropped)
+            return picture.copy(area);
+        QImage uncut = picture_step::likeness(picture, whole);
+        if (uncut.isNull())
+            return uncut;
+        copyInto(uncut, picture, area.topLeft());
+        for (const Border &border : borders)
+            copyInto(uncut, border.pixels, border.place);
+        return uncut;
     }
 
     qint64 bytes() const override
@@ -194,8 +226,12 @@ public:
 
     void apply(QImage &picture) override
     {
-        picture = picture_step::turned(picture, quarters);
+        picture = other(picture);
         quarters = -quarters;
+    }
+    QImage other(const QImage &picture) const override
+    {
+        return picture_step::turned(picture, quarters);
     }
     qint64 bytes() const override { return 0; }
 
@@ -210,9 +246,13 @@ std::unique_ptr<PictureStep> picture_step::ofChange(const QImage &before, const 
     const bool isSameKind = before.size() == after.size() && before.format() == after.format() &&
                             before.colorTable() == after.colorTable() &&
                             before.colorSpace() == after.colorSpace();
-    if (isSameKind)
-        return std::make_unique<TileStep>(before, after);
-    return std::make_unique<WholeStep>(before);
+    if (!isSameKind)
+        return std::make_unique<WholeStep>(before);
+    const std::vector<QRect> tiles = tilesOf(before.size());
+    const std::vector<QRect> changed = differing(tiles, before, after);
+    if (changed.size() == tiles.size()) // to change places costs no more memory, and no time
+        return std::make_unique<WholeStep>(before);
+    return std::make_unique<TileStep>(before, changed);
 }
 
 std::unique_ptr<PictureStep> picture_step::ofCrop(const QImage &before, const QRect &area)

@@ -15,6 +15,10 @@ public:
     /// Takes the picture to the other state; the step then leads back. Only for the state that the
     /// step was made for.
     virtual void apply(QImage &picture) = 0;
+    /// The picture in the other state; the step stays as it is.
+    virtual QImage other(const QImage &picture) const = 0;
+    /// Whether applying it takes no time to speak of, however large the picture.
+    virtual bool isInstant() const { return false; }
     /// The pixels that the step holds.
     virtual qint64 bytes() const = 0;
 };
@@ -23,7 +27,7 @@ namespace picture_step {
 
 /// Each leads from the picture after a change back to the one before.
 
-/// Holds the tiles that differ; all of the picture where size or format do.
+/// Holds the tiles that differ; the picture as it was where all of them do, or size or format.
 std::unique_ptr<PictureStep> ofChange(const QImage &before, const QImage &after);
 /// after: before.copy(area), an area within the picture. Holds what was cut off.
 std::unique_ptr<PictureStep> ofCrop(const QImage &before, const QRect &area);

@@ -1,6 +1,7 @@
 #include "RecoveryKeeper.h"
 #include "DocumentArea.h"
 #include "DocumentHistory.h"
+#include "picture_saving.h"
 #include "recovery_file.h"
 
 #include <VeskContext.h>
@@ -144,7 +145,8 @@ QStringList RecoveryKeeper::recover(const QStringList &orphans)
 {
     QStringList unreadable;
     for (const QString &path : orphans) {
-        const std::optional<RecoveredDocument> kept = recovery::read(path);
+        std::optional<RecoveredDocument> kept;
+        document::workBeside([&] { kept = recovery::read(path); });
         if (!kept) {
             unreadable.append(path);
             continue;

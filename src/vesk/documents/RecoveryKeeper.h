@@ -36,8 +36,8 @@ public:
     /// Files of a program that ended without saving; names for the user, in the same order.
     QStringList orphans();
     static QStringList names(const QStringList &orphans);
-    /// Opens what they hold, with unsaved changes. Those that cannot be read stay where they are;
-    /// they are returned.
+    /// Opens what they hold, with unsaved changes; a busy indicator is shown while they are read.
+    /// Those that cannot be read stay where they are; they are returned.
     QStringList recover(const QStringList &orphans);
     static void discard(const QStringList &orphans);
     /// The user agreed to lose what is open: nothing of it comes back.

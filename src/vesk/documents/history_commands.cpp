@@ -27,35 +27,25 @@ void HistoryCommand::redo()
 PictureCommand::PictureCommand(VeskContext &document, DocumentEdit documentEdit)
     : context(document)
     , edit(std::move(documentEdit))
+    , steps(std::make_shared<PictureSteps>(std::move(edit.back)))
 {
     setText(edit.text);
 }
 
+PictureCommand::PictureCommand(VeskContext &document, DocumentEdit documentEdit,
+                               std::shared_ptr<PictureSteps> pictureSteps)
+    : context(document)
+    , edit(std::move(documentEdit))
+    , steps(std::move(pictureSteps))
+{
+}
+
 const PictureCommand *PictureCommand::continuable(const QUndoStack &stack, const QString &kind)
 {
-    if (stack.index() == 0 || stack.index() == stack.cleanIndex())
+    if (kind.isEmpty() || stack.index() == 0 || stack.index() == stack.cleanIndex())
         return nullptr;
     const auto *command = dynamic_cast<const PictureCommand *>(stack.command(stack.index() - 1));
     return command && command->edit.kind == kind ? command : nullptr;
-}
-
-void PictureCommand::takeBack(QList<QImage> &pictures) const
-{
-    for (int i = 0; i < pictures.size() && i < int(edit.back.size()); ++i) {
-        if (!edit.back[size_t(i)])
-            continue;
-        edit.back[size_t(i)]->apply(pictures[i]);
-        QImage again = pictures[i];
-        edit.back[size_t(i)]->apply(again); // the step leads back, as it did
-    }
-}
-
-qint64 PictureCommand::bytes() const
-{
-    qint64 sum = 0;
-    for (const auto &step : edit.back)
-        sum += step ? step->bytes() : 0;
-    return sum;
 }
 
 bool PictureCommand::mergeWith(const QUndoCommand *later)
@@ -63,7 +53,7 @@ bool PictureCommand::mergeWith(const QUndoCommand *later)
     const auto *other = dynamic_cast<const PictureCommand *>(later);
     if (!other || other->edit.kind != edit.kind)
         return false;
-    edit.back = std::move(other->edit.back);
+    steps = other->steps;
     edit.settings = other->edit.settings;
     setObsolete(!edit.settings.isValid());
     return true;
@@ -74,10 +64,7 @@ void PictureCommand::go(bool)
     QList<QImage> pictures = edit.pictures;
     if (pictures.isEmpty()) {
         pictures = document::takeLayerPictures(context);
-        for (int i = 0; i < pictures.size() && i < int(edit.back.size()); ++i) {
-            if (edit.back[size_t(i)])
-                edit.back[size_t(i)]->apply(pictures[i]);
-        }
+        steps->apply(pictures);
     }
     edit.pictures.clear(); // the document has them
     document::setLayerPictures(context, pictures);
@@ -85,7 +72,7 @@ void PictureCommand::go(bool)
 
 HistoryCommand *PictureCommand::takeOver()
 {
-    return new PictureCommand(context, std::move(edit));
+    return new PictureCommand(context, std::move(edit), steps);
 }
 
 VisibilityCommand::VisibilityCommand(VeskContext &document, int index, bool toVisible)

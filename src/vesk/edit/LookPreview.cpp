@@ -1,10 +1,9 @@
 #include "LookPreview.h"
+#include "LookLayers.h"
 
 #include <VeskCanvas.h>
-#include <adjust.h>
 #include <screen_colours.h>
 
-#include <QColorSpace>
 #include <QEvent>
 #include <QPainter>
 
@@ -15,7 +14,7 @@ LookPreview::LookPreview(VeskCanvas *shownCanvas)
     : QWidget(shownCanvas)
     , canvas(shownCanvas)
     , latest(std::make_shared<std::atomic<int>>(0))
-    , prepared(std::make_shared<Prepared>())
+    , prepared(std::make_shared<LookLayers>())
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setGeometry(canvas->rect());
@@ -29,17 +28,24 @@ LookPreview::~LookPreview()
     worker.waitForDone();
 }
 
-void LookPreview::show(const QImage &picture, const exposure::Look &look)
+void LookPreview::setSource(const LookSource &newSource)
 {
-    source = picture;
+    source = newSource;
+    ++sourceNumber;
+    worker.clear();
+    if (!source.pictures)
+        worker.start([state = prepared] { *state = {}; });
+}
+
+void LookPreview::show(const exposure::Look &look)
+{
     wanted = look;
     isWanted = true;
     request(true);
 }
 
-void LookPreview::prepare(const QImage &picture)
+void LookPreview::prepare()
 {
-    source = picture;
     if (!isWanted)
         request(false);
 }
@@ -50,6 +56,12 @@ void LookPreview::end()
     ++round;
     *latest = round;
     hide();
+}
+
+std::pair<QImage, QRectF> LookPreview::shownLevels() const
+{
+    const bool isShown = isVisible() && answerView == view();
+    return {isShown ? answerLevels : QImage(), answerView.place};
 }
 
 LookPreview::View LookPreview::view() const
@@ -65,60 +77,37 @@ LookPreview::View LookPreview::view() const
                    canvas->toWidget(QPointF(pixels.right() + 1, pixels.bottom() + 1)))};
 }
 
-void LookPreview::makeReady(Prepared &prepared, const QImage &picture, const View &view)
-{
-    const bool isReady = prepared.key == picture.cacheKey() && prepared.pixels == view.pixels &&
-                         prepared.size == view.size;
-    if (isReady)
-        return;
-    const QImage part = view.pixels == picture.rect() ? picture : picture.copy(view.pixels);
-    const QImage small = part.size() == view.size ? part
-                                                  : part.scaled(view.size, Qt::IgnoreAspectRatio,
-                                                                Qt::SmoothTransformation);
-    prepared.small = small.convertToFormat(exposure::adjustableFormat(small));
-    prepared.small.setColorSpace(picture.colorSpace());
-    prepared.key = picture.cacheKey();
-    prepared.pixels = view.pixels;
-    prepared.size = view.size;
-}
-
 void LookPreview::request(bool isForShow)
 {
     const View asked = view();
-    if (source.isNull() || asked.pixels.isEmpty())
+    if (!source.pictures || asked.pixels.isEmpty())
         return;
     askedView = asked;
     *latest = ++round;
     worker.clear(); // what nobody waits for any more
-    worker.start([this, isForShow, asked, mine = round, picture = source, look = wanted,
-                  now = latest, state = prepared] {
+    worker.start([this, isForShow, asked, mine = round, from = source, number = sourceNumber,
+                  look = wanted, now = latest, state = prepared] {
         if (mine != *now)
             return;
-        makeReady(*state, picture, asked);
-        if (state->mapKey != picture.cacheKey()) {
-            const QImage whole = picture.convertToFormat(exposure::adjustableFormat(picture));
-            state->map = std::make_unique<exposure::LightMap>(whole);
-            state->mapKey = picture.cacheKey();
-        }
+        state->read(from, number);
+        state->reduce(asked.pixels, asked.size);
         if (!isForShow || mine != *now)
             return;
-        QImage result = state->small;
-        const double step = double(asked.pixels.width()) / asked.size.width();
-        exposure::adjust(result, look, state->map.get(), {asked.pixels.topLeft(), step});
-        result.setColorSpace(picture.colorSpace());
-        result = screen_colours::shown(result);
+        const QImage levels = state->withLook(look);
+        const QImage picture = screen_colours::shown(levels);
         QMetaObject::invokeMethod(
             this,
-            [this, result, asked, mine] {
-                if (mine == round)
-                    take(result, asked);
+            [this, levels, picture, asked, mine] {
+                if (mine == round && !picture.isNull())
+                    take(levels, picture, asked);
             },
             Qt::QueuedConnection);
     });
 }
 
-void LookPreview::take(const QImage &picture, const View &view)
+void LookPreview::take(const QImage &levels, const QImage &picture, const View &view)
 {
+    answerLevels = levels;
     answer = picture;
     answerView = view;
     setGeometry(canvas->rect());

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <LightMap.h>
 #include <Look.h>
 
 #include <QImage>
@@ -8,13 +7,26 @@
 #include <QWidget>
 
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <utility>
 
+class LookLayers;
 class VeskCanvas;
 
-/// Lies over a canvas and shows what a look would make of its picture, as large as the screen needs
-/// it: the pixels in view are reduced once, and each look is laid on those, beside the GUI thread.
-/// Only the last look asked for is shown. Lets the mouse through. The canvas owns it. GUI thread.
+/// The layers of a document without a look, bottom to top.
+struct LookSource
+{
+    /// Gives their pictures, or none when that is no longer possible. Called once, on another
+    /// thread.
+    std::function<QList<QImage>()> pictures;
+    QList<double> opacities; ///< 0 for a layer that is hidden
+};
+
+/// Lies over a canvas and shows what a look would make of its document, as large as the screen
+/// needs it: the pixels in view are reduced once, and each look is laid on those, beside the GUI
+/// thread. Only the last look asked for is shown. Lets the mouse through. The canvas owns it. GUI
+/// thread.
 class LookPreview : public QWidget
 {
     Q_OBJECT
@@ -23,14 +35,18 @@ public:
     explicit LookPreview(VeskCanvas *canvas);
     ~LookPreview() override;
 
-    /// The picture without a look, and the look. Shows itself when the first answer is there.
-    void show(const QImage &picture, const exposure::Look &look);
-    /// Gets ready for that picture in the present view, without showing anything.
-    void prepare(const QImage &picture);
+    /// Without pictures nothing is shown, and no memory held.
+    void setSource(const LookSource &source);
+    /// Shows itself when the first answer is there.
+    void show(const exposure::Look &look);
+    /// Gets ready for the present view, without showing anything.
+    void prepare();
     /// The document shows the look itself now.
     void end();
     bool isUnderWay() const { return isWanted; }
     const QImage &shown() const { return answer; }
+    /// What is shown in the document's own levels, and where in the widget; null while nothing is.
+    std::pair<QImage, QRectF> shownLevels() const;
 
 Q_SIGNALS:
     void ready();
@@ -52,31 +68,21 @@ private:
         }
     };
 
-    /// With what only the worker uses.
-    struct Prepared
-    {
-        qint64 key = 0;
-        QRect pixels;
-        QSize size;
-        QImage small; ///< adjustable
-        qint64 mapKey = 0;
-        std::unique_ptr<exposure::LightMap> map;
-    };
-
     View view() const;
     void request(bool isForShow);
-    static void makeReady(Prepared &prepared, const QImage &picture, const View &view);
-    void take(const QImage &picture, const View &view);
+    void take(const QImage &levels, const QImage &picture, const View &view);
 
     VeskCanvas *canvas;
-    QImage source;
+    LookSource source;
+    int sourceNumber = 0;
     exposure::Look wanted;
     bool isWanted = false;
+    QImage answerLevels;
     QImage answer; // in the screen's colours
     View answerView;
     View askedView;
     int round = 0; // answers for an earlier one are stale
     std::shared_ptr<std::atomic<int>> latest;
-    std::shared_ptr<Prepared> prepared;
-    QThreadPool worker; // one thread
+    std::shared_ptr<LookLayers> prepared; // what only the worker uses
+    QThreadPool worker;                   // one thread
 };

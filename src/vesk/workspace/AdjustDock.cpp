@@ -6,6 +6,7 @@
 #include <PictureEditor.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
+#include <VeskLayerBase.h>
 #include <VeskLayerManager.h>
 #include <automatic_look.h>
 #include <picture_edits.h>
@@ -42,11 +43,18 @@ AdjustDock::AdjustDock(PictureEditor *pictureEditor, QWidget *parent)
     getReady.setInterval(kReadyMs);
     connect(&rest, &QTimer::timeout, this, &AdjustDock::apply);
     connect(&getReady, &QTimer::timeout, this, [this] {
-        if (overlay && isOfOnePicture() && !isPending)
-            overlay->prepare(source());
+        nameSource();
+        if (overlay && !isPending)
+            overlay->prepare();
     });
+    proposer.setMaxThreadCount(1);
     connect(editor, &PictureEditor::finished, this, &AdjustDock::onEdited);
     showDocument(nullptr);
+}
+
+AdjustDock::~AdjustDock()
+{
+    proposer.waitForDone();
 }
 
 QWidget *AdjustDock::makePanel()
@@ -135,7 +143,7 @@ void AdjustDock::readLook()
 
 void AdjustDock::onDocumentChanged()
 {
-    sources.clear();
+    isSourceKnown = false;
     if (!isPending)
         prepareSoon();
     // The history tells of the pictures before it has the step.
@@ -154,16 +162,19 @@ void AdjustDock::prepareSoon()
         getReady.start();
 }
 
-bool AdjustDock::isOfOnePicture() const
+/// The preview reads the pictures when it needs them, beside this thread.
+void AdjustDock::nameSource()
 {
-    return shown && shown->getLayerManager()->count() == 1;
-}
-
-QImage AdjustDock::source()
-{
-    if (sources.isEmpty() && shown)
-        sources = DocumentHistory::of(*shown).picturesToContinue(edits::kLook);
-    return sources.value(0);
+    if (isSourceKnown || !shown || !overlay)
+        return;
+    LookSource source{DocumentHistory::of(*shown).picturesToContinue(edits::kLook), {}};
+    const VeskLayerManager *layers = shown->getLayerManager();
+    for (int i = 0; i < layers->count(); ++i) {
+        const VeskLayerBase *layer = layers->layerAt(i);
+        source.opacities.append(layer->isVisible() ? double(layer->getAlpha()) : 0.0);
+    }
+    overlay->setSource(source);
+    isSourceKnown = true;
 }
 
 void AdjustDock::onChanged()
@@ -172,8 +183,9 @@ void AdjustDock::onChanged()
         return;
     isPending = true;
     rest.start();
-    if (overlay && isOfOnePicture())
-        overlay->show(source(), look());
+    nameSource();
+    if (overlay)
+        overlay->show(look());
 }
 
 void AdjustDock::apply()
@@ -182,15 +194,14 @@ void AdjustDock::apply()
     if (!isPending || !shown)
         return;
     isPending = false;
-    source();
     const Look wanted = look();
     if (wanted == edits::lookOf(DocumentHistory::of(*shown))) {
         onEdited();
         return;
     }
-    editor->start(*shown, sources, [wanted](const QList<QImage> &pictures) {
-        return edits::adjust(pictures, wanted);
-    });
+    editor->start(
+        *shown, [wanted](const QList<QImage> &pictures) { return edits::adjust(pictures, wanted); },
+        edits::kLook);
 }
 
 void AdjustDock::onEdited()
@@ -210,8 +221,21 @@ void AdjustDock::settle()
 
 void AdjustDock::propose()
 {
-    if (shown && !source().isNull())
-        setLook(exposure::automaticLook(source()));
+    if (!shown)
+        return;
+    const DocumentHistory &history = DocumentHistory::of(*shown);
+    proposer.start([this, document = shown, revision = history.revision(),
+                    pictures = history.picturesToContinue(edits::kLook)] {
+        const Look proposed = exposure::automaticLook(pictures().value(0));
+        QMetaObject::invokeMethod(
+            this,
+            [=] {
+                if (document && document == shown &&
+                    DocumentHistory::of(*document).revision() == revision)
+                    setLook(proposed);
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 void AdjustDock::showEvent(QShowEvent *event)
@@ -225,6 +249,8 @@ void AdjustDock::showEvent(QShowEvent *event)
 void AdjustDock::hideEvent(QHideEvent *event)
 {
     QDockWidget::hideEvent(event);
-    if (!isPending)
-        sources.clear();
+    if (isPending || !overlay)
+        return;
+    overlay->setSource({});
+    isSourceKnown = false;
 }

@@ -3,8 +3,8 @@
 #include <Look.h>
 
 #include <QDockWidget>
-#include <QImage>
 #include <QPointer>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <utility>
@@ -25,6 +25,7 @@ class AdjustDock : public QDockWidget
 public:
     /// editor: borrowed.
     explicit AdjustDock(PictureEditor *editor, QWidget *parent = nullptr);
+    ~AdjustDock() override;
 
     /// Null for none.
     void showDocument(VeskContext *document);
@@ -48,17 +49,17 @@ private:
     void apply();
     void propose();
     void readLook();
-    bool isOfOnePicture() const;
-    QImage source();
+    void nameSource();
     void prepareSoon();
 
     PictureEditor *editor;
     QPointer<VeskContext> shown;
     QPointer<LookPreview> overlay;
     std::vector<std::pair<LookSlider *, double exposure::Look::*>> sliders;
-    QTimer rest;           // the control rests
-    QTimer getReady;       // folds bursts of changes of the document
-    QList<QImage> sources; // pictures without a look; empty until needed
+    QTimer rest;          // the control rests
+    QTimer getReady;      // folds bursts of changes of the document
+    QThreadPool proposer; // one thread
+    bool isSourceKnown = false;
     bool isPending = false;
     bool isReading = false;
 };

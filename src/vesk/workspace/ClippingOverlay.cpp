@@ -1,8 +1,8 @@
 #include "ClippingOverlay.h"
 
+#include <LookPreview.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
-#include <VeskLayerManager.h>
 #include <layer_composition.h>
 
 #include <QEvent>
@@ -66,38 +66,46 @@ bool ClippingOverlay::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-void ClippingOverlay::refresh(const QImage &picture)
+/// What is shown, and where in the widget all of it lies; null where that is not to be told.
+std::pair<QImage, QRectF> ClippingOverlay::levels() const
 {
-    const View view{picture.cacheKey(), canvas->toDocument({0, 0}), canvas->zoom(), size()};
+    const auto *look = canvas->findChild<LookPreview *>();
+    const auto shownByLook = look ? look->shownLevels() : std::pair<QImage, QRectF>();
+    if (!shownByLook.first.isNull())
+        return shownByLook;
+    const auto layers = composition::visibleLayers(canvas->context());
+    if (layers.size() != 1)
+        return {};
+    const QImage &picture = layers.front().picture;
+    return {picture,
+            {canvas->toWidget({0, 0}),
+             canvas->toWidget({double(picture.width()), double(picture.height())})}};
+}
+
+void ClippingOverlay::refresh(const QImage &picture, const QRectF &place)
+{
+    const View view{picture.cacheKey(), place, size()};
     if (view == shownView)
         return;
     shownView = view;
-    const auto places = [](int length, int limit, auto placeOf) {
+    const auto places = [](int length, double first, double shownLength, int pixels) {
         QList<int> all;
         for (int i = 0; i < length; ++i)
-            all.append(std::clamp(int(std::floor(placeOf(i + 0.5))), 0, limit - 1));
+            all.append(std::clamp(int(std::floor((i + 0.5 - first) * pixels / shownLength)), 0,
+                                  pixels - 1));
         return all;
     };
-    shown = mask(picture,
-                 places(width(), picture.width(),
-                        [this](double x) {
-                            return canvas->toDocument({x, 0}).x();
-                        }),
-                 places(height(), picture.height(), [this](double y) {
-                     return canvas->toDocument({0, y}).y();
-                 }));
+    marks = mask(picture, places(width(), place.x(), place.width(), picture.width()),
+                 places(height(), place.y(), place.height(), picture.height()));
 }
 
 void ClippingOverlay::paintEvent(QPaintEvent *)
 {
-    const auto layers = composition::visibleLayers(canvas->context());
-    if (layers.size() != 1 || layers.front().picture.isNull())
+    const auto [picture, place] = levels();
+    if (picture.isNull())
         return;
-    refresh(layers.front().picture);
+    refresh(picture, place);
     QPainter painter(this);
-    const QRectF document(
-        canvas->toWidget({0, 0}),
-        canvas->toWidget(QPointF(canvas->canvasSize().width(), canvas->canvasSize().height())));
-    painter.setClipRect(document);
-    painter.drawImage(QPoint(), shown);
+    painter.setClipRect(place);
+    painter.drawImage(QPoint(), marks);
 }

@@ -3,11 +3,14 @@
 #include <QImage>
 #include <QWidget>
 
+#include <utility>
+
 class VeskCanvas;
 
 /// Marks over a canvas what is clipped in the document: red where a channel is at its end, blue
-/// where all are at 0. Lets the mouse through. Looks at the pixels that the screen shows, so its
-/// cost is bounded by the window. The canvas owns it. GUI thread.
+/// where all are at 0; while a look is shown before the document has it, what is clipped in that.
+/// Lets the mouse through. Looks at the pixels that the screen shows, so its cost is bounded by the
+/// window. The canvas owns it. GUI thread.
 class ClippingOverlay : public QWidget
 {
     Q_OBJECT
@@ -25,20 +28,19 @@ protected:
 private:
     struct View
     {
-        qint64 picture = 0;
-        QPointF corner;
-        double zoom = 0;
+        qint64 picture = 0; ///< whose levels
+        QRectF place;       ///< of it in the widget
         QSize size;
         bool operator==(const View &other) const
         {
-            return picture == other.picture && corner == other.corner && zoom == other.zoom &&
-                   size == other.size;
+            return picture == other.picture && place == other.place && size == other.size;
         }
     };
 
-    void refresh(const QImage &picture);
+    std::pair<QImage, QRectF> levels() const;
+    void refresh(const QImage &picture, const QRectF &place);
 
     VeskCanvas *canvas;
     View shownView;
-    QImage shown;
+    QImage marks;
 };

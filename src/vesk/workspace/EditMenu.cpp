@@ -40,14 +40,8 @@ EditMenu::EditMenu(DocumentArea *area, QMainWindow *window)
     adjust = dock->toggleViewAction();
     adjust->setShortcut(Qt::CTRL | Qt::Key_J);
     fillMenu();
-    connect(undo, &QAction::triggered, this, [this] {
-        settle();
-        group.undo();
-    });
-    connect(redo, &QAction::triggered, this, [this] {
-        settle();
-        group.redo();
-    });
+    connect(undo, &QAction::triggered, this, [this] { step(false); });
+    connect(redo, &QAction::triggered, this, [this] { step(true); });
     connect(copy, &QAction::triggered, this, &EditMenu::copyPicture);
     connect(paste, &QAction::triggered, this, &EditMenu::pastePicture);
     connect(crop, &QAction::triggered, this, &EditMenu::startCrop);
@@ -106,6 +100,16 @@ void EditMenu::showDocument(VeskContext *document)
     updatePaste();
 }
 
+/// Pressed again and again, the steps follow one another beside the GUI thread.
+void EditMenu::step(bool isForward)
+{
+    if (!shown)
+        return;
+    if (!editor->isStepping())
+        settle();
+    editor->step(*shown, isForward);
+}
+
 void EditMenu::settle()
 {
     dock->settle();
@@ -157,9 +161,9 @@ void EditMenu::turn(int quarters)
 {
     endOverlay();
     settle();
-    editor->start(
-        *shown, document::layerPictures(*shown),
-        [quarters](const QList<QImage> &pictures) { return edits::turn(pictures, quarters); });
+    editor->start(*shown, [quarters](const QList<QImage> &pictures) {
+        return edits::turn(pictures, quarters);
+    });
 }
 
 void EditMenu::startCrop()
@@ -173,11 +177,10 @@ void EditMenu::startCrop()
                               document::coveredArea(*shown));
     connect(tool, &CropTool::accepted, this, [this](const QRect &area) {
         endOverlay();
-        const QList<QImage> pictures = document::layerPictures(*shown);
-        if (!area.isEmpty() && area != QRect(QPoint(), pictures.value(0).size()))
-            editor->start(*shown, pictures, [area](const QList<QImage> &before) {
-                return edits::crop(before, area);
-            });
+        const QSize size = document::layerPictures(*shown).value(0).size();
+        if (!area.isEmpty() && area != QRect(QPoint(), size))
+            editor->start(
+                *shown, [area](const QList<QImage> &before) { return edits::crop(before, area); });
     });
     lay(tool);
 }
@@ -191,10 +194,9 @@ void EditMenu::startStraighten()
     auto *tool = new StraightenTool(canvas);
     connect(tool, &StraightenTool::accepted, this, [this](double degrees) {
         endOverlay();
-        editor->start(*shown, document::layerPictures(*shown),
-                      [degrees](const QList<QImage> &pictures) {
-                          return edits::straighten(pictures, degrees);
-                      });
+        editor->start(*shown, [degrees](const QList<QImage> &pictures) {
+            return edits::straighten(pictures, degrees);
+        });
     });
     lay(tool);
 }

@@ -19,6 +19,7 @@ ViewMenu::ViewMenu(EditorActions *editorActions, DocumentArea *area,
     , viewMenu(new QMenu(tr("&View"), window))
     , clipping(new QAction(tr("&Clipping Warning"), this))
 {
+    clipping->setObjectName(QStringLiteral("clippingAction"));
     clipping->setCheckable(true);
     clipping->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_J);
     viewMenu->addActions(

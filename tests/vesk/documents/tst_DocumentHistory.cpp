@@ -47,9 +47,18 @@ private:
         change(after, picture_step::ofChange(before, after));
     }
 
+    /// Its pictures made ahead, as on another thread, or not.
+    void step(bool isForward, bool isAhead)
+    {
+        auto ahead = isAhead ? history().stepAhead(isForward) : std::nullopt;
+        if (ahead)
+            ahead->steps->apply(ahead->pictures);
+        history().step(isForward, ahead ? ahead->pictures : QList<QImage>());
+    }
+
     void invertAs(const QVariant &settings)
     {
-        const QImage before = history().picturesToContinue(QStringLiteral("look")).constFirst();
+        const QImage before = history().picturesToContinue(QStringLiteral("look"))().constFirst();
         QImage after = before;
         if (settings.toInt() % 2)
             after.invertPixels();
@@ -125,9 +134,9 @@ private slots:
         for (int i = 0; i < 60; ++i) {
             const unsigned choice = random() % 10;
             if (choice < 2)
-                history().stack().undo();
+                step(false, random() % 2);
             else if (choice == 2)
-                history().stack().redo();
+                step(true, random() % 2);
             else
                 randomEdit(random);
         }
@@ -140,6 +149,38 @@ private slots:
         QVERIFY(!context->isSaveAble());
         history().stack().setIndex(index);
         QCOMPARE(picture(), last);
+    }
+
+    void stepAhead_onlyForWhatTakesTime()
+    {
+        QVERIFY(!history().stepAhead(false) && !history().stepAhead(true));
+        paint(QRect({}, picture().size()), 0xFF112233); // the pictures change places
+        QVERIFY(!history().stepAhead(false));
+        paint({3, 3, 10, 10}, 0xFF445566);
+        QVERIFY(history().stepAhead(false));
+        QVERIFY(!history().stepAhead(true));
+        history().addVisibility(0, false);
+        QVERIFY(!history().stepAhead(false));
+    }
+
+    void picturesToContinue_afterTheDocumentChanged_areNone()
+    {
+        const QImage first = picture().copy();
+        invertAs(1);
+        paint({3, 3, 10, 10}, 0xFF445566); // no look: the next begins with it
+        QCOMPARE(history().picturesToContinue(QStringLiteral("look"))().constFirst(), picture());
+        history().stack().undo();
+        const auto late = history().picturesToContinue(QStringLiteral("look"));
+        QCOMPARE(late().constFirst(), first);
+        history().stack().undo();
+        QVERIFY(late().isEmpty());
+        QCOMPARE(picture(), first);
+    }
+
+    void picturesToContinue_ofNoKind_areThoseThatThereAre()
+    {
+        paint({3, 3, 10, 10}, 0xFF445566);
+        QCOMPARE(history().picturesToContinue({})().constFirst(), picture());
     }
 
     void editsOfOneKind_becomeOneStepFromTheFirstPicture()

@@ -71,8 +71,10 @@ private slots:
         for (Case &each : cases) {
             QImage picture = each.after;
             for (int i = 0; i < 3; ++i) {
+                QVERIFY(isSame(each.step->other(picture), before));
                 each.step->apply(picture);
                 QVERIFY(isSame(picture, before));
+                QVERIFY(isSame(each.step->other(picture), each.after));
                 each.step->apply(picture);
                 QVERIFY(isSame(picture, each.after));
             }

@@ -12,6 +12,10 @@
 #include <StraightenTool.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
+#include <VeskLayer.h>
+#include <VeskLayerManager.h>
+#include <VeskPictureHost.h>
+#include <layer_composition.h>
 #include <metadata_reader.h>
 #include <picture_document.h>
 #include <picture_edits.h>
@@ -55,6 +59,12 @@ private slots:
     void copyAndPaste_makeADocument();
     void actions_withoutDocument_areOff();
     void twoDocuments_haveTheirOwnHistories();
+    void undo_pressedAgainAndAgain_takesAllStepsBack();
+    void undo_underWay_isDoneBeforeTheDocumentIsSaved();
+    void undo_ofAChangedDocument_isDropped();
+    void adjust_severalLayers_previewsAllOfThem();
+    void adjust_preview_isWhatTheDocumentGets_data();
+    void adjust_preview_isWhatTheDocumentGets();
 
 private:
     QImage picture() const { return document::layerPictures(*current()).constFirst(); }
@@ -94,10 +104,10 @@ void TestEditMenu::rotate_andUndo_byKeys()
     QVERIFY(current()->isSaveAble());
     QVERIFY(edit->undo->isEnabled());
     edit->undo->trigger();
-    QCOMPARE(picture(), first);
+    QTRY_COMPARE(picture(), first);
     QVERIFY(!current()->isSaveAble());
     edit->redo->trigger();
-    QCOMPARE(picture().size(), QSize(200, 300));
+    QTRY_COMPARE(picture().size(), QSize(200, 300));
 }
 
 void TestEditMenu::crop_byMouse_andUndo()
@@ -111,7 +121,7 @@ void TestEditMenu::crop_byMouse_andUndo()
     QTest::keyClick(tool, Qt::Key_Return);
     QTRY_COMPARE(picture(), first.copy(area));
     edit->undo->trigger();
-    QCOMPARE(picture(), first);
+    QTRY_COMPARE(picture(), first);
 }
 
 void TestEditMenu::crop_ratio_isKept()
@@ -146,7 +156,7 @@ void TestEditMenu::straighten_byLine_levelsIt()
     QTRY_VERIFY(picture().size() != first.size());
     QVERIFY(picture().width() < 300 && picture().height() < 200);
     edit->undo->trigger();
-    QCOMPARE(picture(), first);
+    QTRY_COMPARE(picture(), first);
 }
 
 void TestEditMenu::adjust_slider_showsAtOnceAndBecomesOneStep()
@@ -179,7 +189,7 @@ void TestEditMenu::adjust_undo_takesTheSlidersBack()
     QTRY_VERIFY(picture() != first);
     QCOMPARE(edit->adjustDock()->look().contrast, 0.4);
     edit->undo->trigger();
-    QCOMPARE(picture(), first);
+    QTRY_COMPARE(picture(), first);
     QTRY_COMPARE(edit->adjustDock()->look().contrast, 0.0);
     edit->redo->trigger();
     QTRY_COMPARE(edit->adjustDock()->look().contrast, 0.4);
@@ -190,7 +200,7 @@ void TestEditMenu::adjust_autoAndReset_leaveNothing()
     showAdjust();
     QTest::mouseClick(window->findChild<QPushButton *>(QStringLiteral("autoLookButton")),
                       Qt::LeftButton);
-    QVERIFY(!edit->adjustDock()->look().isNeutral());
+    QTRY_VERIFY(!edit->adjustDock()->look().isNeutral());
     edit->settle();
     QVERIFY(picture() != first);
     QTest::mouseClick(window->findChild<QPushButton *>(QStringLiteral("resetLookButton")),
@@ -285,6 +295,105 @@ void TestEditMenu::actions_withoutDocument_areOff()
         QVERIFY2(!action->isEnabled(), qPrintable(action->objectName()));
 }
 
+/// The next press comes while the step before is still made on its thread.
+void TestEditMenu::undo_pressedAgainAndAgain_takesAllStepsBack()
+{
+    edit->rotateRight->trigger();
+    QTRY_COMPARE(picture().size(), QSize(200, 300));
+    for (int i = 0; i < 4; ++i) {
+        const int before = DocumentHistory::of(*current()).revision();
+        edit->rotateRight->trigger();
+        QTRY_VERIFY(DocumentHistory::of(*current()).revision() > before);
+    }
+    for (int i = 0; i < 7; ++i) // more often than there are steps
+        edit->undo->trigger();
+    QTRY_VERIFY(!edit->undo->isEnabled());
+    QCOMPARE(picture(), first);
+    edit->redo->trigger();
+    edit->redo->trigger();
+    edit->settle();
+    QCOMPARE(picture(), picture_step::turned(first, 2));
+}
+
+void TestEditMenu::undo_underWay_isDoneBeforeTheDocumentIsSaved()
+{
+    edit->rotateRight->trigger();
+    QTRY_COMPARE(picture().size(), QSize(200, 300));
+    edit->rotateRight->trigger();
+    QTRY_COMPARE(picture().size(), QSize(300, 200));
+    edit->undo->trigger();
+    action(QStringLiteral("Save"))->trigger();
+    QCOMPARE(QImage(current()->getFilePath()).size(), QSize(200, 300));
+    QVERIFY(!current()->isSaveAble());
+}
+
+/// Somebody else gives the document another picture meanwhile: the way back stays whole.
+void TestEditMenu::undo_ofAChangedDocument_isDropped()
+{
+    edit->rotateRight->trigger();
+    QTRY_COMPARE(picture().size(), QSize(200, 300));
+    const QImage turned = picture();
+    edit->undo->trigger();
+    document::setLayerPictures(*current(), {turned});
+    edit->settle();
+    QCOMPARE(picture(), turned);
+    edit->undo->trigger();
+    QTRY_COMPARE(picture(), first);
+}
+
+void TestEditMenu::adjust_severalLayers_previewsAllOfThem()
+{
+    auto *upper = new VeskLayer(QStringLiteral("upper"));
+    QImage part(100, 80, QImage::Format_RGB32);
+    part.fill(qRgb(60, 60, 60));
+    upper->setVeskPictureHost(new VeskPictureHost(part));
+    upper->setAlpha(0.5F);
+    current()->getLayerManager()->addLayer(upper, true);
+    showAdjust();
+    canvas()->zoomToActualSize();
+    auto *preview = edit->adjustDock()->preview();
+    QSignalSpy ready(preview, &LookPreview::ready);
+    slider("exposureSlider")->setValue(1);
+    QTRY_VERIFY(!ready.isEmpty());
+    const QImage live = preview->shown();
+    QCOMPARE(live.size(), QSize(300, 200));
+    edit->settle();
+    const QImage done = composition::composedPicture(current());
+    for (const QPoint &at : {QPoint(20, 20), QPoint(99, 79), QPoint(101, 81), QPoint(250, 150)}) {
+        const QColor a = live.pixelColor(at);
+        const QColor b = done.pixelColor(at);
+        QVERIFY2(
+            std::abs(a.red() - b.red()) <= 1 && std::abs(a.green() - b.green()) <= 1 &&
+                std::abs(a.blue() - b.blue()) <= 1,
+            qPrintable(
+                QStringLiteral("%1 %2: %3 %4").arg(at.x()).arg(at.y()).arg(a.name(), b.name())));
+    }
+}
+
+void TestEditMenu::adjust_preview_isWhatTheDocumentGets_data()
+{
+    QTest::addColumn<double>("before");
+    QTest::newRow("the first look") << 0.0;
+    QTest::newRow("instead of another") << 0.6; // the preview begins with what was before that
+}
+
+void TestEditMenu::adjust_preview_isWhatTheDocumentGets()
+{
+    QFETCH(const double, before);
+    showAdjust();
+    canvas()->zoomToActualSize();
+    slider("contrastSlider")->setValue(before);
+    edit->settle();
+    auto *preview = edit->adjustDock()->preview();
+    QSignalSpy ready(preview, &LookPreview::ready);
+    slider("contrastSlider")->setValue(-0.4);
+    QTRY_VERIFY(!ready.isEmpty());
+    const QImage live = preview->shown();
+    edit->settle();
+    QCOMPARE(live.convertToFormat(QImage::Format_RGB32),
+             picture().convertToFormat(QImage::Format_RGB32));
+}
+
 void TestEditMenu::twoDocuments_haveTheirOwnHistories()
 {
     VeskContext *one = current();
@@ -295,7 +404,7 @@ void TestEditMenu::twoDocuments_haveTheirOwnHistories()
     documents->makeCurrent(one);
     QVERIFY(edit->undo->isEnabled());
     edit->undo->trigger();
-    QCOMPARE(picture(), first);
+    QTRY_COMPARE(picture(), first);
 }
 
 QTEST_MAIN(TestEditMenu)

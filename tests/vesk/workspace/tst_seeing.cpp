@@ -1,3 +1,4 @@
+#include "AdjustDock.h"
 #include "ClippingOverlay.h"
 #include "DocumentArea.h"
 #include "EditorActions.h"
@@ -9,6 +10,7 @@
 #include "ThemeMenu.h"
 #include "editor_settings.h"
 
+#include <LookPreview.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <metadata_reader.h>
@@ -16,6 +18,7 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QMenuBar>
+#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolBar>
@@ -33,6 +36,7 @@ private slots:
     void fullScreen_walking_keepsWhatWasChanged();
     void clipping_marksBothEnds();
     void clipping_isShownOverTheCanvas();
+    void clipping_followsTheLookThatIsTried();
     void photograph_saysWhatTheCameraNoted();
     void theme_dark_isNeutralAndRemembered();
     void histogram_channelAndLogarithm_changeTheDrawing();
@@ -138,6 +142,30 @@ void TestSeeing::clipping_isShownOverTheCanvas()
     }
     QVERIFY(canvas->findChild<ClippingOverlay *>());
     QCOMPARE(canvas->grab().toImage().pixelColor(middle).green(), 0);
+}
+
+void TestSeeing::clipping_followsTheLookThatIsTried()
+{
+    QImage grey(80, 60, QImage::Format_RGB32);
+    grey.fill(qRgb(200, 200, 200));
+    const QString path = pictures->path(QStringLiteral("grey.png"));
+    grey.save(path);
+    openAndWait({path});
+    auto *dock = window->findChild<AdjustDock *>();
+    dock->show();
+    window->findChild<QAction *>(QStringLiteral("clippingAction"))->trigger();
+    VeskCanvas *canvas = documents->currentCanvas();
+    const QPoint middle = canvas->toWidget({40, 30}).toPoint();
+    QVERIFY(canvas->grab().toImage().pixelColor(middle).green() > 150);
+    QSignalSpy ready(dock->preview(), &LookPreview::ready);
+    exposure::Look brighter;
+    brighter.exposure = 2;
+    dock->setLook(brighter);
+    QTRY_VERIFY(!ready.isEmpty());
+    QVERIFY(!current()->isSaveAble()); // only tried
+    QCOMPARE(canvas->grab().toImage().pixelColor(middle).green(), 0);
+    dock->setLook({});
+    QTRY_VERIFY(canvas->grab().toImage().pixelColor(middle).green() > 150);
 }
 
 void TestSeeing::photograph_saysWhatTheCameraNoted()

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "LookPreview.h"
+
+#include <LightMap.h>
+#include <Look.h>
+
+#include <memory>
+#include <vector>
+
+/// The layers of a document in a part of it, reduced, ready for looks. One thread at a time.
+class LookLayers
+{
+public:
+    /// The layers of the source with that number, unless they are here already.
+    void read(const LookSource &source, int number);
+    /// Those pixels of the document, as a picture of that size, not larger.
+    void reduce(const QRect &pixels, QSize size);
+    /// What the document would show there; null without layers. One opaque layer keeps its depth
+    /// and its format where looks take it, others are composed with 8 or 16 bits as the canvas
+    /// does.
+    QImage withLook(const exposure::Look &look) const;
+
+private:
+    struct Layer
+    {
+        QImage picture;
+        double opacity;
+        std::unique_ptr<exposure::LightMap> map; ///< of the whole
+        QImage small;                            ///< adjustable
+        QRectF place;                            ///< in the reduced part
+        exposure::LightMap::Window window;       ///< of small, in the picture
+    };
+
+    static void reduceLayer(Layer &layer, const QRect &pixels, QSize size);
+    QImage composed(const std::vector<QImage> &pictures) const;
+
+    std::vector<Layer> layers;
+    int sourceNumber = 0;
+    QRect part;
+    QSize partSize;
+};
