@@ -13,6 +13,8 @@
 namespace {
 
 constexpr char kThreads[] = "VESKHDR_THREADS=";
+constexpr char kProgress[] = "VESKHDR_PROGRESS=";
+constexpr char kProgressLine[] = "progress ";
 
 /// As exec() takes them. They point into the texts.
 std::vector<char *> pointersTo(std::vector<QByteArray> &texts)
@@ -35,14 +37,17 @@ MergeProcess::MergeProcess(const QString &program, const QStringList &wordTexts,
     for (const QString &word : wordTexts)
         words.push_back(file_names::toBytes(word));
     for (char **variable = ::environ; *variable; ++variable) {
-        if (!QByteArrayView(*variable).startsWith(kThreads))
+        const QByteArrayView text(*variable);
+        if (!text.startsWith(kThreads) && !text.startsWith(kProgress))
             variables.emplace_back(*variable);
     }
     variables.push_back(kThreads + QByteArray::number(threads));
+    variables.push_back(QByteArray(kProgress) + "lines");
     argumentList = pointersTo(words);
     environment = pointersTo(variables);
     process.setProgram(program);
     process.setChildProcessModifier([this] { setUpChild(); });
+    connect(&process, &QProcess::readyReadStandardError, this, &MergeProcess::readErrors);
     connect(&process, &QProcess::finished, this, &MergeProcess::tellEnd);
     connect(&process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
@@ -60,6 +65,7 @@ MergeProcess::~MergeProcess()
 void MergeProcess::start()
 {
     timer.start();
+    errors.clear();
     process.start(QIODevice::ReadOnly);
 }
 
@@ -76,6 +82,21 @@ void MergeProcess::setUpChild() const
     ::execve(argumentList.front(), argumentList.data(), environment.data());
 }
 
+void MergeProcess::readErrors()
+{
+    process.setReadChannel(QProcess::StandardError);
+    while (process.canReadLine())
+        takeErrorLine(process.readLine());
+}
+
+void MergeProcess::takeErrorLine(const QByteArray &line)
+{
+    if (line.startsWith(kProgressLine))
+        Q_EMIT progressed(line.mid(qsizetype(sizeof kProgressLine) - 1).toDouble());
+    else
+        errors += line;
+}
+
 void MergeProcess::tellEnd(int exitCode, QProcess::ExitStatus status)
 {
     End end;
@@ -83,7 +104,8 @@ void MergeProcess::tellEnd(int exitCode, QProcess::ExitStatus status)
     end.exitCode = isNormal ? exitCode : -1;
     end.signal = isNormal ? 0 : exitCode;
     end.output = process.readAllStandardOutput();
-    end.errors = process.readAllStandardError();
+    readErrors();
+    end.errors = errors + process.readAllStandardError();
     end.milliseconds = timer.elapsed();
     Q_EMIT ended(end);
 }

@@ -22,7 +22,7 @@ public:
         int exitCode = -1; ///< -1: by a signal, or it could not be started
         int signal = 0;    ///< 0: by none
         QByteArray output; ///< standard output
-        QByteArray errors; ///< standard error
+        QByteArray errors; ///< standard error, without what it says of its progress
         qint64 milliseconds = 0;
     };
 
@@ -36,11 +36,15 @@ public:
     void stop() { process.terminate(); }
 
 Q_SIGNALS:
+    /// 0..1 of the whole, as often as the program tells it; see VESKHDR_PROGRESS.
+    void progressed(double fraction);
     /// Once for each start.
     void ended(const MergeProcess::End &end);
 
 private:
     void setUpChild() const;
+    void readErrors();
+    void takeErrorLine(const QByteArray &line);
     void tellEnd(int exitCode, QProcess::ExitStatus status);
 
     QProcess process;
@@ -50,5 +54,6 @@ private:
     std::vector<char *> argumentList;
     std::vector<char *> environment;
     const qint64 starter;
+    QByteArray errors;
     QElapsedTimer timer;
 };

@@ -31,12 +31,15 @@ void redraw(const QString &line)
 } // namespace
 
 ProgressBar::ProgressBar()
-    : isVisible(canRedraw())
+    : isForPrograms(qEnvironmentVariable("VESKHDR_PROGRESS") == QLatin1String("lines"))
+    , isVisible(!isForPrograms && canRedraw())
 {
 }
 
 void ProgressBar::show(double fraction, const QString &step)
 {
+    if (isForPrograms)
+        tell(fraction);
     if (!isVisible)
         return;
     const int done = std::clamp(qRound(fraction * kBarWidth), 0, kBarWidth);
@@ -46,6 +49,17 @@ void ProgressBar::show(double fraction, const QString &step)
         return;
     redraw(line);
     shown = line;
+}
+
+void ProgressBar::tell(double fraction)
+{
+    const int done = std::clamp(int(fraction * 100), 0, 100);
+    if (done <= told)
+        return;
+    told = done;
+    std::fputs(("progress " + QByteArray::number(done / 100.0) + '\n').constData(),
+               library_messages::ownErrorStream());
+    std::fflush(library_messages::ownErrorStream());
 }
 
 void ProgressBar::clear()

@@ -3,7 +3,8 @@
 #include <QString>
 
 /// One line on standard error that shows how far the work is, when that is a terminal; nothing
-/// otherwise. Main thread only.
+/// otherwise. For programs that ask for it with VESKHDR_PROGRESS=lines, a line "progress 0.42" for
+/// each hundredth instead. Main thread only.
 class ProgressBar
 {
 public:
@@ -19,6 +20,10 @@ public:
     void clear();
 
 private:
+    void tell(double fraction);
+
+    const bool isForPrograms;
     const bool isVisible;
+    int told = -1; ///< hundredths
     QString shown;
 };

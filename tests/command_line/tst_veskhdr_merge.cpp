@@ -231,6 +231,26 @@ private slots:
         QCOMPARE(errors.shown(), QByteArray());
     }
 
+    void merge_forAProgram_tellsItsProgressInLines()
+    {
+        Program program;
+        program.setWorkingDirectory(folder->path());
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("VESKHDR_PROGRESS", "lines");
+        program.setProcessEnvironment(environment);
+        const ProgramRun merged =
+            program.run({"merge", "a.png", "b.png", "c.png", "-o", "out.png"});
+        QCOMPARE(merged.exitCode, int(Ok));
+        double last = -1;
+        for (const QByteArray &line : linesOf(merged.errors)) {
+            QVERIFY2(line.startsWith("progress "), line.constData());
+            const double done = line.mid(9).toDouble();
+            QVERIFY2(done > last && done <= 1, line.constData());
+            last = done;
+        }
+        QVERIFY(last > 0.9);
+    }
+
     void merge_pictures_areOrderedByPathAsTheToolDoes()
     {
         // By UTF-16 code units: upper case before lower case, a surrogate pair before U+FF21.
