@@ -17,12 +17,16 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QToolButton>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace {
 
 constexpr QSize kPreferredSize(980, 640);
 constexpr int kOptionWidth = 300;
+constexpr int kPerBracket = 100; // of the progress bar
 
 using State = BracketBatch::State;
 
@@ -59,15 +63,17 @@ BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
     , format(new QComboBox)
     , progress(new QProgressBar)
     , said(new QLabel)
+    , searchButton(new QToolButton)
     , startButton(button(tr("&Start"), "startButton"))
     , stopButton(button(tr("Sto&p"), "stopButton"))
     , openButton(button(tr("Show &Results"), "openButton"))
     , closeButton(button(tr("Close"), "closeButton"))
+    , batch(this)
 {
     setWindowTitle(tr("Merge Brackets"));
     setAcceptDrops(true);
     auto *row = new QHBoxLayout;
-    row->addWidget(table, 1);
+    row->addWidget(makeTable(), 1);
     row->addWidget(makeOptions());
     auto *column = new QVBoxLayout(this);
     column->addWidget(makeFolders());
@@ -124,6 +130,32 @@ QWidget *BatchWindow::makeOptions()
     return box;
 }
 
+/// With the changes to the brackets below it.
+QWidget *BatchWindow::makeTable()
+{
+    auto *box = new QWidget;
+    auto *buttons = new QHBoxLayout;
+    const QList<QAction *> edits = table->edits();
+    for (QAction *edit : edits) {
+        auto *tool = new QToolButton;
+        tool->setDefaultAction(edit);
+        buttons->addWidget(tool);
+    }
+    buttons->addStretch();
+    auto *again = new QAction(tr("Fi&nd Again"), this);
+    again->setObjectName(QStringLiteral("searchAction"));
+    again->setShortcut(QKeySequence::Refresh);
+    again->setToolTip(tr("Finds the brackets of the folder anew, without your changes"));
+    connect(again, &QAction::triggered, this, &BatchWindow::search);
+    searchButton->setDefaultAction(again);
+    buttons->addWidget(searchButton);
+    auto *column = new QVBoxLayout(box);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(table, 1);
+    column->addLayout(buttons);
+    return box;
+}
+
 QWidget *BatchWindow::makeButtons()
 {
     auto *box = new QWidget;
@@ -152,6 +184,12 @@ void BatchWindow::connectParts()
             [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(choices().folder)); });
     connect(closeButton, &QPushButton::clicked, this, &BatchWindow::reject);
     connect(&batch, &BracketBatch::told, this, &BatchWindow::take);
+    connect(&batch, &BracketBatch::progressed, this, [this](int bracket, double fraction) {
+        table->showProgress(bracket, fraction);
+        const int parts = std::min(int(fraction * kPerBracket), kPerBracket - 1);
+        progress->setValue(bracket * kPerBracket + parts);
+        said->setText(stateText(progress->maximum() / kPerBracket));
+    });
     connect(&batch, &BracketBatch::finished, this, &BatchWindow::showReport);
 }
 
@@ -185,7 +223,7 @@ void BatchWindow::startOrPause()
         const BatchChoices chosen = choices();
         settings::setBatch(chosen.settings.methodWord(), chosen.settings.asOptions({}));
         table->resetStates();
-        progress->setRange(0, int(table->chosen().size()));
+        progress->setRange(0, int(table->chosen().size()) * kPerBracket);
         progress->setValue(0);
         batch.start(table->chosen(), chosen);
     }
@@ -196,7 +234,7 @@ void BatchWindow::take(int bracket, State state, const QString &text)
 {
     table->showState(bracket, state, text);
     if (state != State::Merging)
-        progress->setValue(bracket + 1);
+        progress->setValue((bracket + 1) * kPerBracket);
     showState();
 }
 
@@ -207,20 +245,28 @@ void BatchWindow::showState()
     for (QWidget *part : QList<QWidget *>{input, output, options, format})
         part->setEnabled(!isRunning);
     table->setEditable(!isRunning);
+    searchButton->defaultAction()->setEnabled(!isRunning);
     startButton->setEnabled(isRunning || count > 0);
     startButton->setText(!isRunning         ? tr("&Start")
                          : batch.isPaused() ? tr("&Go On")
                                             : tr("&Pause"));
     stopButton->setEnabled(isRunning);
     openButton->setEnabled(QDir(choices().folder).exists());
+    said->setText(stateText(count));
+}
+
+QString BatchWindow::stateText(int count) const
+{
     if (isSearching)
-        said->setText(tr("Looking for brackets…"));
-    else if (!isRunning)
-        said->setText(tr("%1 brackets to merge").arg(count));
-    else if (batch.isPaused())
-        said->setText(tr("Paused"));
-    else
-        said->setText(tr("%1 of %2").arg(progress->value()).arg(count));
+        return tr("Looking for brackets…");
+    if (!batch.isRunning())
+        return tr("%1 brackets to merge").arg(count);
+    if (batch.isPaused())
+        return tr("Paused");
+    const int done = progress->value() / kPerBracket;
+    if (const std::optional<qint64> left = batch.remaining())
+        return tr("%1 of %2, about %3 left").arg(done).arg(count).arg(RemainingTime::text(*left));
+    return tr("%1 of %2").arg(done).arg(count);
 }
 
 void BatchWindow::showReport()

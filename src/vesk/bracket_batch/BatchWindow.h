@@ -13,6 +13,7 @@ class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
+class QToolButton;
 
 /// The window that merges the brackets of a folder into another one. It remembers folders and
 /// options. GUI thread.
@@ -35,12 +36,14 @@ protected:
 private:
     QWidget *makeFolders();
     QWidget *makeOptions();
+    QWidget *makeTable();
     QWidget *makeButtons();
     void connectParts();
     void search();
     void startOrPause();
     void take(int bracket, BracketBatch::State state, const QString &text);
     void showState();
+    QString stateText(int count) const;
     void showReport();
     BatchChoices choices() const;
 
@@ -51,6 +54,7 @@ private:
     QComboBox *format;
     QProgressBar *progress;
     QLabel *said;
+    QToolButton *searchButton;
     QPushButton *startButton;
     QPushButton *stopButton;
     QPushButton *openButton;

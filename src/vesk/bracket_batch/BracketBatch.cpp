@@ -33,6 +33,12 @@ QHash<QString, QStringList> stampsIn(const BatchLog &log)
     return stamps;
 }
 
+/// What takes the time of a merge.
+double workOf(const BatchJob &job)
+{
+    return double(job.bracket.shots.size());
+}
+
 /// Of what the program says the last line, without its own name.
 QString reasonOf(const MergeProcess::End &end)
 {
@@ -74,6 +80,9 @@ void BracketBatch::start(const std::vector<Bracket> &brackets, const BatchChoice
     running = true;
     paused = false;
     stopping = false;
+    rest = {};
+    fraction = 0;
+    spent = 0;
     files.start([this, brackets] { plan(brackets); });
 }
 
@@ -93,6 +102,8 @@ void BracketBatch::plan(const std::vector<Bracket> &brackets)
         this,
         [this, made] {
             jobs = made;
+            for (const BatchJob &job : jobs)
+                rest.expect(workOf(job));
             next();
         },
         Qt::QueuedConnection);
@@ -103,6 +114,7 @@ void BracketBatch::next()
     while (current < jobs.size() && !stopping && !paused) {
         if (!settle(jobs[current]))
             return merge(jobs[current]);
+        rest.drop(workOf(jobs[current]));
         ++current;
     }
     if (!paused || stopping)
@@ -138,8 +150,25 @@ void BracketBatch::merge(const BatchJob &job)
     process = std::make_unique<MergeProcess>(program(), words, 0);
     connect(process.get(), &MergeProcess::ended, this, &BracketBatch::takeEnd,
             Qt::QueuedConnection);
+    connect(process.get(), &MergeProcess::progressed, this, &BracketBatch::takeProgress);
     tell(State::Merging);
+    timer.start();
     process->start();
+}
+
+void BracketBatch::takeProgress(double done)
+{
+    fraction = done;
+    Q_EMIT progressed(int(current), done);
+}
+
+std::optional<qint64> BracketBatch::remaining() const
+{
+    if (!process)
+        return rest.milliseconds(spent);
+    RemainingTime now = rest;
+    now.add(fraction * workOf(jobs[current]));
+    return now.milliseconds(spent + timer.elapsed());
 }
 
 void BracketBatch::takeEnd(const MergeProcess::End &end)
@@ -152,6 +181,9 @@ void BracketBatch::takeEnd(const MergeProcess::End &end)
     } else {
         tell(State::Failed, reasonOf(end));
     }
+    rest.add(workOf(jobs[current]));
+    spent += end.milliseconds;
+    fraction = 0;
     process.reset();
     ++current;
     next();

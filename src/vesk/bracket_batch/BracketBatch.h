@@ -3,11 +3,14 @@
 #include <BatchPlan.h>
 #include <MergeProcess.h>
 #include <MergeSettings.h>
+#include <RemainingTime.h>
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QThreadPool>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// How the brackets of a batch are merged, and where to.
@@ -46,10 +49,14 @@ public:
     void stop();
     bool isRunning() const { return running; }
     bool isPaused() const { return paused; }
+    /// Milliseconds that the rest takes, judged by what is merged; nothing before that.
+    std::optional<qint64> remaining() const;
 
 Q_SIGNALS:
     /// text: why it failed, in words, or empty; result: path of the picture.
     void told(int bracket, BracketBatch::State state, const QString &text, const QString &result);
+    /// 0..1 of the bracket under way.
+    void progressed(int bracket, double fraction);
     void finished();
 
 private:
@@ -59,6 +66,7 @@ private:
     void merge(const BatchJob &job);
     void takeEnd(const MergeProcess::End &end);
     void record(const BatchJob &job, qint64 milliseconds);
+    void takeProgress(double fraction);
     void tell(State state, const QString &text = {});
     void end();
 
@@ -69,5 +77,9 @@ private:
     bool paused = false;
     bool stopping = false;
     std::unique_ptr<MergeProcess> process;
-    QThreadPool files; // one thread
+    RemainingTime rest;  // in shots, less what is done of the bracket under way
+    double fraction = 0; // done of it
+    qint64 spent = 0;    // milliseconds that the others took
+    QElapsedTimer timer; // of it
+    QThreadPool files;   // one thread
 };

@@ -137,6 +137,18 @@
         <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
         <translation>%1 verschmolzen, %2 schon erledigt, %3 fehlgeschlagen, %4 angehalten</translation>
     </message>
+    <message>
+        <source>Fi&amp;nd Again</source>
+        <translation>&amp;Neu suchen</translation>
+    </message>
+    <message>
+        <source>Finds the brackets of the folder anew, without your changes</source>
+        <translation>Sucht die Belichtungsreihen des Ordners neu, ohne Ihre Änderungen</translation>
+    </message>
+    <message>
+        <source>%1 of %2, about %3 left</source>
+        <translation>%1 von %2, noch etwa %3</translation>
+    </message>
 </context>
 <context>
     <name>BracketBatch</name>
@@ -198,6 +210,30 @@
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>&amp;Verbinden</translation>
+    </message>
+    <message>
+        <source>Sp&amp;lit Here</source>
+        <translation>Hier &amp;teilen</translation>
+    </message>
+    <message>
+        <source>Take Out or Put &amp;Back</source>
+        <translation>&amp;Herausnehmen oder zurücklegen</translation>
+    </message>
+    <message>
+        <source>Makes one bracket of the selected brackets and shots</source>
+        <translation>Macht aus den gewählten Reihen und Aufnahmen eine einzige Belichtungsreihe</translation>
+    </message>
+    <message>
+        <source>Begins another bracket with the selected shot</source>
+        <translation>Beginnt mit der gewählten Aufnahme eine weitere Belichtungsreihe</translation>
+    </message>
+    <message>
+        <source>In no bracket</source>
+        <translation>In keiner Belichtungsreihe</translation>
     </message>
 </context>
 <context>

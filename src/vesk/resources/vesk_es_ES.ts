@@ -137,6 +137,18 @@
         <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
         <translation>%1 fusionadas, %2 ya hechas, %3 con error, %4 detenidas</translation>
     </message>
+    <message>
+        <source>Fi&amp;nd Again</source>
+        <translation>&amp;Buscar de nuevo</translation>
+    </message>
+    <message>
+        <source>Finds the brackets of the folder anew, without your changes</source>
+        <translation>Busca de nuevo las series de la carpeta, sin sus cambios</translation>
+    </message>
+    <message>
+        <source>%1 of %2, about %3 left</source>
+        <translation>%1 de %2, quedan unos %3</translation>
+    </message>
 </context>
 <context>
     <name>BracketBatch</name>
@@ -198,6 +210,30 @@
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>&amp;Unir</translation>
+    </message>
+    <message>
+        <source>Sp&amp;lit Here</source>
+        <translation>&amp;Dividir aquí</translation>
+    </message>
+    <message>
+        <source>Take Out or Put &amp;Back</source>
+        <translation>&amp;Quitar o volver a poner</translation>
+    </message>
+    <message>
+        <source>Makes one bracket of the selected brackets and shots</source>
+        <translation>Hace una sola serie con las series y tomas seleccionadas</translation>
+    </message>
+    <message>
+        <source>Begins another bracket with the selected shot</source>
+        <translation>Comienza otra serie con la toma seleccionada</translation>
+    </message>
+    <message>
+        <source>In no bracket</source>
+        <translation>En ninguna serie</translation>
     </message>
 </context>
 <context>

@@ -137,6 +137,18 @@
         <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
         <translation>%1 fusionnées, %2 déjà faites, %3 en échec, %4 arrêtées</translation>
     </message>
+    <message>
+        <source>Fi&amp;nd Again</source>
+        <translation>Rec&amp;hercher à nouveau</translation>
+    </message>
+    <message>
+        <source>Finds the brackets of the folder anew, without your changes</source>
+        <translation>Recherche à nouveau les séries du dossier, sans vos modifications</translation>
+    </message>
+    <message>
+        <source>%1 of %2, about %3 left</source>
+        <translation>%1 sur %2, encore %3 environ</translation>
+    </message>
 </context>
 <context>
     <name>BracketBatch</name>
@@ -198,6 +210,30 @@
     <message>
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>&amp;Réunir</translation>
+    </message>
+    <message>
+        <source>Sp&amp;lit Here</source>
+        <translation>&amp;Couper ici</translation>
+    </message>
+    <message>
+        <source>Take Out or Put &amp;Back</source>
+        <translation>R&amp;etirer ou remettre</translation>
+    </message>
+    <message>
+        <source>Makes one bracket of the selected brackets and shots</source>
+        <translation>Fait une seule série des séries et prises sélectionnées</translation>
+    </message>
+    <message>
+        <source>Begins another bracket with the selected shot</source>
+        <translation>Commence une autre série à la prise sélectionnée</translation>
+    </message>
+    <message>
+        <source>In no bracket</source>
+        <translation>Dans aucune série</translation>
     </message>
 </context>
 <context>

@@ -137,6 +137,18 @@
         <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
         <translation>合成 %1、処理済み %2、失敗 %3、停止 %4</translation>
     </message>
+    <message>
+        <source>Fi&amp;nd Again</source>
+        <translation>もう一度探す(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Finds the brackets of the folder anew, without your changes</source>
+        <translation>変更を取り消して、フォルダーのブラケットを探し直します</translation>
+    </message>
+    <message>
+        <source>%1 of %2, about %3 left</source>
+        <translation>%1 / %2、残り約 %3</translation>
+    </message>
 </context>
 <context>
     <name>BracketBatch</name>
@@ -198,6 +210,30 @@
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>結合(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Sp&amp;lit Here</source>
+        <translation>ここで分割(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Take Out or Put &amp;Back</source>
+        <translation>外す/戻す(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Makes one bracket of the selected brackets and shots</source>
+        <translation>選択したブラケットと写真を 1 つのブラケットにまとめます</translation>
+    </message>
+    <message>
+        <source>Begins another bracket with the selected shot</source>
+        <translation>選択した写真から新しいブラケットを始めます</translation>
+    </message>
+    <message>
+        <source>In no bracket</source>
+        <translation>ブラケットに入っていない写真</translation>
     </message>
 </context>
 <context>

@@ -137,6 +137,18 @@
         <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
         <translation>합성 %1, 이미 완료 %2, 실패 %3, 중지 %4</translation>
     </message>
+    <message>
+        <source>Fi&amp;nd Again</source>
+        <translation>다시 찾기(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Finds the brackets of the folder anew, without your changes</source>
+        <translation>변경한 내용을 버리고 폴더의 브래킷을 다시 찾습니다</translation>
+    </message>
+    <message>
+        <source>%1 of %2, about %3 left</source>
+        <translation>%1/%2, 약 %3 남음</translation>
+    </message>
 </context>
 <context>
     <name>BracketBatch</name>
@@ -198,6 +210,30 @@
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>합치기(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Sp&amp;lit Here</source>
+        <translation>여기서 나누기(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Take Out or Put &amp;Back</source>
+        <translation>빼기/되돌리기(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Makes one bracket of the selected brackets and shots</source>
+        <translation>선택한 브래킷과 사진을 하나의 브래킷으로 만듭니다</translation>
+    </message>
+    <message>
+        <source>Begins another bracket with the selected shot</source>
+        <translation>선택한 사진부터 새 브래킷을 시작합니다</translation>
+    </message>
+    <message>
+        <source>In no bracket</source>
+        <translation>브래킷에 속하지 않은 사진</translation>
     </message>
 </context>
 <context>

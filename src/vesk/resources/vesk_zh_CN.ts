@@ -137,6 +137,18 @@
         <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
         <translation>已合成 %1，先前已完成 %2，失败 %3，已停止 %4</translation>
     </message>
+    <message>
+        <source>Fi&amp;nd Again</source>
+        <translation>重新查找(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Finds the brackets of the folder anew, without your changes</source>
+        <translation>放弃您的更改，重新查找文件夹中的包围曝光组</translation>
+    </message>
+    <message>
+        <source>%1 of %2, about %3 left</source>
+        <translation>%1 / %2，约剩 %3</translation>
+    </message>
 </context>
 <context>
     <name>BracketBatch</name>
@@ -198,6 +210,30 @@
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>合并(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Sp&amp;lit Here</source>
+        <translation>在此拆分(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Take Out or Put &amp;Back</source>
+        <translation>移出或放回(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Makes one bracket of the selected brackets and shots</source>
+        <translation>将所选的组和照片合并为一组包围曝光</translation>
+    </message>
+    <message>
+        <source>Begins another bracket with the selected shot</source>
+        <translation>从所选照片开始另一组包围曝光</translation>
+    </message>
+    <message>
+        <source>In no bracket</source>
+        <translation>不属于任何一组</translation>
     </message>
 </context>
 <context>

@@ -137,6 +137,18 @@
         <source>%1 merged, %2 done already, %3 failed, %4 stopped</source>
         <translation>已合成 %1，先前已完成 %2，失敗 %3，已停止 %4</translation>
     </message>
+    <message>
+        <source>Fi&amp;nd Again</source>
+        <translation>重新尋找(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Finds the brackets of the folder anew, without your changes</source>
+        <translation>放棄您的變更，重新尋找資料夾中的包圍曝光組</translation>
+    </message>
+    <message>
+        <source>%1 of %2, about %3 left</source>
+        <translation>%1 / %2，約剩 %3</translation>
+    </message>
 </context>
 <context>
     <name>BracketBatch</name>
@@ -198,6 +210,30 @@
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>合併(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Sp&amp;lit Here</source>
+        <translation>在此分割(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Take Out or Put &amp;Back</source>
+        <translation>移出或放回(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Makes one bracket of the selected brackets and shots</source>
+        <translation>將所選的組和照片合併為一組包圍曝光</translation>
+    </message>
+    <message>
+        <source>Begins another bracket with the selected shot</source>
+        <translation>從所選照片開始另一組包圍曝光</translation>
+    </message>
+    <message>
+        <source>In no bracket</source>
+        <translation>不屬於任何一組</translation>
     </message>
 </context>
 <context>

@@ -1,4 +1,5 @@
 #include "BatchWindow.h"
+#include "BracketStateDelegate.h"
 #include "BracketTable.h"
 #include "EditorActions.h"
 #include "EditorWindow.h"
@@ -15,6 +16,8 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QtTest>
+
+#include <algorithm>
 
 namespace {
 
@@ -36,6 +39,14 @@ private slots:
     void folder_isSearchedAndShownAsATable();
     void start_mergesEachBracketAsTheCommandLineDoes();
     void uncheckedShotAndBracket_areLeftOut();
+    void joinedBrackets_areMergedAsOne();
+    void joinedLooseShots_areABracket();
+    void splitBracket_leavesTheRestAlone();
+    void edits_keepWhatWasTakenOut();
+    void findAgain_undoesTheEdits();
+    void edits_areInTheContextMenuAndOnKeys();
+    void running_allowsNoEdits();
+    void underWay_itsProgressIsShown();
     void damagedShot_failsAloneAndSaysWhy();
     void fiftyBrackets_stoppedAndStartedAgain_goOnWhereTheyWere();
     void pause_waitsBehindTheOneUnderWay();
@@ -50,9 +61,14 @@ private:
         return batch()->findChild<Part *>(QLatin1String(name));
     }
     BracketTable *table() const { return batch()->findChild<BracketTable *>(); }
-    void open(int brackets);
+    void open(int brackets, int lines = 0);
     void runToTheEnd();
     QStringList results() const;
+    QTreeWidgetItem *line(int bracket) const { return table()->topLevelItem(bracket); }
+    void select(const QList<QTreeWidgetItem *> &lines);
+    QAction *edit(const char *name) const { return part<QAction>(name); }
+    QStringList sourcesOf(const QString &result) const;
+    QStringList lines() const;
     QString said() const { return part<QLabel>("batchState")->text(); }
 };
 
@@ -69,13 +85,37 @@ void TestBatchWindow::init()
         pictures->addCameraBracket(QLatin1String(prefix), 3, 5 * (*prefix - 'a'), kShotSize);
 }
 
-void TestBatchWindow::open(int brackets)
+/// lines: with the shots that are in none.
+void TestBatchWindow::open(int brackets, int lines)
 {
     window->openPaths({pictures->folder()});
     QTRY_COMPARE_WITH_TIMEOUT(strip->bracketCount(), brackets, kPatienceMs);
     window->findChild<EditorActions *>()->mergeBrackets->trigger();
     QVERIFY(batch());
-    QTRY_COMPARE_WITH_TIMEOUT(table()->topLevelItemCount(), brackets, kPatienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(table()->topLevelItemCount(), lines ? lines : brackets, kPatienceMs);
+}
+
+void TestBatchWindow::select(const QList<QTreeWidgetItem *> &lines)
+{
+    table()->setCurrentItem(lines.first());
+    table()->clearSelection();
+    for (QTreeWidgetItem *each : lines)
+        each->setSelected(true);
+}
+
+QStringList TestBatchWindow::sourcesOf(const QString &result) const
+{
+    const auto mark =
+        result_mark::in(metadata::read(pictures->path(QStringLiteral("merged/") + result)).xmp);
+    return mark ? mark->sources : QStringList();
+}
+
+QStringList TestBatchWindow::lines() const
+{
+    QStringList texts;
+    for (int i = 0; i < table()->topLevelItemCount(); ++i)
+        texts += line(i)->text(0) + QLatin1Char(' ') + line(i)->text(1);
+    return texts;
 }
 
 void TestBatchWindow::runToTheEnd()
@@ -128,10 +168,146 @@ void TestBatchWindow::uncheckedShotAndBracket_areLeftOut()
     QCOMPARE(said(), QStringLiteral("2 brackets to merge"));
     runToTheEnd();
     QCOMPARE(results(), (QStringList{"b2 merged.jpg", "c1 merged.jpg"}));
-    const auto mark =
-        result_mark::in(metadata::read(pictures->path(QStringLiteral("merged/b2 merged.jpg"))).xmp);
-    QVERIFY(mark);
-    QCOMPARE(mark->sources, (QStringList{"b2.jpg", "b3.jpg"}));
+    QCOMPARE(sourcesOf("b2 merged.jpg"), (QStringList{"b2.jpg", "b3.jpg"}));
+}
+
+void TestBatchWindow::joinedBrackets_areMergedAsOne()
+{
+    open(3);
+    select({line(0), line(1)});
+    edit("joinAction")->trigger();
+    QCOMPARE(lines(), (QStringList{"a1.jpg to b3.jpg 6", "c1.jpg to c3.jpg 3"}));
+    QCOMPARE(table()->currentItem(), line(0));
+    QVERIFY(line(0)->isExpanded());
+    QCOMPARE(said(), QStringLiteral("2 brackets to merge"));
+    runToTheEnd();
+    QCOMPARE(said(), QStringLiteral("2 merged, 0 done already, 0 failed, 0 stopped"));
+    QCOMPARE(results(), (QStringList{"a1 merged.jpg", "c1 merged.jpg"}));
+    QCOMPARE(sourcesOf("a1 merged.jpg"),
+             (QStringList{"a1.jpg", "a2.jpg", "a3.jpg", "b1.jpg", "b2.jpg", "b3.jpg"}));
+}
+
+/// Also such that tell nothing of themselves.
+void TestBatchWindow::joinedLooseShots_areABracket()
+{
+    for (const char *name : {"y.jpg", "x.jpg", "z.jpg"})
+        pictures->add(QLatin1String(name), kShotSize, 7);
+    pictures->addResult("made.jpg", {pictures->path("a1.jpg")});
+    open(3, 4);
+    QCOMPARE(lines().last(), QStringLiteral("In no bracket 3"));
+    QCOMPARE(said(), QStringLiteral("3 brackets to merge"));
+    select({line(3)->child(0), line(3)->child(1)});
+    edit("joinAction")->trigger();
+    QCOMPARE(lines().mid(2),
+             (QStringList{"c1.jpg to c3.jpg 3", "x.jpg to y.jpg 2", "In no bracket 1"}));
+    QCOMPARE(said(), QStringLiteral("4 brackets to merge"));
+    for (int i = 0; i < 3; ++i)
+        line(i)->setCheckState(0, Qt::Unchecked);
+    runToTheEnd();
+    QCOMPARE(results(), (QStringList{"x merged.jpg"}));
+    QCOMPARE(sourcesOf("x merged.jpg"), (QStringList{"x.jpg", "y.jpg"}));
+}
+
+void TestBatchWindow::splitBracket_leavesTheRestAlone()
+{
+    open(3);
+    select({line(0), line(1)});
+    edit("joinAction")->trigger();
+    select({line(0)->child(2)});
+    edit("splitAction")->trigger();
+    QCOMPARE(lines(),
+             (QStringList{"a1.jpg to a2.jpg 2", "a3.jpg to b3.jpg 4", "c1.jpg to c3.jpg 3"}));
+    select({line(2)->child(2)});
+    edit("splitAction")->trigger();
+    QCOMPARE(lines().mid(2), (QStringList{"c1.jpg to c2.jpg 2", "In no bracket 1"}));
+    runToTheEnd();
+    QCOMPARE(results(), (QStringList{"a1 merged.jpg", "a3 merged.jpg", "c1 merged.jpg"}));
+    QCOMPARE(sourcesOf("a3 merged.jpg"), (QStringList{"a3.jpg", "b1.jpg", "b2.jpg", "b3.jpg"}));
+    QCOMPARE(sourcesOf("c1 merged.jpg"), (QStringList{"c1.jpg", "c2.jpg"}));
+}
+
+void TestBatchWindow::edits_keepWhatWasTakenOut()
+{
+    open(3);
+    line(2)->setCheckState(0, Qt::Unchecked);
+    line(2)->child(1)->setCheckState(0, Qt::Unchecked);
+    line(0)->child(1)->setCheckState(0, Qt::Unchecked);
+    select({line(0), line(1)});
+    edit("joinAction")->trigger();
+    QCOMPARE(line(0)->child(1)->checkState(0), Qt::Checked); // it was asked for
+    QCOMPARE(line(1)->checkState(0), Qt::Unchecked);
+    QCOMPARE(line(1)->child(1)->checkState(0), Qt::Unchecked);
+    select({line(1)->child(2)});
+    edit("splitAction")->trigger();
+    QCOMPARE(line(1)->checkState(0), Qt::Unchecked);
+    QCOMPARE(said(), QStringLiteral("1 brackets to merge"));
+}
+
+void TestBatchWindow::findAgain_undoesTheEdits()
+{
+    open(3);
+    const QStringList found = lines();
+    table()->selectAll();
+    edit("joinAction")->trigger();
+    QCOMPARE(table()->topLevelItemCount(), 1);
+    edit("searchAction")->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(lines(), found, kPatienceMs);
+}
+
+void TestBatchWindow::edits_areInTheContextMenuAndOnKeys()
+{
+    open(3);
+    QCOMPARE(table()->contextMenuPolicy(), Qt::ActionsContextMenu);
+    QCOMPARE(table()->actions(), table()->edits());
+    batch()->activateWindow();
+    table()->setFocus();
+    select({line(1)});
+    QVERIFY(!edit("joinAction")->isEnabled());
+    QVERIFY(!edit("splitAction")->isEnabled());
+    QTest::keyClick(table(), Qt::Key_Delete);
+    QCOMPARE(line(1)->checkState(0), Qt::Unchecked);
+    QTest::keyClick(table(), Qt::Key_Delete);
+    QCOMPARE(line(1)->checkState(0), Qt::Checked);
+    QTest::keyClick(table(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(table(), Qt::Key_J, Qt::ControlModifier);
+    QCOMPARE(lines(), (QStringList{"a1.jpg to a3.jpg 3", "b1.jpg to c3.jpg 6"}));
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(table(), Qt::Key_Down);
+    QTest::keyClick(table(), Qt::Key_K, Qt::ControlModifier);
+    QCOMPARE(lines().mid(1), (QStringList{"b1.jpg to b3.jpg 3", "c1.jpg to c3.jpg 3"}));
+}
+
+void TestBatchWindow::running_allowsNoEdits()
+{
+    open(3);
+    table()->selectAll();
+    part<QPushButton>("startButton")->click();
+    for (const char *name : {"joinAction", "splitAction", "switchAction", "searchAction"})
+        QVERIFY2(!edit(name)->isEnabled(), name);
+    part<QPushButton>("stopButton")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(edit("joinAction")->isEnabled(), kPatienceMs);
+    QVERIFY(edit("searchAction")->isEnabled());
+}
+
+void TestBatchWindow::underWay_itsProgressIsShown()
+{
+    open(3);
+    auto *running = batch()->findChild<BracketBatch *>();
+    QList<double> fractions;
+    QStringList texts;
+    connect(running, &BracketBatch::progressed, this, [&](int bracket, double fraction) {
+        fractions += bracket + fraction;
+        texts += said();
+        QCOMPARE(line(bracket)->data(2, BracketStateDelegate::kProgressRole).toDouble(), fraction);
+        QVERIFY(!table()->grab().isNull());
+    });
+    runToTheEnd();
+    QVERIFY(fractions.size() > 9);
+    QVERIFY(std::is_sorted(fractions.cbegin(), fractions.cend()));
+    QVERIFY(fractions.first() < 0.5 && fractions.last() > 2.9);
+    QVERIFY2(QRegularExpression("^2 of 3, about \\d+ s left$").match(texts.last()).hasMatch(),
+             qPrintable(texts.last()));
+    QVERIFY(!line(2)->data(2, BracketStateDelegate::kProgressRole).isValid());
 }
 
 void TestBatchWindow::damagedShot_failsAloneAndSaysWhy()
