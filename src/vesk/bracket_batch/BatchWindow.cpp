@@ -1,19 +1,18 @@
 #include "BatchWindow.h"
 #include "BracketTable.h"
 
+#include <DropTarget.h>
 #include <MergeOptionsPanel.h>
 #include <editor_settings.h>
 
 #include <QComboBox>
 #include <QDesktopServices>
 #include <QDir>
-#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
@@ -71,7 +70,6 @@ BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
     , batch(this)
 {
     setWindowTitle(tr("Merge Brackets"));
-    setAcceptDrops(true);
     auto *row = new QHBoxLayout;
     row->addWidget(makeTable(), 1);
     row->addWidget(makeOptions());
@@ -97,6 +95,7 @@ QWidget *BatchWindow::makeFolders()
         auto *label = new QLabel(text);
         label->setBuddy(line);
         line->setObjectName(QLatin1String(name));
+        line->setAcceptDrops(false); // it would take a folder as text
         line->setAccessibleName(QString(text).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
         form->addRow(label, folderRow(line, choose, line->accessibleName()));
     };
@@ -172,6 +171,13 @@ QWidget *BatchWindow::makeButtons()
 void BatchWindow::connectParts()
 {
     connect(input, &QLineEdit::textChanged, this, &BatchWindow::search);
+    const auto *drops = new DropTarget(this, [this](const QStringList &paths) -> QWidget * {
+        const bool isFolder = paths.size() == 1 && QFileInfo(paths.first()).isDir();
+        return isFolder && !batch.isRunning() ? table : nullptr;
+    });
+    connect(drops, &DropTarget::dropped, this, [this](const QStringList &paths) {
+        input->setText(QDir::toNativeSeparators(paths.first()));
+    });
     connect(&survey, &FolderSurvey::ready, this, [this](const FolderNotes &notes) {
         isSearching = false;
         table->setNotes(notes);
@@ -285,17 +291,4 @@ void BatchWindow::reject()
         batch.stop();
     else
         QDialog::reject();
-}
-
-void BatchWindow::dragEnterEvent(QDragEnterEvent *event)
-{
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (!batch.isRunning() && urls.size() == 1 && QFileInfo(urls.first().toLocalFile()).isDir())
-        event->acceptProposedAction();
-}
-
-void BatchWindow::dropEvent(QDropEvent *event)
-{
-    event->acceptProposedAction();
-    input->setText(QDir::toNativeSeparators(event->mimeData()->urls().first().toLocalFile()));
 }

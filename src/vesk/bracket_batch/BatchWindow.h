@@ -29,10 +29,6 @@ public:
     /// While it runs, only the batch is stopped.
     void reject() override;
 
-protected:
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
-
 private:
     QWidget *makeFolders();
     QWidget *makeOptions();

@@ -10,15 +10,15 @@
 #include <picture_kinds.h>
 #include <screen_colours.h>
 
+#include <DropTarget.h>
+
 #include <QApplication>
-#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
@@ -40,15 +40,10 @@ QPushButton *button(const QString &text, const char *name)
     return made;
 }
 
-QStringList localFiles(const QMimeData *data)
+QStringList filesAmong(QStringList paths)
 {
-    QStringList files;
-    const QList<QUrl> urls = data->urls();
-    for (const QUrl &url : urls) {
-        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile())
-            files.append(url.toLocalFile());
-    }
-    return files;
+    paths.removeIf([](const QString &path) { return !QFileInfo(path).isFile(); });
+    return paths;
 }
 
 /// Of what the whole merge gives, as far as the small one tells.
@@ -79,7 +74,6 @@ MergeWorkspace::MergeWorkspace(const QStringList &paths, const QString &startFol
     , closeButton(button(tr("Close"), "closeButton"))
 {
     setWindowTitle(tr("Merge Exposures"));
-    setAcceptDrops(true);
     auto *row = new QHBoxLayout(this);
     row->addWidget(makeShotColumn());
     row->addWidget(makePreviewColumn(), 1);
@@ -152,6 +146,11 @@ void MergeWorkspace::connectParts()
     delay.setSingleShot(true);
     delay.setInterval(kDelayMs);
     connect(&delay, &QTimer::timeout, this, &MergeWorkspace::requestPreview);
+    const auto *drops = new DropTarget(this, [this](const QStringList &paths) -> QWidget * {
+        return isMerging() || filesAmong(paths).isEmpty() ? nullptr : shots;
+    });
+    connect(drops, &DropTarget::dropped, this,
+            [this](const QStringList &paths) { addShots(filesAmong(paths)); });
     connect(&loader, &MergeShotLoader::loaded, shots, &ShotList::setShot);
     connect(&loader, &MergeShotLoader::finished, this, &MergeWorkspace::onSetChanged);
     connect(shots, &ShotList::setChanged, this, &MergeWorkspace::onSetChanged);
@@ -240,18 +239,6 @@ void MergeWorkspace::chooseShots()
                            QStringLiteral(" (%1);;").arg(pictures::dialogPatterns()) +
                            tr("All files") + QStringLiteral(" (*)");
     addShots(QFileDialog::getOpenFileNames(this, tr("Add Shots"), folder, filter));
-}
-
-void MergeWorkspace::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (!isMerging() && !localFiles(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void MergeWorkspace::dropEvent(QDropEvent *event)
-{
-    event->acceptProposedAction();
-    addShots(localFiles(event->mimeData()));
 }
 
 // --- Preview ---

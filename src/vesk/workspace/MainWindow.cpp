@@ -4,6 +4,7 @@
 #include "DocumentArea.h"
 #include "DocumentOpener.h"
 #include "DocumentSaver.h"
+#include "DropTarget.h"
 #include "EditMenu.h"
 #include "EditorStatusBar.h"
 #include "EditorUiManager.h"
@@ -33,31 +34,15 @@
 #include <VeskContext.h>
 #include <VeskGlobalSettings.h>
 
+#include <QCloseEvent>
 #include <QDir>
-#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QScreen>
 #include <QToolBar>
 #include <QToolButton>
-
-namespace {
-
-QStringList localPaths(const QMimeData *data)
-{
-    QStringList paths;
-    const QList<QUrl> urls = data->urls();
-    for (const QUrl &url : urls) {
-        if (url.isLocalFile())
-            paths.append(url.toLocalFile());
-    }
-    return paths;
-}
-
-} // namespace
 
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
@@ -80,8 +65,8 @@ MainWindow::MainWindow(QWidget *parent)
     , light(std::make_unique<LightCommand>(documents, this))
 {
     screen_colours::applySettings();
-    setAcceptDrops(true);
     setCentralWidget(documents);
+    takeDrops();
     setStatusBar(status);
     addDocks();
     addMenus();
@@ -96,6 +81,16 @@ MainWindow::MainWindow(QWidget *parent)
 }
 
 MainWindow::~MainWindow() = default;
+
+/// A folder goes to the film strip, pictures become documents.
+void MainWindow::takeDrops()
+{
+    const auto *drops = new DropTarget(this, [this](const QStringList &paths) -> QWidget * {
+        const bool isFolder = paths.size() == 1 && QFileInfo(paths.first()).isDir();
+        return isFolder && filmStrip->isVisible() ? static_cast<QWidget *>(filmStrip) : documents;
+    });
+    connect(drops, &DropTarget::dropped, this, &MainWindow::openPaths);
+}
 
 void MainWindow::openPaths(const QStringList &paths)
 {
@@ -405,19 +400,4 @@ void MainWindow::closeEvent(QCloseEvent *event)
     fullScreen->showAround();
     settings::setWindow(saveGeometry(), saveState());
     event->accept();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (!localPaths(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void MainWindow::dropEvent(QDropEvent *event)
-{
-    event->acceptProposedAction();
-    // Later, so that the program the files come from need not wait.
-    QMetaObject::invokeMethod(
-        this, [this, paths = localPaths(event->mimeData())] { openPaths(paths); },
-        Qt::QueuedConnection);
 }

@@ -55,10 +55,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
 
 private:
+    void takeDrops();
     void addDocks();
     void addMenus();
     void addToolBar();
