@@ -1,4 +1,5 @@
 #include "LanguageMenu.h"
+#include "language_choice.h"
 
 #include <VeskGlobalSettings.h>
 
@@ -37,10 +38,10 @@ LanguageMenu::LanguageMenu(QWidget *parent)
         action->setCheckable(true);
         action->setChecked(settings->language() == locale);
         connect(action, &QAction::triggered, this, [this, settings, locale, name] {
-            if (settings->language() == locale)
-                return;
-            settings->setLanguage(locale);
-            Q_EMIT languageChanged(name);
+            const bool isOther = settings->language() != locale;
+            language_choice::choose(locale);
+            if (isOther)
+                Q_EMIT languageChanged(name);
         });
         addAction(action);
     }

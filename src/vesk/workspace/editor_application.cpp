@@ -1,5 +1,6 @@
 #include "editor_application.h"
 #include "ThemeMenu.h"
+#include "language_choice.h"
 
 #include <VeskGlobalSettings.h>
 #include <VeskRaw.h>
@@ -40,7 +41,7 @@ void workspace::setUpEditor(QApplication &application)
     VeskRaw::setPixelLimit(VeskGlobalSettings::pixelLimit());
     ThemeMenu::applySettings();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/vesk/vesk.svg")));
-    const QString language = VeskGlobalSettings::getInstance()->language();
+    const QString language = language_choice::atStart(QLocale::system().uiLanguages());
     if (language.isEmpty())
         return;
     QLocale::setDefault(QLocale(language));
