@@ -37,12 +37,14 @@ JpegQualityDialog::JpegQualityDialog(int quality, bool isTransparent, QWidget *p
 
     auto *label = new QLabel(tr("&Quality:"));
     label->setBuddy(number);
+    slider->setAccessibleName(windowTitle());
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     buttons->button(QDialogButtonBox::Save)->setDefault(true);
 
     auto *grid = new QGridLayout(this);
+    grid->setSizeConstraint(QLayout::SetFixedSize); // smaller, the sentences would be cut
     grid->addWidget(label, 0, 0);
     grid->addWidget(slider, 0, 1);
     grid->addWidget(number, 0, 2);

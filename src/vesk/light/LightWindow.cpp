@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 
 namespace {
 
@@ -53,7 +54,7 @@ LightWindow::LightWindow(const light_file::Light &light, const QString &saveFold
     columns->addWidget(makeOptionColumn());
     connectParts();
     showDeveloping(false);
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(screen()->availableSize() * 0.9));
     requestPreview();
 }
 

@@ -1042,7 +1042,7 @@
     </message>
     <message>
         <source>Remove, automatically</source>
-        <translation>Supprimer automatiquement</translation>
+        <translation>Suppression auto</translation>
     </message>
     <message>
         <source>Leave them in</source>

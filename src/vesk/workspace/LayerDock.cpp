@@ -34,6 +34,7 @@ LayerDock::LayerDock(QWidget *parent)
     , list(new QListWidget)
 {
     setObjectName(QStringLiteral("layerDock"));
+    list->setAccessibleName(tr("Layers"));
     setWidget(list);
     connect(list, &QListWidget::itemChanged, this, &LayerDock::onItemChanged);
     connect(list, &QListWidget::currentRowChanged, this, &LayerDock::onRowChosen);
