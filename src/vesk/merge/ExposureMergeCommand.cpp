@@ -10,6 +10,26 @@
 #include <QDir>
 #include <QFileInfo>
 
+namespace {
+
+/// Those that are left: beside the result, or in the folder above where it lies in one for results.
+QStringList shotsOf(const ResultMark &mark, const QDir &folder)
+{
+    QStringList paths;
+    for (const QString &name : mark.sources) {
+        for (const char *place : {"%1", "../%1"}) {
+            const QFileInfo file(folder, QString::fromLatin1(place).arg(name));
+            if (!file.isFile())
+                continue;
+            paths += QDir::cleanPath(file.absoluteFilePath());
+            break;
+        }
+    }
+    return paths;
+}
+
+} // namespace
+
 ExposureMergeCommand::ExposureMergeCommand(EditorUiManager *manager, DocumentArea *area,
                                            FilmStrip *strip, QObject *parent)
     : QObject(parent)
@@ -87,12 +107,7 @@ std::optional<ExposureMergeCommand::Origin> ExposureMergeCommand::originOfSelect
     }
     if (!mark)
         return std::nullopt;
-    Origin origin{{}, *mark};
-    for (const QString &name : std::as_const(mark->sources)) {
-        const QFileInfo file(QFileInfo(beside).dir(), name);
-        if (file.isFile())
-            origin.paths += file.absoluteFilePath();
-    }
+    const Origin origin{shotsOf(*mark, QFileInfo(beside).dir()), *mark};
     return origin.paths.size() > 1 ? std::optional(origin) : std::nullopt;
 }
 
