@@ -159,6 +159,30 @@ QString namelessIn(const QWidget &window)
     return nameless.join(QLatin1Char('\n'));
 }
 
+/// The texts whose underlined letter another one in the window has, too.
+QString sameLettersIn(const QWidget &window)
+{
+    QMap<QChar, QStringList> texts;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const auto *button = qobject_cast<const QAbstractButton *>(widget);
+        const bool isTool = qobject_cast<const QToolButton *>(widget); // its letter is the menu's
+        if (!widget->isVisible() || widget->window() != &window || isTool ||
+            (label && !label->buddy()) || !(label || button))
+            continue;
+        const QString text = widget->property("text").toString();
+        const int mark = int(QString(text).replace("&&", "  ").indexOf('&'));
+        if (mark >= 0)
+            texts[text.at(mark + 1).toUpper()] += text;
+    }
+    QStringList same;
+    for (const QStringList &group : std::as_const(texts)) {
+        if (group.size() > 1)
+            same += group.join(" and ");
+    }
+    return same.join('\n');
+}
+
 } // namespace
 
 class TestEditorScreens : public QObject
@@ -245,6 +269,8 @@ void TestEditorScreens::check(QWidget &window, QSize smallest)
     QVERIFY2(clipped.isEmpty(), qPrintable("at its smallest:\n" + clipped));
     const QString nameless = namelessIn(window);
     QVERIFY2(nameless.isEmpty(), qPrintable("without a name:\n" + nameless));
+    const QString same = sameLettersIn(window);
+    QVERIFY2(same.isEmpty(), qPrintable("on the same key:\n" + same));
 }
 
 void TestEditorScreens::mainWindow_isReadable()
@@ -298,7 +324,7 @@ void TestEditorScreens::batchWindow_isReadable()
                       .arg(1000)
                       .arg(1000)
                       .arg(1000));
-    window.findChild<QPushButton *>("startButton")->setText(BatchWindow::tr("&Go On"));
+    window.findChild<QPushButton *>("startButton")->setText(BatchWindow::tr("Go O&n"));
     settle();
     check(window);
 }

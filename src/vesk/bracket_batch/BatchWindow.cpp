@@ -65,7 +65,7 @@ BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
     , searchButton(new QToolButton)
     , startButton(button(tr("&Start"), "startButton"))
     , stopButton(button(tr("Sto&p"), "stopButton"))
-    , openButton(button(tr("Show &Results"), "openButton"))
+    , openButton(button(tr("Show Resu&lts"), "openButton"))
     , closeButton(button(tr("Close"), "closeButton"))
     , batch(this)
 {
@@ -76,6 +76,9 @@ BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->addWidget(makeFolders());
     column->addLayout(row, 1);
+    QSizePolicy policy = progress->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    progress->setSizePolicy(policy);
     column->addWidget(progress);
     column->addWidget(makeButtons());
     resize(kPreferredSize.boundedTo(screen()->availableSize() * 0.95));
@@ -251,11 +254,12 @@ void BatchWindow::showState()
     for (QWidget *part : QList<QWidget *>{input, output, options, format})
         part->setEnabled(!isRunning);
     table->setEditable(!isRunning);
+    progress->setVisible(isRunning);
     searchButton->defaultAction()->setEnabled(!isRunning);
     startButton->setEnabled(isRunning || count > 0);
     startButton->setText(!isRunning         ? tr("&Start")
-                         : batch.isPaused() ? tr("&Go On")
-                                            : tr("&Pause"));
+                         : batch.isPaused() ? tr("Go O&n")
+                                            : tr("Pau&se"));
     stopButton->setEnabled(isRunning);
     openButton->setEnabled(QDir(choices().folder).exists());
     said->setText(stateText(count));

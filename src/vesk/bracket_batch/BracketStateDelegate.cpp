@@ -7,6 +7,8 @@
 namespace {
 
 constexpr int kWhole = 100;
+constexpr int kBarLetters = 16;
+constexpr int kRowMargin = 6;
 
 } // namespace
 
@@ -30,4 +32,12 @@ void BracketStateDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
     bar.textVisible = true;
     bar.textAlignment = Qt::AlignCenter;
     style->drawControl(QStyle::CE_ProgressBar, &bar, painter, option.widget);
+}
+
+QSize BracketStateDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                     const QModelIndex &index) const
+{
+    const QSize bar(kBarLetters * option.fontMetrics.averageCharWidth(),
+                    option.fontMetrics.height() + kRowMargin);
+    return QStyledItemDelegate::sizeHint(option, index).expandedTo(bar);
 }

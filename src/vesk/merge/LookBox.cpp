@@ -13,20 +13,20 @@ LookBox::LookBox(QWidget *parent)
     , automatic(new QPushButton(tr("Aut&o")))
 {
     using exposure::Look;
-    add(tr("&Exposure:"), "exposureSlider", -4, 4, &Look::exposure);
-    add(tr("H&ighlights:"), "highlightsSlider", -1, 1, &Look::highlights);
-    add(tr("Shado&ws:"), "shadowsSlider", -1, 1, &Look::shadows);
-    add(tr("&Contrast:"), "contrastSlider", -1, 1, &Look::contrast);
-    add(tr("Blac&k point:"), "blackPointSlider", 0, 0.4, &Look::blackPoint);
-    add(tr("White &point:"), "whitePointSlider", 0.6, 1, &Look::whitePoint);
-    add(tr("&Saturation:"), "saturationSlider", 0, 3, &Look::saturation);
+    add(tr("Exposure:"), "exposureSlider", -4, 4, &Look::exposure);
+    add(tr("Highlights:"), "highlightsSlider", -1, 1, &Look::highlights);
+    add(tr("Shadows:"), "shadowsSlider", -1, 1, &Look::shadows);
+    add(tr("Contrast:"), "contrastSlider", -1, 1, &Look::contrast);
+    add(tr("Black point:"), "blackPointSlider", 0, 0.4, &Look::blackPoint);
+    add(tr("White point:"), "whitePointSlider", 0.6, 1, &Look::whitePoint);
+    add(tr("Saturation:"), "saturationSlider", 0, 3, &Look::saturation);
     addButtons();
 }
 
 void LookBox::add(const QString &text, const char *name, double least, double most,
                   double exposure::Look::*number)
 {
-    const QString spoken = QString(text).remove(QLatin1Char('&')).remove(QLatin1Char(':'));
+    const QString spoken = QString(text).remove(QLatin1Char(':')).remove(QChar(0xFF1A)).trimmed();
     auto *slider = new LookSlider(spoken, least, most, exposure::Look().*number);
     slider->setObjectName(QLatin1String(name));
     slider->setAccessibleName(spoken);

@@ -77,7 +77,7 @@ QWidget *MergeOptionsPanel::makeMergeBox()
     crop->setObjectName(QStringLiteral("cropBox"));
     for (QComboBox *list : {method, alignment, ghosts}) // long names must not widen the panel
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    addRow(*form, tr("&Method:"), method);
+    addRow(*form, tr("M&ethod:"), method);
     addRow(*form, tr("&Alignment:"), alignment);
     //: What moved between the shots.
     addRow(*form, tr("&Ghosts:"), ghosts);

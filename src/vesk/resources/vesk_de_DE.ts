@@ -75,11 +75,7 @@
     </message>
     <message>
         <source>Sto&amp;p</source>
-        <translation>&amp;Anhalten</translation>
-    </message>
-    <message>
-        <source>Show &amp;Results</source>
-        <translation>&amp;Ergebnisse zeigen</translation>
+        <translation>Anhal&amp;ten</translation>
     </message>
     <message>
         <source>Close</source>
@@ -108,14 +104,6 @@
     <message>
         <source>For&amp;mat:</source>
         <translation>For&amp;mat:</translation>
-    </message>
-    <message>
-        <source>&amp;Go On</source>
-        <translation>&amp;Fortsetzen</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>&amp;Pause</translation>
     </message>
     <message>
         <source>Looking for brackets…</source>
@@ -148,6 +136,18 @@
     <message>
         <source>%1 of %2, about %3 left</source>
         <translation>%1 von %2, noch etwa %3</translation>
+    </message>
+    <message>
+        <source>Show Resu&amp;lts</source>
+        <translation>&amp;Ergebnisse zeigen</translation>
+    </message>
+    <message>
+        <source>Go O&amp;n</source>
+        <translation>Fo&amp;rtsetzen</translation>
+    </message>
+    <message>
+        <source>Pau&amp;se</source>
+        <translation>&amp;Pause</translation>
     </message>
 </context>
 <context>
@@ -894,36 +894,8 @@
         <translation>Aussehen</translation>
     </message>
     <message>
-        <source>&amp;Exposure:</source>
-        <translation>&amp;Belichtung:</translation>
-    </message>
-    <message>
-        <source>H&amp;ighlights:</source>
-        <translation>L&amp;ichter:</translation>
-    </message>
-    <message>
-        <source>Shado&amp;ws:</source>
-        <translation>T&amp;iefen:</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>&amp;Kontrast:</translation>
-    </message>
-    <message>
-        <source>Blac&amp;k point:</source>
-        <translation>Schwarzp&amp;unkt:</translation>
-    </message>
-    <message>
-        <source>White &amp;point:</source>
-        <translation>Wei&amp;ßpunkt:</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>&amp;Sättigung:</translation>
-    </message>
-    <message>
         <source>Aut&amp;o</source>
-        <translation>A&amp;utomatisch</translation>
+        <translation>Automatis&amp;ch</translation>
     </message>
     <message>
         <source>A look that suits the picture, to begin with</source>
@@ -932,6 +904,34 @@
     <message>
         <source>Rese&amp;t</source>
         <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>Belichtung:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>Lichter:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>Tiefen:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>Kontrast:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>Schwarzpunkt:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>Weißpunkt:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>Sättigung:</translation>
     </message>
 </context>
 <context>
@@ -1028,10 +1028,6 @@
         <translation>Mittel (wie „Zu HDR zusammenfügen“)</translation>
     </message>
     <message>
-        <source>&amp;Method:</source>
-        <translation>&amp;Verfahren:</translation>
-    </message>
-    <message>
         <source>&amp;Alignment:</source>
         <translation>&amp;Ausrichten:</translation>
     </message>
@@ -1068,6 +1064,10 @@
     <message>
         <source>Light of the scene</source>
         <translation>Licht der Szene</translation>
+    </message>
+    <message>
+        <source>M&amp;ethod:</source>
+        <translation>&amp;Verfahren:</translation>
     </message>
 </context>
 <context>

@@ -78,10 +78,6 @@
         <translation>&amp;Detener</translation>
     </message>
     <message>
-        <source>Show &amp;Results</source>
-        <translation>Mostrar &amp;resultados</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>Cerrar</translation>
     </message>
@@ -107,15 +103,7 @@
     </message>
     <message>
         <source>For&amp;mat:</source>
-        <translation>For&amp;mato:</translation>
-    </message>
-    <message>
-        <source>&amp;Go On</source>
-        <translation>Con&amp;tinuar</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>&amp;Pausar</translation>
+        <translation>&amp;Formato:</translation>
     </message>
     <message>
         <source>Looking for brackets…</source>
@@ -148,6 +136,18 @@
     <message>
         <source>%1 of %2, about %3 left</source>
         <translation>%1 de %2, quedan unos %3</translation>
+    </message>
+    <message>
+        <source>Show Resu&amp;lts</source>
+        <translation>Mo&amp;strar resultados</translation>
+    </message>
+    <message>
+        <source>Go O&amp;n</source>
+        <translation>Con&amp;tinuar</translation>
+    </message>
+    <message>
+        <source>Pau&amp;se</source>
+        <translation>&amp;Pausar</translation>
     </message>
 </context>
 <context>
@@ -894,36 +894,8 @@
         <translation>Aspecto</translation>
     </message>
     <message>
-        <source>&amp;Exposure:</source>
-        <translation>&amp;Exposición:</translation>
-    </message>
-    <message>
-        <source>H&amp;ighlights:</source>
-        <translation>Al&amp;tas luces:</translation>
-    </message>
-    <message>
-        <source>Shado&amp;ws:</source>
-        <translation>So&amp;mbras:</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>&amp;Contraste:</translation>
-    </message>
-    <message>
-        <source>Blac&amp;k point:</source>
-        <translation>Punto ne&amp;gro:</translation>
-    </message>
-    <message>
-        <source>White &amp;point:</source>
-        <translation>Punto &amp;blanco:</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>&amp;Saturación:</translation>
-    </message>
-    <message>
         <source>Aut&amp;o</source>
-        <translation>A&amp;utomático</translation>
+        <translation>Aut&amp;omático</translation>
     </message>
     <message>
         <source>A look that suits the picture, to begin with</source>
@@ -932,6 +904,34 @@
     <message>
         <source>Rese&amp;t</source>
         <translation>Resta&amp;blecer</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>Exposición:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>Luces:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>Sombras:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>Contraste:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>Punto negro:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>Punto blanco:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>Saturación:</translation>
     </message>
 </context>
 <context>
@@ -1028,17 +1028,13 @@
         <translation>Media (como «Combinar en HDR»)</translation>
     </message>
     <message>
-        <source>&amp;Method:</source>
-        <translation>&amp;Método:</translation>
-    </message>
-    <message>
         <source>&amp;Alignment:</source>
         <translation>&amp;Alineación:</translation>
     </message>
     <message>
         <source>&amp;Ghosts:</source>
         <extracomment>What moved between the shots.</extracomment>
-        <translation>Fan&amp;tasmas:</translation>
+        <translation>Fa&amp;ntasmas:</translation>
     </message>
     <message>
         <source>Remove, automatically</source>
@@ -1068,6 +1064,10 @@
     <message>
         <source>Light of the scene</source>
         <translation>Luz de la escena</translation>
+    </message>
+    <message>
+        <source>M&amp;ethod:</source>
+        <translation>&amp;Método:</translation>
     </message>
 </context>
 <context>

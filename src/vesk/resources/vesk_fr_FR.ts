@@ -75,11 +75,7 @@
     </message>
     <message>
         <source>Sto&amp;p</source>
-        <translation>A&amp;rrêter</translation>
-    </message>
-    <message>
-        <source>Show &amp;Results</source>
-        <translation>Afficher les &amp;résultats</translation>
+        <translation>Arrêt&amp;er</translation>
     </message>
     <message>
         <source>Close</source>
@@ -107,15 +103,7 @@
     </message>
     <message>
         <source>For&amp;mat:</source>
-        <translation>For&amp;mat :</translation>
-    </message>
-    <message>
-        <source>&amp;Go On</source>
-        <translation>&amp;Reprendre</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>&amp;Pause</translation>
+        <translation>&amp;Format :</translation>
     </message>
     <message>
         <source>Looking for brackets…</source>
@@ -148,6 +136,18 @@
     <message>
         <source>%1 of %2, about %3 left</source>
         <translation>%1 sur %2, encore %3 environ</translation>
+    </message>
+    <message>
+        <source>Show Resu&amp;lts</source>
+        <translation>Afficher les résu&amp;ltats</translation>
+    </message>
+    <message>
+        <source>Go O&amp;n</source>
+        <translation>Repre&amp;ndre</translation>
+    </message>
+    <message>
+        <source>Pau&amp;se</source>
+        <translation>Pau&amp;se</translation>
     </message>
 </context>
 <context>
@@ -894,34 +894,6 @@
         <translation>Aspect</translation>
     </message>
     <message>
-        <source>&amp;Exposure:</source>
-        <translation>&amp;Exposition :</translation>
-    </message>
-    <message>
-        <source>H&amp;ighlights:</source>
-        <translation>&amp;Hautes lumières :</translation>
-    </message>
-    <message>
-        <source>Shado&amp;ws:</source>
-        <translation>&amp;Ombres :</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>&amp;Contraste :</translation>
-    </message>
-    <message>
-        <source>Blac&amp;k point:</source>
-        <translation>Point &amp;noir :</translation>
-    </message>
-    <message>
-        <source>White &amp;point:</source>
-        <translation>&amp;Point blanc :</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>&amp;Saturation :</translation>
-    </message>
-    <message>
         <source>Aut&amp;o</source>
         <translation>Aut&amp;o</translation>
     </message>
@@ -932,6 +904,34 @@
     <message>
         <source>Rese&amp;t</source>
         <translation>Réin&amp;itialiser</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>Exposition :</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>Hautes lumières :</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>Ombres :</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>Contraste :</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>Point noir :</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>Point blanc :</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>Saturation :</translation>
     </message>
 </context>
 <context>
@@ -1028,10 +1028,6 @@
         <translation>Moyenne (comme « Fusion HDR »)</translation>
     </message>
     <message>
-        <source>&amp;Method:</source>
-        <translation>&amp;Méthode :</translation>
-    </message>
-    <message>
         <source>&amp;Alignment:</source>
         <translation>&amp;Alignement :</translation>
     </message>
@@ -1068,6 +1064,10 @@
     <message>
         <source>Light of the scene</source>
         <translation>Lumière de la scène</translation>
+    </message>
+    <message>
+        <source>M&amp;ethod:</source>
+        <translation>&amp;Méthode :</translation>
     </message>
 </context>
 <context>

@@ -78,10 +78,6 @@
         <translation>停止(&amp;P)</translation>
     </message>
     <message>
-        <source>Show &amp;Results</source>
-        <translation>結果を表示(&amp;R)</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>閉じる</translation>
     </message>
@@ -108,14 +104,6 @@
     <message>
         <source>For&amp;mat:</source>
         <translation>形式(&amp;M):</translation>
-    </message>
-    <message>
-        <source>&amp;Go On</source>
-        <translation>再開(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>一時停止(&amp;P)</translation>
     </message>
     <message>
         <source>Looking for brackets…</source>
@@ -148,6 +136,18 @@
     <message>
         <source>%1 of %2, about %3 left</source>
         <translation>%1 / %2、残り約 %3</translation>
+    </message>
+    <message>
+        <source>Show Resu&amp;lts</source>
+        <translation>結果を表示(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Go O&amp;n</source>
+        <translation>再開(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Pau&amp;se</source>
+        <translation>一時停止(&amp;S)</translation>
     </message>
 </context>
 <context>
@@ -894,34 +894,6 @@
         <translation>仕上がり</translation>
     </message>
     <message>
-        <source>&amp;Exposure:</source>
-        <translation>露出(&amp;E):</translation>
-    </message>
-    <message>
-        <source>H&amp;ighlights:</source>
-        <translation>ハイライト(&amp;I):</translation>
-    </message>
-    <message>
-        <source>Shado&amp;ws:</source>
-        <translation>シャドウ(&amp;W):</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>コントラスト(&amp;C):</translation>
-    </message>
-    <message>
-        <source>Blac&amp;k point:</source>
-        <translation>黒点(&amp;K):</translation>
-    </message>
-    <message>
-        <source>White &amp;point:</source>
-        <translation>白点(&amp;P):</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>彩度(&amp;S):</translation>
-    </message>
-    <message>
         <source>Aut&amp;o</source>
         <translation>自動(&amp;O)</translation>
     </message>
@@ -932,6 +904,34 @@
     <message>
         <source>Rese&amp;t</source>
         <translation>リセット(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>露出:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>ハイライト:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>シャドウ:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>コントラスト:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>ブラックポイント:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>ホワイトポイント:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>彩度:</translation>
     </message>
 </context>
 <context>
@@ -1028,10 +1028,6 @@
         <translation>平均（「HDR に統合」と同じ）</translation>
     </message>
     <message>
-        <source>&amp;Method:</source>
-        <translation>方法(&amp;M):</translation>
-    </message>
-    <message>
         <source>&amp;Alignment:</source>
         <translation>位置合わせ(&amp;A):</translation>
     </message>
@@ -1068,6 +1064,10 @@
     <message>
         <source>Light of the scene</source>
         <translation>シーンの光</translation>
+    </message>
+    <message>
+        <source>M&amp;ethod:</source>
+        <translation>方法(&amp;E):</translation>
     </message>
 </context>
 <context>

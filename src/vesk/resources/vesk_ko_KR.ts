@@ -78,10 +78,6 @@
         <translation>중지(&amp;P)</translation>
     </message>
     <message>
-        <source>Show &amp;Results</source>
-        <translation>결과 보기(&amp;R)</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>닫기</translation>
     </message>
@@ -108,14 +104,6 @@
     <message>
         <source>For&amp;mat:</source>
         <translation>형식(&amp;M):</translation>
-    </message>
-    <message>
-        <source>&amp;Go On</source>
-        <translation>계속(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>일시 정지(&amp;P)</translation>
     </message>
     <message>
         <source>Looking for brackets…</source>
@@ -148,6 +136,18 @@
     <message>
         <source>%1 of %2, about %3 left</source>
         <translation>%1/%2, 약 %3 남음</translation>
+    </message>
+    <message>
+        <source>Show Resu&amp;lts</source>
+        <translation>결과 보기(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Go O&amp;n</source>
+        <translation>계속(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Pau&amp;se</source>
+        <translation>일시 정지(&amp;S)</translation>
     </message>
 </context>
 <context>
@@ -894,34 +894,6 @@
         <translation>모양</translation>
     </message>
     <message>
-        <source>&amp;Exposure:</source>
-        <translation>노출(&amp;E):</translation>
-    </message>
-    <message>
-        <source>H&amp;ighlights:</source>
-        <translation>밝은 영역(&amp;I):</translation>
-    </message>
-    <message>
-        <source>Shado&amp;ws:</source>
-        <translation>어두운 영역(&amp;W):</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>대비(&amp;C):</translation>
-    </message>
-    <message>
-        <source>Blac&amp;k point:</source>
-        <translation>검정점(&amp;K):</translation>
-    </message>
-    <message>
-        <source>White &amp;point:</source>
-        <translation>흰점(&amp;P):</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>채도(&amp;S):</translation>
-    </message>
-    <message>
         <source>Aut&amp;o</source>
         <translation>자동(&amp;O)</translation>
     </message>
@@ -932,6 +904,34 @@
     <message>
         <source>Rese&amp;t</source>
         <translation>초기화(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>노출:</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>밝은 영역:</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>어두운 영역:</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>대비:</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>검정점:</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>흰점:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>채도:</translation>
     </message>
 </context>
 <context>
@@ -1028,10 +1028,6 @@
         <translation>평균 (‘HDR로 병합’과 같음)</translation>
     </message>
     <message>
-        <source>&amp;Method:</source>
-        <translation>방법(&amp;M):</translation>
-    </message>
-    <message>
         <source>&amp;Alignment:</source>
         <translation>정렬(&amp;A):</translation>
     </message>
@@ -1068,6 +1064,10 @@
     <message>
         <source>Light of the scene</source>
         <translation>장면의 빛</translation>
+    </message>
+    <message>
+        <source>M&amp;ethod:</source>
+        <translation>방법(&amp;E):</translation>
     </message>
 </context>
 <context>

@@ -78,10 +78,6 @@
         <translation>停止(&amp;P)</translation>
     </message>
     <message>
-        <source>Show &amp;Results</source>
-        <translation>显示结果(&amp;R)</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>关闭</translation>
     </message>
@@ -108,14 +104,6 @@
     <message>
         <source>For&amp;mat:</source>
         <translation>格式(&amp;M)：</translation>
-    </message>
-    <message>
-        <source>&amp;Go On</source>
-        <translation>继续(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>暂停(&amp;P)</translation>
     </message>
     <message>
         <source>Looking for brackets…</source>
@@ -148,6 +136,18 @@
     <message>
         <source>%1 of %2, about %3 left</source>
         <translation>%1 / %2，约剩 %3</translation>
+    </message>
+    <message>
+        <source>Show Resu&amp;lts</source>
+        <translation>显示结果(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Go O&amp;n</source>
+        <translation>继续(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Pau&amp;se</source>
+        <translation>暂停(&amp;S)</translation>
     </message>
 </context>
 <context>
@@ -894,34 +894,6 @@
         <translation>外观</translation>
     </message>
     <message>
-        <source>&amp;Exposure:</source>
-        <translation>曝光(&amp;E)：</translation>
-    </message>
-    <message>
-        <source>H&amp;ighlights:</source>
-        <translation>高光(&amp;I)：</translation>
-    </message>
-    <message>
-        <source>Shado&amp;ws:</source>
-        <translation>阴影(&amp;W)：</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>对比度(&amp;C)：</translation>
-    </message>
-    <message>
-        <source>Blac&amp;k point:</source>
-        <translation>黑场(&amp;K)：</translation>
-    </message>
-    <message>
-        <source>White &amp;point:</source>
-        <translation>白场(&amp;P)：</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>饱和度(&amp;S)：</translation>
-    </message>
-    <message>
         <source>Aut&amp;o</source>
         <translation>自动(&amp;O)</translation>
     </message>
@@ -932,6 +904,34 @@
     <message>
         <source>Rese&amp;t</source>
         <translation>重置(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>曝光：</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>高光：</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>阴影：</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>对比度：</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>黑场：</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>白场：</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>饱和度：</translation>
     </message>
 </context>
 <context>
@@ -1028,10 +1028,6 @@
         <translation>平均（同“合并到 HDR”）</translation>
     </message>
     <message>
-        <source>&amp;Method:</source>
-        <translation>方法(&amp;M)：</translation>
-    </message>
-    <message>
         <source>&amp;Alignment:</source>
         <translation>对齐(&amp;A)：</translation>
     </message>
@@ -1068,6 +1064,10 @@
     <message>
         <source>Light of the scene</source>
         <translation>场景的光照</translation>
+    </message>
+    <message>
+        <source>M&amp;ethod:</source>
+        <translation>方法(&amp;E)：</translation>
     </message>
 </context>
 <context>

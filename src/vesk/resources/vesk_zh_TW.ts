@@ -78,10 +78,6 @@
         <translation>停止(&amp;P)</translation>
     </message>
     <message>
-        <source>Show &amp;Results</source>
-        <translation>顯示結果(&amp;R)</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>關閉</translation>
     </message>
@@ -108,14 +104,6 @@
     <message>
         <source>For&amp;mat:</source>
         <translation>格式(&amp;M)：</translation>
-    </message>
-    <message>
-        <source>&amp;Go On</source>
-        <translation>繼續(&amp;G)</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>暫停(&amp;P)</translation>
     </message>
     <message>
         <source>Looking for brackets…</source>
@@ -148,6 +136,18 @@
     <message>
         <source>%1 of %2, about %3 left</source>
         <translation>%1 / %2，約剩 %3</translation>
+    </message>
+    <message>
+        <source>Show Resu&amp;lts</source>
+        <translation>顯示結果(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Go O&amp;n</source>
+        <translation>繼續(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Pau&amp;se</source>
+        <translation>暫停(&amp;S)</translation>
     </message>
 </context>
 <context>
@@ -894,34 +894,6 @@
         <translation>外觀</translation>
     </message>
     <message>
-        <source>&amp;Exposure:</source>
-        <translation>曝光(&amp;E)：</translation>
-    </message>
-    <message>
-        <source>H&amp;ighlights:</source>
-        <translation>亮部(&amp;I)：</translation>
-    </message>
-    <message>
-        <source>Shado&amp;ws:</source>
-        <translation>陰影(&amp;W)：</translation>
-    </message>
-    <message>
-        <source>&amp;Contrast:</source>
-        <translation>對比度(&amp;C)：</translation>
-    </message>
-    <message>
-        <source>Blac&amp;k point:</source>
-        <translation>黑點(&amp;K)：</translation>
-    </message>
-    <message>
-        <source>White &amp;point:</source>
-        <translation>白點(&amp;P)：</translation>
-    </message>
-    <message>
-        <source>&amp;Saturation:</source>
-        <translation>飽和度(&amp;S)：</translation>
-    </message>
-    <message>
         <source>Aut&amp;o</source>
         <translation>自動(&amp;O)</translation>
     </message>
@@ -932,6 +904,34 @@
     <message>
         <source>Rese&amp;t</source>
         <translation>重設(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>曝光：</translation>
+    </message>
+    <message>
+        <source>Highlights:</source>
+        <translation>亮部：</translation>
+    </message>
+    <message>
+        <source>Shadows:</source>
+        <translation>暗部：</translation>
+    </message>
+    <message>
+        <source>Contrast:</source>
+        <translation>對比：</translation>
+    </message>
+    <message>
+        <source>Black point:</source>
+        <translation>黑點：</translation>
+    </message>
+    <message>
+        <source>White point:</source>
+        <translation>白點：</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>飽和度：</translation>
     </message>
 </context>
 <context>
@@ -1028,10 +1028,6 @@
         <translation>平均（同「合併為 HDR」）</translation>
     </message>
     <message>
-        <source>&amp;Method:</source>
-        <translation>方法(&amp;M)：</translation>
-    </message>
-    <message>
         <source>&amp;Alignment:</source>
         <translation>對齊(&amp;A)：</translation>
     </message>
@@ -1068,6 +1064,10 @@
     <message>
         <source>Light of the scene</source>
         <translation>場景的光照</translation>
+    </message>
+    <message>
+        <source>M&amp;ethod:</source>
+        <translation>方法(&amp;E)：</translation>
     </message>
 </context>
 <context>

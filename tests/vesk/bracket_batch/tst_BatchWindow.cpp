@@ -361,7 +361,7 @@ void TestBatchWindow::pause_waitsBehindTheOneUnderWay()
     auto *start = part<QPushButton>("startButton");
     start->click();
     start->click();
-    QCOMPARE(start->text(), QStringLiteral("&Go On"));
+    QCOMPARE(start->text(), QStringLiteral("Go O&n"));
     QTRY_VERIFY_WITH_TIMEOUT(table()->count(State::Merging) == 0, kPatienceMs);
     QVERIFY(table()->count(State::Merged) < 3);
     QVERIFY(part<QPushButton>("stopButton")->isEnabled());
