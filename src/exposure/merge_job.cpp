@@ -6,6 +6,7 @@
 #include "parallel_rows.h"
 #include "radiance.h"
 #include "screen_levels.h"
+#include "taken_parts.h"
 
 #include <QColorSpace>
 #include <QElapsedTimer>
@@ -66,9 +67,12 @@ public:
 
 private:
     void check();
+    void checkTakes();
     void align();
     void resample();
+    void chooseShots();
     void findGhosts();
+    void addTakes();
     void fuse();
     void mergeLight(QImage &light);
     void mergeProduct();
@@ -93,8 +97,8 @@ Outcome Job::run()
 {
     check();
     timed(&Job::align, outcome.report.registerMs);
-    if (options.ghosts == Ghosts::Remove && shots.size() > 1)
-        timed(&Job::findGhosts, outcome.report.ghostsMs);
+    if (shots.size() > 1)
+        timed(&Job::chooseShots, outcome.report.ghostsMs);
     timed(&Job::mergeProduct, outcome.report.fuseMs);
     if (isGoingOn())
         finish();
@@ -134,11 +138,28 @@ void Job::check()
     const auto differs = [size](const QImage &shot) { return shot.size() != size; };
     if (std::any_of(shots.cbegin(), shots.cend(), differs))
         return fail(Error::DifferentSizes);
+    checkTakes();
     outcome.report.transforms.resize(size_t(shots.size()));
     for (registration::Transform &transform : outcome.report.transforms)
         transform = {registration::Kind::Identity, registration::identityMatrix(), 1.0, 0.0,
                      registration::Reason::None};
     outcome.report.area = QRect(QPoint(), size);
+}
+
+void Job::checkTakes()
+{
+    const auto isNoShot = [this](const auto &take) {
+        return take.shot < 0 || take.shot >= shots.size();
+    };
+    const auto hasOtherSize = [this](const motion::Take &take) {
+        return take.mask.size() != shots.first().size();
+    };
+    const std::vector<motion::Take> &takes = options.takes;
+    if (std::any_of(takes.begin(), takes.end(), isNoShot) ||
+        std::any_of(options.things.begin(), options.things.end(), isNoShot))
+        return fail(Error::NoSuchShot);
+    if (std::any_of(takes.begin(), takes.end(), hasOtherSize))
+        return fail(Error::OtherMaskSize);
 }
 
 void Job::align()
@@ -176,6 +197,31 @@ void Job::resample()
     }
 }
 
+void Job::chooseShots()
+{
+    if (options.ghosts == Ghosts::Remove)
+        findGhosts();
+    if (isGoingOn() && !options.takes.empty())
+        addTakes();
+}
+
+/// The takes of what the picture shows.
+void Job::addTakes()
+{
+    const QRect area = outcome.report.area;
+    std::vector<motion::Take> takes = options.takes;
+    for (motion::Take &take : takes) {
+        take.mask = std::move(take.mask).convertToFormat(QImage::Format_Grayscale8);
+        if (area.size() != take.mask.size())
+            take.mask = take.mask.copy(area);
+        if (take.mask.isNull())
+            return fail(Error::NoMemory);
+    }
+    const std::vector<QImage> pictures(shots.cbegin(), shots.cend());
+    if (!motion::addTakes(takes, pictures, masks, control.cancelled))
+        fail(Error::Cancelled);
+}
+
 void Job::findGhosts()
 {
     motion::Control hand;
@@ -187,7 +233,10 @@ void Job::findGhosts()
         if (pictures.back().isNull())
             return fail(Error::NoMemory);
     }
-    motion::Result result = motion::find(pictures, options.ghostReference, hand);
+    std::vector<motion::ThingTake> things = options.things;
+    for (motion::ThingTake &thing : things)
+        thing.place -= outcome.report.area.topLeft();
+    motion::Result result = motion::find(pictures, options.ghostReference, hand, things);
     switch (result.status) {
     case motion::Status::Done:
         break;

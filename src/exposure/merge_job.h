@@ -4,6 +4,7 @@
 #include "fusion_options.h"
 #include "radiance_options.h"
 #include "shot_placement.h"
+#include "taken_parts.h"
 
 #include <QImage>
 #include <QList>
@@ -36,9 +37,15 @@ struct Options
     int reference = kAutomatic;
     Ghosts ghosts = Ghosts::Remove;
     int ghostReference = kAutomatic; ///< index of the shot that moving things come from
-    bool crop = false;               ///< to the area that every shot covers
-    fusion::Options weights;         ///< of the fusion
-    Look adjustment;                 ///< of the fusion
+    /// Of the moving things that are removed, those that come from other shots; places are those of
+    /// the reference.
+    std::vector<motion::ThingTake> things;
+    /// Parts that come from one shot each, whatever else is done about ghosts, with masks of the
+    /// reference's size; see motion::addTakes.
+    std::vector<motion::Take> takes;
+    bool crop = false;       ///< to the area that every shot covers
+    fusion::Options weights; ///< of the fusion
+    Look adjustment;         ///< of the fusion
     /// Of the radiance: for each shot, see radiance::Shot; or empty, when none is known.
     std::vector<double> exposures;
     radiance::Curve curve = radiance::Curve::Automatic; ///< of the radiance
@@ -59,7 +66,9 @@ enum class Error {
     NoMemory,
     NoPictures, ///< none, one null, more than fusion::kMostShots, or exposures not one for each
     DifferentSizes,
-    NothingCovered ///< cropping leaves nothing
+    NothingCovered, ///< cropping leaves nothing
+    NoSuchShot,     ///< a take or a thing is to come from a shot that is not there
+    OtherMaskSize   ///< the mask of a take has not the shots' size
 };
 
 /// What was done, step by step.

@@ -5,6 +5,7 @@
 #include "parallel_rows.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -102,6 +103,26 @@ int motion::blockSide(QSize size)
     while (side < kLargestBlock && std::max(size.width(), size.height()) > kLongestSide * side)
         side *= 2;
     return side;
+}
+
+QImage motion::readable(const QImage &picture)
+{
+    switch (picture.format()) {
+    case QImage::Format_RGB32:
+    case QImage::Format_ARGB32:
+    case QImage::Format_ARGB32_Premultiplied:
+    case QImage::Format_RGBX64:
+    case QImage::Format_RGBA64:
+    case QImage::Format_RGBA64_Premultiplied:
+        return picture;
+    default:
+        break;
+    }
+    QImage converted = picture.convertToFormat(picture.hasAlphaChannel() ? QImage::Format_ARGB32
+                                                                         : QImage::Format_RGB32);
+    if (converted.isNull())
+        throw std::bad_alloc();
+    return converted;
 }
 
 motion::SmallShot motion::shrink(const QImage &picture, int side)

@@ -28,6 +28,9 @@ struct SmallShot
 /// most 1000 pixels on the longer side, up to pictures of 16000.
 int blockSide(QSize size);
 
+/// The picture in one of the formats that shrink() takes. Throws std::bad_alloc.
+QImage readable(const QImage &picture);
+
 /// The blocks at the right and the bottom hold what there is.
 /// picture: Format_RGB32, ARGB32(_Premultiplied), RGBX64 or RGBA64(_Premultiplied).
 /// Throws std::bad_alloc. Any thread, reentrant; uses all cores inside the call.

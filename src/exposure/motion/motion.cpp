@@ -19,6 +19,7 @@ using motion::RegionChoice;
 using motion::Result;
 using motion::SmallShot;
 using motion::Status;
+using motion::ThingTake;
 
 constexpr size_t kMostShots = 64;
 constexpr int kMargin = 3; ///< around what moved, at the small size; the soft edge lies in it
@@ -49,30 +50,19 @@ private:
     const Control &control;
 };
 
-bool canBeSearched(const std::vector<QImage> &shots, int reference)
+bool canBeSearched(const std::vector<QImage> &shots, int reference,
+                   const std::vector<ThingTake> &things)
 {
-    const bool isCountRight = shots.size() >= 2 && shots.size() <= kMostShots;
-    if (!isCountRight || reference >= static_cast<int>(shots.size()))
+    const auto count = static_cast<int>(shots.size());
+    if (shots.size() < 2 || shots.size() > kMostShots || reference >= count)
+        return false;
+    if (std::any_of(things.begin(), things.end(), [count](const ThingTake &thing) {
+            return thing.shot < 0 || thing.shot >= count;
+        }))
         return false;
     return std::all_of(shots.begin(), shots.end(), [&](const QImage &shot) {
         return !shot.isNull() && shot.size() == shots.front().size();
     });
-}
-
-QImage inFormat(const QImage &picture)
-{
-    switch (picture.format()) {
-    case QImage::Format_RGB32:
-    case QImage::Format_ARGB32:
-    case QImage::Format_ARGB32_Premultiplied:
-    case QImage::Format_RGBX64:
-    case QImage::Format_RGBA64:
-    case QImage::Format_RGBA64_Premultiplied:
-        return picture;
-    default:
-        return picture.convertToFormat(picture.hasAlphaChannel() ? QImage::Format_ARGB32
-                                                                 : QImage::Format_RGB32);
-    }
 }
 
 /// Takes a region's places from the shots that the choice leaves out, but those where all that it
@@ -148,7 +138,28 @@ std::vector<Region> movingRegions(const motion::Movement &movement, const SmallS
     return motion::touching(grown, small.width, kLeastPlaces);
 }
 
-Result masksOf(const std::vector<SmallShot> &shots, int side, QSize size, int fixed,
+/// Which shots are to be the references of regions.
+struct Wishes
+{
+    int reference; ///< of all of them, or kAutomatic
+    const std::vector<ThingTake> &things;
+};
+
+/// That of a region with a place that somebody has named; the last one's, if there are several.
+int referenceOf(const Region &region, const Wishes &wishes, int side, int width)
+{
+    int reference = wishes.reference;
+    for (const ThingTake &thing : wishes.things) {
+        const QPoint block(thing.place.x() / side, thing.place.y() / side);
+        const auto place = static_cast<size_t>(block.y()) * size_t(width) + size_t(block.x());
+        if (thing.place.x() >= 0 && thing.place.y() >= 0 && block.x() < width &&
+            std::binary_search(region.begin(), region.end(), place))
+            reference = thing.shot;
+    }
+    return reference;
+}
+
+Result masksOf(const std::vector<SmallShot> &shots, int side, QSize size, const Wishes &wishes,
                const Steps &steps)
 {
     Result result;
@@ -160,6 +171,7 @@ Result masksOf(const std::vector<SmallShot> &shots, int side, QSize size, int fi
     for (size_t i = 0; i < regions.size(); ++i) {
         if (!steps.reached(0.7 + 0.2 * double(i) / double(regions.size())))
             return result;
+        const int fixed = referenceOf(regions[i], wishes, side, shots[0].width);
         cut(regions[i], motion::choose(regions[i], shots, movement, fixed), shots, movement,
             usable);
         for (const size_t place : regions[i])
@@ -177,7 +189,7 @@ Result masksOf(const std::vector<SmallShot> &shots, int side, QSize size, int fi
     return result;
 }
 
-Result search(const std::vector<QImage> &shots, int reference, const Steps &steps)
+Result search(const std::vector<QImage> &shots, const Wishes &wishes, const Steps &steps)
 {
     Result result;
     result.status = Status::Cancelled;
@@ -187,24 +199,22 @@ Result search(const std::vector<QImage> &shots, int reference, const Steps &step
     for (const QImage &shot : shots) {
         if (!steps.reached(0.5 * double(small.size()) / double(shots.size())))
             return result;
-        const QImage picture = inFormat(shot);
-        if (picture.isNull())
-            throw std::bad_alloc();
-        small.push_back(motion::shrink(picture, side));
+        small.push_back(motion::shrink(motion::readable(shot), side));
     }
     if (!steps.reached(0.5))
         return result;
-    return masksOf(small, side, size, reference, steps);
+    return masksOf(small, side, size, wishes, steps);
 }
 
 } // namespace
 
-Result motion::find(const std::vector<QImage> &shots, int reference, const Control &control)
+Result motion::find(const std::vector<QImage> &shots, int reference, const Control &control,
+                    const std::vector<ThingTake> &things)
 {
-    if (!canBeSearched(shots, reference))
+    if (!canBeSearched(shots, reference, things))
         return {};
     try {
-        return search(shots, reference, Steps(control));
+        return search(shots, {reference, things}, Steps(control));
     } catch (const std::bad_alloc &) {
         Result result;
         result.status = Status::OutOfMemory;

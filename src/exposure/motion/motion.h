@@ -1,5 +1,7 @@
 #pragma once
 
+#include "taken_parts.h"
+
 #include <QImage>
 
 #include <atomic>
@@ -34,9 +36,11 @@ struct Result
 };
 
 /// shots: 2 to 64 of one size, in any format and order; borrowed for the call. A pixel that is not
-/// opaque is not looked at. reference: the shot that all moving things come from, or kAutomatic.
+/// opaque is not looked at. reference: the shot that all moving things come from, or kAutomatic;
+/// things: those that come from others, as far as something moved there; of several for one thing
+/// the last counts.
 /// Throws nothing. Any thread, reentrant; uses all cores inside the call.
 Result find(const std::vector<QImage> &shots, int reference = kAutomatic,
-            const Control &control = {});
+            const Control &control = {}, const std::vector<ThingTake> &things = {});
 
 } // namespace motion

@@ -60,6 +60,9 @@ QString merge_texts::problem(exposure::Error error)
         return MergeTexts::tr("The pictures have different sizes.");
     case exposure::Error::NothingCovered:
         return MergeTexts::tr("Nothing is left to crop to: the pictures do not overlap.");
+    case exposure::Error::NoSuchShot:
+    case exposure::Error::OtherMaskSize:
+        return MergeTexts::tr("A painted part does not belong to these pictures.");
     case exposure::Error::NoMemory:
         break;
     }

@@ -1157,6 +1157,10 @@
         <source>%1 was left unaligned: %2.</source>
         <translation>%1 wurde nicht ausgerichtet: %2.</translation>
     </message>
+    <message>
+        <source>A painted part does not belong to these pictures.</source>
+        <translation>Ein gemalter Teil gehört nicht zu diesen Bildern.</translation>
+    </message>
 </context>
 <context>
     <name>MergeWorkspace</name>

@@ -1157,6 +1157,10 @@
         <source>%1 was left unaligned: %2.</source>
         <translation>%1 se dejó sin alinear: %2.</translation>
     </message>
+    <message>
+        <source>A painted part does not belong to these pictures.</source>
+        <translation>Una parte pintada no pertenece a estas imágenes.</translation>
+    </message>
 </context>
 <context>
     <name>MergeWorkspace</name>

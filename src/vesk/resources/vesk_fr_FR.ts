@@ -1157,6 +1157,10 @@
         <source>%1 was left unaligned: %2.</source>
         <translation>%1 n’a pas été alignée : %2.</translation>
     </message>
+    <message>
+        <source>A painted part does not belong to these pictures.</source>
+        <translation>Une partie peinte n’appartient pas à ces images.</translation>
+    </message>
 </context>
 <context>
     <name>MergeWorkspace</name>

@@ -1157,6 +1157,10 @@
         <source>%1 was left unaligned: %2.</source>
         <translation>%1 は位置合わせされませんでした：%2。</translation>
     </message>
+    <message>
+        <source>A painted part does not belong to these pictures.</source>
+        <translation>塗った部分がこれらの画像のものではありません。</translation>
+    </message>
 </context>
 <context>
     <name>MergeWorkspace</name>

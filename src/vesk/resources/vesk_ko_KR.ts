@@ -1157,6 +1157,10 @@
         <source>%1 was left unaligned: %2.</source>
         <translation>%1은(는) 정렬되지 않았습니다: %2.</translation>
     </message>
+    <message>
+        <source>A painted part does not belong to these pictures.</source>
+        <translation>칠한 부분이 이 사진들에 속하지 않습니다.</translation>
+    </message>
 </context>
 <context>
     <name>MergeWorkspace</name>

@@ -1157,6 +1157,10 @@
         <source>%1 was left unaligned: %2.</source>
         <translation>%1 未对齐：%2。</translation>
     </message>
+    <message>
+        <source>A painted part does not belong to these pictures.</source>
+        <translation>涂抹的部分不属于这些图片。</translation>
+    </message>
 </context>
 <context>
     <name>MergeWorkspace</name>

@@ -1157,6 +1157,10 @@
         <source>%1 was left unaligned: %2.</source>
         <translation>%1 未對齊：%2。</translation>
     </message>
+    <message>
+        <source>A painted part does not belong to these pictures.</source>
+        <translation>塗抹的部分不屬於這些圖片。</translation>
+    </message>
 </context>
 <context>
     <name>MergeWorkspace</name>

@@ -27,8 +27,8 @@ void TestMergeTexts::unaligned_namesTheShotAndTheReason()
 void TestMergeTexts::problem_everyError_isSaidInWords()
 {
     using exposure::Error;
-    for (const Error error :
-         {Error::NoMemory, Error::NoPictures, Error::DifferentSizes, Error::NothingCovered})
+    for (const Error error : {Error::NoMemory, Error::NoPictures, Error::DifferentSizes,
+                              Error::NothingCovered, Error::NoSuchShot, Error::OtherMaskSize})
         QVERIFY(!merge_texts::problem(error).isEmpty());
     for (const Error error : {Error::None, Error::Cancelled})
         QVERIFY(merge_texts::problem(error).isEmpty());
