@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Stroke.h"
+
+#include <QString>
+
+#include <optional>
+
+/// Strokes in the one word that the command line takes and results are marked with.
+namespace brush {
+
+/// Strokes joined by "+". Each is "SHOT:RADIUS:X,Y,DX,DY,...", the shot counted from 1, 0 for
+/// erasing; the first point, then the way from each to the next; or "SHOT@X,Y" for a thing.
+QString toText(const Strokes &strokes);
+
+/// Nothing where the text is no such word, or has numbers beyond all reason. Nobody has checked
+/// that the shots are there.
+std::optional<Strokes> fromText(const QString &text);
+
+} // namespace brush
