@@ -29,6 +29,8 @@ complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l align -x -a 'persp
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l reference -r -d 'The picture that the others are aligned to'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l ghosts -r -a 'auto off' -d 'The shot that moving things come from'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l ghost-mask -r -d 'Write what moved'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l take -r -d 'A shot for the light parts of a mask'
+complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l paint -x -d 'A shot for strokes of a brush'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l exposure -x -d 'Stops, -4 to 4'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l contrast -x -d '-1 to 1'
 complete -c veskhdr -n '__fish_seen_subcommand_from merge' -l highlights -x -d '-1 to 1'

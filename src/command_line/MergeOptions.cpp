@@ -2,6 +2,7 @@
 
 #include "MetadataOptions.h"
 #include "OutputOptions.h"
+#include "PartOptions.h"
 #include "option_choice.h"
 #include "picture_arguments.h"
 
@@ -81,6 +82,7 @@ public:
     void addTo(QCommandLineParser &parser) const
     {
         parser.addOptions({reference, ghosts, ghostMask});
+        parts.addTo(parser);
         for (const NumberOption &number : numbers)
             parser.addOption(number.option);
     }
@@ -91,6 +93,8 @@ public:
         QString problem = readNumbers(parser, options);
         if (problem.isEmpty())
             problem = readReferences(parser, options);
+        if (problem.isEmpty())
+            problem = parts.read(parser, options);
         if (problem.isEmpty() && parser.isSet(ghostMask)) {
             options.ghostMask = parser.value(ghostMask);
             const auto format = picture::formatOfSuffix(options.ghostMask);
@@ -106,7 +110,7 @@ public:
     {
         QList<QCommandLineOption> all;
         if (method == MergeMethod::Mean)
-            all += {reference, ghosts, ghostMask};
+            all += QList{reference, ghosts, ghostMask} + parts.all();
         for (const NumberOption &number : numbers) {
             if (method != MergeMethod::Fusion)
                 all += number.option;
@@ -160,6 +164,7 @@ private:
     const QCommandLineOption reference{QStringLiteral("reference"), {}, QStringLiteral("file")};
     const QCommandLineOption ghosts{QStringLiteral("ghosts"), {}, QStringLiteral("which")};
     const QCommandLineOption ghostMask{QStringLiteral("ghost-mask"), {}, QStringLiteral("file")};
+    const PartOptions parts;
     const std::vector<NumberOption> numbers;
 };
 

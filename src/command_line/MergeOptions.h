@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Stroke.h"
 #include "colour_profile.h"
 #include "gain_map_maker.h"
 #include "picture_decoder.h"
@@ -15,6 +16,13 @@ using MergeMethod = exposure::Method;
 
 /// The word that --method takes for it.
 QString wordOf(MergeMethod method);
+
+/// A part of the picture that comes from one shot.
+struct TakeFile
+{
+    int shot = 0; ///< its index
+    QString mask; ///< file of a picture that is light there
+};
 
 /// What the words after "veskhdr merge" ask for.
 struct MergeOptions
@@ -36,6 +44,8 @@ struct MergeOptions
     MergeMethod method = MergeMethod::Fusion;
     exposure::Options fusion; ///< its alignment counts for both methods
     QString ghostMask;        ///< file for what moved; empty: none
+    QList<TakeFile> takes;    ///< later ones count where they meet
+    brush::Strokes strokes;   ///< count more than takes
     bool keepOrder = false;
     bool crop = false;
     bool mayReplace = false;

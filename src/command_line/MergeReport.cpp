@@ -1,6 +1,7 @@
 #include "MergeReport.h"
 
 #include "free_memory.h"
+#include "stroke_text.h"
 #include "transform_report.h"
 
 #include <QJsonArray>
@@ -42,6 +43,19 @@ QJsonArray conversionsToJson(const MergeReport &report)
             QJsonObject{{QStringLiteral("picture"), report.inputs[conversion.picture]},
                         {QStringLiteral("from"), conversion.from}});
     return conversions;
+}
+
+/// The parts that shots were chosen for, when there are any.
+void addParts(const MergeReport &report, QJsonObject &object)
+{
+    QJsonArray takes;
+    for (const TakeFile &take : report.takes)
+        takes.append(QJsonObject{{QStringLiteral("picture"), report.inputs[take.shot]},
+                                 {QStringLiteral("mask"), take.mask}});
+    if (!takes.isEmpty())
+        object.insert(QStringLiteral("takes"), takes);
+    if (!report.strokes.empty())
+        object.insert(QStringLiteral("paint"), brush::toText(report.strokes));
 }
 
 /// How levels became light.
@@ -121,6 +135,7 @@ QString command_line::toJson(const MergeReport &report)
         object.insert(QStringLiteral("ghostMask"),
                       report.ghostMask.isEmpty() ? QJsonValue() : QJsonValue(report.ghostMask));
     }
+    addParts(report, object);
     if (report.headroom > 0.0)
         object.insert(QStringLiteral("headroom"), report.headroom);
     if (report.method == MergeMethod::Radiance || report.headroom > 0.0)

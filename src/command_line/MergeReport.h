@@ -25,9 +25,11 @@ struct MergeReport
     };
 
     MergeMethod method = MergeMethod::Fusion;
-    QStringList inputs;            ///< in merge order
-    exposure::Report fusion;       ///< without transforms unless the method is fusion
-    QString ghostMask;             ///< file; empty: none
+    QStringList inputs;      ///< in merge order
+    exposure::Report fusion; ///< without transforms unless the method is fusion
+    QString ghostMask;       ///< file; empty: none
+    QList<TakeFile> takes;
+    brush::Strokes strokes;
     picture_set::OneSpace colours; ///< what was converted to the first picture's
     QString outputSpace;           ///< what the output's profile calls itself
     double headroom = 0.0;         ///< stops that the output reaches above white; 0: none

@@ -1,5 +1,7 @@
 #include "MetadataOptions.h"
 
+#include "PartOptions.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -13,7 +15,7 @@ QString MetadataOptions::read(const QCommandLineParser &parser, MergeOptions &op
 {
     options.metadataSource = parser.value(from);
     options.keepsMetadata = !parser.isSet(none);
-    options.description = describe(parser);
+    options.description = describe(parser, options);
     if (parser.isSet(from) && !options.keepsMetadata)
         return QStringLiteral("--metadata-from and --no-metadata exclude each other");
     if (parser.isSet(from) && options.metadataSource.isEmpty())
@@ -23,13 +25,15 @@ QString MetadataOptions::read(const QCommandLineParser &parser, MergeOptions &op
 
 /// The options that make the picture what it is, without folders; no names of pictures where none
 /// are wanted.
-QString MetadataOptions::describe(const QCommandLineParser &parser) const
+QString MetadataOptions::describe(const QCommandLineParser &parser,
+                                  const MergeOptions &options) const
 {
     QStringList passedOver{QStringLiteral("o"),           QStringLiteral("output"),
                            QStringLiteral("method"),      QStringLiteral("max-megapixels"),
                            QStringLiteral("force"),       QStringLiteral("json"),
                            QStringLiteral("verbose"),     QStringLiteral("ghost-mask"),
-                           QStringLiteral("no-metadata"), QStringLiteral("metadata-from")};
+                           QStringLiteral("no-metadata"), QStringLiteral("metadata-from"),
+                           QStringLiteral("take"),        QStringLiteral("paint")};
     if (parser.isSet(none))
         passedOver += {QStringLiteral("reference"), QStringLiteral("ghosts")};
     QStringList words;
@@ -43,6 +47,8 @@ QString MetadataOptions::describe(const QCommandLineParser &parser) const
         if (!value.isEmpty())
             words += value;
     }
+    if (!parser.isSet(none))
+        words += command_line::wordsOfParts(options);
     return words.join(u' ');
 }
 

@@ -15,7 +15,7 @@ public:
     QString read(const QCommandLineParser &parser, MergeOptions &options) const;
 
 private:
-    QString describe(const QCommandLineParser &parser) const;
+    QString describe(const QCommandLineParser &parser, const MergeOptions &options) const;
 
     const QCommandLineOption from{QStringLiteral("metadata-from"), {}, QStringLiteral("file")};
     const QCommandLineOption none{QStringLiteral("no-metadata")};

@@ -14,6 +14,7 @@
 #include "metadata_reader.h"
 #include "mtb_shifts.h"
 #include "opencl_devices.h"
+#include "part_masks.h"
 #include "set_merge.h"
 #include "shot_exposures.h"
 #include "transform_report.h"
@@ -59,6 +60,7 @@ private:
     ExitCode checkDevice();
     ExitCode mergeShots();
     exposure::SetOptions setOptions();
+    QStringList filesToKeep() const;
     void take(exposure::SetOutcome &&outcome);
     void takeLight(const exposure::Report &done);
     ExitCode mergeFailure(const exposure::SetOutcome &outcome);
@@ -161,7 +163,15 @@ ExitCode Merge::checkTarget(const QString &path)
                    ? refuse(ExitCode::Usage, {},
                             QStringLiteral("standard output is a terminal, not for pictures"))
                    : ExitCode::Ok;
-    return command_line::checkTarget(bar, path, options.mayReplace, options.pictures);
+    return command_line::checkTarget(bar, path, options.mayReplace, filesToKeep());
+}
+
+QStringList Merge::filesToKeep() const
+{
+    QStringList kept = options.pictures;
+    for (const TakeFile &take : options.takes)
+        kept += take.mask;
+    return kept;
 }
 
 /// Before the work, not after it.
@@ -268,8 +278,12 @@ ExitCode Merge::mergeShots()
     isFirstDeep = pictures.first().depth() == 64;
     exposure::Control control;
     control.progress = [this](exposure::Step step, double done) { show(step, done); };
+    exposure::SetOptions how = setOptions();
+    const ExitCode code = command_line::readParts(bar, options, report.inputSize, how);
+    if (code != ExitCode::Ok)
+        return code;
     exposure::SetOutcome outcome =
-        exposure::mergeSet(options.method, std::exchange(pictures, {}), setOptions(), control);
+        exposure::mergeSet(options.method, std::exchange(pictures, {}), how, control);
     if (outcome.error != exposure::Error::None || !outcome.isDeviceComplete)
         return mergeFailure(outcome);
     take(std::move(outcome));
@@ -455,6 +469,8 @@ void Merge::tell()
     report.output = options.output;
     report.method = options.method;
     report.ghostMask = options.ghostMask;
+    report.takes = options.takes;
+    report.strokes = options.strokes;
     warnOfLimits();
     command_line::warnOfUnaligned(report.inputs, report.fusion.transforms);
     if (options.json)

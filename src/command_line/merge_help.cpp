@@ -46,6 +46,12 @@ Options:
   --ghosts HOW      What moved comes from one shot: "auto", which is the default,
                     chooses it for each thing; a PICTURE is that shot; "off" blends
   --ghost-mask FILE Write what moved, white on black
+  --take SHOT=MASK  What is light in MASK, a picture of the pictures' size that lies on
+                    the reference, comes from SHOT, a PICTURE or its place from 1 on,
+                    whatever moved there; may be given again, later ones count more
+  --paint STROKES   The same by strokes of a brush, joined by "+": SHOT:RADIUS:X,Y and
+                    on by DX,DY, all in pixels of the reference, SHOT a place, or 0 to
+                    erase; or SHOT@X,Y: the thing that moved there comes from SHOT
   --exposure N      Brighten the result by so many stops, -4 to 4 (0)
   --contrast N      Harden (up to 1) or soften (down to -1) it (0)
   --highlights N    Darken what is light (down to -1) or brighten it (up to 1), with
