@@ -82,8 +82,7 @@ void ExposureMergeCommand::show()
                 &ExposureMergeCommand::showNextBracket);
         connect(filmStrip, &FilmStrip::bracketsChanged, shown, [this] { showBracketPlace(); });
         if (origin)
-            shown->setSettings(
-                MergeSettings::fromMark(origin->mark.method, origin->mark.options, origin->paths));
+            shown->setSettings(settingsOf(*origin));
     }
     showBracketPlace();
     shown->show();
@@ -109,6 +108,19 @@ std::optional<ExposureMergeCommand::Origin> ExposureMergeCommand::originOfSelect
         return std::nullopt;
     const Origin origin{shotsOf(*mark, QFileInfo(beside).dir()), *mark};
     return origin.paths.size() > 1 ? std::optional(origin) : std::nullopt;
+}
+
+/// Strokes count shots, so all have to be here. The workspace orders shots by their paths.
+MergeSettings ExposureMergeCommand::settingsOf(const Origin &origin)
+{
+    MergeSettings settings =
+        MergeSettings::fromMark(origin.mark.method, origin.mark.options, origin.paths);
+    if (origin.paths.size() != origin.mark.sources.size())
+        settings.strokes.clear();
+    QStringList ordered = origin.paths;
+    ordered.sort();
+    settings.followOrder(origin.paths, ordered);
+    return settings;
 }
 
 void ExposureMergeCommand::showNextBracket()

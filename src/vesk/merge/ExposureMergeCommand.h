@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MergeSettings.h"
+
 #include <ResultMark.h>
 
 #include <QObject>
@@ -48,6 +50,7 @@ private:
     };
 
     std::optional<Origin> originOfSelected() const;
+    static MergeSettings settingsOf(const Origin &origin);
     void show();
     void showNextBracket();
     void showBracketPlace();

@@ -55,6 +55,32 @@ Shots checked(const QStringList &paths, const std::vector<DecodedPicture> &decod
     return shots;
 }
 
+/// A cancelled call reads no more of them.
+Shots readAll(const QStringList &paths, const ReadOptions &how,
+              const std::function<void(int)> &onRead)
+{
+    std::vector<DecodedPicture> decoded(size_t(paths.size()));
+    parallel::each(
+        int(paths.size()),
+        [&](int i) {
+            if (!*how.cancelled)
+                decoded[size_t(i)] = picture::read(paths[i], how);
+        },
+        onRead);
+    return *how.cancelled ? Shots() : checked(paths, decoded);
+}
+
+/// Strokes are on the pictures themselves, whatever was shown while they were painted.
+exposure::SetOptions setOptions(const MergeTask &task, QSize size)
+{
+    MergeSettings settings = task.settings;
+    settings.paintedOn = {};
+    exposure::SetOptions options = settings.optionsFor(size);
+    if (settings.isLight())
+        options.exposures = brackets::shotExposures(task.paths).relative;
+    return options;
+}
+
 /// Of the picture: what shots of this size cover once they are placed.
 QRect coveredArea(const exposure::Report &report, QSize size)
 {
@@ -131,45 +157,35 @@ MergeResult MergeJob::run(const MergeTask &task, const Flag &cancelled)
 MergeResult MergeJob::merge(const MergeTask &task, const Flag &cancelled)
 {
     const QStringList &paths = task.paths;
-    const MergeSettings &settings = task.settings;
-    ReadOptions how = exposure::readOptionsFor(settings.method, paths);
+    ReadOptions how = exposure::readOptionsFor(task.settings.method, paths);
     how.pixelLimit = VeskGlobalSettings::pixelLimit();
     how.cancelled = cancelled.get();
-    std::vector<DecodedPicture> decoded(size_t(paths.size()));
-    parallel::each(
-        int(paths.size()),
-        [&](int i) {
-            if (!*cancelled)
-                decoded[size_t(i)] = picture::read(paths[i], how);
-        },
-        [&](int count) {
-            tell(merge_texts::reading(), kRead * count / int(paths.size()), cancelled);
-        });
-    if (*cancelled)
-        return {};
-    Shots shots = checked(paths, decoded);
-    decoded.clear();
-    if (!shots.problem.isEmpty())
+    Shots shots = readAll(paths, how, [&](int count) {
+        tell(merge_texts::reading(), kRead * count / int(paths.size()), cancelled);
+    });
+    if (*cancelled || !shots.problem.isEmpty())
         return {{}, {}, {}, {}, shots.problem};
+    MergeResult result = merge(task, std::move(shots.pictures), cancelled);
+    // Read again: all shots together are more than what the merge has room for.
+    if (task.wantsReference && !result.picture.isNull() && !*cancelled)
+        result.reference =
+            picture::read(paths[result.report.reference], how).image.copy(result.report.area);
+    return result;
+}
+
+MergeResult MergeJob::merge(const MergeTask &task, QList<QImage> &&shots, const Flag &cancelled)
+{
     exposure::Control control;
     control.cancelled = cancelled.get();
     control.progress = [&](exposure::Step step, double done) {
         tell(merge_texts::doing(step), doneAfter(step, done), cancelled);
     };
-    const QSize size = shots.pictures.first().size();
-    exposure::SetOptions options = settings.options;
-    if (settings.isLight())
-        options.exposures = brackets::shotExposures(paths).relative;
-    exposure::Outcome outcome =
-        exposure::mergeSet(settings.method, std::move(shots.pictures), options, control);
-    MergeResult result{outcome.picture,
-                       {},
-                       outcome.report,
-                       coveredArea(outcome.report, size),
-                       merge_texts::problem(outcome.error)};
-    // Read again: all shots together are more than what the merge has room for.
-    if (task.wantsReference && !result.picture.isNull() && !*cancelled)
-        result.reference =
-            picture::read(paths[outcome.report.reference], how).image.copy(outcome.report.area);
-    return result;
+    const QSize size = shots.first().size();
+    const exposure::Outcome outcome =
+        exposure::mergeSet(task.settings.method, std::move(shots), setOptions(task, size), control);
+    return {outcome.picture,
+            {},
+            outcome.report,
+            coveredArea(outcome.report, size),
+            merge_texts::problem(outcome.error)};
 }

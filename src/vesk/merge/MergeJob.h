@@ -56,6 +56,7 @@ private:
 
     MergeResult run(const MergeTask &task, const Flag &cancelled);
     MergeResult merge(const MergeTask &task, const Flag &cancelled);
+    MergeResult merge(const MergeTask &task, QList<QImage> &&shots, const Flag &cancelled);
     void tell(const QString &what, double done, const Flag &cancelled);
     void take(const MergeResult &result, const Flag &cancelled);
 

@@ -42,6 +42,17 @@ exposure::Outcome failed(exposure::Error error)
     return outcome;
 }
 
+/// To that area of the reference.
+void cut(QList<QImage> &pictures, exposure::Options &options, const QRect &area)
+{
+    for (QImage &picture : pictures)
+        picture = picture.copy(area);
+    for (motion::Take &take : options.takes)
+        take.mask = take.mask.copy(area);
+    for (motion::ThingTake &thing : options.things)
+        thing.place -= area.topLeft();
+}
+
 QRect commonArea(const exposure::Report &report, const QList<QImage> &shots)
 {
     const std::vector<QSize> sizes(size_t(shots.size()), shots.first().size());
@@ -97,6 +108,7 @@ MergePreviewResult MergePreviewer::answer(const Request &request)
     result.picture = forTheScreen(merged.picture);
     result.merged = result.picture;
     result.report = merged.report;
+    result.ghosts = merged.ghosts;
     result.error = merged.error;
     if (request.settings.hasLook() && !result.picture.isNull()) {
         const QColorSpace space = result.picture.colorSpace();
@@ -156,7 +168,7 @@ const exposure::Outcome &MergePreviewer::mergedWithoutLook(const Request &reques
 
 exposure::Outcome MergePreviewer::fused(const Request &request, const exposure::Control &control)
 {
-    exposure::Options options = request.settings.options;
+    exposure::Options options = request.settings.optionsFor(request.shots.first().size());
     options.adjustment = {};
     if (request.settings.isLight())
         options.product = exposure::Product::Light;
@@ -219,8 +231,8 @@ exposure::Outcome MergePreviewer::fusedFromAligned(const exposure::Options &want
     report.area = wanted.crop ? commonArea(report, pictures) : pictures.first().rect();
     if (report.area.isEmpty())
         return failed(exposure::Error::NothingCovered);
-    for (QImage &picture : pictures)
-        picture = wanted.crop ? picture.copy(report.area) : picture;
+    if (wanted.crop)
+        cut(pictures, options, report.area);
     exposure::Outcome outcome = exposure::merge(pictures, options, control);
     report.hasGhosts = outcome.report.hasGhosts;
     outcome.report = report;

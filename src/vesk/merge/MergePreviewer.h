@@ -14,6 +14,7 @@ struct MergePreviewResult
     QImage picture;  ///< in the screen's colours; null on error
     QImage clipping; ///< see clipping::marks
     QImage merged;   ///< without its look, and in its own colours
+    QImage ghosts;   ///< see exposure::Outcome
     exposure::Report report;
     exposure::Error error = exposure::Error::None;
 };

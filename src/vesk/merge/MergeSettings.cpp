@@ -1,5 +1,8 @@
 #include "MergeSettings.h"
 
+#include <stroke_parts.h>
+#include <stroke_text.h>
+
 #include <QFileInfo>
 #include <QHash>
 
@@ -48,7 +51,20 @@ bool MergeSettings::isSameButLook(const MergeSettings &other) const
     const exposure::Options &its = other.options;
     return method == other.method && mine.alignment == its.alignment &&
            mine.reference == its.reference && mine.ghosts == its.ghosts &&
-           mine.ghostReference == its.ghostReference && mine.crop == its.crop;
+           mine.ghostReference == its.ghostReference && mine.crop == its.crop &&
+           strokes == other.strokes;
+}
+
+exposure::Options MergeSettings::optionsFor(QSize size) const
+{
+    exposure::Options all = options;
+    if (strokes.empty() || size.isEmpty())
+        return all;
+    const double scale = paintedOn.isEmpty() ? 1.0 : double(size.width()) / paintedOn.width();
+    brush::Parts parts = brush::parts(strokes, size, scale);
+    all.takes = std::move(parts.takes);
+    all.things = std::move(parts.things);
+    return all;
 }
 
 MergeSettings MergeSettings::withoutLook() const
@@ -83,7 +99,22 @@ QString MergeSettings::asOptions(const QStringList &paths) const
         if (value != exposure::Look().*option.number)
             words += QStringLiteral("--%1 %2").arg(QLatin1String(option.name)).arg(value);
     }
+    const QString painted = brush::toText(strokes);
+    if (!painted.isEmpty() && painted.size() <= brush::kMostMarkText)
+        words += QStringLiteral("--paint ") + painted;
     return words.join(u' ');
+}
+
+void MergeSettings::followOrder(const QStringList &paths, const QStringList &ordered)
+{
+    const auto follow = [&](int &place) {
+        if (place >= 0)
+            place = int(ordered.indexOf(paths.value(place)));
+    };
+    follow(options.reference);
+    follow(options.ghostReference);
+    for (brush::Stroke &stroke : strokes)
+        follow(stroke.shot);
 }
 
 MergeSettings MergeSettings::fromMark(const QString &method, const QString &options,
@@ -115,5 +146,7 @@ MergeSettings MergeSettings::fromMark(const QString &method, const QString &opti
             merge.adjustment.*option.number = values.value(name).toDouble();
     }
     merge.adjustment = merge.adjustment.bounded();
+    settings.strokes =
+        brush::fromText(values.value(QStringLiteral("paint"))).value_or(brush::Strokes());
     return settings;
 }

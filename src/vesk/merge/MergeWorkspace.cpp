@@ -1,4 +1,6 @@
 #include "MergeWorkspace.h"
+#include "BrushBar.h"
+#include "BrushTool.h"
 #include "MergeOptionsPanel.h"
 #include "MergePreview.h"
 #include "PreviewBar.h"
@@ -63,6 +65,8 @@ MergeWorkspace::MergeWorkspace(const QStringList &paths, const QString &startFol
     , shots(new ShotList)
     , preview(new MergePreview)
     , bar(new PreviewBar(preview))
+    , brushBar(new BrushBar)
+    , brush(new BrushTool(preview, brushBar, this))
     , options(new MergeOptionsPanel)
     , notes(new QLabel)
     , state(new QLabel)
@@ -118,6 +122,7 @@ QWidget *MergeWorkspace::makePreviewColumn()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(preview, 1);
     layout->addWidget(bar);
+    layout->addWidget(brushBar);
     return column;
 }
 
@@ -184,8 +189,12 @@ void MergeWorkspace::connectPreview()
     });
     connect(preview, &MergePreview::sharpWantedChanged, this, &MergeWorkspace::updateSharp);
     connect(&sharp, &SharpMerge::ready, preview, &MergePreview::setSharp);
+    connect(&sharp, &SharpMerge::ready, this, &MergeWorkspace::placeBrushOnSharp);
     connect(&sharp, &SharpMerge::ready, this, &MergeWorkspace::showState);
     connect(&sharp, &SharpMerge::failed, state, &QLabel::setText);
+    connect(brush, &BrushTool::changed, this, &MergeWorkspace::onSetChanged);
+    connect(shots, &QListWidget::currentRowChanged, brush,
+            [this](int row) { brush->chooseShot(shots->paths().value(row)); });
     connect(bar, &PreviewBar::beforeHeld, this, &MergeWorkspace::showBefore);
     connect(bar, &PreviewBar::splitToggled, this, &MergeWorkspace::provideBefore);
     connect(bar, &PreviewBar::shotsWanted, this, &MergeWorkspace::askForShots);
@@ -215,6 +224,7 @@ void MergeWorkspace::replaceShots(const QStringList &paths)
     loader.drop();
     sharp.cancel();
     shots->clearShots();
+    brush->forget();
     showWhyThereIsNone({});
     addShots(paths);
 }
@@ -222,6 +232,7 @@ void MergeWorkspace::replaceShots(const QStringList &paths)
 void MergeWorkspace::setSettings(const MergeSettings &settings)
 {
     options->setSettings(settings);
+    brush->setStrokes(settings.strokes);
     shots->chooseReference(settings.options.reference);
 }
 
@@ -273,6 +284,7 @@ QList<QImage> MergeWorkspace::smallOn() const
 void MergeWorkspace::onSetChanged()
 {
     options->setShots(namesOn());
+    brush->setShots(pathsOn());
     updateButtons();
     preview->setLook(settings().options.adjustment);
     if (!sharp.keptFor(pathsOn(), settings()))
@@ -300,8 +312,12 @@ void MergeWorkspace::updateSharp()
 MergeSettings MergeWorkspace::settings() const
 {
     MergeSettings chosen = options->settings();
-    if (!chosen.isMean())
-        chosen.options.reference = shots->chosenReference();
+    if (chosen.isMean())
+        return chosen;
+    chosen.options.reference = shots->chosenReference();
+    chosen.strokes = brush->strokes();
+    const QList<MergeShot> on = shots->shotsOn();
+    chosen.paintedOn = on.isEmpty() ? QSize() : on.first().size;
     return chosen;
 }
 
@@ -339,6 +355,7 @@ void MergeWorkspace::showWhyThereIsNone(const QString &why)
     preview->setBefore({});
     preview->setText(why);
     bar->setUsable(false);
+    updateBrush();
     showNotes({});
     alignedText.clear();
     showState();
@@ -350,16 +367,46 @@ void MergeWorkspace::showPreview(const MergePreviewResult &result)
         showWhyThereIsNone(merge_texts::problem(result.error));
         return;
     }
-    const MergeSettings chosen = settings();
-    const bool tells = chosen.options.alignment == exposure::Alignment::Perspective;
-    shots->showReport(result.report, tells);
-    const QList<MergeShot> on = shots->shotsOn();
+    showUnaligned(result);
     previewed = result.merged;
-    preview->setAfter(result.picture, fullSizeOf(result, on.first()), result.clipping);
+    preview->setAfter(result.picture, fullSizeOf(result, shots->shotsOn().first()),
+                      result.clipping);
     provideBefore();
     bar->setUsable(true);
+    placeBrush(result);
     if (bar->isBlinking())
         askForShots();
+    updateSharp();
+    showState();
+}
+
+/// As far as a small picture tells where in the reference it begins.
+void MergeWorkspace::placeBrush(const MergePreviewResult &result)
+{
+    const MergeShot shot = shots->shotsOn().first();
+    const double factor = double(shot.size.width()) / shot.small.width();
+    brush->setStart((QPointF(result.report.area.topLeft()) * factor).toPoint());
+    brush->setMoved(result.ghosts);
+    updateBrush();
+    placeBrushOnSharp();
+}
+
+void MergeWorkspace::placeBrushOnSharp()
+{
+    if (const std::optional<MergeResult> kept = sharp.keptFor(pathsOn(), settings()))
+        brush->setStart(kept->report.area.topLeft());
+}
+
+void MergeWorkspace::updateBrush()
+{
+    brush->setUsable(!isMerging() && !previewed.isNull() && !options->settings().isMean());
+}
+
+void MergeWorkspace::showUnaligned(const MergePreviewResult &result)
+{
+    const bool tells = settings().options.alignment == exposure::Alignment::Perspective;
+    shots->showReport(result.report, tells);
+    const QList<MergeShot> on = shots->shotsOn();
     QStringList sentences;
     int aligned = 0;
     for (int i = 0; i < on.size(); ++i) {
@@ -371,8 +418,6 @@ void MergeWorkspace::showPreview(const MergePreviewResult &result)
     }
     showNotes(sentences);
     alignedText = tells ? tr("Aligned: %1 of %2").arg(aligned).arg(on.size()) : QString();
-    updateSharp();
-    showState();
 }
 
 void MergeWorkspace::showState()
@@ -458,6 +503,7 @@ void MergeWorkspace::showMerging(bool isUnderWay)
 {
     for (QWidget *part : QList<QWidget *>{shots, options, add, nextBracket, bar})
         part->setEnabled(!isUnderWay);
+    updateBrush();
     progress->setVisible(isUnderWay);
     progress->setValue(0);
     closeButton->setText(isUnderWay ? tr("Cancel") : tr("Close"));

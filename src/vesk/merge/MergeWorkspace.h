@@ -10,6 +10,8 @@
 #include <QDialog>
 #include <QTimer>
 
+class BrushBar;
+class BrushTool;
 class MergeOptionsPanel;
 class PreviewBar;
 class QLabel;
@@ -60,6 +62,10 @@ private:
     void onSetChanged();
     void requestPreview();
     void showPreview(const MergePreviewResult &result);
+    void showUnaligned(const MergePreviewResult &result);
+    void placeBrush(const MergePreviewResult &result);
+    void placeBrushOnSharp();
+    void updateBrush();
     void showWhyThereIsNone(const QString &why);
     void showNotes(const QStringList &sentences);
     QString whyNoPreview(const QList<MergeShot> &shots) const;
@@ -82,6 +88,8 @@ private:
     ShotList *shots;
     MergePreview *preview;
     PreviewBar *bar;
+    BrushBar *brushBar;
+    BrushTool *brush;
     MergeOptionsPanel *options;
     QLabel *notes;
     QLabel *state;

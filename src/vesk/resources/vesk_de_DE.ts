@@ -237,6 +237,57 @@
     </message>
 </context>
 <context>
+    <name>BrushBar</name>
+    <message>
+        <source>Brush</source>
+        <translation>Pinsel</translation>
+    </message>
+    <message>
+        <source>Paint over the preview which shot a part comes from (P)</source>
+        <translation>Auf die Vorschau malen, aus welcher Aufnahme ein Teil kommt (P)</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Radierer</translation>
+    </message>
+    <message>
+        <source>Erase what was painted (E, Alt, right button)</source>
+        <translation>Gemaltes wegradieren (E, Alt, rechte Taste)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Take the last stroke back (Ctrl+Z)</source>
+        <translation>Den letzten Strich zurücknehmen (Strg+Z)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Take all strokes away</source>
+        <translation>Alle Striche entfernen</translation>
+    </message>
+    <message>
+        <source>Shot to paint with</source>
+        <translation>Aufnahme zum Malen</translation>
+    </message>
+    <message>
+        <source>What is painted comes from this shot. Shift and a click take what moved there, whole; Ctrl moves the picture.</source>
+        <translation>Was gemalt wird, kommt aus dieser Aufnahme. Umschalt und ein Klick nehmen das, was sich dort bewegt hat, im Ganzen; Strg verschiebt das Bild.</translation>
+    </message>
+    <message>
+        <source>Size of the brush</source>
+        <translation>Größe des Pinsels</translation>
+    </message>
+    <message>
+        <source>Size of the brush ([ and ])</source>
+        <translation>Größe des Pinsels ([ und ])</translation>
+    </message>
+</context>
+<context>
     <name>CropTool</name>
     <message>
         <source>Crop</source>

@@ -237,6 +237,57 @@
     </message>
 </context>
 <context>
+    <name>BrushBar</name>
+    <message>
+        <source>Brush</source>
+        <translation>Pincel</translation>
+    </message>
+    <message>
+        <source>Paint over the preview which shot a part comes from (P)</source>
+        <translation>Pintar sobre la vista previa de qué toma viene una parte (P)</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Borrador</translation>
+    </message>
+    <message>
+        <source>Erase what was painted (E, Alt, right button)</source>
+        <translation>Borrar lo pintado (E, Alt, botón derecho)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Take the last stroke back (Ctrl+Z)</source>
+        <translation>Deshacer el último trazo (Ctrl+Z)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Vaciar</translation>
+    </message>
+    <message>
+        <source>Take all strokes away</source>
+        <translation>Quitar todos los trazos</translation>
+    </message>
+    <message>
+        <source>Shot to paint with</source>
+        <translation>Toma con la que pintar</translation>
+    </message>
+    <message>
+        <source>What is painted comes from this shot. Shift and a click take what moved there, whole; Ctrl moves the picture.</source>
+        <translation>Lo que se pinta viene de esta toma. Mayús y un clic toman entero lo que se movió allí; Ctrl desplaza la imagen.</translation>
+    </message>
+    <message>
+        <source>Size of the brush</source>
+        <translation>Tamaño del pincel</translation>
+    </message>
+    <message>
+        <source>Size of the brush ([ and ])</source>
+        <translation>Tamaño del pincel ([ y ])</translation>
+    </message>
+</context>
+<context>
     <name>CropTool</name>
     <message>
         <source>Crop</source>

@@ -237,6 +237,57 @@
     </message>
 </context>
 <context>
+    <name>BrushBar</name>
+    <message>
+        <source>Brush</source>
+        <translation>Pinceau</translation>
+    </message>
+    <message>
+        <source>Paint over the preview which shot a part comes from (P)</source>
+        <translation>Peindre sur l’aperçu de quelle prise vient une partie (P)</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Gomme</translation>
+    </message>
+    <message>
+        <source>Erase what was painted (E, Alt, right button)</source>
+        <translation>Effacer ce qui est peint (E, Alt, bouton droit)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Take the last stroke back (Ctrl+Z)</source>
+        <translation>Annuler le dernier trait (Ctrl+Z)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Vider</translation>
+    </message>
+    <message>
+        <source>Take all strokes away</source>
+        <translation>Supprimer tous les traits</translation>
+    </message>
+    <message>
+        <source>Shot to paint with</source>
+        <translation>Prise avec laquelle peindre</translation>
+    </message>
+    <message>
+        <source>What is painted comes from this shot. Shift and a click take what moved there, whole; Ctrl moves the picture.</source>
+        <translation>Ce qui est peint vient de cette prise. Maj et un clic prennent en entier ce qui a bougé là ; Ctrl déplace l’image.</translation>
+    </message>
+    <message>
+        <source>Size of the brush</source>
+        <translation>Taille du pinceau</translation>
+    </message>
+    <message>
+        <source>Size of the brush ([ and ])</source>
+        <translation>Taille du pinceau ([ et ])</translation>
+    </message>
+</context>
+<context>
     <name>CropTool</name>
     <message>
         <source>Crop</source>

@@ -237,6 +237,57 @@
     </message>
 </context>
 <context>
+    <name>BrushBar</name>
+    <message>
+        <source>Brush</source>
+        <translation>ブラシ</translation>
+    </message>
+    <message>
+        <source>Paint over the preview which shot a part comes from (P)</source>
+        <translation>プレビューに塗り、その部分をどの写真から取るかを決める (P)</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>消しゴム</translation>
+    </message>
+    <message>
+        <source>Erase what was painted (E, Alt, right button)</source>
+        <translation>塗った部分を消す (E、Alt、右ボタン)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Take the last stroke back (Ctrl+Z)</source>
+        <translation>最後のひと塗りを取り消す (Ctrl+Z)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>すべて消す</translation>
+    </message>
+    <message>
+        <source>Take all strokes away</source>
+        <translation>塗った部分をすべて消す</translation>
+    </message>
+    <message>
+        <source>Shot to paint with</source>
+        <translation>塗るときに使う写真</translation>
+    </message>
+    <message>
+        <source>What is painted comes from this shot. Shift and a click take what moved there, whole; Ctrl moves the picture.</source>
+        <translation>塗った部分はこの写真から取られます。Shift を押しながらクリックすると、そこで動いたものを丸ごと取ります。Ctrl で画像を動かします。</translation>
+    </message>
+    <message>
+        <source>Size of the brush</source>
+        <translation>ブラシの大きさ</translation>
+    </message>
+    <message>
+        <source>Size of the brush ([ and ])</source>
+        <translation>ブラシの大きさ ([ と ])</translation>
+    </message>
+</context>
+<context>
     <name>CropTool</name>
     <message>
         <source>Crop</source>

@@ -237,6 +237,57 @@
     </message>
 </context>
 <context>
+    <name>BrushBar</name>
+    <message>
+        <source>Brush</source>
+        <translation>브러시</translation>
+    </message>
+    <message>
+        <source>Paint over the preview which shot a part comes from (P)</source>
+        <translation>미리 보기에 칠해 그 부분을 가져올 사진을 정합니다 (P)</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>지우개</translation>
+    </message>
+    <message>
+        <source>Erase what was painted (E, Alt, right button)</source>
+        <translation>칠한 부분 지우기 (E, Alt, 오른쪽 버튼)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>실행 취소</translation>
+    </message>
+    <message>
+        <source>Take the last stroke back (Ctrl+Z)</source>
+        <translation>마지막 획 취소 (Ctrl+Z)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>모두 지움</translation>
+    </message>
+    <message>
+        <source>Take all strokes away</source>
+        <translation>모든 획 지우기</translation>
+    </message>
+    <message>
+        <source>Shot to paint with</source>
+        <translation>칠할 때 쓸 사진</translation>
+    </message>
+    <message>
+        <source>What is painted comes from this shot. Shift and a click take what moved there, whole; Ctrl moves the picture.</source>
+        <translation>칠한 부분은 이 사진에서 가져옵니다. Shift를 누르고 클릭하면 그곳에서 움직인 것을 통째로 가져오고, Ctrl은 그림을 옮깁니다.</translation>
+    </message>
+    <message>
+        <source>Size of the brush</source>
+        <translation>브러시 크기</translation>
+    </message>
+    <message>
+        <source>Size of the brush ([ and ])</source>
+        <translation>브러시 크기([ 및 ])</translation>
+    </message>
+</context>
+<context>
     <name>CropTool</name>
     <message>
         <source>Crop</source>

@@ -237,6 +237,57 @@
     </message>
 </context>
 <context>
+    <name>BrushBar</name>
+    <message>
+        <source>Brush</source>
+        <translation>画笔</translation>
+    </message>
+    <message>
+        <source>Paint over the preview which shot a part comes from (P)</source>
+        <translation>在预览上涂抹，指定该部分取自哪张照片 (P)</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>橡皮擦</translation>
+    </message>
+    <message>
+        <source>Erase what was painted (E, Alt, right button)</source>
+        <translation>擦除涂抹的部分 (E、Alt、右键)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Take the last stroke back (Ctrl+Z)</source>
+        <translation>撤销上一笔 (Ctrl+Z)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>Take all strokes away</source>
+        <translation>清除所有笔画</translation>
+    </message>
+    <message>
+        <source>Shot to paint with</source>
+        <translation>用于涂抹的照片</translation>
+    </message>
+    <message>
+        <source>What is painted comes from this shot. Shift and a click take what moved there, whole; Ctrl moves the picture.</source>
+        <translation>涂抹的部分取自这张照片。按住 Shift 单击会整体取用那里移动的物体；按住 Ctrl 可移动图片。</translation>
+    </message>
+    <message>
+        <source>Size of the brush</source>
+        <translation>画笔大小</translation>
+    </message>
+    <message>
+        <source>Size of the brush ([ and ])</source>
+        <translation>画笔大小 ([ 和 ])</translation>
+    </message>
+</context>
+<context>
     <name>CropTool</name>
     <message>
         <source>Crop</source>

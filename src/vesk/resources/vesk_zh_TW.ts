@@ -237,6 +237,57 @@
     </message>
 </context>
 <context>
+    <name>BrushBar</name>
+    <message>
+        <source>Brush</source>
+        <translation>筆刷</translation>
+    </message>
+    <message>
+        <source>Paint over the preview which shot a part comes from (P)</source>
+        <translation>在預覽上塗抹，指定該部分取自哪張照片 (P)</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>橡皮擦</translation>
+    </message>
+    <message>
+        <source>Erase what was painted (E, Alt, right button)</source>
+        <translation>擦除塗抹的部分 (E、Alt、右鍵)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>復原</translation>
+    </message>
+    <message>
+        <source>Take the last stroke back (Ctrl+Z)</source>
+        <translation>復原上一筆 (Ctrl+Z)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>Take all strokes away</source>
+        <translation>清除所有筆劃</translation>
+    </message>
+    <message>
+        <source>Shot to paint with</source>
+        <translation>用於塗抹的照片</translation>
+    </message>
+    <message>
+        <source>What is painted comes from this shot. Shift and a click take what moved there, whole; Ctrl moves the picture.</source>
+        <translation>塗抹的部分取自這張照片。按住 Shift 點按會整體取用那裡移動的物體；按住 Ctrl 可移動圖片。</translation>
+    </message>
+    <message>
+        <source>Size of the brush</source>
+        <translation>筆刷大小</translation>
+    </message>
+    <message>
+        <source>Size of the brush ([ and ])</source>
+        <translation>筆刷大小 ([ 和 ])</translation>
+    </message>
+</context>
+<context>
     <name>CropTool</name>
     <message>
         <source>Crop</source>

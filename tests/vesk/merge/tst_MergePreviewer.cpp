@@ -51,6 +51,7 @@ class TestMergePreviewer : public QObject
 
 private slots:
     void anyOrderOfChanges_answersAsFromScratch();
+    void strokes_changeThePreviewWhereTheyAre();
     void otherShots_areMergedAnew();
     void requestsOneAfterTheOther_onlyTheLastIsAnswered();
     void failedMerge_isAnsweredWithItsError();
@@ -110,12 +111,40 @@ void TestMergePreviewer::anyOrderOfChanges_answersAsFromScratch()
     change([](MergeSettings &next) { next.method = exposure::Method::Fusion; });
     change([](MergeSettings &next) { next.options.alignment = exposure::Alignment::None; });
     change([](MergeSettings &next) { next.options.ghosts = exposure::Ghosts::Keep; });
+    change([](MergeSettings &next) {
+        next.strokes = {{2, 80, {{700, 340}, {760, 400}}}, {0, 0, {{460, 340}}}};
+        next.paintedOn = kSize * 2;
+    });
+    change([](MergeSettings &next) { next.options.alignment = exposure::Alignment::Perspective; });
+    change([](MergeSettings &next) { next.options.crop = true; });
+    change([](MergeSettings &next) { next.options.ghosts = exposure::Ghosts::Remove; });
+    change([](MergeSettings &next) { next.strokes.pop_back(); });
+    change([](MergeSettings &next) { next.strokes.clear(); });
     MergePreviewer keeping;
     for (const MergeSettings &settings : steps) {
         const MergePreviewResult kept = ask(keeping, shots, settings);
         MergePreviewer fresh;
         compare(kept, ask(fresh, shots, settings));
     }
+}
+
+/// The white thing stands at 330 in the third shot alone.
+void TestMergePreviewer::strokes_changeThePreviewWhereTheyAre()
+{
+    const QList<QImage> shots = bracket();
+    MergeSettings settings;
+    settings.options.reference = 0;
+    settings.options.ghostReference = 0;
+    MergePreviewer previewer;
+    const MergePreviewResult without = ask(previewer, shots, settings);
+    QVERIFY(!without.ghosts.isNull());
+    settings.paintedOn = kSize * 4;
+    settings.strokes = {{2, 200, {{1400, 720}}}};
+    const MergePreviewResult with = ask(previewer, shots, settings);
+    const QPoint thing(350, 180);
+    QVERIFY(qGray(with.picture.pixel(thing)) > qGray(without.picture.pixel(thing)) + 60);
+    const QPoint other(30, 30);
+    QVERIFY(std::abs(qGray(with.picture.pixel(other)) - qGray(without.picture.pixel(other))) < 12);
 }
 
 void TestMergePreviewer::otherShots_areMergedAnew()
