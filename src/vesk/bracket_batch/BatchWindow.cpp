@@ -26,6 +26,8 @@ namespace {
 constexpr QSize kPreferredSize(980, 640);
 constexpr int kOptionWidth = 300;
 constexpr int kPerBracket = 100; // of the progress bar
+/// In every language, so that a batch goes on after a change of language.
+const QString kResults = QStringLiteral("merged");
 
 using State = BracketBatch::State;
 
@@ -55,8 +57,9 @@ QLayout *folderRow(QLineEdit *line, QPushButton *choose, const QString &title)
 
 BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
     : QDialog(parent)
+    , folders(new QWidget)
     , input(new QLineEdit(QDir::toNativeSeparators(folder)))
-    , output(new QLineEdit(QDir::toNativeSeparators(QDir(folder).filePath(tr("merged")))))
+    , output(new QLineEdit(QDir::toNativeSeparators(QDir(folder).filePath(kResults))))
     , table(new BracketTable)
     , options(new MergeOptionsPanel)
     , format(new QComboBox)
@@ -74,7 +77,8 @@ BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
     row->addWidget(makeTable(), 1);
     row->addWidget(makeOptions());
     auto *column = new QVBoxLayout(this);
-    column->addWidget(makeFolders());
+    fillFolders();
+    column->addWidget(folders);
     column->addLayout(row, 1);
     QSizePolicy policy = progress->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -88,10 +92,9 @@ BatchWindow::BatchWindow(const QString &folder, QWidget *parent)
 
 BatchWindow::~BatchWindow() = default;
 
-QWidget *BatchWindow::makeFolders()
+void BatchWindow::fillFolders()
 {
-    auto *box = new QWidget;
-    auto *form = new QFormLayout(box);
+    auto *form = new QFormLayout(folders);
     form->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const QString &text, QLineEdit *line, const char *name,
                          QPushButton *choose) {
@@ -104,7 +107,6 @@ QWidget *BatchWindow::makeFolders()
     };
     add(tr("&Folder with shots:"), input, "inputLine", button(tr("Cho&ose…"), "inputButton"));
     add(tr("Folder for res&ults:"), output, "outputLine", button(tr("C&hoose…"), "outputButton"));
-    return box;
 }
 
 QWidget *BatchWindow::makeOptions()
@@ -251,7 +253,7 @@ void BatchWindow::showState()
 {
     const int count = int(table->chosen().size());
     const bool isRunning = batch.isRunning();
-    for (QWidget *part : QList<QWidget *>{input, output, options, format})
+    for (QWidget *part : QList<QWidget *>{folders, options, format})
         part->setEnabled(!isRunning);
     table->setEditable(!isRunning);
     progress->setVisible(isRunning);

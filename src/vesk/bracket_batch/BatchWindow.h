@@ -30,7 +30,7 @@ public:
     void reject() override;
 
 private:
-    QWidget *makeFolders();
+    void fillFolders();
     QWidget *makeOptions();
     QWidget *makeTable();
     QWidget *makeButtons();
@@ -43,6 +43,7 @@ private:
     void showReport();
     BatchChoices choices() const;
 
+    QWidget *folders;
     QLineEdit *input;
     QLineEdit *output;
     BracketTable *table;

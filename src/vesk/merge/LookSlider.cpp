@@ -8,6 +8,7 @@ namespace {
 
 constexpr int kStepsPerUnit = 100;
 constexpr double kStep = 0.05;
+constexpr double kWidest = 12;
 
 } // namespace
 
@@ -21,6 +22,8 @@ LookSlider::LookSlider(const QString &name, double least, double most, double ne
     slider->setRange(qRound(least * kStepsPerUnit), qRound(most * kStepsPerUnit));
     slider->setPageStep(kStepsPerUnit / 4);
     slider->setAccessibleName(name);
+    number->setRange(-kWidest, kWidest); // all as wide, so that sliders end below each other
+    number->setMinimumWidth(number->sizeHint().width());
     number->setRange(least, most);
     number->setSingleStep(kStep);
     number->setAccessibleName(name);

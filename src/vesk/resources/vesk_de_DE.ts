@@ -66,10 +66,6 @@
 <context>
     <name>BatchWindow</name>
     <message>
-        <source>merged</source>
-        <translation>verschmolzen</translation>
-    </message>
-    <message>
         <source>&amp;Start</source>
         <translation>&amp;Starten</translation>
     </message>

@@ -66,10 +66,6 @@
 <context>
     <name>BatchWindow</name>
     <message>
-        <source>merged</source>
-        <translation>합성</translation>
-    </message>
-    <message>
         <source>&amp;Start</source>
         <translation>시작(&amp;S)</translation>
     </message>

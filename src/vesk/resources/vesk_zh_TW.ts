@@ -66,10 +66,6 @@
 <context>
     <name>BatchWindow</name>
     <message>
-        <source>merged</source>
-        <translation>合成</translation>
-    </message>
-    <message>
         <source>&amp;Start</source>
         <translation>開始(&amp;S)</translation>
     </message>

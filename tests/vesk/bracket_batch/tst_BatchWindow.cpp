@@ -284,6 +284,8 @@ void TestBatchWindow::running_allowsNoEdits()
     part<QPushButton>("startButton")->click();
     for (const char *name : {"joinAction", "splitAction", "switchAction", "searchAction"})
         QVERIFY2(!edit(name)->isEnabled(), name);
+    for (const char *name : {"inputLine", "inputButton", "outputLine", "outputButton"})
+        QVERIFY2(!part<QWidget>(name)->isEnabled(), name);
     part<QPushButton>("stopButton")->click();
     QTRY_VERIFY_WITH_TIMEOUT(edit("joinAction")->isEnabled(), kPatienceMs);
     QVERIFY(edit("searchAction")->isEnabled());
