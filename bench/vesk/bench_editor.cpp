@@ -124,7 +124,9 @@ void measureCancel(const QStringList &paths, double afterShare)
     double reached = 0;
     QObject::connect(job.get(), &MergeJob::progressed,
                      [&](const QString &, double done) { reached = done; });
-    job->start(paths, {});
+    MergeTask task;
+    task.paths = paths;
+    job->start(task);
     const Watch patience;
     while (reached < afterShare && job->isRunning() && patience.wallMs() < kPatienceMs)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);

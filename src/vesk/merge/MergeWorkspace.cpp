@@ -9,6 +9,8 @@
 #include "picture_document.h"
 
 #include <automatic_look.h>
+#include <free_memory.h>
+#include <merge_memory.h>
 #include <picture_kinds.h>
 #include <screen_colours.h>
 
@@ -172,11 +174,8 @@ void MergeWorkspace::connectParts()
     connectPreview();
     connect(mergeButton, &QPushButton::clicked, this, &MergeWorkspace::startMerge);
     connect(closeButton, &QPushButton::clicked, this, &MergeWorkspace::reject);
-    connect(&job, &MergeJob::progressed, this, [this](const QString &what, double done) {
-        state->setText(what);
-        progress->setValue(qRound(done * kProgressSteps));
-    });
-    connect(&job, &MergeJob::finished, this, &MergeWorkspace::finish);
+    connect(&full, &FullMerge::progressed, this, &MergeWorkspace::showProgress);
+    connect(&full, &FullMerge::finished, this, &MergeWorkspace::finish);
     qApp->installEventFilter(this);
 }
 
@@ -188,10 +187,11 @@ void MergeWorkspace::connectPreview()
             bar->setShots(aligned, namesOn());
     });
     connect(preview, &MergePreview::sharpWantedChanged, this, &MergeWorkspace::updateSharp);
-    connect(&sharp, &SharpMerge::ready, preview, &MergePreview::setSharp);
-    connect(&sharp, &SharpMerge::ready, this, &MergeWorkspace::placeBrushOnSharp);
-    connect(&sharp, &SharpMerge::ready, this, &MergeWorkspace::showState);
-    connect(&sharp, &SharpMerge::failed, state, &QLabel::setText);
+    connect(&sharp, &SharpMerge::ready, this, &MergeWorkspace::onSharpReady);
+    connect(&sharp, &SharpMerge::failed, this, [this](const QString &problem) {
+        if (!isMerging())
+            state->setText(problem);
+    });
     connect(brush, &BrushTool::changed, this, &MergeWorkspace::onSetChanged);
     connect(shots, &QListWidget::currentRowChanged, brush,
             [this](int row) { brush->chooseShot(shots->paths().value(row)); });
@@ -293,19 +293,43 @@ void MergeWorkspace::onSetChanged()
     delay.start();
 }
 
-/// The whole picture, as soon as somebody looks closely.
+/// The whole picture, as soon as somebody looks closely; and ahead of time where there is room for
+/// it, so that nobody waits for the merge.
 void MergeWorkspace::updateSharp()
 {
     const bool isSmallEnough = settings().isLight(); // its own window shows it at full size
-    if (!preview->isSharpWanted() || isSmallEnough || isMerging() ||
-        !whyNoPreview(shots->shotsOn()).isEmpty())
+    if (isSmallEnough || isMerging() || !whyNoPreview(shots->shotsOn()).isEmpty())
         return;
-    if (const std::optional<MergeResult> kept = sharp.keptFor(pathsOn(), settings())) {
+    if (!preview->isSharpWanted()) {
+        if (hasRoomAhead())
+            sharp.ask(pathsOn(), settings(), SharpMerge::Need::Ahead);
+    } else if (const std::optional<MergeResult> kept = sharp.keptFor(pathsOn(), settings())) {
         if (!preview->isSharp())
             preview->setSharp({kept->picture, kept->reference});
     } else {
         sharp.ask(pathsOn(), settings());
     }
+    showState();
+}
+
+bool MergeWorkspace::hasRoomAhead() const
+{
+    constexpr qint64 kLeastShare = 4; // of the memory that is free
+    const QList<MergeShot> on = shots->shotsOn();
+    merge_memory::Needs needs;
+    needs.size = on.first().size;
+    needs.shots = int(on.size());
+    needs.areDeep = true; // what they are is told by reading them
+    return merge_memory::peakBytes(needs) <= free_memory::bytes() / kLeastShare;
+}
+
+void MergeWorkspace::onSharpReady(const SharpPicture &picture)
+{
+    if (isMerging())
+        return;
+    if (preview->isSharpWanted())
+        preview->setSharp(picture);
+    placeBrushOnSharp();
     showState();
 }
 
@@ -424,7 +448,8 @@ void MergeWorkspace::showState()
 {
     if (isMerging())
         return;
-    state->setText(sharp.isUnderWay() ? tr("Sharpening…") : alignedText);
+    const bool isSharpening = preview->isSharpWanted() && sharp.isUnderWay();
+    state->setText(isSharpening ? tr("Sharpening…") : alignedText);
 }
 
 void MergeWorkspace::showNotes(const QStringList &sentences)
@@ -490,13 +515,14 @@ void MergeWorkspace::startMerge()
     previewer.cancel();
     bar->stopBlinking();
     asked = settings();
-    MergeTask task;
-    task.paths = underWay;
-    task.settings = asked;
-    task.merged = sharp.keptFor(underWay, asked);
-    sharp.cancel();
-    job.start(task);
+    full.start(underWay, asked);
     showMerging(true);
+}
+
+void MergeWorkspace::showProgress(const QString &what, double done)
+{
+    state->setText(what);
+    progress->setValue(qRound(done * kProgressSteps));
 }
 
 void MergeWorkspace::showMerging(bool isUnderWay)
@@ -522,7 +548,7 @@ void MergeWorkspace::reject()
         QDialog::reject();
         return;
     }
-    job.cancel();
+    full.cancel();
     showMerging(false);
     requestPreview();
 }

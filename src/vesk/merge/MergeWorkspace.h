@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MergeJob.h"
+#include "FullMerge.h"
 #include "MergePreviewer.h"
 #include "MergeShotLoader.h"
 #include "SharpMerge.h"
@@ -37,7 +37,7 @@ public:
     void setSettings(const MergeSettings &settings);
     /// Which bracket of the folder this is, from 1, and of how many; 0 for none.
     void setBracketPlace(int place, int count);
-    bool isMerging() const { return job.isRunning(); }
+    bool isMerging() const { return full.isRunning(); }
 
     /// While the merge runs, only that is cancelled.
     void reject() override;
@@ -71,6 +71,7 @@ private:
     QString whyNoPreview(const QList<MergeShot> &shots) const;
     MergeSettings settings() const;
     void startMerge();
+    void showProgress(const QString &what, double done);
     void finish(const MergeResult &result);
     void showMerging(bool isUnderWay);
     void showBefore(bool isBefore);
@@ -78,6 +79,8 @@ private:
     void askForShots();
     void chooseLook();
     void updateSharp();
+    void onSharpReady(const SharpPicture &picture);
+    bool hasRoomAhead() const;
     void showState();
     QStringList pathsOn() const;
     QStringList namesOn() const;
@@ -103,7 +106,7 @@ private:
     MergeShotLoader loader;
     MergePreviewer previewer;
     SharpMerge sharp;
-    MergeJob job;
+    FullMerge full{sharp};
     QImage previewed; // without its look
     QString alignedText;
     QStringList underWay; // paths of the merge that runs

@@ -2,7 +2,8 @@
 
 namespace {
 
-constexpr int kDelayMs = 200;
+constexpr int kSoonMs = 200;
+constexpr int kAheadMs = 1000;
 
 } // namespace
 
@@ -10,7 +11,6 @@ SharpMerge::SharpMerge(QObject *parent)
     : QObject(parent)
 {
     delay.setSingleShot(true);
-    delay.setInterval(kDelayMs);
     connect(&delay, &QTimer::timeout, this, [this] {
         MergeTask task;
         task.paths = askedPaths;
@@ -18,6 +18,7 @@ SharpMerge::SharpMerge(QObject *parent)
         task.wantsReference = true;
         job.start(task);
     });
+    connect(&job, &MergeJob::progressed, this, &SharpMerge::progressed);
     connect(&job, &MergeJob::finished, this, &SharpMerge::take);
 }
 
@@ -26,14 +27,21 @@ bool SharpMerge::isFor(const QStringList &paths, const MergeSettings &settings) 
     return askedPaths == paths && asked.isSameButLook(settings);
 }
 
-void SharpMerge::ask(const QStringList &paths, const MergeSettings &settings)
+void SharpMerge::ask(const QStringList &paths, const MergeSettings &settings, Need need)
 {
+    const int wait = need == Need::Now ? kSoonMs : kAheadMs;
     keepOnlyFor(paths, settings);
-    if (isUnderWay() || !kept.picture.isNull())
+    const bool isSoonEnough = delay.isActive() && delay.remainingTime() <= wait;
+    if (job.isRunning() || isSoonEnough || !kept.picture.isNull())
         return;
     askedPaths = paths;
     asked = settings;
-    delay.start();
+    delay.start(wait);
+}
+
+bool SharpMerge::isRunningFor(const QStringList &paths, const MergeSettings &settings) const
+{
+    return job.isRunning() && isFor(paths, settings);
 }
 
 void SharpMerge::keepOnlyFor(const QStringList &paths, const MergeSettings &settings)
