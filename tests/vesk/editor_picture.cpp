@@ -80,11 +80,13 @@ bool photographBatch(MainWindow &window, FilmStrip &strip, const char *output)
     window.findChild<EditorActions *>()->mergeBrackets->trigger();
     auto *batch = window.findChild<BatchWindow *>();
     batch->resize(kBatchSize);
-    const auto *table = batch->findChild<BracketTable *>();
+    auto *table = batch->findChild<BracketTable *>();
     if (!QTest::qWaitFor([&] { return table->topLevelItemCount() == strip.bracketCount(); },
                          kPatienceMs))
         return false;
     table->topLevelItem(0)->setExpanded(true);
+    for (int i : {1, 2}) // as if they were to be joined
+        table->topLevelItem(i)->setSelected(true);
     // The folder's name is another one with every run.
     batch->findChild<QLineEdit *>(QStringLiteral("inputLine"))->blockSignals(true);
     batch->findChild<QLineEdit *>(QStringLiteral("inputLine"))->setText(kFolder);

@@ -1198,7 +1198,7 @@
     <message>
         <source>aligned, %1 % sure</source>
         <extracomment>How far an alignment can be trusted, in percent.</extracomment>
-        <translation>ausgerichtet, zu %1 % sicher</translation>
+        <translation>ausgerichtet, %1 % sicher</translation>
     </message>
     <message>
         <source>%1 was left unaligned: %2.</source>
