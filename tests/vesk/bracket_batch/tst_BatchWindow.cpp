@@ -45,6 +45,7 @@ private slots:
     void edits_keepWhatWasTakenOut();
     void findAgain_undoesTheEdits();
     void edits_areInTheContextMenuAndOnKeys();
+    void tab_goesThroughTheControlsAsTheyStand();
     void running_allowsNoEdits();
     void underWay_itsProgressIsShown();
     void damagedShot_failsAloneAndSaysWhy();
@@ -275,6 +276,27 @@ void TestBatchWindow::edits_areInTheContextMenuAndOnKeys()
         QTest::keyClick(table(), Qt::Key_Down);
     QTest::keyClick(table(), Qt::Key_K, Qt::ControlModifier);
     QCOMPARE(lines().mid(1), (QStringList{"b1.jpg to b3.jpg 3", "c1.jpg to c3.jpg 3"}));
+}
+
+void TestBatchWindow::tab_goesThroughTheControlsAsTheyStand()
+{
+    open(3);
+    batch()->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), batch());
+    QWidget *first = part<QLineEdit>("inputLine");
+    first->setFocus();
+    QStringList names;
+    do {
+        const QString name = QApplication::focusWidget()->objectName();
+        names += QApplication::focusWidget() == table() ? QStringLiteral("table") : name;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    } while (QApplication::focusWidget() != first && names.size() < 99);
+    const QStringList inOrder{"inputLine", "inputButton", "outputLine", "outputButton",
+                              "table",     "methodBox",   "cropBox",    "resetButton",
+                              "formatBox", "startButton", "closeButton"};
+    QStringList found = names;
+    found.removeIf([&](const QString &name) { return !inOrder.contains(name); });
+    QVERIFY2(found == inOrder, qPrintable(names.join(' ')));
 }
 
 void TestBatchWindow::running_allowsNoEdits()
