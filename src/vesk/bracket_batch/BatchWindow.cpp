@@ -150,7 +150,10 @@ QWidget *BatchWindow::makeTable()
     again->setObjectName(QStringLiteral("searchAction"));
     again->setShortcut(QKeySequence::Refresh);
     again->setToolTip(tr("Finds the brackets of the folder anew, without your changes"));
-    connect(again, &QAction::triggered, this, &BatchWindow::search);
+    connect(again, &QAction::triggered, this, [this] {
+        settings::setBatchBrackets({});
+        search();
+    });
     searchButton->setDefaultAction(again);
     buttons->addWidget(searchButton);
     auto *column = new QVBoxLayout(box);
@@ -186,6 +189,9 @@ void BatchWindow::connectParts()
     connect(&survey, &FolderSurvey::ready, this, [this](const FolderNotes &notes) {
         isSearching = false;
         table->setNotes(notes);
+        const QStringList arranged = settings::batchBrackets();
+        if (arranged.value(0) == inputFolder())
+            table->arrangeAs(arranged.mid(1));
         showState();
     });
     connect(table, &BracketTable::chosenChanged, this, &BatchWindow::showState);
@@ -206,12 +212,16 @@ void BatchWindow::connectParts()
 
 void BatchWindow::search()
 {
-    const QString folder = QDir::fromNativeSeparators(input->text());
-    isSearching = QDir(folder).exists();
+    isSearching = QDir(inputFolder()).exists();
     table->setNotes({});
     if (isSearching)
-        survey.startFolder(QDir(folder).absolutePath());
+        survey.startFolder(inputFolder());
     showState();
+}
+
+QString BatchWindow::inputFolder() const
+{
+    return QDir(QDir::fromNativeSeparators(input->text())).absolutePath();
 }
 
 BatchChoices BatchWindow::choices() const
@@ -233,6 +243,10 @@ void BatchWindow::startOrPause()
     } else {
         const BatchChoices chosen = choices();
         settings::setBatch(chosen.settings.methodWord(), chosen.settings.asOptions({}));
+        if (table->isEdited())
+            settings::setBatchBrackets(QStringList(inputFolder()) + table->arrangementTexts());
+        else if (settings::batchBrackets().value(0) == inputFolder())
+            settings::setBatchBrackets({});
         table->resetStates();
         progress->setRange(0, int(table->chosen().size()) * kPerBracket);
         progress->setValue(0);

@@ -41,6 +41,7 @@ private:
     void showState();
     QString stateText(int count) const;
     void showReport();
+    QString inputFolder() const;
     BatchChoices choices() const;
 
     QWidget *folders;

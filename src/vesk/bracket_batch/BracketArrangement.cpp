@@ -3,6 +3,7 @@
 #include <natural_order.h>
 
 #include <QMap>
+#include <QSet>
 
 #include <algorithm>
 #include <limits>
@@ -98,6 +99,44 @@ void BracketArrangement::split(const Place &place)
     whole.erase(cut, whole.end());
     brackets.insert(place.bracket + 1, rest);
     dissolveSmallOnes();
+}
+
+void BracketArrangement::takeOutAll(const QStringList &paths, QHash<QString, Shot> &taken)
+{
+    const QSet<QString> wanted(paths.begin(), paths.end());
+    const auto takeFrom = [&](Shots &shots) {
+        const auto rest =
+            std::stable_partition(shots.begin(), shots.end(), [&wanted](const Shot &shot) {
+                return !wanted.contains(shot.path);
+            });
+        std::for_each(rest, shots.end(), [&](const Shot &shot) { taken.insert(shot.path, shot); });
+        shots.erase(rest, shots.end());
+    };
+    std::for_each(brackets.begin(), brackets.end(), takeFrom);
+    takeFrom(loose);
+}
+
+void BracketArrangement::arrangeAs(const QList<QStringList> &groups, const QStringList &loosePaths)
+{
+    QHash<QString, Shot> taken;
+    const auto shotsAt = [&taken](const QStringList &paths) {
+        Shots shots;
+        for (const QString &path : paths) {
+            if (taken.contains(path))
+                shots.push_back(taken.take(path));
+        }
+        return shots;
+    };
+    for (const QStringList &group : groups) {
+        takeOutAll(group, taken);
+        brackets += shotsAt(group);
+    }
+    takeOutAll(loosePaths, taken);
+    append(loose, shotsAt(loosePaths));
+    dissolveSmallOnes();
+    std::stable_sort(brackets.begin(), brackets.end(), [](const Shots &one, const Shots &other) {
+        return timeOf(one.front()) < timeOf(other.front());
+    });
 }
 
 void BracketArrangement::dissolveSmallOnes()

@@ -2,7 +2,9 @@
 
 #include <Shot.h>
 
+#include <QHash>
 #include <QList>
+#include <QStringList>
 
 #include <vector>
 
@@ -37,8 +39,13 @@ public:
     /// That shot and those behind it become a bracket of their own, or loose.
     void split(const Place &place);
 
+    /// As somebody has arranged the folder before, by paths. Shots that are gone are left out,
+    /// those that are mentioned nowhere stay where they are.
+    void arrangeAs(const QList<QStringList> &groups, const QStringList &loosePaths);
+
 private:
     bool isLoose(const Place &place) const { return place.bracket == bracketCount(); }
+    void takeOutAll(const QStringList &paths, QHash<QString, Shot> &taken);
     void dissolveSmallOnes();
 
     QList<Shots> brackets;

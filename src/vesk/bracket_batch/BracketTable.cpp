@@ -126,11 +126,11 @@ QAction *BracketTable::addEdit(const QString &text, const char *name, const QKey
 
 void BracketTable::setNotes(const FolderNotes &notes)
 {
-    QList<BracketArrangement::Shots> found;
+    QList<BracketArrangement::Shots> brackets;
     for (const QStringList &paths : notes.brackets) {
-        found += BracketArrangement::Shots();
+        brackets += BracketArrangement::Shots();
         for (const QString &path : paths)
-            found.last().push_back(notes.pictures.value(path).shot);
+            brackets.last().push_back(notes.pictures.value(path).shot);
     }
     BracketArrangement::Shots loose;
     stops.clear();
@@ -142,8 +142,59 @@ void BracketTable::setNotes(const FolderNotes &notes)
         loose.push_back(note->shot);
         loose.back().path = note.key(); // also of one that tells nothing
     }
-    arrangement = {found, loose};
+    arrangement = {brackets, loose};
+    if (!notes.pictures.isEmpty())
+        folder = QFileInfo(notes.pictures.cbegin().key()).path();
     fill();
+    foundTexts = arrangementTexts();
+}
+
+/// "+" or "-", whether it takes part, of the bracket and before the name of each shot; "=" for the
+/// loose ones. No name has a slash.
+QStringList BracketTable::arrangementTexts() const
+{
+    const auto sign = [](const QTreeWidgetItem *line) {
+        return QLatin1Char(isOn(line) ? '+' : '-');
+    };
+    QStringList texts;
+    for (int i = 0; i < arrangement.bracketCount(); ++i) {
+        QStringList names;
+        for (int j = 0; j < topLevelItem(i)->childCount(); ++j) {
+            const QTreeWidgetItem *line = topLevelItem(i)->child(j);
+            names += sign(line) + QFileInfo(pathOf(line)).fileName();
+        }
+        texts += sign(topLevelItem(i)) + names.join(QLatin1Char('/'));
+    }
+    QStringList names;
+    for (const Shot &shot : arrangement.shotsOf(arrangement.bracketCount()))
+        names += nameOf(shot);
+    return texts + QStringList(QLatin1Char('=') + names.join(QLatin1Char('/')));
+}
+
+void BracketTable::arrangeAs(const QStringList &texts)
+{
+    const auto pathFor = [this](const QString &name) { return folder + QLatin1Char('/') + name; };
+    QList<QStringList> groups;
+    QStringList loose;
+    Marks off;
+    for (const QString &text : texts) {
+        const bool isLoose = text.startsWith(QLatin1Char('='));
+        QStringList paths;
+        for (const QString &name : text.mid(1).split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+            paths += pathFor(isLoose ? name : name.mid(1));
+            if (!isLoose && name.startsWith(QLatin1Char('-')))
+                off.shots += paths.last();
+        }
+        if (text.startsWith(QLatin1Char('-')))
+            off.brackets += paths.value(0);
+        if (isLoose)
+            loose = paths;
+        else
+            groups += paths;
+    }
+    arrangement.arrangeAs(groups, loose);
+    fill();
+    mark(off, switchOff);
 }
 
 void BracketTable::fill()
@@ -171,7 +222,9 @@ QTreeWidgetItem *BracketTable::bracketLine(const BracketArrangement::Shots &shot
 
 QTreeWidgetItem *BracketTable::shotLine(const Shot &shot) const
 {
-    return checkable(nameOf(shot), stops.value(shot.path), shot.path);
+    QTreeWidgetItem *line = checkable(nameOf(shot), stops.value(shot.path), shot.path);
+    line->setToolTip(kName, exposure_texts::settings(shot));
+    return line;
 }
 
 /// They take no part before they are joined.
@@ -181,8 +234,12 @@ void BracketTable::addLooseShots()
     if (loose.empty())
         return;
     auto *group = new QTreeWidgetItem({tr("In no bracket"), QString::number(loose.size())});
-    for (const Shot &shot : loose)
-        group->addChild(new QTreeWidgetItem({nameOf(shot)}));
+    for (const Shot &shot : loose) {
+        auto *line =
+            new QTreeWidgetItem({nameOf(shot), exposure_texts::time(shot.exposureSeconds)});
+        line->setToolTip(kName, exposure_texts::settings(shot));
+        group->addChild(line);
+    }
     addTopLevelItem(group);
 }
 

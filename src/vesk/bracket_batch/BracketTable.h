@@ -32,6 +32,12 @@ public:
     void resetStates();
     /// How many chosen brackets are in that state.
     int count(BracketBatch::State state) const;
+    /// What stands in the lines and takes part, as texts by which another table of the same folder
+    /// shows it again.
+    QStringList arrangementTexts() const;
+    void arrangeAs(const QStringList &texts);
+    /// Whether that is something else than what was found.
+    bool isEdited() const { return arrangementTexts() != foundTexts; }
     /// Changes to what is selected; also in the context menu.
     QList<QAction *> edits() const { return {joinAction, splitAction, switchAction}; }
 
@@ -66,6 +72,8 @@ private:
 
     BracketArrangement arrangement;
     QHash<QString, QString> stops; // in words, by path
+    QStringList foundTexts;        // before any edit
+    QString folder;
     bool isEditable = true;
     QAction *joinAction;
     QAction *splitAction;

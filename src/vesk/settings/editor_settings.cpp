@@ -19,6 +19,7 @@ const QLatin1String kFilmStripOrder("editor/filmStripOrder");
 const QLatin1String kResultsHidden("editor/hideResults");
 const QLatin1String kBatchMethod("editor/batchMethod");
 const QLatin1String kBatchOptions("editor/batchOptions");
+const QLatin1String kBatchBrackets("editor/batchBrackets");
 const QLatin1String kRecent("editor/recentFiles");
 const QLatin1String kTheme("editor/theme");
 const QLatin1String kSession("editor/session");
@@ -110,6 +111,17 @@ void settings::setBatch(const QString &method, const QString &options)
 {
     setValue(kBatchMethod, method);
     setValue(kBatchOptions, options);
+}
+
+QStringList settings::batchBrackets()
+{
+    return value(kBatchBrackets).toStringList();
+}
+
+void settings::setBatchBrackets(const QStringList &texts)
+{
+    if (texts != batchBrackets())
+        setValue(kBatchBrackets, texts.isEmpty() ? QVariant() : texts);
 }
 
 QStringList settings::recentFiles()

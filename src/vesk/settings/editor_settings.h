@@ -32,6 +32,11 @@ QString batchMethod();
 QString batchOptions();
 void setBatch(const QString &method, const QString &options);
 
+/// How the user has arranged the brackets of a folder for the batch started last: the folder, and
+/// the texts of a table of brackets. Empty when they are as they were found.
+QStringList batchBrackets();
+void setBatchBrackets(const QStringList &texts);
+
 /// Latest first.
 QStringList recentFiles();
 void setRecentFiles(const QStringList &paths);

@@ -44,6 +44,7 @@ private slots:
     void splitBracket_leavesTheRestAlone();
     void edits_keepWhatWasTakenOut();
     void findAgain_undoesTheEdits();
+    void edits_ofAStartedBatch_areThereAgain();
     void edits_areInTheContextMenuAndOnKeys();
     void tab_goesThroughTheControlsAsTheyStand();
     void running_allowsNoEdits();
@@ -252,6 +253,32 @@ void TestBatchWindow::findAgain_undoesTheEdits()
     edit("joinAction")->trigger();
     QCOMPARE(table()->topLevelItemCount(), 1);
     edit("searchAction")->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(lines(), found, kPatienceMs);
+}
+
+/// Else a batch that goes on would replace what was merged of them.
+void TestBatchWindow::edits_ofAStartedBatch_areThereAgain()
+{
+    open(3);
+    const QStringList found = lines();
+    select({line(0), line(1)});
+    edit("joinAction")->trigger();
+    line(0)->child(4)->setCheckState(0, Qt::Unchecked);
+    line(1)->setCheckState(0, Qt::Unchecked);
+    runToTheEnd();
+    QCOMPARE(table()->count(State::Merged), 1);
+    delete batch();
+    window->findChild<EditorActions *>()->mergeBrackets->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(lines(), (QStringList{"a1.jpg to b3.jpg 6", "c1.jpg to c3.jpg 3"}),
+                              kPatienceMs);
+    QCOMPARE(line(0)->child(4)->checkState(0), Qt::Unchecked);
+    QCOMPARE(line(1)->checkState(0), Qt::Unchecked);
+    runToTheEnd();
+    QCOMPARE(said(), QStringLiteral("0 merged, 1 done already, 0 failed, 0 stopped"));
+    edit("searchAction")->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(lines(), found, kPatienceMs);
+    delete batch();
+    window->findChild<EditorActions *>()->mergeBrackets->trigger();
     QTRY_COMPARE_WITH_TIMEOUT(lines(), found, kPatienceMs);
 }
 

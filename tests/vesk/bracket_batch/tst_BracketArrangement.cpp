@@ -52,6 +52,8 @@ private slots:
     void split_makesTwoBrackets_data();
     void split_makesTwoBrackets();
     void canSplit_needsAShotBefore();
+    void arrangeAs_before_isThatAgain_data();
+    void arrangeAs_before_isThatAgain();
     void shotsWithoutATime_standInOrderOfTheirNames();
     void empty_hasNothing();
 };
@@ -121,6 +123,38 @@ void TestBracketArrangement::canSplit_needsAShotBefore()
     QVERIFY(!arranged.canSplit({0, 0}));
     QVERIFY(arranged.canSplit({1, 1}));
     QVERIFY(!arranged.canSplit({2, 1}));
+}
+
+void TestBracketArrangement::arrangeAs_before_isThatAgain_data()
+{
+    QTest::addColumn<QStringList>("groups");
+    QTest::addColumn<QString>("loose");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("nothing") << QStringList() << QString() << QStringLiteral("abc DEF | xy");
+    QTest::newRow("joined") << QStringList{"abcDEF"} << QString() << QStringLiteral("abcDEF | xy");
+    QTest::newRow("of loose ones")
+        << QStringList{"xy"} << QString() << QStringLiteral("abc xy DEF | ");
+    QTest::newRow("taken apart") << QStringList() << QStringLiteral("abc")
+                                 << QStringLiteral("DEF | abcxy");
+    QTest::newRow("what is new stays")
+        << QStringList{"aD"} << QString() << QStringLiteral("aD bc EF | xy");
+    QTest::newRow("gone") << QStringList{"abQ", "QR", "cQ"} << QStringLiteral("Z")
+                          << QStringLiteral("ab DEF | cxy");
+}
+
+void TestBracketArrangement::arrangeAs_before_isThatAgain()
+{
+    QFETCH(QStringList, groups);
+    QFETCH(QString, loose);
+    const auto paths = [](const QString &names) {
+        return names.split(QString(), Qt::SkipEmptyParts);
+    };
+    QList<QStringList> pathsOf;
+    for (const QString &group : groups)
+        pathsOf += paths(group);
+    BracketArrangement arranged = arrangement();
+    arranged.arrangeAs(pathsOf, paths(loose));
+    QTEST(textOf(arranged), "expected");
 }
 
 void TestBracketArrangement::shotsWithoutATime_standInOrderOfTheirNames()
