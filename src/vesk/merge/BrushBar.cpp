@@ -47,7 +47,7 @@ BrushBar::BrushBar(QWidget *parent)
     eraser->setCheckable(true);
     undo = add(tr("Undo"), "undoStrokeButton", tr("Take the last stroke back (Ctrl+Z)"));
     clear = add(tr("Clear"), "clearStrokesButton", tr("Take all strokes away"));
-    row->addStretch();
+    row->addStretch(1);
     connect(brush, &QPushButton::toggled, this, &BrushBar::showParts);
     connect(brush, &QPushButton::toggled, this, &BrushBar::toggled);
     connect(eraser, &QPushButton::toggled, this, &BrushBar::changed);
@@ -84,8 +84,8 @@ void BrushBar::addShotBox()
     shots->setToolTip(tr("What is painted comes from this shot. Shift and a click take what moved "
                          "there, whole; Ctrl moves the picture."));
     shots->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    shots->setMinimumContentsLength(12);
-    layout()->addWidget(shots);
+    shots->setMinimumContentsLength(6);
+    qobject_cast<QHBoxLayout *>(layout())->addWidget(shots, 1);
     connect(shots, &QComboBox::currentIndexChanged, this, &BrushBar::changed);
 }
 
@@ -96,7 +96,8 @@ void BrushBar::addSizeSlider()
     size->setToolTip(tr("Size of the brush ([ and ])"));
     size->setRange(1, kLargestSize);
     size->setValue(kUsualSize);
-    size->setFixedWidth(kSliderWidth);
+    size->setMinimumWidth(kSliderWidth / 2);
+    size->setMaximumWidth(kSliderWidth);
     layout()->addWidget(size);
     connect(size, &QSlider::valueChanged, this, &BrushBar::changed);
 }

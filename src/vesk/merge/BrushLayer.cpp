@@ -1,6 +1,7 @@
 #include "BrushLayer.h"
 #include "MergePreview.h"
 
+#include <FlagRuns.h>
 #include <stroke_path.h>
 
 #include <QMouseEvent>
@@ -12,21 +13,27 @@
 namespace {
 
 constexpr double kTint = 0.45;
+constexpr double kVeil = 0.25; // over what moved
 constexpr int kThingSide = 11; // of the mark on a thing, in the view
 
-/// Light where something moved, nothing elsewhere.
-QImage asVeil(const QImage &mask)
+/// 1 where something moved.
+motion::Plane flagsOf(const QImage &mask)
 {
-    if (mask.isNull())
-        return {};
-    QImage veil(mask.size(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < mask.height(); ++y) {
-        const uchar *from = mask.constScanLine(y);
-        auto *to = reinterpret_cast<QRgb *>(veil.scanLine(y));
+    motion::Plane flags(size_t(mask.width()) * size_t(mask.height()));
+    for (int y = 0; y < mask.height(); ++y)
         for (int x = 0; x < mask.width(); ++x)
-            to[x] = from[x] > 127 ? qRgba(64, 64, 64, 64) : 0U;
-    }
-    return veil;
+            flags[size_t(y) * size_t(mask.width()) + size_t(x)] =
+                mask.constScanLine(y)[x] > 127 ? 1 : 0;
+    return flags;
+}
+
+/// The group of touching runs with this place; -1 for none.
+int groupAt(const motion::FlagRuns &runs, size_t place)
+{
+    for (const motion::FlagRuns::Run &run : runs.runs())
+        if (run.begin <= place && place < run.end)
+            return int(run.group);
+    return -1;
 }
 
 bool isErasingClick(const QMouseEvent &event)
@@ -76,15 +83,17 @@ void BrushLayer::setStart(QPoint newStart)
     forgetDrawn();
 }
 
-void BrushLayer::setMoved(const QImage &mask)
+void BrushLayer::setMoved(const QImage &newMask)
 {
-    moved = asVeil(mask);
+    mask = newMask;
+    veil = {};
     update();
 }
 
 void BrushLayer::forgetDrawn()
 {
     drawn = {};
+    veil = {};
     update();
 }
 
@@ -109,6 +118,36 @@ QTransform BrushLayer::toView() const
 }
 
 // --- Painting ---
+
+/// A light one where something moved; in the colour of its shot where one was chosen for it.
+QImage BrushLayer::veilOfThings() const
+{
+    const motion::FlagRuns runs(flagsOf(mask), size_t(mask.width()));
+    std::vector<QColor> colours(runs.groupCount(), QColor(Qt::white));
+    for (const brush::Stroke &stroke : strokes) {
+        const QSizeF picture = preview->viewPlace().picture();
+        const QPointF at = stroke.points.front() - start + QPointF(0.5, 0.5);
+        const QPoint place(int(at.x() * mask.width() / picture.width()),
+                           int(at.y() * mask.height() / picture.height()));
+        if (!stroke.isThing() || !mask.rect().contains(place))
+            continue;
+        const int group =
+            groupAt(runs, size_t(place.y()) * size_t(mask.width()) + size_t(place.x()));
+        if (group >= 0)
+            colours[size_t(group)] = colourOf(stroke.shot);
+    }
+    QImage picture(mask.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    for (const motion::FlagRuns::Run &run : runs.runs()) {
+        QColor colour = colours[run.group];
+        colour.setAlphaF(colour == Qt::white ? kVeil : kTint);
+        const size_t width = size_t(mask.width());
+        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(int(run.begin / width)));
+        std::fill(row + run.begin % width, row + run.begin % width + (run.end - run.begin),
+                  qPremultiply(colour.rgba()));
+    }
+    return picture;
+}
 
 void BrushLayer::draw(QPainter &painter, const brush::Stroke &stroke) const
 {
@@ -158,8 +197,10 @@ void BrushLayer::paintEvent(QPaintEvent *)
         draw(onAll, current);
     }
     QPainter painter(this);
-    if (!moved.isNull())
-        painter.drawImage(preview->viewPlace().target(), moved);
+    if (veil.isNull() && !mask.isNull())
+        veil = veilOfThings();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(preview->viewPlace().target(), veil);
     painter.setOpacity(kTint);
     painter.drawImage(0, 0, all);
     painter.setOpacity(1);

@@ -51,13 +51,15 @@ private:
     void forgetDrawn();
     void draw(QPainter &painter, const brush::Stroke &stroke) const;
     QImage drawnStrokes() const;
+    QImage veilOfThings() const;
     void paintBrush(QPainter &painter) const;
 
     MergePreview *preview;
     brush::Strokes strokes;
     brush::Stroke current; // without points while none is painted
-    QImage moved;
-    QImage drawn; // the strokes as the view has them; null until needed
+    QImage mask;           // of what moved
+    QImage veil;           // over what moved, of the mask's size; null until needed
+    QImage drawn;          // the strokes as the view has them; null until needed
     QPoint start;
     QPointF pointer;
     int shot = 0;

@@ -28,6 +28,7 @@ private slots:
     void croppedPicture_isPaintedWhereItIs();
     void strokes_areTintedInTheirShotsColour();
     void whatMoved_isLighter();
+    void whatMoved_withAShot_hasItsColour();
     void hidden_whilePainting_forgetsTheStroke();
 
 private:
@@ -167,6 +168,25 @@ void TestBrushLayer::whatMoved_isLighter()
     QCOMPARE(seenAt({20, 20}), QColor(60, 60, 60));
     layer->setMoved({});
     QCOMPARE(seenAt({120, 120}), QColor(60, 60, 60));
+}
+
+/// Of two things the one with a chosen shot.
+void TestBrushLayer::whatMoved_withAShot_hasItsColour()
+{
+    QImage moved(kSize / 2, QImage::Format_Grayscale8);
+    moved.fill(0);
+    for (int y = 50; y < 70; ++y) {
+        std::fill_n(moved.scanLine(y) + 50, 30, uchar(255));
+        std::fill_n(moved.scanLine(y) + 120, 30, uchar(255));
+    }
+    layer->setStart({10, 20});
+    layer->setMoved(moved);
+    layer->setStrokes({{0, 0, {{155, 125}}}, {1, 0, {{5, 5}}}, {1, 0, {{2, 3000}}}});
+    const QColor chosen = seenAt({110, 130});
+    QVERIFY(chosen.red() > chosen.blue() + 60);
+    const QColor other = seenAt({270, 120});
+    QCOMPARE(other.red(), other.blue());
+    QVERIFY(other.red() > 80);
 }
 
 void TestBrushLayer::hidden_whilePainting_forgetsTheStroke()
