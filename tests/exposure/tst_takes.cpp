@@ -121,6 +121,7 @@ private slots:
     void take_ofTinyShots_isTaken();
     void take_ofMean_isIgnored();
     void thing_comesFromTheNamedShot();
+    void thing_ofCroppedShots_isThatOfTheReference();
     void thing_whereNothingMoved_changesNoByte();
     void wrongTakes_areErrors();
     void cancelled_whileTaking_givesNoPicture();
@@ -233,11 +234,11 @@ void TestTakes::take_winsOverWhatWasFound()
 void TestTakes::take_ofAlignedAndCroppedShots_liesOnTheReference()
 {
     const QRect thing(120, 90, 40, 40);
-    const QList<QImage> shots = bracket(false, {3, -2}, {-4, 1}, thing);
+    const QList<QImage> shots = bracket(false, {3, -2}, {35, 1}, thing);
     for (const auto alignment : {exposure::Alignment::Shift, exposure::Alignment::Perspective}) {
         exposure::Options options = still(exposure::Ghosts::Keep);
         options.alignment = alignment;
-        options.takes = {{1, maskOf(kSize, kPart)}};
+        options.takes = {{1, maskOf(kSize, thing)}};
         const Outcome whole = exposure::merge(shots, options);
         options.crop = true;
         const Outcome cropped = exposure::merge(shots, options);
@@ -320,8 +321,22 @@ void TestTakes::thing_comesFromTheNamedShot()
     QVERIFY(yellowness(one, right) > 150);
     QVERIFY(yellowness(neither, right) < 40);
     QVERIFY(std::abs(yellowness(one, left) - yellowness(neither, left)) < 10);
-    options.crop = true; // leaves all of it
-    QCOMPARE(exposure::merge(shots, options).picture, one);
+}
+
+/// A place at its right edge: beside it where the crop were forgotten.
+void TestTakes::thing_ofCroppedShots_isThatOfTheReference()
+{
+    const QRect thing(120, 90, 50, 50);
+    exposure::Options options = still(exposure::Ghosts::Remove);
+    options.ghostReference = 0;
+    options.alignment = exposure::Alignment::Perspective;
+    options.crop = true;
+    options.things = {{1, {thing.right() - 5, thing.center().y()}}};
+    const Outcome outcome = exposure::merge(bracket(false, {}, {35, 0}, thing), options);
+    QCOMPARE(outcome.error, Error::None);
+    const QPoint start = outcome.report.area.topLeft();
+    QCOMPARE(start, QPoint(35, 0));
+    QVERIFY(yellowness(outcome.picture, thing.translated(-start)) > 150);
 }
 
 void TestTakes::thing_whereNothingMoved_changesNoByte()

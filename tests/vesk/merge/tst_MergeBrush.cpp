@@ -62,6 +62,7 @@ private slots:
     void shotOfTheList_isPaintedWith();
     void shotSwitchedOff_takesItsStrokesAlong();
     void workspaceOnAResult_startsFromItsStrokes();
+    void workspaceOnAResult_ofAnotherOrder_findsTheShots();
     void mean_hasNoBrush();
     void otherBracket_hasNoStrokes();
     void everyControl_isReachedAndNamed();
@@ -344,6 +345,25 @@ void TestMergeBrush::workspaceOnAResult_startsFromItsStrokes()
     QTRY_VERIFY_WITH_TIMEOUT(!previewed().isNull(), kPatienceMs);
     QCOMPARE(merged(), first);
     QVERIFY(strokesOfResult() == strokes);
+}
+
+/// The workspace that opens has the shots by their paths again.
+void TestMergeBrush::workspaceOnAResult_ofAnotherOrder_findsTheShots()
+{
+    open(addBracket());
+    auto *shots = part<ShotList>("shotList");
+    shots->setCurrentRow(2);
+    change([&] { shots->moveCurrent(-2); });
+    part<QComboBox>("brushShotBox")->setCurrentIndex(2); // s2.png now
+    change([&] { paint({kThing.center()}); });
+    const QImage first = merged();
+    QCOMPARE(strokesOfResult().at(0).shot, 2);
+    QTRY_VERIFY(!workspace());
+    strip->clearSelection();
+    window->findChild<EditorActions *>()->mergeExposures->trigger();
+    QTRY_VERIFY_WITH_TIMEOUT(!previewed().isNull(), kPatienceMs);
+    QCOMPARE(merged(), first);
+    QCOMPARE(strokesOfResult().at(0).shot, 1);
 }
 
 void TestMergeBrush::mean_hasNoBrush()
