@@ -118,6 +118,9 @@ void TestMergePreviewer::anyOrderOfChanges_answersAsFromScratch()
     change([](MergeSettings &next) { next.options.alignment = exposure::Alignment::Perspective; });
     change([](MergeSettings &next) { next.options.crop = true; });
     change([](MergeSettings &next) { next.options.ghosts = exposure::Ghosts::Remove; });
+    change([](MergeSettings &next) { // left of what the crop leaves
+        next.strokes.push_back({1, 0, {{2, 340}}});
+    });
     change([](MergeSettings &next) { next.strokes.pop_back(); });
     change([](MergeSettings &next) { next.strokes.clear(); });
     MergePreviewer keeping;
