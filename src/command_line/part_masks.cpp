@@ -14,10 +14,12 @@ QImage lightPartsOf(const QImage &picture)
     uchar *const bits = mask.bits();
     if (!bits)
         return {};
+    const qsizetype rowBytes = mask.bytesPerLine();
+    const int width = mask.width();
     parallel::rows(mask.size(), [&](int begin, int end) {
         for (int y = begin; y < end; ++y) {
-            uchar *row = bits + y * mask.bytesPerLine();
-            for (int x = 0; x < mask.width(); ++x)
+            uchar *row = bits + y * rowBytes;
+            for (int x = 0; x < width; ++x)
                 row[x] = row[x] >= kLight ? 255 : 0;
         }
     });

@@ -6,10 +6,10 @@
 #include "parallel_rows.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
 #include <new>
+#include <set>
 
 namespace {
 
@@ -148,15 +148,12 @@ QImage labelsOf(const Strokes &strokes, QSize size, double scale)
     return labels;
 }
 
-std::array<bool, 256> labelsIn(const QImage &labels)
+bool has(const QImage &labels, int label)
 {
-    std::array<bool, 256> isThere{};
-    for (int y = 0; y < labels.height(); ++y) {
-        const uchar *row = labels.constScanLine(y);
-        for (int x = 0; x < labels.width(); ++x)
-            isThere[row[x]] = true;
-    }
-    return isThere;
+    for (int y = 0; y < labels.height(); ++y)
+        if (std::memchr(labels.constScanLine(y), label, size_t(labels.width())) != nullptr)
+            return true;
+    return false;
 }
 
 /// 255 where the picture has the label.
@@ -167,11 +164,12 @@ QImage maskOf(const QImage &labels, int label)
         throw std::bad_alloc();
     uchar *bits = mask.bits();
     const qsizetype rowBytes = mask.bytesPerLine();
+    const int width = labels.width();
     parallel::rows(labels.size(), [&](int begin, int end) {
         for (int y = begin; y < end; ++y) {
             const uchar *from = labels.constScanLine(y);
             uchar *to = bits + y * rowBytes;
-            for (int x = 0; x < labels.width(); ++x)
+            for (int x = 0; x < width; ++x)
                 to[x] = from[x] == label ? 255 : 0;
         }
     });
@@ -216,9 +214,12 @@ brush::Parts brush::parts(const Strokes &strokes, QSize size, double scale)
     Parts parts;
     parts.things = thingsOf(strokes, scale);
     const QImage labels = labelsOf(strokes, size, scale);
-    const std::array<bool, 256> isThere = labelsIn(labels);
-    for (int label = 1; label < int(isThere.size()); ++label)
-        if (isThere[size_t(label)])
-            parts.takes.push_back({label - 1, maskOf(labels, label)});
+    std::set<int> shots;
+    for (const Stroke &stroke : strokes)
+        if (!stroke.isThing() && stroke.shot != kErase)
+            shots.insert(stroke.shot);
+    for (const int shot : shots)
+        if (has(labels, shot + 1))
+            parts.takes.push_back({shot, maskOf(labels, shot + 1)});
     return parts;
 }

@@ -38,16 +38,34 @@ struct Grid
     QSize half;
 };
 
+/// What the rows of pixels of a row of blocks have together.
+void joinRows(const QImage &mask, int begin, int end, Plane &together)
+{
+    std::fill(together.begin(), together.end(), uint8_t(0));
+    uint8_t *__restrict to = together.data();
+    const int width = mask.width();
+    for (int y = begin; y < end; ++y) {
+        const uchar *from = mask.constScanLine(y);
+        for (int x = 0; x < width; ++x)
+            to[x] = static_cast<uint8_t>(to[x] | from[x]);
+    }
+}
+
 /// 1 for the blocks with a pixel of the part.
 Plane blocksOf(const QImage &mask, const Grid &grid)
 {
     Plane blocks(grid.places());
+    const auto side = static_cast<size_t>(grid.side);
+    const auto width = static_cast<size_t>(grid.width);
     parallel::rows({grid.size.width() * grid.side, grid.height}, [&](int begin, int end) {
-        for (int y = begin * grid.side; y < std::min(end * grid.side, grid.size.height()); ++y) {
-            const uchar *from = mask.constScanLine(y);
-            uint8_t *to = &blocks[size_t(y / grid.side) * size_t(grid.width)];
-            for (int x = 0; x < grid.size.width(); ++x)
-                to[x / grid.side] |= static_cast<uint8_t>(from[x] != 0);
+        Plane together(width * side);
+        for (int y = begin; y < end; ++y) {
+            joinRows(mask, y * grid.side, std::min((y + 1) * grid.side, grid.size.height()),
+                     together);
+            uint8_t *to = &blocks[size_t(y) * width];
+            for (size_t x = 0; x < width * side; x += side)
+                *to++ = std::any_of(&together[x], &together[x] + side,
+                                    [](uint8_t level) { return level != 0; });
         }
     });
     return blocks;
@@ -145,17 +163,18 @@ private:
     std::map<int, Plane> coverage; ///< of the shots that something is taken from
 };
 
-/// Row y of the mask with `taken` of 255 taken from it, and `own` of that for the shot itself. own:
-/// null for nothing; mask: null for 255.
-void joinRow(const uchar *mask, const uchar *taken, const uchar *own, int width, uchar *out)
+/// What of `mask` is left where `taken` of 255 is taken from it, and `own` of that for the shot.
+void joinRow(const uchar *mask, const uchar *taken, const uchar *own, int width,
+             uchar *__restrict out)
 {
     for (int x = 0; x < width; ++x) {
-        const int before = mask != nullptr ? mask[x] : 255;
-        const int left = (before * (255 - taken[x]) + 127) / 255;
-        out[x] = static_cast<uchar>(std::min(255, left + (own != nullptr ? own[x] : 0)));
+        const auto product = static_cast<uint16_t>(mask[x] * (255 - taken[x]) + 128);
+        const auto left = static_cast<uint16_t>((product + (product >> 8)) >> 8); // by 255, rounded
+        out[x] = static_cast<uchar>(std::min<uint16_t>(255, static_cast<uint16_t>(left + own[x])));
     }
 }
 
+/// mask: null for 255 everywhere; own: null for nothing.
 QImage joined(const QImage &mask, const QImage &taken, const QImage &own)
 {
     QImage result = memory::largeImage(taken.size(), QImage::Format_Grayscale8);
@@ -163,12 +182,12 @@ QImage joined(const QImage &mask, const QImage &taken, const QImage &own)
         throw std::bad_alloc();
     uchar *bits = result.bits();
     const qsizetype rowBytes = result.bytesPerLine();
-    const auto rowOf = [](const QImage &plane, int y) {
-        return plane.isNull() ? nullptr : plane.constScanLine(y);
-    };
+    const Plane all(size_t(taken.width()), 255);
+    const Plane nothing(size_t(taken.width()), 0);
     parallel::rows(taken.size(), [&](int begin, int end) {
         for (int y = begin; y < end; ++y)
-            joinRow(rowOf(mask, y), rowOf(taken, y), rowOf(own, y), taken.width(),
+            joinRow(mask.isNull() ? all.data() : mask.constScanLine(y), taken.constScanLine(y),
+                    own.isNull() ? nothing.data() : own.constScanLine(y), taken.width(),
                     bits + y * rowBytes);
     });
     return result;

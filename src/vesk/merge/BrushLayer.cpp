@@ -2,6 +2,7 @@
 #include "MergePreview.h"
 
 #include <FlagRuns.h>
+#include <stroke_parts.h>
 #include <stroke_path.h>
 
 #include <QMouseEvent>
@@ -14,7 +15,6 @@ namespace {
 
 constexpr double kTint = 0.45;
 constexpr double kVeil = 0.25; // over what moved
-constexpr int kThingSide = 11; // of the mark on a thing, in the view
 
 /// 1 where something moved.
 motion::Plane flagsOf(const QImage &mask)
@@ -36,6 +36,50 @@ int groupAt(const motion::FlagRuns &runs, size_t place)
     return -1;
 }
 
+QColor tintColour(int shot)
+{
+    QColor colour = BrushLayer::colourOf(shot);
+    colour.setAlphaF(kTint);
+    return colour;
+}
+
+QColor veilColour()
+{
+    return QColor(255, 255, 255, int(255 * kVeil));
+}
+
+/// Lighter where something moved; in the colour of its shot where one was chosen for it.
+void fillThings(QImage &picture, const QImage &mask, const std::vector<motion::ThingTake> &things)
+{
+    const auto width = size_t(mask.width());
+    const motion::FlagRuns runs(flagsOf(mask), width);
+    std::vector<QRgb> colours(runs.groupCount(), qPremultiply(veilColour().rgba()));
+    for (const motion::ThingTake &thing : things) {
+        const QPoint place = thing.place;
+        const int group = mask.rect().contains(place)
+                              ? groupAt(runs, size_t(place.y()) * width + size_t(place.x()))
+                              : -1;
+        if (group >= 0)
+            colours[size_t(group)] = qPremultiply(tintColour(thing.shot).rgba());
+    }
+    for (const motion::FlagRuns::Run &run : runs.runs()) {
+        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(int(run.begin / width)));
+        std::fill_n(row + run.begin % width, run.end - run.begin, colours[run.group]);
+    }
+}
+
+void fillPart(QImage &picture, const motion::Take &take)
+{
+    const QRgb colour = qPremultiply(tintColour(take.shot).rgba());
+    const int width = picture.width();
+    for (int y = 0; y < picture.height(); ++y) {
+        const uchar *taken = take.mask.constScanLine(y);
+        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        for (int x = 0; x < width; ++x)
+            row[x] = taken[x] != 0 ? colour : row[x];
+    }
+}
+
 bool isErasingClick(const QMouseEvent &event)
 {
     return event.button() == Qt::RightButton || (event.modifiers() & Qt::AltModifier);
@@ -52,7 +96,7 @@ BrushLayer::BrushLayer(MergePreview *shownPreview)
     setCursor(Qt::CrossCursor);
     setGeometry(preview->rect());
     preview->installEventFilter(this);
-    connect(preview, &MergePreview::zoomChanged, this, &BrushLayer::forgetDrawn);
+    connect(preview, &MergePreview::zoomChanged, this, qOverload<>(&QWidget::update));
     hide();
 }
 
@@ -66,7 +110,7 @@ QColor BrushLayer::colourOf(int shot)
 void BrushLayer::setStrokes(const brush::Strokes &painted)
 {
     strokes = painted;
-    forgetDrawn();
+    forgetTint();
 }
 
 void BrushLayer::setBrush(int newShot, int newRadius, bool erases)
@@ -80,20 +124,18 @@ void BrushLayer::setBrush(int newShot, int newRadius, bool erases)
 void BrushLayer::setStart(QPoint newStart)
 {
     start = newStart;
-    forgetDrawn();
+    forgetTint();
 }
 
 void BrushLayer::setMoved(const QImage &newMask)
 {
     mask = newMask;
-    veil = {};
-    update();
+    forgetTint();
 }
 
-void BrushLayer::forgetDrawn()
+void BrushLayer::forgetTint()
 {
-    drawn = {};
-    veil = {};
+    tint = {};
     update();
 }
 
@@ -119,91 +161,57 @@ QTransform BrushLayer::toView() const
 
 // --- Painting ---
 
-/// A light one where something moved; in the colour of its shot where one was chosen for it.
-QImage BrushLayer::veilOfThings() const
+/// What is painted, and lighter what moved; as large as the small copy is.
+QImage BrushLayer::tinted() const
 {
-    const motion::FlagRuns runs(flagsOf(mask), size_t(mask.width()));
-    std::vector<QColor> colours(runs.groupCount(), QColor(Qt::white));
-    for (const brush::Stroke &stroke : strokes) {
-        const QSizeF picture = preview->viewPlace().picture();
-        const QPointF at = stroke.points.front() - start + QPointF(0.5, 0.5);
-        const QPoint place(int(at.x() * mask.width() / picture.width()),
-                           int(at.y() * mask.height() / picture.height()));
-        if (!stroke.isThing() || !mask.rect().contains(place))
-            continue;
-        const int group =
-            groupAt(runs, size_t(place.y()) * size_t(mask.width()) + size_t(place.x()));
-        if (group >= 0)
-            colours[size_t(group)] = colourOf(stroke.shot);
-    }
-    QImage picture(mask.size(), QImage::Format_ARGB32_Premultiplied);
+    constexpr QSize kMost(1280, 1280);
+    const QSize whole = preview->viewPlace().picture();
+    const QSize bounded =
+        whole.boundedTo(whole.scaled(kMost, Qt::KeepAspectRatio)).expandedTo({1, 1});
+    const QSize size = mask.isNull() ? bounded : mask.size();
+    brush::Strokes shifted = strokes;
+    for (brush::Stroke &stroke : shifted)
+        for (QPoint &point : stroke.points)
+            point -= start;
+    const brush::Parts parts =
+        brush::parts(shifted, size, double(size.width()) / std::max(1, whole.width()));
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
-    for (const motion::FlagRuns::Run &run : runs.runs()) {
-        QColor colour = colours[run.group];
-        colour.setAlphaF(colour == Qt::white ? kVeil : kTint);
-        const size_t width = size_t(mask.width());
-        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(int(run.begin / width)));
-        std::fill(row + run.begin % width, row + run.begin % width + (run.end - run.begin),
-                  qPremultiply(colour.rgba()));
-    }
+    if (!mask.isNull())
+        fillThings(picture, mask, parts.things);
+    for (const motion::Take &take : parts.takes)
+        fillPart(picture, take);
     return picture;
 }
 
-void BrushLayer::draw(QPainter &painter, const brush::Stroke &stroke) const
+void BrushLayer::paintCurrent(QPainter &painter) const
 {
-    const bool erases = stroke.shot == brush::kErase;
-    painter.setCompositionMode(erases ? QPainter::CompositionMode_Clear
-                                      : QPainter::CompositionMode_Source);
-    painter.setPen(QPen(erases ? QColor(Qt::black) : colourOf(stroke.shot), 2.0 * stroke.radius,
-                        Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    QPolygonF line;
-    for (const QPoint &point : stroke.points)
-        line << QPointF(point);
-    if (stroke.isThing()) {
-        const double side = kThingSide / painter.transform().m11();
-        painter.setPen(QPen(colourOf(stroke.shot), side));
-        painter.drawPoint(line.first());
-    } else if (line.size() == 1) {
-        painter.drawPoint(line.first());
-    } else {
-        painter.drawPolyline(line);
-    }
-}
-
-QImage BrushLayer::drawnStrokes() const
-{
-    QImage picture(size() * devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor colour = current.shot == brush::kErase ? veilColour() : tintColour(current.shot);
+    painter.setPen(QPen(colour, 2.0 * current.radius, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setTransform(toView());
-    for (const brush::Stroke &stroke : strokes)
-        draw(painter, stroke);
-    return picture;
+    QPolygonF line;
+    for (const QPoint &point : current.points)
+        line << QPointF(point);
+    if (line.size() == 1)
+        painter.drawPoint(line.first());
+    else
+        painter.drawPolyline(line);
+    painter.resetTransform();
 }
 
 void BrushLayer::paintEvent(QPaintEvent *)
 {
     if (preview->shown().isNull())
         return;
-    if (drawn.isNull())
-        drawn = drawnStrokes();
-    QImage all = drawn;
-    if (isPainting()) {
-        QPainter onAll(&all);
-        onAll.setRenderHint(QPainter::Antialiasing);
-        onAll.setTransform(toView());
-        draw(onAll, current);
+    if (tint.isNull() || tintedPicture != preview->viewPlace().picture()) {
+        tint = tinted();
+        tintedPicture = preview->viewPlace().picture();
     }
     QPainter painter(this);
-    if (veil.isNull() && !mask.isNull())
-        veil = veilOfThings();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(preview->viewPlace().target(), veil);
-    painter.setOpacity(kTint);
-    painter.drawImage(0, 0, all);
-    painter.setOpacity(1);
+    painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::Antialiasing);
+    painter.drawImage(preview->viewPlace().target(), tint);
+    if (isPainting() && !current.isThing())
+        paintCurrent(painter);
     paintBrush(painter);
 }
 
@@ -212,7 +220,6 @@ void BrushLayer::paintBrush(QPainter &painter) const
     if (!underMouse())
         return;
     const double inView = std::max(1.0, radius * toView().m11());
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(0, 0, 0, 160), 3));
     painter.drawEllipse(pointer, inView, inView);
     painter.setPen(QPen(isErasing ? QColor(Qt::white) : colourOf(shot), 1.5));

@@ -48,18 +48,17 @@ private:
     QPoint toReference(QPointF inView) const;
     QTransform toView() const;
     void addPoint(QPointF inView);
-    void forgetDrawn();
-    void draw(QPainter &painter, const brush::Stroke &stroke) const;
-    QImage drawnStrokes() const;
-    QImage veilOfThings() const;
+    void forgetTint();
+    QImage tinted() const;
+    void paintCurrent(QPainter &painter) const;
     void paintBrush(QPainter &painter) const;
 
     MergePreview *preview;
     brush::Strokes strokes;
     brush::Stroke current; // without points while none is painted
     QImage mask;           // of what moved
-    QImage veil;           // over what moved, of the mask's size; null until needed
-    QImage drawn;          // the strokes as the view has them; null until needed
+    QImage tint;           // over the whole picture; null until needed
+    QSize tintedPicture;
     QPoint start;
     QPointF pointer;
     int shot = 0;

@@ -187,6 +187,8 @@ void TestBrushLayer::whatMoved_withAShot_hasItsColour()
     const QColor other = seenAt({270, 120});
     QCOMPARE(other.red(), other.blue());
     QVERIFY(other.red() > 80);
+    layer->setStrokes({{0, 0, {{155, 125}}}, {brush::kErase, 9, {{158, 128}}}});
+    QCOMPARE(seenAt({110, 130}), other);
 }
 
 void TestBrushLayer::hidden_whilePainting_forgetsTheStroke()
