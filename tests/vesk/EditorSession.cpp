@@ -58,6 +58,22 @@ QString EditorSession::startDisplay()
     return {};
 }
 
+void EditorSession::join(const EditorSession &first)
+{
+    environment = first.environment;
+}
+
+QString EditorSession::dataFolder() const
+{
+    return environment.value(QStringLiteral("XDG_DATA_HOME")) + QStringLiteral("/vesk");
+}
+
+void EditorSession::kill()
+{
+    editor.kill();
+    editor.waitForFinished();
+}
+
 void EditorSession::setVariable(const QString &name, const QString &value)
 {
     environment.insert(name, value);
@@ -171,10 +187,11 @@ QString EditorSession::xdotool(const QStringList &arguments)
     return QString::fromLocal8Bit(process.readAllStandardOutput()).trimmed();
 }
 
-/// The newest of the visible windows with such a title; empty for none.
+/// The newest of its visible windows with such a title; empty for none.
 QString EditorSession::windowOf(const QString &title)
 {
-    return xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+    return xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--pid"),
+                    QString::number(editor.processId()), QStringLiteral("--onlyvisible"),
                     QStringLiteral("--name"), title})
         .split(QLatin1Char('\n'))
         .constLast();

@@ -14,6 +14,10 @@ public:
 
     /// Starts the display. Returns why that is not possible here, empty on success.
     QString startDisplay();
+    /// Another editor on the display of first, with the same home.
+    void join(const EditorSession &first);
+    /// Where the editor keeps its settings and its recovery files.
+    QString dataFolder() const;
     /// For the editor, before it is launched.
     void setVariable(const QString &name, const QString &value);
     /// Starts the editor with a home of its own, which is kept between launches.
@@ -32,6 +36,8 @@ public:
     /// window.
     bool askToClose(const QString &title);
 
+    /// Ends it as a crash does.
+    void kill();
     bool isRunning() const { return editor.state() == QProcess::Running; }
     /// Waits until the editor has ended; -1 when it does not, or crashed.
     int exitCode();

@@ -1,6 +1,7 @@
 #include "DocumentOpener.h"
 #include "DocumentArea.h"
 #include "open_failure_box.h"
+#include "picture_document.h"
 
 #include <VeskContext.h>
 
@@ -55,7 +56,10 @@ void DocumentOpener::take(const LoadedPicture &picture)
     if (picture.isLight()) {
         Q_EMIT lightOpened(picture);
     } else if (!showOpen(picture.path)) { // or it was asked for twice
-        documents->open(picture.image, QFileInfo(picture.path).fileName(), picture.path);
+        VeskContext *document =
+            documents->open(picture.image, QFileInfo(picture.path).fileName(), picture.path);
+        document::setFileStamp(*document, picture.stamp);
+        document::setGainMapInFile(*document, picture.hasGainMap);
         batch.append(picture.path);
     }
     Q_EMIT opened(picture.path);

@@ -28,6 +28,9 @@ bool DocumentSaver::save(VeskContext *document)
     const std::optional<PictureFormat> format = picture::formatOfSuffix(path);
     if (!format)
         return saveAs(document);
+    const Outcome agreed = agreeToReplace(*document);
+    if (agreed != Outcome::Saved)
+        return agreed == Outcome::SaveElsewhere && saveAs(document);
     const Outcome outcome = write(
         *document, {path, *format, settings::jpegQuality(), true, document::savedBits(*document)});
     return outcome == Outcome::SaveElsewhere ? saveAs(document) : outcome == Outcome::Saved;
@@ -112,10 +115,44 @@ DocumentSaver::Outcome DocumentSaver::write(VeskContext &document, const SaveTar
         document.setFilePath(target.path);
         document.setFileName(QFileInfo(target.path).fileName());
         document::setSavedBits(document, target.bitsPerSample);
+        document::setFileStamp(document, FileStamp::of(target.path));
+        document::setGainMapInFile(document, false);
         document::markSaved(document);
     }
     Q_EMIT saved(target.path);
     return Outcome::Saved;
+}
+
+/// Saved where nothing speaks against it, or the user agrees.
+DocumentSaver::Outcome DocumentSaver::agreeToReplace(const VeskContext &document)
+{
+    const QString name = document.getFileName();
+    if (document::isFileChanged(document)) {
+        const Outcome answer =
+            askToReplace(tr("“%1” has been changed by another program.").arg(name),
+                         tr("If you replace it, what was changed there is lost."));
+        if (answer != Outcome::Saved)
+            return answer;
+    }
+    if (!document::hasGainMapInFile(document))
+        return Outcome::Saved;
+    return askToReplace(
+        tr("“%1” holds a gain map: bright screens show it brighter.").arg(name),
+        tr("Vesk cannot keep that. The file would look the same on all screens from now on."));
+}
+
+DocumentSaver::Outcome DocumentSaver::askToReplace(const QString &text, const QString &consequence)
+{
+    QMessageBox question(QMessageBox::Warning, tr("Replace the File?"), text,
+                         QMessageBox::Yes | QMessageBox::Save | QMessageBox::Cancel, window);
+    question.setInformativeText(consequence);
+    question.button(QMessageBox::Yes)->setText(tr("&Replace"));
+    question.button(QMessageBox::Save)->setText(tr("Save &As…"));
+    question.setDefaultButton(QMessageBox::Save);
+    const int answer = question.exec();
+    if (answer == QMessageBox::Save)
+        return Outcome::SaveElsewhere;
+    return answer == QMessageBox::Yes ? Outcome::Saved : Outcome::Failed;
 }
 
 /// Another place would not help, so none is offered.

@@ -20,6 +20,7 @@ public:
     explicit DocumentSaver(QWidget *window);
 
     /// Saves to the document's own file, or asks for one when there is none that can be written.
+    /// Asks before what another program wrote there meanwhile, or a gain map, is lost.
     /// Returns whether the document is saved now.
     bool save(VeskContext *document);
     bool saveAs(VeskContext *document);
@@ -38,6 +39,8 @@ private:
     enum class Outcome { Saved, Failed, SaveElsewhere };
 
     Outcome write(VeskContext &document, const SaveTarget &target);
+    Outcome agreeToReplace(const VeskContext &document);
+    Outcome askToReplace(const QString &text, const QString &consequence);
     bool refuseNothingVisible(const VeskContext &document);
     Outcome reportFailure(const QString &path, const QString &reason);
     QString suggestedPath(const VeskContext &document) const;

@@ -1,7 +1,20 @@
 #include "LoadedPicture.h"
 
 #include <VeskGlobalSettings.h>
+#include <gain_map.h>
 #include <picture_reader.h>
+
+#include <QFile>
+
+namespace {
+
+bool hasGainMap(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && gain_map::read(file);
+}
+
+} // namespace
 
 LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelled)
 {
@@ -11,8 +24,9 @@ LoadedPicture loadPicture(const QString &path, const std::atomic<bool> &cancelle
     options.colours = ReadOptions::Colours::True;
     options.light = ReadOptions::Light::Floats;
     options.cancelled = &cancelled;
+    const FileStamp stamp = FileStamp::of(path);
     const DecodedPicture read = picture::read(path, options);
-    return {path, read.image, read.reason};
+    return {path, read.image, read.reason, stamp, !read.image.isNull() && hasGainMap(path)};
 }
 
 bool LoadedPicture::isLight() const

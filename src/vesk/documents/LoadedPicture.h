@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileStamp.h"
+
 #include <QImage>
 #include <QMetaType>
 #include <QString>
@@ -10,8 +12,10 @@
 struct LoadedPicture
 {
     QString path;
-    QImage image;    ///< upright, at the file's depth; null on failure
-    QString problem; ///< empty on success; does not name the file
+    QImage image;            ///< upright, at the file's depth; null on failure
+    QString problem;         ///< empty on success; does not name the file
+    FileStamp stamp = {};    ///< of the file, from before it was read
+    bool hasGainMap = false; ///< the file also says how bright screens show it
 
     /// The image is the light of a scene, in linear floats, and no picture for a screen.
     bool isLight() const;

@@ -19,6 +19,9 @@ constexpr char kResultMark[] = "resultMark";
 constexpr char kCoveredArea[] = "coveredArea";
 constexpr char kCoveredSize[] = "coveredSize";
 constexpr char kSavedBits[] = "savedBits";
+constexpr char kStampBytes[] = "stampBytes";
+constexpr char kStampTime[] = "stampTime";
+constexpr char kGainMapInFile[] = "gainMapInFile";
 
 void addLayer(VeskContext &context, const QImage &picture)
 {
@@ -121,6 +124,37 @@ int document::savedBits(const VeskContext &context)
 void document::setSavedBits(VeskContext &context, int bits)
 {
     context.setProperty(kSavedBits, bits);
+}
+
+FileStamp document::fileStamp(const VeskContext &context)
+{
+    const QVariant bytes = context.property(kStampBytes);
+    return bytes.isValid()
+               ? FileStamp{bytes.toLongLong(), context.property(kStampTime).toLongLong()}
+               : FileStamp();
+}
+
+void document::setFileStamp(VeskContext &context, const FileStamp &stamp)
+{
+    context.setProperty(kStampBytes, stamp.bytes);
+    context.setProperty(kStampTime, stamp.changedMs);
+}
+
+bool document::isFileChanged(const VeskContext &context)
+{
+    const FileStamp known = fileStamp(context);
+    const FileStamp now = FileStamp::of(context.getFilePath());
+    return known.isKnown() && now.isKnown() && !(now == known);
+}
+
+bool document::hasGainMapInFile(const VeskContext &context)
+{
+    return context.property(kGainMapInFile).toBool();
+}
+
+void document::setGainMapInFile(VeskContext &context, bool hasOne)
+{
+    context.setProperty(kGainMapInFile, hasOne);
 }
 
 void document::setLayerVisible(VeskContext &context, int index, bool isVisible)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileStamp.h"
+
 #include <ResultMark.h>
 
 #include <QImage>
@@ -48,6 +50,16 @@ void setCoveredArea(VeskContext &context, const QRect &area);
 /// document has.
 int savedBits(const VeskContext &context);
 void setSavedBits(VeskContext &context, int bits);
+
+/// The document's file as it was when it was read or written last; not known at first.
+FileStamp fileStamp(const VeskContext &context);
+void setFileStamp(VeskContext &context, const FileStamp &stamp);
+/// Whether its file is there, and another than that.
+bool isFileChanged(const VeskContext &context);
+
+/// Whether its file holds a gain map, which the document does not have.
+bool hasGainMapInFile(const VeskContext &context);
+void setGainMapInFile(VeskContext &context, bool hasOne);
 
 /// Shows or hides the layer at index, as a step of the document's history.
 void setLayerVisible(VeskContext &context, int index, bool isVisible);

@@ -17,7 +17,7 @@ namespace {
 
 constexpr quint32 kMagic = 0x5665736B; // "Vesk"
 constexpr quint32 kEnd = 0x21646E65;   // behind all else
-constexpr quint16 kVersion = 1;
+constexpr quint16 kVersion = 2;        // 1 has no stamp and no gain map
 constexpr int kMostLayers = 1000;
 constexpr int kLongestSide = 1 << 20;
 
@@ -88,13 +88,12 @@ bool readPicture(QDataStream &in, QImage &picture)
 }
 
 /// In front: what is needed to speak of the document. False for other files.
-bool readHead(QDataStream &in, QString &name)
+bool readHead(QDataStream &in, QString &name, quint16 &version)
 {
     quint32 magic = 0;
-    quint16 version = 0;
     in.setVersion(QDataStream::Qt_6_4);
     in >> magic >> version;
-    if (magic != kMagic || version != kVersion)
+    if (magic != kMagic || version < 1 || version > kVersion)
         return false;
     in >> name;
     return in.status() == QDataStream::Ok;
@@ -105,6 +104,7 @@ void writeAll(QDataStream &out, const RecoveredDocument &document)
     out.setVersion(QDataStream::Qt_6_4);
     out << kMagic << kVersion << document.name << document.path << document.metadataSource
         << bool(document.mark) << document.mark.value_or(ResultMark()) << qint32(document.savedBits)
+        << document.stamp.bytes << document.stamp.changedMs << document.hasGainMap
         << qint32(document.layers.size());
     for (const RecoveredDocument::Layer &layer : document.layers) {
         out << layer.name << layer.alpha << layer.isVisible;
@@ -139,6 +139,8 @@ RecoveredDocument recovery::snapshot(const VeskContext &document)
     kept.metadataSource = document::metadataSource(document);
     kept.mark = document::resultMark(document);
     kept.savedBits = document::savedBits(document);
+    kept.stamp = document::fileStamp(document);
+    kept.hasGainMap = document::hasGainMapInFile(document);
     const VeskLayerManager *layers = document.getLayerManager();
     for (int i = 0; i < layers->count(); ++i) {
         const VeskLayerBase *layer = layers->layerAt(i);
@@ -163,6 +165,8 @@ VeskContext *recovery::restored(const RecoveredDocument &kept, QWidget *canvasOw
     if (kept.mark)
         document::setResultMark(*document, *kept.mark);
     document::setSavedBits(*document, kept.savedBits);
+    document::setFileStamp(*document, kept.stamp);
+    document::setGainMapInFile(*document, kept.hasGainMap);
     document->setSaveAble(true);
     return document;
 }
@@ -184,13 +188,17 @@ try {
         return std::nullopt;
     QDataStream in(&file);
     RecoveredDocument document;
-    if (!readHead(in, document.name))
+    quint16 version = 0;
+    if (!readHead(in, document.name, version))
         return std::nullopt;
     bool hasMark = false;
     ResultMark mark;
     qint32 savedBits = 0;
     qint32 layers = 0;
-    in >> document.path >> document.metadataSource >> hasMark >> mark >> savedBits >> layers;
+    in >> document.path >> document.metadataSource >> hasMark >> mark >> savedBits;
+    if (version > 1)
+        in >> document.stamp.bytes >> document.stamp.changedMs >> document.hasGainMap;
+    in >> layers;
     if (hasMark)
         document.mark = mark;
     document.savedBits = savedBits;
@@ -208,5 +216,6 @@ QString recovery::readName(const QString &path)
         return {};
     QDataStream in(&file);
     QString name;
-    return readHead(in, name) ? name : QString();
+    quint16 version = 0;
+    return readHead(in, name, version) ? name : QString();
 }

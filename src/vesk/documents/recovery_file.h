@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileStamp.h"
+
 #include <ResultMark.h>
 
 #include <QImage>
@@ -26,6 +28,8 @@ struct RecoveredDocument
     QString metadataSource; ///< file; may be empty
     std::optional<ResultMark> mark;
     int savedBits = 0;
+    FileStamp stamp; ///< of its own file
+    bool hasGainMap = false;
     QList<Layer> layers;
 };
 

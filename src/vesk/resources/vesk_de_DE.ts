@@ -383,6 +383,30 @@
         <source>&amp;Discard All</source>
         <translation>Alle &amp;verwerfen</translation>
     </message>
+    <message>
+        <source>“%1” has been changed by another program.</source>
+        <translation>„%1“ wurde von einem anderen Programm geändert.</translation>
+    </message>
+    <message>
+        <source>If you replace it, what was changed there is lost.</source>
+        <translation>Wenn Sie die Datei ersetzen, gehen diese Änderungen verloren.</translation>
+    </message>
+    <message>
+        <source>“%1” holds a gain map: bright screens show it brighter.</source>
+        <translation>„%1“ enthält eine Gain-Map: Helle Bildschirme zeigen das Bild heller.</translation>
+    </message>
+    <message>
+        <source>Vesk cannot keep that. The file would look the same on all screens from now on.</source>
+        <translation>Vesk kann das nicht erhalten. Die Datei sähe künftig auf allen Bildschirmen gleich aus.</translation>
+    </message>
+    <message>
+        <source>Replace the File?</source>
+        <translation>Datei ersetzen?</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>

@@ -383,6 +383,30 @@
         <source>&amp;Discard All</source>
         <translation>&amp;Descartar todo</translation>
     </message>
+    <message>
+        <source>“%1” has been changed by another program.</source>
+        <translation>Otro programa ha modificado «%1».</translation>
+    </message>
+    <message>
+        <source>If you replace it, what was changed there is lost.</source>
+        <translation>Si lo reemplaza, esos cambios se perderán.</translation>
+    </message>
+    <message>
+        <source>“%1” holds a gain map: bright screens show it brighter.</source>
+        <translation>«%1» contiene un mapa de ganancia: las pantallas brillantes lo muestran con más luz.</translation>
+    </message>
+    <message>
+        <source>Vesk cannot keep that. The file would look the same on all screens from now on.</source>
+        <translation>Vesk no puede conservarlo. A partir de ahora, el archivo se vería igual en todas las pantallas.</translation>
+    </message>
+    <message>
+        <source>Replace the File?</source>
+        <translation>¿Reemplazar el archivo?</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Reemplazar</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>

@@ -383,6 +383,30 @@
         <source>&amp;Discard All</source>
         <translation>&amp;Abandonner tout</translation>
     </message>
+    <message>
+        <source>“%1” has been changed by another program.</source>
+        <translation>« %1 » a été modifié par un autre programme.</translation>
+    </message>
+    <message>
+        <source>If you replace it, what was changed there is lost.</source>
+        <translation>Si vous le remplacez, ces modifications seront perdues.</translation>
+    </message>
+    <message>
+        <source>“%1” holds a gain map: bright screens show it brighter.</source>
+        <translation>« %1 » contient une carte de gain : les écrans lumineux l’affichent plus clair.</translation>
+    </message>
+    <message>
+        <source>Vesk cannot keep that. The file would look the same on all screens from now on.</source>
+        <translation>Vesk ne peut pas la conserver. Le fichier aurait désormais le même aspect sur tous les écrans.</translation>
+    </message>
+    <message>
+        <source>Replace the File?</source>
+        <translation>Remplacer le fichier ?</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Remplacer</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>

@@ -383,6 +383,30 @@
         <source>&amp;Discard All</source>
         <translation>すべて破棄(&amp;D)</translation>
     </message>
+    <message>
+        <source>“%1” has been changed by another program.</source>
+        <translation>「%1」は別のプログラムによって変更されています。</translation>
+    </message>
+    <message>
+        <source>If you replace it, what was changed there is lost.</source>
+        <translation>置き換えると、その変更は失われます。</translation>
+    </message>
+    <message>
+        <source>“%1” holds a gain map: bright screens show it brighter.</source>
+        <translation>「%1」にはゲインマップが含まれており、明るい画面ではより明るく表示されます。</translation>
+    </message>
+    <message>
+        <source>Vesk cannot keep that. The file would look the same on all screens from now on.</source>
+        <translation>Vesk はこれを保持できません。今後、このファイルはどの画面でも同じように表示されます。</translation>
+    </message>
+    <message>
+        <source>Replace the File?</source>
+        <translation>ファイルを置き換えますか?</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>置き換え(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>

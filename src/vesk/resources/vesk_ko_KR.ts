@@ -383,6 +383,30 @@
         <source>&amp;Discard All</source>
         <translation>모두 버리기(&amp;D)</translation>
     </message>
+    <message>
+        <source>“%1” has been changed by another program.</source>
+        <translation>다른 프로그램이 “%1”을(를) 변경했습니다.</translation>
+    </message>
+    <message>
+        <source>If you replace it, what was changed there is lost.</source>
+        <translation>바꾸면 그 변경 내용이 사라집니다.</translation>
+    </message>
+    <message>
+        <source>“%1” holds a gain map: bright screens show it brighter.</source>
+        <translation>“%1”에는 게인 맵이 있어 밝은 화면에서 더 밝게 표시됩니다.</translation>
+    </message>
+    <message>
+        <source>Vesk cannot keep that. The file would look the same on all screens from now on.</source>
+        <translation>Vesk는 이를 유지할 수 없습니다. 앞으로 이 파일은 모든 화면에서 똑같이 보입니다.</translation>
+    </message>
+    <message>
+        <source>Replace the File?</source>
+        <translation>파일을 바꾸시겠습니까?</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>바꾸기(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>

@@ -383,6 +383,30 @@
         <source>&amp;Discard All</source>
         <translation>全部放弃(&amp;D)</translation>
     </message>
+    <message>
+        <source>“%1” has been changed by another program.</source>
+        <translation>“%1”已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>If you replace it, what was changed there is lost.</source>
+        <translation>如果替换，那些更改将会丢失。</translation>
+    </message>
+    <message>
+        <source>“%1” holds a gain map: bright screens show it brighter.</source>
+        <translation>“%1”包含增益图：高亮屏幕会将其显示得更亮。</translation>
+    </message>
+    <message>
+        <source>Vesk cannot keep that. The file would look the same on all screens from now on.</source>
+        <translation>Vesk 无法保留它。此后该文件在所有屏幕上显示相同。</translation>
+    </message>
+    <message>
+        <source>Replace the File?</source>
+        <translation>替换文件？</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>替换(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>

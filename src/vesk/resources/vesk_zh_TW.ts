@@ -383,6 +383,30 @@
         <source>&amp;Discard All</source>
         <translation>全部捨棄(&amp;D)</translation>
     </message>
+    <message>
+        <source>“%1” has been changed by another program.</source>
+        <translation>「%1」已被其他程式變更。</translation>
+    </message>
+    <message>
+        <source>If you replace it, what was changed there is lost.</source>
+        <translation>如果取代，那些變更將會遺失。</translation>
+    </message>
+    <message>
+        <source>“%1” holds a gain map: bright screens show it brighter.</source>
+        <translation>「%1」包含增益圖：高亮度螢幕會將其顯示得更亮。</translation>
+    </message>
+    <message>
+        <source>Vesk cannot keep that. The file would look the same on all screens from now on.</source>
+        <translation>Vesk 無法保留它。此後該檔案在所有螢幕上顯示相同。</translation>
+    </message>
+    <message>
+        <source>Replace the File?</source>
+        <translation>取代檔案？</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>取代(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>DocumentTabBar</name>

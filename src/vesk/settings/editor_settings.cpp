@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int kDefaultQuality = 95;
+constexpr int kLongestRecoverySeconds = 20; // the rest of half a minute is for the writing
 
 const QLatin1String kQuality("editor/jpegQuality");
 const QLatin1String kScreenProfile("editor/screenProfile");
@@ -23,6 +24,7 @@ const QLatin1String kBatchBrackets("editor/batchBrackets");
 const QLatin1String kRecent("editor/recentFiles");
 const QLatin1String kTheme("editor/theme");
 const QLatin1String kSession("editor/session");
+const QLatin1String kRecoverySeconds("editor/recoverySeconds");
 const QLatin1String kGeometry("editor/geometry");
 const QLatin1String kLayout("editor/layout");
 
@@ -153,6 +155,13 @@ void settings::setSession(const QStringList &paths)
 {
     if (paths != session())
         setValue(kSession, paths);
+}
+
+int settings::recoverySeconds()
+{
+    bool isNumber = false;
+    const int seconds = value(kRecoverySeconds).toInt(&isNumber);
+    return isNumber ? std::clamp(seconds, 1, kLongestRecoverySeconds) : kLongestRecoverySeconds;
 }
 
 QByteArray settings::windowGeometry()

@@ -49,6 +49,9 @@ void setTheme(const QString &name);
 QStringList session();
 void setSession(const QStringList &paths);
 
+/// How long after a change a document's recovery file is written at the latest: 1 to 20.
+int recoverySeconds();
+
 /// As QWidget and QMainWindow save them; empty before the first time.
 QByteArray windowGeometry();
 QByteArray windowLayout();

@@ -7,15 +7,33 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QMessageBox>
 #include <QPushButton>
+
+namespace {
+
+/// Beside the settings. Not by age: whether its process lives.
+std::unique_ptr<QLockFile> lockOf(const QString &recoveryRoot)
+{
+    const QString folder = QFileInfo(recoveryRoot).path();
+    QDir().mkpath(folder);
+    auto lock = std::make_unique<QLockFile>(folder + QStringLiteral("/session.lock"));
+    lock->setStaleLockTime(0);
+    return lock;
+}
+
+} // namespace
 
 SessionKeeper::SessionKeeper(DocumentArea *area, QWidget *questionWindow)
     : documents(area)
     , window(questionWindow)
-    , last(settings::session())
+    , lock(lockOf(RecoveryFolder::defaultRoot()))
+    , isOwner(lock->tryLock(0))
+    , last(isOwner ? settings::session() : QStringList())
     , recovery(std::make_unique<RecoveryKeeper>(area))
 {
+    recovery->setDelay(settings::recoverySeconds() * 1000);
     connect(recovery.get(), &RecoveryKeeper::failed, this, [this](const QString &reason) {
         Q_EMIT said(tr("Unsaved changes cannot be kept for recovery: %1").arg(reason));
     });
@@ -58,7 +76,7 @@ QStringList SessionKeeper::lastFiles() const
 
 void SessionKeeper::remember()
 {
-    if (isEnding)
+    if (isEnding || !isOwner)
         return;
     QStringList paths;
     const VeskContext *inFront = documents->currentDocument();

@@ -6,11 +6,13 @@
 #include <memory>
 
 class DocumentArea;
+class QLockFile;
 class QWidget;
 class RecoveryKeeper;
 
 /// What goes over from one run of the program to the next: which files were open, and documents
-/// whose changes were never saved. GUI thread.
+/// whose changes were never saved. Of several programs at once, the session is that of the first.
+/// GUI thread.
 class SessionKeeper : public QObject
 {
     Q_OBJECT
@@ -37,6 +39,8 @@ Q_SIGNALS:
 private:
     DocumentArea *documents;
     QWidget *window;
+    std::unique_ptr<QLockFile> lock; // of the program that the session belongs to
+    bool isOwner = false;
     const QStringList last;
     std::unique_ptr<RecoveryKeeper> recovery;
     bool isEnding = false;

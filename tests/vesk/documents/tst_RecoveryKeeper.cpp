@@ -1,5 +1,6 @@
 #include "DocumentArea.h"
 #include "DocumentHistory.h"
+#include "FileSizeLimit.h"
 #include "RecoveryKeeper.h"
 #include "TestPictures.h"
 #include "picture_document.h"
@@ -11,34 +12,16 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QProcess>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <csignal>
 #include <random>
-#include <sys/resource.h>
 
 namespace {
 
 constexpr int kPatienceMs = 20000;
-
-/// Files may not grow beyond that while it exists.
-class DiskLimit
-{
-public:
-    explicit DiskLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit lower{bytes, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &lower);
-    }
-    ~DiskLimit() { setrlimit(RLIMIT_FSIZE, &before); }
-
-private:
-    rlimit before{};
-};
 
 void edit(VeskContext &document, QRgb colour)
 {
@@ -137,6 +120,8 @@ private slots:
         kept.metadataSource = QStringLiteral("/a/s.jpg");
         kept.mark = document::markOfMerge(QStringLiteral("fusion"), {QStringLiteral("/a/s.jpg")});
         kept.savedBits = 16;
+        kept.stamp = {1234, 5678};
+        kept.hasGainMap = true;
         kept.layers = {{picture, QStringLiteral("one"), 0.5F, true}, {picture, {}, 1.0F, false}};
         const QString path = root->filePath(QStringLiteral("f"));
         QCOMPARE(recovery::write(kept, path), QString());
@@ -147,6 +132,8 @@ private slots:
         QCOMPARE(back->metadataSource, kept.metadataSource);
         QCOMPARE(back->mark->sources, kept.mark->sources);
         QCOMPARE(back->savedBits, 16);
+        QVERIFY(back->stamp == kept.stamp);
+        QVERIFY(back->hasGainMap);
         QCOMPARE(back->layers.size(), 2);
         QCOMPARE(back->layers[0].picture, picture);
         QCOMPARE(back->layers[0].picture.format(), format);
@@ -177,6 +164,71 @@ private slots:
             file.close();
             QVERIFY(!recovery::read(path));
         }
+    }
+
+    /// As programs wrote it before the stamp was kept.
+    void file_ofTheFirstVersion_isRead()
+    {
+        const QString path = root->filePath(QStringLiteral("f"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QDataStream out(&file);
+        out.setVersion(QDataStream::Qt_6_4);
+        out << quint32(0x5665736B) << quint16(1) << QStringLiteral("old") << QString() << QString()
+            << false << QString() << QString() << QString() << QString() << QStringList()
+            << qint32(0) << qint32(0) << quint32(0x21646E65);
+        file.close();
+        const auto back = recovery::read(path);
+        QVERIFY(back);
+        QCOMPARE(back->name, QStringLiteral("old"));
+        QVERIFY(!back->stamp.isKnown());
+    }
+
+    void recover_damagedAmongOthers_bringsTheOthersBack_data()
+    {
+        QTest::addColumn<int>("damage");
+        QTest::newRow("cut in the middle") << 0;
+        QTest::newRow("empty") << 1;
+        QTest::newRow("another program's") << 2;
+        QTest::newRow("of a later version") << 3;
+        QTest::newRow("cannot be opened") << 4;
+    }
+
+    void recover_damagedAmongOthers_bringsTheOthersBack()
+    {
+        QFETCH(const int, damage);
+        const QList<QRgb> colours{0xFF111111, 0xFF222222, 0xFF333333};
+        QSignalSpy written(keeper.get(), &RecoveryKeeper::written);
+        for (const QRgb colour : colours)
+            edit(*area->open(TestPictures::texture({64, 48}, 1), {}, {}), colour);
+        QTRY_COMPARE(files().size(), 3);
+        QTRY_COMPARE(written.size(), 3);
+        end();
+        begin();
+        const QStringList orphans = keeper->orphans();
+        spoil(orphans.at(1), damage);
+        QCOMPARE(keeper->recover(orphans), QStringList{orphans.at(1)});
+        const QList<VeskContext *> back = area->documents();
+        QCOMPARE(back.size(), 2);
+        QVERIFY(QFileInfo::exists(orphans.at(1))); // somebody may still make something of it
+        QSet<QRgb> seen;
+        for (const VeskContext *document : back)
+            seen.insert(document::layerPictures(*document).constFirst().pixel(1, 1));
+        QCOMPARE(seen.size(), 2);
+        QVERIFY(QSet<QRgb>(colours.begin(), colours.end()).contains(seen));
+    }
+
+    /// What a kill in the middle of a write leaves beside the files.
+    void orphans_halfWrittenTemporaryFile_isNone()
+    {
+        QSignalSpy written(keeper.get(), &RecoveryKeeper::written);
+        edit(*area->open(TestPictures::texture({64, 48}, 1), {}, {}), 0xFF111111);
+        QTRY_COMPARE(written.size(), 1);
+        const QString file = files().constFirst();
+        end();
+        QVERIFY(QFile::copy(file, file + QStringLiteral(".part")));
+        begin();
+        QCOMPARE(keeper->orphans(), QStringList{file});
     }
 
     void saving_removesTheFile_closingToo()
@@ -246,7 +298,7 @@ private slots:
         QSignalSpy failed(keeper.get(), &RecoveryKeeper::failed);
         QSignalSpy written(keeper.get(), &RecoveryKeeper::written);
         {
-            const DiskLimit full(10000);
+            const FileSizeLimit full(10000);
             edit(*document, 0xFF00FF00);
             QTRY_COMPARE(failed.size(), 1);
             QVERIFY(!failed.constFirst().constFirst().toString().isEmpty());
@@ -265,7 +317,7 @@ private slots:
         QSignalSpy written(keeper.get(), &RecoveryKeeper::written);
         edit(*document, 0xFF111111);
         QTRY_COMPARE(written.size(), 1);
-        const DiskLimit full(10000);
+        const FileSizeLimit full(10000);
         edit(*document, 0xFF222222);
         QTRY_COMPARE(failed.size(), 1);
         const auto kept = recovery::read(files().constFirst());
@@ -328,6 +380,26 @@ private:
     {
         keeper.reset();
         area.reset();
+    }
+
+    static void spoil(const QString &path, int damage)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        if (damage == 0) {
+            file.resize(file.size() / 2);
+        } else if (damage == 1) {
+            file.resize(0);
+        } else if (damage == 2) {
+            file.write("PNG");
+        } else if (damage == 3) {
+            file.seek(4);
+            file.write(QByteArray::fromHex("7FFF"));
+        } else {
+            file.close();
+            QFile::remove(path);
+            QVERIFY(QDir().mkdir(path)); // no permissions: root has all of them
+        }
     }
 
     QStringList files() const

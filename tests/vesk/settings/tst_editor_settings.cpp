@@ -6,6 +6,8 @@
 #include <QTest>
 #include <QVariant>
 
+#include <utility>
+
 class TestEditorSettings : public QObject
 {
     Q_OBJECT
@@ -22,6 +24,12 @@ void TestEditorSettings::settings_damagedValues_readAsDefaults()
                                                 QStringLiteral("/no/such/folder"));
     QCOMPARE(settings::jpegQuality(), 95);
     QVERIFY(QDir(settings::folder()).exists());
+    const QString recovery = QStringLiteral("editor/recoverySeconds");
+    for (const auto &[text, seconds] :
+         {std::pair("rubbish", 20), std::pair("0", 1), std::pair("7", 7), std::pair("900", 20)}) {
+        VeskGlobalSettings::getInstance()->setValue(recovery, QLatin1String(text));
+        QCOMPARE(settings::recoverySeconds(), seconds);
+    }
     settings::setJpegQuality(1000);
     QCOMPARE(settings::jpegQuality(), 100);
 }

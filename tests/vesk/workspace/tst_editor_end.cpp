@@ -2,6 +2,7 @@
 #include "DocumentHistory.h"
 #include "EditMenu.h"
 #include "EditorWindow.h"
+#include "FileSizeLimit.h"
 #include "FilmStrip.h"
 #include "MainWindow.h"
 #include "RecoveryFolder.h"
@@ -11,6 +12,7 @@
 #include <VeskContext.h>
 
 #include <QDir>
+#include <QLockFile>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
@@ -32,6 +34,8 @@ private slots:
     void quit_cancel_keepsAll();
     void session_isOpenedAgain();
     void session_filesThatHaveGone_areLeftOut();
+    void session_ofASecondProgram_leavesTheFirstOnesAlone();
+    void fullDisk_statusBarSaysSo();
     void crash_isOfferedBack();
     void crash_later_offersAgain();
     void crash_discarded_isGone();
@@ -117,6 +121,40 @@ void TestEditorEnd::session_filesThatHaveGone_areLeftOut()
     window->restoreSession();
     QTRY_COMPARE(documents->documents().size(), 1);
     QVERIFY(boxes->shown().isEmpty());
+}
+
+void TestEditorEnd::session_ofASecondProgram_leavesTheFirstOnesAlone()
+{
+    openAndWait({pictures->add(QStringLiteral("a.png"))});
+    window->close();
+    window.reset();
+    const QStringList ofTheFirst = settings::session();
+    QCOMPARE(ofTheFirst.size(), 1);
+    const QString folder = QFileInfo(RecoveryFolder::defaultRoot()).path();
+    QLockFile first(folder + QStringLiteral("/session.lock"));
+    QVERIFY(first.tryLock(0));
+    startAgain();
+    window->restoreSession();
+    openAndWait({pictures->add(QStringLiteral("b.png"))});
+    QCOMPARE(documents->documents().size(), 1);
+    QCOMPARE(settings::session(), ofTheFirst);
+}
+
+void TestEditorEnd::fullDisk_statusBarSaysSo()
+{
+    openAndWait({pictures->add(QStringLiteral("a.png"), {640, 480})});
+    auto *keeper = window->findChild<RecoveryKeeper *>();
+    keeper->setDelay(10);
+    const auto said = [this] { return window->statusBar()->currentMessage(); };
+    {
+        const FileSizeLimit full(10000);
+        window->findChild<EditMenu *>()->rotateLeft->trigger();
+        QTRY_VERIFY2(said().contains(QLatin1String("cannot be kept for recovery")),
+                     qPrintable(said()));
+    }
+    QVERIFY(current()->isSaveAble());
+    QSignalSpy written(keeper, &RecoveryKeeper::written);
+    QTRY_VERIFY(!written.isEmpty()); // tried again
 }
 
 void TestEditorEnd::crash_isOfferedBack()
