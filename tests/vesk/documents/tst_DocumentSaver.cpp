@@ -15,7 +15,6 @@
 #include <exif_metadata.h>
 #include <layer_composition.h>
 #include <metadata_reader.h>
-#include <picture_writer.h>
 
 #include <QColorSpace>
 #include <QDir>
@@ -77,11 +76,6 @@ private slots:
     void save_mergedPicture_keepsProfileAndResolution_data();
     void save_mergedPicture_keepsProfileAndResolution();
     void save_noVisibleLayer_isRefusedAndNoOtherPlaceOffered();
-    void save_fileChangedElsewhere_isNotReplacedUnasked();
-    void save_fileChangedElsewhere_replacedWhenTheUserAgrees();
-    void save_fileChangedElsewhere_goesToAnotherPlace();
-    void save_fileThatHasGone_isWrittenAgain();
-    void save_gainMap_asksOnceBeforeItIsLost();
     void settle_unmodified_asksNothing();
     void settle_discard_allowsClosingAndWritesNothing();
     void settle_cancel_keepsTheDocument();
@@ -487,85 +481,6 @@ void TestDocumentSaver::save_noVisibleLayer_isRefusedAndNoOtherPlaceOffered()
     QCOMPARE(boxes->shown().first().standardButtons, QMessageBox::Ok);
     QVERIFY(!QFile::exists(path));
     QVERIFY(boxes->shown().first().text.contains(QStringLiteral("no layer is visible")));
-}
-
-void TestDocumentSaver::save_fileChangedElsewhere_isNotReplacedUnasked()
-{
-    const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
-    makeDocument(path);
-    document::setFileStamp(*document, FileStamp::of(path));
-    pictures->add(QStringLiteral("own.png"), {30, 30}, 7); // another program
-    boxes->answerNextWith(QMessageBox::Cancel);
-    QVERIFY(!saver->save(document.get()));
-    QCOMPARE(boxes->shown().size(), 1);
-    QCOMPARE(readBack(QStringLiteral("own.png")).size(), QSize(30, 30));
-    QVERIFY(document->isSaveAble());
-}
-
-void TestDocumentSaver::save_fileChangedElsewhere_replacedWhenTheUserAgrees()
-{
-    const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
-    makeDocument(path);
-    document::setFileStamp(*document, FileStamp::of(path));
-    QVERIFY(saver->save(document.get())); // nobody has changed it
-    QVERIFY(boxes->shown().isEmpty());
-    document->setSaveAble(true);
-    QVERIFY(saver->save(document.get())); // but for the editor itself
-    QVERIFY(boxes->shown().isEmpty());
-    pictures->add(QStringLiteral("own.png"), {30, 30}, 7);
-    document->setSaveAble(true);
-    boxes->answerNextWith(QMessageBox::Yes);
-    QVERIFY(saver->save(document.get()));
-    QCOMPARE(readBack(QStringLiteral("own.png")), picture);
-    QCOMPARE(boxes->shown().size(), 1);
-}
-
-void TestDocumentSaver::save_fileChangedElsewhere_goesToAnotherPlace()
-{
-    const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
-    makeDocument(path);
-    document::setFileStamp(*document, FileStamp::of(path));
-    pictures->add(QStringLiteral("own.png"), {30, 30}, 7);
-    dialogs->answerNextWith(pictures->path(QStringLiteral("mine.png"))); // the default is Save As
-    QVERIFY(saver->save(document.get()));
-    QCOMPARE(readBack(QStringLiteral("own.png")).size(), QSize(30, 30));
-    QCOMPARE(readBack(QStringLiteral("mine.png")), picture);
-}
-
-void TestDocumentSaver::save_fileThatHasGone_isWrittenAgain()
-{
-    const QString path = pictures->add(QStringLiteral("own.png"), {10, 10}, 1);
-    makeDocument(path);
-    document::setFileStamp(*document, FileStamp::of(path));
-    QFile::remove(path);
-    QVERIFY(saver->save(document.get()));
-    QVERIFY(boxes->shown().isEmpty());
-    QCOMPARE(readBack(QStringLiteral("own.png")), picture);
-}
-
-void TestDocumentSaver::save_gainMap_asksOnceBeforeItIsLost()
-{
-    const QString path = pictures->path(QStringLiteral("bright.jpg"));
-    WriteOptions options;
-    options.gainMap.picture = QImage(8, 8, QImage::Format_RGB32);
-    options.gainMap.picture.fill(Qt::gray);
-    QCOMPARE(::picture::write(picture, path, PictureFormat::Jpeg, options).reason, QString());
-    const LoadedPicture read = loadPicture(path, neverCancelled);
-    QVERIFY(read.hasGainMap);
-    QVERIFY(read.stamp == FileStamp::of(path));
-    QVERIFY(!loadPicture(pictures->add(QStringLiteral("a.jpg")), neverCancelled).hasGainMap);
-    makeDocument(path);
-    document::setGainMapInFile(*document, true);
-    boxes->answerNextWith(QMessageBox::Cancel);
-    QVERIFY(!saver->save(document.get()));
-    QVERIFY(loadPicture(path, neverCancelled).hasGainMap);
-    QVERIFY(boxes->shown().constFirst().text.contains(QLatin1String("gain map")));
-    boxes->answerNextWith(QMessageBox::Yes);
-    QVERIFY(saver->save(document.get()));
-    QVERIFY(!loadPicture(path, neverCancelled).hasGainMap);
-    document->setSaveAble(true);
-    QVERIFY(saver->save(document.get()));
-    QCOMPARE(boxes->shown().size(), 2); // it is gone: nothing to ask
 }
 
 void TestDocumentSaver::settle_unmodified_asksNothing()
