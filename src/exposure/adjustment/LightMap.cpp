@@ -125,38 +125,38 @@ LightMap::Place LightMap::placeOf(float middle, int count) const
     return {first, std::min(first + 1, count - 1), inside - float(first)};
 }
 
-LightMap::Line LightMap::between(const Place &column, const Line *upper, const Line *lower,
-                                 float share) const
+LightMap::Line LightMap::mixed(const Line &a, const Line &b, float shareOfB)
 {
-    const auto mixed = [](float a, float b, float part) { return a + (b - a) * part; };
-    const auto across = [&](float Line::*number) {
-        const float left = mixed(upper[column.first].*number, lower[column.first].*number, share);
-        const float right =
-            mixed(upper[column.second].*number, lower[column.second].*number, share);
-        return mixed(left, right, column.share);
-    };
-    return {across(&Line::slope), across(&Line::offset)};
+    return {a.slope + (b.slope - a.slope) * shareOfB, a.offset + (b.offset - a.offset) * shareOfB};
 }
 
 LightMap::Line LightMap::at(int x, int y) const
 {
-    const Place place = placeOf(float(y) + 0.5F, rows);
-    return between(placeOf(float(x) + 0.5F, columns), lines.data() + place.first * columns,
-                   lines.data() + place.second * columns, place.share);
+    const Place row = placeOf(float(y) + 0.5F, rows);
+    const Place column = placeOf(float(x) + 0.5F, columns);
+    const Line *upper = lines.data() + row.first * columns;
+    const Line *lower = lines.data() + row.second * columns;
+    return mixed(mixed(upper[column.first], lower[column.first], row.share),
+                 mixed(upper[column.second], lower[column.second], row.share), column.share);
 }
 
+/// The cells' own rows are mixed once for all pixels between them.
 void LightMap::row(const Window &window, int x, int y, int count, float *slopes,
                    float *offsets) const
 {
     const auto middle = [&window](int corner, int pixel) {
         return float(corner) + (float(pixel) + 0.5F) * window.step;
     };
+    const auto columnOf = [&](int i) { return placeOf(middle(window.corner.x(), x + i), columns); };
     const Place place = placeOf(middle(window.corner.y(), y), rows);
     const Line *upper = lines.data() + place.first * columns;
     const Line *lower = lines.data() + place.second * columns;
+    Line cells[kSide];
+    for (int column = columnOf(0).first; column <= columnOf(count - 1).second; ++column)
+        cells[column] = mixed(upper[column], lower[column], place.share);
     for (int i = 0; i < count; ++i) {
-        const Line line =
-            between(placeOf(middle(window.corner.x(), x + i), columns), upper, lower, place.share);
+        const Place column = columnOf(i);
+        const Line line = mixed(cells[column.first], cells[column.second], column.share);
         slopes[i] = line.slope;
         offsets[i] = line.offset;
     }

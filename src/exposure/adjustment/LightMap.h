@@ -57,7 +57,7 @@ private:
     };
 
     Place placeOf(float middle, int count) const;
-    Line between(const Place &column, const Line *upper, const Line *lower, float share) const;
+    static Line mixed(const Line &a, const Line &b, float shareOfB);
     void measure(const QImage &picture, std::vector<double> &lumas) const;
     void filter(const std::vector<double> &lumas);
 
