@@ -247,6 +247,20 @@ private slots:
         QCOMPARE(files().size(), 0);
     }
 
+    void savedWhileItIsWritten_leavesNoFile()
+    {
+        VeskContext *document = area->open(TestPictures::texture({2400, 1600}, 1), {}, {});
+        QSignalSpy written(keeper.get(), &RecoveryKeeper::written);
+        keeper->setDelay(0);
+        edit(*document, 0xFF00FF00);
+        while (QDir(root->path()).isEmpty()) // its folder comes right before the writing
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        document::markSaved(*document);
+        QCOMPARE(written.size(), 0);
+        QTRY_COMPARE(written.size(), 1);
+        QCOMPARE(files().size(), 0);
+    }
+
     void nothingChanged_nothingIsWritten()
     {
         VeskContext *document = area->open(TestPictures::texture({64, 48}, 1), {}, {});
