@@ -15,6 +15,7 @@
 #include <VeskLayer.h>
 #include <VeskLayerManager.h>
 #include <VeskPictureHost.h>
+#include <VeskSelection.h>
 #include <layer_composition.h>
 #include <metadata_reader.h>
 #include <picture_document.h>
@@ -47,6 +48,7 @@ private slots:
     void cleanup() { tearDown(); }
     void rotate_andUndo_byKeys();
     void crop_byMouse_andUndo();
+    void crop_selection_isWhereTheFrameBegins();
     void crop_ratio_isKept();
     void crop_escape_leavesThePicture();
     void straighten_byLine_levelsIt();
@@ -122,6 +124,17 @@ void TestEditMenu::crop_byMouse_andUndo()
     QTRY_COMPARE(picture(), first.copy(area));
     edit->undo->trigger();
     QTRY_COMPARE(picture(), first);
+}
+
+void TestEditMenu::crop_selection_isWhereTheFrameBegins()
+{
+    const QRect selected(30, 20, 110, 90);
+    current()->getSelection()->setRect(selected);
+    edit->crop->trigger();
+    auto *tool = canvas()->findChild<CropTool *>();
+    QCOMPARE(tool->area(), selected);
+    QTest::keyClick(tool, Qt::Key_Return);
+    QTRY_COMPARE(picture(), first.copy(selected));
 }
 
 void TestEditMenu::crop_ratio_isKept()
