@@ -103,9 +103,19 @@ void VeskToolHDR::active(VeskContext *newContext, IVeskUIManager *manager)
         panel->setVisible(true);
     if (frame)
         frame->show(true);
+    if (!letPanelAppear())
+        return;
     if (uiManager)
         addFiles(uiManager->selectedFiles());
     refreshPanel();
+}
+
+/// So that it stands there while pictures are decoded. False when the tool is gone afterwards.
+bool VeskToolHDR::letPanelAppear()
+{
+    const QPointer<VeskToolHDR> self(this);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return self;
 }
 
 /// False when the user wants to stay with the document.
@@ -231,6 +241,8 @@ bool VeskToolHDR::addFiles(const QList<QString> &paths)
 {
     for (const QString &path : paths) {
         addFile(path);
+        if (panel)
+            panel->repaint(); // one thumbnail after the other
         if (sources.size() >= kMaxPictures)
             return false;
     }

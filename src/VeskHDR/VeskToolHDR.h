@@ -95,6 +95,7 @@ private:
     bool hasCommonSize(const QImage &picture);
     void store(const QString &path, std::unique_ptr<QImage> picture);
     void forget(const QList<QImage *> &pictures);
+    bool letPanelAppear();
     void refreshPanel();
     void dropPictures();
     static void alert(const QString &text);

@@ -83,6 +83,7 @@ private slots:
 
     void active_storesTheContext();
     void active_savedDocument_asksNothingAndTakesOverTheSelectedFiles();
+    void active_withSelectedFiles_paintsThePanelBeforeAndBetweenThem();
     void active_withoutContextOrUIManager_showsThePanel();
     void active_discard_tellsTheEditorThenGoesOn();
     void active_cancel_leavesTheFrameHiddenAndTheSetUnchangedAndAsksForNoFiles();
@@ -252,6 +253,43 @@ void TestVeskToolHDR::active_savedDocument_asksNothingAndTakesOverTheSelectedFil
     QVERIFY(session.panel()->isVisible());
     QCOMPARE(session.tool->fileList(), session.uiManager.selected);
     QVERIFY(session.button("okBtn")->isEnabled());
+}
+
+namespace {
+
+/// Tells how many pictures the tool held whenever a widget was painted.
+class PaintCounts : public QObject
+{
+public:
+    PaintCounts(QWidget *painted, const VeskToolHDR &watchedTool)
+        : tool(watchedTool)
+    {
+        painted->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            counts.append(int(tool.fileList().size()));
+        return false;
+    }
+
+    QList<int> counts;
+
+private:
+    const VeskToolHDR &tool;
+};
+
+} // namespace
+
+void TestVeskToolHDR::active_withSelectedFiles_paintsThePanelBeforeAndBetweenThem()
+{
+    ToolSession session;
+    session.uiManager.selected = session.writePictures(3);
+    PaintCounts paints(session.panel(), *session.tool);
+    session.tool->active(session.document, &session.uiManager);
+    for (const int held : {0, 1, 2, 3})
+        QVERIFY2(paints.counts.contains(held), qPrintable(QString::number(held)));
 }
 
 void TestVeskToolHDR::active_withoutContextOrUIManager_showsThePanel()

@@ -1879,7 +1879,7 @@
     </message>
     <message>
         <source>Side by &amp;Side</source>
-        <translation>&amp;Nebeneinander</translation>
+        <translation>Neb&amp;eneinander</translation>
     </message>
     <message>
         <source>Show another document beside this one</source>
@@ -1887,7 +1887,7 @@
     </message>
     <message>
         <source>&amp;Lock Views</source>
-        <translation>Ansichten &amp;koppeln</translation>
+        <translation>Ansichten ko&amp;ppeln</translation>
     </message>
     <message>
         <source>Zoom and place of both documents move together</source>

@@ -1879,7 +1879,7 @@
     </message>
     <message>
         <source>Side by &amp;Side</source>
-        <translation>Lado a &amp;lado</translation>
+        <translation>Lado a la&amp;do</translation>
     </message>
     <message>
         <source>Show another document beside this one</source>
