@@ -36,13 +36,14 @@ struct TapRows
     std::array<const uint8_t *, kTaps> rows;
 };
 
-/// The weights of a phase, each four times over, for the channels of a pixel.
-using WordWeights = std::array<uint64_t, 8 * size_t(kPhases)>;
+/// The weights of a phase, each four times over, for the channels of a pixel; and one phase more,
+/// which counts for no pixel, so that there is always one behind another.
+using WordWeights = std::array<uint64_t, 8 * (size_t(kPhases) + 1)>;
 inline const WordWeights &wordWeights()
 {
     static const WordWeights weights = [] {
         WordWeights all{};
-        for (size_t i = 0; i < all.size(); ++i)
+        for (size_t i = 0; i < 8 * size_t(kPhases); ++i)
             all[i] = uint64_t(uint16_t(registration::filterPhases()[i / 8][i % 8])) *
                      0x0001000100010001U;
         return all;
