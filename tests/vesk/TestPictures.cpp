@@ -73,12 +73,11 @@ QImage TestPictures::exposed(const QImage &scene, int shot)
 {
     QImage picture = scene;
     const auto expose = [shot](int level) { return std::min(255, (level << shot) / 4); };
-    for (int y = 0; y < scene.height(); ++y)
-        for (int x = 0; x < scene.width(); ++x) {
-            const QRgb pixel = scene.pixel(x, y);
-            picture.setPixel(
-                x, y, qRgb(expose(qRed(pixel)), expose(qGreen(pixel)), expose(qBlue(pixel))));
-        }
+    for (int y = 0; y < scene.height(); ++y) {
+        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        for (int x = 0; x < scene.width(); ++x)
+            row[x] = qRgb(expose(qRed(row[x])), expose(qGreen(row[x])), expose(qBlue(row[x])));
+    }
     return picture;
 }
 
@@ -98,10 +97,11 @@ QStringList TestPictures::names() const
 QImage TestPictures::texture(QSize size, int seed)
 {
     QImage picture(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y)
+    for (int y = 0; y < size.height(); ++y) {
+        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(y));
         for (int x = 0; x < size.width(); ++x)
-            picture.setPixel(x, y,
-                             qRgb((x * 7 + seed * 31) % 256, (y * 5 + x * seed) % 256,
-                                  (x * y / 8 + seed * 13) % 256));
+            row[x] = qRgb((x * 7 + seed * 31) % 256, (y * 5 + x * seed) % 256,
+                          (x * y / 8 + seed * 13) % 256);
+    }
     return picture;
 }
