@@ -1,5 +1,6 @@
 #include "LightMap.h"
 
+#include "light_rows.h"
 #include "look_pixels.h"
 #include "parallel_rows.h"
 
@@ -151,15 +152,17 @@ void LightMap::row(const Window &window, int x, int y, int count, float *slopes,
     const Place place = placeOf(middle(window.corner.y(), y), rows);
     const Line *upper = lines.data() + place.first * columns;
     const Line *lower = lines.data() + place.second * columns;
-    Line cells[kSide];
-    for (int column = columnOf(0).first; column <= columnOf(count - 1).second; ++column)
-        cells[column] = mixed(upper[column], lower[column], place.share);
-    for (int i = 0; i < count; ++i) {
-        const Place column = columnOf(i);
-        const Line line = mixed(cells[column.first], cells[column.second], column.share);
-        slopes[i] = line.slope;
-        offsets[i] = line.offset;
+    float cellSlopes[kSide + 1 + kCellsBehind] = {};
+    float cellOffsets[kSide + 1 + kCellsBehind] = {};
+    const int last = std::min(columnOf(count - 1).first + 1, columns);
+    for (int column = columnOf(0).first; column <= last; ++column) {
+        const int cell = std::min(column, columns - 1);
+        const Line line = mixed(upper[cell], lower[cell], place.share);
+        cellSlopes[column] = line.slope;
+        cellOffsets[column] = line.offset;
     }
+    mixCells({cellSlopes, cellOffsets, columns, float(side)},
+             {float(window.corner.x()), window.step, x, size_t(count)}, slopes, offsets);
 }
 
 } // namespace exposure

@@ -12,6 +12,7 @@ namespace exposure {
 namespace {
 
 constexpr int kStretch = 512; // pixels whose channels stay in the nearest cache
+constexpr int kRowsAtATime = 32;
 
 /// Rows of a picture on their way through a look.
 class RowAdjuster
@@ -75,8 +76,11 @@ void adjustAll(QImage &picture, const RowAdjuster &adjuster)
     uchar *const bits = picture.bits();
     const qsizetype rowBytes = picture.bytesPerLine();
     const int width = picture.width();
-    parallel::rows(picture.size(), [&](int begin, int end) {
-        for (int y = begin; y < end; ++y)
+    const int height = picture.height();
+    // Other threads may hold a core: who is free takes the next rows.
+    parallel::each((height + kRowsAtATime - 1) / kRowsAtATime, [&](int part) {
+        const int end = std::min(height, (part + 1) * kRowsAtATime);
+        for (int y = part * kRowsAtATime; y < end; ++y)
             adjuster.adjustRow(reinterpret_cast<Pixel *>(bits + y * rowBytes), width, y);
     });
 }

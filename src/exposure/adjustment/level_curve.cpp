@@ -31,6 +31,20 @@ double curved(double value, double contrast)
     return value < 0.5 ? bent : 1 - bent;
 }
 
+/// What lies between two levels with equal values has theirs: with 8 bits most of it.
+template <typename LevelOf>
+void fillBetween(std::vector<uint16_t> &curve, int first, int last, const LevelOf &levelOf)
+{
+    if (curve[size_t(first)] == curve[size_t(last)]) {
+        std::fill(curve.begin() + first, curve.begin() + last, curve[size_t(first)]);
+    } else if (last - first > 1) {
+        const int middle = (first + last) / 2;
+        curve[size_t(middle)] = levelOf(middle);
+        fillBetween(curve, first, middle, levelOf);
+        fillBetween(curve, middle, last, levelOf);
+    }
+}
+
 } // namespace
 
 std::vector<uint16_t> levelCurve(const Look &look, int top)
@@ -46,8 +60,11 @@ std::vector<uint16_t> levelCurve(const Look &look, int top)
         return uint16_t(std::lround(value * top));
     };
     parallel::each(kLevels / kAtATime, [&](int part) {
-        for (int level = part * kAtATime; level < (part + 1) * kAtATime; ++level)
-            curve[size_t(level)] = levelOf(level);
+        const int first = part * kAtATime;
+        const int last = first + kAtATime - 1;
+        curve[size_t(first)] = levelOf(first);
+        curve[size_t(last)] = levelOf(last);
+        fillBetween(curve, first, last, levelOf);
     });
     return curve;
 }

@@ -1,3 +1,4 @@
+#include "LightMap.h"
 #include "adjust.h"
 #include "parallel_rows.h"
 #include "vector_targets.h"
@@ -56,7 +57,8 @@ private slots:
     void everyTarget_givesThePlainPixels()
     {
         QFETCH(const QImage::Format, format);
-        constexpr QSize kSizes[] = {{1, 1}, {1, 37}, {15, 3}, {16, 2}, {17, 5}, {67, 31}, {521, 7}};
+        constexpr QSize kSizes[] = {{1, 1},   {1, 37},  {15, 3},   {16, 2},  {17, 5},
+                                    {67, 31}, {521, 7}, {1031, 3}, {2603, 2}};
         for (const QSize size : kSizes) {
             const QImage picture = noise(size, format);
             for (const Look &look : kLooks) {
@@ -84,6 +86,29 @@ private slots:
                 QImage adjusted = picture;
                 exposure::adjust(adjusted, look);
                 QVERIFY2(adjusted == expected, qPrintable(QString::number(threads)));
+            }
+        }
+    }
+
+    /// However far apart the pixels of a reduced part lie in the map's cells.
+    void lightMapRow_everyTarget_givesWhatEachPixelHasAlone()
+    {
+        const exposure::LightMap map(noise({2603, 40}, QImage::Format_RGB32));
+        constexpr int kCount = 83;
+        for (const double step : {0.37, 1.0, 4.4, 6.1, 8.5, 9.0, 31.0}) {
+            const exposure::LightMap::Window window({11, 3}, step);
+            for (const int64_t target : vectorTargets::all()) {
+                const vectorTargets::Forced forced(target);
+                std::vector<float> slopes(kCount);
+                std::vector<float> offsets(kCount);
+                map.row(window, 2, 1, kCount, slopes.data(), offsets.data());
+                for (int x = 0; x < kCount; ++x) {
+                    float slope = 0;
+                    float offset = 0;
+                    map.row(window, 2 + x, 1, 1, &slope, &offset);
+                    QCOMPARE(slopes[size_t(x)], slope);
+                    QCOMPARE(offsets[size_t(x)], offset);
+                }
             }
         }
     }
