@@ -17,10 +17,10 @@ LookPreview::LookPreview(VeskCanvas *shownCanvas)
     , prepared(std::make_shared<LookLayers>())
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setGeometry(canvas->rect());
     hide();
     worker.setMaxThreadCount(1);
     canvas->installEventFilter(this);
+    connect(canvas, &VeskCanvas::viewMoved, this, &LookPreview::lay);
 }
 
 LookPreview::~LookPreview()
@@ -60,8 +60,7 @@ void LookPreview::end()
 
 std::pair<QImage, QRectF> LookPreview::shownLevels() const
 {
-    const bool isShown = isVisible() && answerView == view();
-    return {isShown ? answerLevels : QImage(), answerView.place};
+    return {isVisible() && isAnswered() ? answerLevels : QImage(), answerView.place};
 }
 
 LookPreview::View LookPreview::view() const
@@ -69,12 +68,16 @@ LookPreview::View LookPreview::view() const
     const QRectF shown(canvas->toDocument(QPointF(0, 0)),
                        canvas->toDocument(QPointF(canvas->width(), canvas->height())));
     const QRect pixels = shown.toAlignedRect() & QRect(QPoint(), canvas->canvasSize());
-    const double zoom = std::min(1.0, canvas->zoom());
-    const QSize size(std::max(1, int(std::ceil(pixels.width() * zoom))),
-                     std::max(1, int(std::ceil(pixels.height() * zoom))));
-    return {pixels, size,
-            QRectF(canvas->toWidget(pixels.topLeft()),
-                   canvas->toWidget(QPointF(pixels.right() + 1, pixels.bottom() + 1)))};
+    const QPointF first = canvas->toWidget(pixels.topLeft());
+    const QPointF end = canvas->toWidget(QPointF(pixels.right() + 1, pixels.bottom() + 1));
+    if (canvas->zoom() >= 1)
+        return {pixels, pixels.size(), QRectF(first, end)};
+    // Whole pixels of the screen, as the canvas has them: nothing is scaled once more.
+    const double ratio = canvas->devicePixelRatioF();
+    const QRect device((first * ratio).toPoint(), (end * ratio).toPoint() - QPoint(1, 1));
+    const QSize size = device.size().expandedTo(QSize(1, 1));
+    return {pixels, size.boundedTo(pixels.size()),
+            QRectF(QPointF(device.topLeft()) / ratio, QSizeF(size) / ratio)};
 }
 
 void LookPreview::request(bool isForShow)
@@ -110,17 +113,30 @@ void LookPreview::take(const QImage &levels, const QImage &picture, const View &
     answerLevels = levels;
     answer = picture;
     answerView = view;
-    setGeometry(canvas->rect());
+    lay();
     QWidget::show();
     update();
     Q_EMIT ready();
 }
 
+/// The canvas need not paint what this covers.
+void LookPreview::lay()
+{
+    const QRect covered = answerView.place.toAlignedRect() & canvas->rect();
+    const bool hidesAll = isAnswered() && answerView.place.contains(covered) && !answer.isNull() &&
+                          !answer.hasAlphaChannel();
+    setAttribute(Qt::WA_OpaquePaintEvent, hidesAll);
+    setGeometry(covered);
+}
+
+bool LookPreview::isAnswered() const
+{
+    return answerView == view();
+}
+
 /// The view may be moved while a look is shown.
 bool LookPreview::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == canvas && event->type() == QEvent::Resize)
-        setGeometry(canvas->rect());
     if (watched == canvas && event->type() == QEvent::Paint && isWanted && !(view() == askedView))
         request(true);
     return QWidget::eventFilter(watched, event);
@@ -128,9 +144,10 @@ bool LookPreview::eventFilter(QObject *watched, QEvent *event)
 
 void LookPreview::paintEvent(QPaintEvent *)
 {
-    if (answer.isNull() || !(answerView == view()))
+    if (answer.isNull() || !isAnswered())
         return; // the canvas below shows what there is, until the answer for this view is there
+    const bool isAsItIs = answerView.place.size() * devicePixelRatioF() == QSizeF(answer.size());
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, canvas->zoom() < 1);
-    painter.drawImage(answerView.place, answer);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, canvas->zoom() < 1 && !isAsItIs);
+    painter.drawImage(answerView.place.translated(-pos()), answer);
 }

@@ -45,7 +45,7 @@ public:
     void end();
     bool isUnderWay() const { return isWanted; }
     const QImage &shown() const { return answer; }
-    /// What is shown in the document's own levels, and where in the widget; null while nothing is.
+    /// What is shown in the document's own levels, and where in the canvas; null while nothing is.
     std::pair<QImage, QRectF> shownLevels() const;
 
 Q_SIGNALS:
@@ -61,7 +61,7 @@ private:
     {
         QRect pixels; ///< of the document
         QSize size;   ///< of the preview, device pixels; not more than the pixels
-        QRectF place; ///< in the widget
+        QRectF place; ///< in the canvas
         bool operator==(const View &other) const
         {
             return pixels == other.pixels && size == other.size && place == other.place;
@@ -71,6 +71,8 @@ private:
     View view() const;
     void request(bool isForShow);
     void take(const QImage &levels, const QImage &picture, const View &view);
+    void lay();
+    bool isAnswered() const;
 
     VeskCanvas *canvas;
     LookSource source;
