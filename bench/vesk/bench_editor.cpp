@@ -92,7 +92,7 @@ void measurePreview(const char *change, MergePreviewer &previewer, const QList<Q
     const Watch watch;
     previewer.request(shots, settings);
     while (!isReady && watch.wallMs() < kPatienceMs)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     std::printf("preview  %-20s wall %7.1f, processor %7.1f\n", change, watch.wallMs(),
                 watch.processorMs());
     QObject::disconnect(connection);
@@ -129,7 +129,7 @@ void measureCancel(const QStringList &paths, double afterShare)
     job->start(task);
     const Watch patience;
     while (reached < afterShare && job->isRunning() && patience.wallMs() < kPatienceMs)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const Watch watch;
     job->cancel();
     const double user = watch.wallMs();

@@ -1,12 +1,12 @@
 // For how long the editor's window does not answer, and how soon it shows what has changed:
 //
-//   bench_window
+//   bench_window [open] [look] [steps] [recovery]
 //
 // A timer of 5 ms runs in the window's event loop; the largest gap between its ticks is how long
 // somebody would have waited. Opens a JPEG file of 100 megapixels; lets a look, a crop and a turn
 // act on pictures of 24, back and forth; brings them back from recovery files. The least and the
 // middle of several runs, as other programs may hold the processor; and processor time of the whole
-// process. Needs a platform, offscreen is enough.
+// process. Runs what is named, or all. Needs a platform, offscreen is enough.
 
 #include "AdjustDock.h"
 #include "DocumentArea.h"
@@ -42,6 +42,7 @@ constexpr QSize kUsual(6000, 4000);
 constexpr QSize kWindow(2200, 1420); // the canvas has 1920 x 1080 and a little more
 constexpr int kDelayMs = RecoveryKeeper::kLongestDelayMs;
 constexpr int kRuns = 5;
+constexpr int kDragged = 40;
 constexpr int kSettleMs = 1500;
 constexpr int kPatienceMs = 60000;
 
@@ -72,7 +73,7 @@ public:
     void runUntil(const std::function<bool()> &isDone)
     {
         while (!isDone() && wall.elapsed() < kPatienceMs)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     void settle()
     {
@@ -183,6 +184,9 @@ public:
 
 void measureOpening(const QString &path)
 {
+    WriteOptions options;
+    options.quality = 92;
+    picture::write(testPicture(kLarge), path, PictureFormat::Jpeg, options);
     std::vector<Sample> samples;
     for (int run = 0; run < kRuns; ++run) {
         Editor editor;
@@ -229,39 +233,61 @@ void changeMost(VeskContext &document)
     DocumentHistory::of(document).add(std::move(change));
 }
 
-void measureLook(const char *what, Editor &editor)
+/// Until the look is on the screen.
+Sample showLook(Editor &editor, const exposure::Look &look)
 {
     AdjustDock *dock = editor.edit->adjustDock();
-    std::vector<Sample> samples;
+    bool isReady = false;
+    const auto connection =
+        QObject::connect(dock->preview(), &LookPreview::ready, [&isReady] { isReady = true; });
+    GapWatch watch;
+    Sample sample;
+    QTimer::singleShot(0, [&] { dock->setLook(look); });
+    watch.runUntil([&] { return isReady; });
+    editor.documents->currentCanvas()->repaint();
+    sample.shown = watch.wallMs();
+    sample.processor = watch.processorMs();
+    sample.gap = watch.largestMs();
+    sample.work = watch.mostWorkMs();
+    QObject::disconnect(connection);
+    return sample;
+}
+
+/// A change from rest, and then one after the other as a slider is dragged.
+void measureLook(Editor &editor)
+{
+    exposure::Look look;
+    look.shadows = 0.3;
+    std::vector<Sample> firsts;
     for (int run = 0; run < kRuns; ++run) {
-        bool isReady = false;
-        const auto connection =
-            QObject::connect(dock->preview(), &LookPreview::ready, [&isReady] { isReady = true; });
-        GapWatch watch;
-        Sample sample;
-        exposure::Look look;
         look.exposure = 0.2 + 0.1 * run;
-        look.shadows = 0.3;
-        QTimer::singleShot(0, [&] { dock->setLook(look); });
-        watch.runUntil([&] { return isReady; });
-        editor.documents->currentCanvas()->repaint();
-        sample.shown = watch.wallMs();
-        sample.processor = watch.processorMs();
-        QObject::disconnect(connection);
-        watch.settle(); // the document has it by then
-        sample.gap = watch.largestMs();
-        sample.work = watch.mostWorkMs();
-        samples.push_back(sample);
+        firsts.push_back(showLook(editor, look));
+        GapWatch().settle(); // the document has it by then
     }
-    print(what, samples);
+    print("look, from rest", firsts);
+    std::vector<Sample> others;
+    for (int change = 0; change < kDragged; ++change) {
+        look.exposure = 0.02 * change;
+        others.push_back(showLook(editor, look));
+    }
+    print("look, dragged", others);
+    GapWatch().settle();
+}
+
+void measureLooks(const char *depth, QImage::Format format)
+{
+    std::printf("\nLooks on 24 megapixels, %s\n", depth);
+    Editor editor;
+    VeskContext *document = editor.open(testPicture(kUsual, format));
+    measureLook(editor);
+    editor.documents->close(document);
 }
 
 void measureEdits(const char *depth, QImage::Format format)
 {
-    std::printf("\n24 megapixels, %s\n", depth);
+    std::printf("\nSteps on 24 megapixels, %s\n", depth);
     Editor editor;
     VeskContext *document = editor.open(testPicture(kUsual, format));
-    measureLook("look, live", editor);
     measureSteps("look", editor, [&] {
         exposure::Look look;
         look.contrast = 0.3;
@@ -332,13 +358,20 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     workspace::setUpEditor(application);
     std::printf("Milliseconds: the least of %d runs (the middle one)\n", kRuns);
-    const QString path = home.filePath(QStringLiteral("large.jpg"));
-    WriteOptions options;
-    options.quality = 92;
-    picture::write(testPicture(kLarge), path, PictureFormat::Jpeg, options);
-    measureOpening(path);
-    measureEdits("8 bits", QImage::Format_RGB32);
-    measureEdits("16 bits", QImage::Format_RGBX64);
-    measureRecovery();
+    const QStringList named = QCoreApplication::arguments().mid(1);
+    const auto isAsked = [&named](const char *what) {
+        return named.isEmpty() || named.contains(QLatin1String(what));
+    };
+    if (isAsked("open"))
+        measureOpening(home.filePath(QStringLiteral("large.jpg")));
+    for (const auto &[depth, format] :
+         {std::pair("8 bits", QImage::Format_RGB32), std::pair("16 bits", QImage::Format_RGBX64)}) {
+        if (isAsked("look"))
+            measureLooks(depth, format);
+        if (isAsked("steps"))
+            measureEdits(depth, format);
+    }
+    if (isAsked("recovery"))
+        measureRecovery();
     return 0;
 }
