@@ -1,6 +1,7 @@
 #include "LookLayers.h"
 
 #include <adjust.h>
+#include <area_mean.h>
 
 #include <QColorSpace>
 #include <QPainter>
@@ -48,9 +49,7 @@ void LookLayers::reduceLayer(Layer &layer, const QRect &pixels, QSize size)
                                 ? size
                                 : QSize(std::max(1, qRound(covered.width() * scale)),
                                         std::max(1, qRound(covered.height() * scale)));
-    const QImage small = cut.size() == smallSize ? cut
-                                                 : cut.scaled(smallSize, Qt::IgnoreAspectRatio,
-                                                              Qt::SmoothTransformation);
+    const QImage small = picture::areaMean(cut, smallSize);
     layer.small = small.convertToFormat(exposure::adjustableFormat(small));
     layer.place = {QPointF(covered.topLeft() - pixels.topLeft()) * scale, QSizeF(smallSize)};
     layer.window = {covered.topLeft(), double(covered.width()) / smallSize.width()};

@@ -1,6 +1,7 @@
 #include "RegionRenderer.h"
 #include "clipping_marks.h"
 
+#include <area_mean.h>
 #include <screen_colours.h>
 
 #include <QColorSpace>
@@ -11,7 +12,7 @@ QImage fitted(const QImage &picture, QSize size)
 {
     const bool isSmaller = size.width() < picture.width() && size.height() < picture.height();
     return isSmaller && !size.isEmpty()
-               ? picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+               ? picture::areaMean(picture, size)
                : picture;
 }
 
