@@ -21,12 +21,12 @@ std::shared_ptr<PictureEditor::Job> PictureEditor::begin(VeskContext &document)
     current = std::make_shared<Job>();
     current->document = &document;
     current->revision = DocumentHistory::of(document).revision();
-    Q_EMIT started();
     return current;
 }
 
 void PictureEditor::run(const std::shared_ptr<Job> &job, const std::function<void()> &work)
 {
+    Q_EMIT started();
     worker.start([this, job, work] {
         work();
         QMetaObject::invokeMethod(

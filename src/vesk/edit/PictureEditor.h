@@ -31,6 +31,10 @@ public:
     void step(VeskContext &document, bool isForward);
     bool isBusy() const { return bool(current); }
     bool isStepping() const { return current && current->steps; }
+    bool isStepping(bool isForward) const
+    {
+        return isStepping() && current->isForward == isForward;
+    }
     /// Waits for what is under way: for who saves, undoes or closes.
     void finish();
 

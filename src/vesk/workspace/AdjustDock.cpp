@@ -44,7 +44,7 @@ AdjustDock::AdjustDock(PictureEditor *pictureEditor, QWidget *parent)
     connect(&rest, &QTimer::timeout, this, &AdjustDock::apply);
     connect(&getReady, &QTimer::timeout, this, [this] {
         nameSource();
-        if (overlay && !isPending)
+        if (overlay && !hasChange)
             overlay->prepare();
     });
     proposer.setMaxThreadCount(1);
@@ -144,13 +144,13 @@ void AdjustDock::readLook()
 void AdjustDock::onDocumentChanged()
 {
     isSourceKnown = false;
-    if (!isPending)
+    if (!hasChange)
         prepareSoon();
     // The history tells of the pictures before it has the step.
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (!isPending && !editor->isBusy())
+            if (!hasChange && !editor->isBusy())
                 readLook();
         },
         Qt::QueuedConnection);
@@ -181,19 +181,27 @@ void AdjustDock::onChanged()
 {
     if (isReading || !shown)
         return;
-    isPending = true;
+    setPending(true);
     rest.start();
     nameSource();
     if (overlay)
         overlay->show(look());
 }
 
+void AdjustDock::setPending(bool isPendingNow)
+{
+    if (hasChange == isPendingNow)
+        return;
+    hasChange = isPendingNow;
+    Q_EMIT pendingChanged();
+}
+
 void AdjustDock::apply()
 {
     rest.stop();
-    if (!isPending || !shown)
+    if (!hasChange || !shown)
         return;
-    isPending = false;
+    setPending(false);
     const Look wanted = look();
     if (wanted == edits::lookOf(DocumentHistory::of(*shown))) {
         onEdited();
@@ -206,15 +214,15 @@ void AdjustDock::apply()
 
 void AdjustDock::onEdited()
 {
-    if (overlay && !isPending)
+    if (overlay && !hasChange)
         overlay->end();
-    if (!isPending)
+    if (!hasChange)
         readLook();
 }
 
 void AdjustDock::settle()
 {
-    if (isPending)
+    if (hasChange)
         apply();
     editor->finish();
 }
@@ -249,7 +257,7 @@ void AdjustDock::showEvent(QShowEvent *event)
 void AdjustDock::hideEvent(QHideEvent *event)
 {
     QDockWidget::hideEvent(event);
-    if (isPending || !overlay)
+    if (hasChange || !overlay)
         return;
     overlay->setSource({});
     isSourceKnown = false;

@@ -34,6 +34,11 @@ public:
     exposure::Look look() const;
     void setLook(const exposure::Look &look);
     LookPreview *preview() const;
+    /// The document does not have what is shown yet, nor has its making begun.
+    bool isPending() const { return hasChange; }
+
+Q_SIGNALS:
+    void pendingChanged();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -44,6 +49,7 @@ private:
     void addSlider(class QFormLayout &form, const QString &text, const char *name, double least,
                    double most, double exposure::Look::*member);
     void onChanged();
+    void setPending(bool isPendingNow);
     void onEdited();
     void onDocumentChanged();
     void apply();
@@ -60,6 +66,6 @@ private:
     QTimer getReady;      // folds bursts of changes of the document
     QThreadPool proposer; // one thread
     bool isSourceKnown = false;
-    bool isPending = false;
+    bool hasChange = false;
     bool isReading = false;
 };

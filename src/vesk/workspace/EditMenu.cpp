@@ -48,8 +48,11 @@ EditMenu::EditMenu(DocumentArea *area, QMainWindow *window)
     connect(straighten, &QAction::triggered, this, &EditMenu::startStraighten);
     connect(rotateLeft, &QAction::triggered, this, [this] { turn(3); });
     connect(rotateRight, &QAction::triggered, this, [this] { turn(1); });
-    connect(&group, &QUndoGroup::canUndoChanged, undo, &QAction::setEnabled);
-    connect(&group, &QUndoGroup::canRedoChanged, redo, &QAction::setEnabled);
+    connect(&group, &QUndoGroup::canUndoChanged, this, &EditMenu::updateSteps);
+    connect(&group, &QUndoGroup::canRedoChanged, this, &EditMenu::updateSteps);
+    connect(editor, &PictureEditor::started, this, &EditMenu::updateSteps);
+    connect(editor, &PictureEditor::finished, this, &EditMenu::updateSteps);
+    connect(dock, &AdjustDock::pendingChanged, this, &EditMenu::updateSteps);
     //: %1 is what the user did last, such as "Crop".
     connect(&group, &QUndoGroup::undoTextChanged, this, [this](const QString &what) {
         undo->setText(what.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(what));
@@ -92,12 +95,19 @@ void EditMenu::showDocument(VeskContext *document)
     if (stack && !group.stacks().contains(stack))
         group.addStack(stack);
     group.setActiveStack(stack);
-    undo->setEnabled(group.canUndo());
-    redo->setEnabled(group.canRedo());
+    updateSteps();
     for (QAction *action : documentActions())
         action->setEnabled(document);
     dock->showDocument(document);
     updatePaste();
+}
+
+/// What is still being made can be taken back, or done again, by the next key press.
+void EditMenu::updateSteps()
+{
+    const bool isEditing = dock->isPending() || (editor->isBusy() && !editor->isStepping());
+    undo->setEnabled(group.canUndo() || isEditing || editor->isStepping(true));
+    redo->setEnabled(group.canRedo() || editor->isStepping(false));
 }
 
 /// Pressed again and again, the steps follow one another beside the GUI thread.

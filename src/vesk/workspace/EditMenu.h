@@ -47,6 +47,7 @@ Q_SIGNALS:
 private:
     QAction *add(const QString &text, const QList<QKeySequence> &keys, const char *name);
     void fillMenu();
+    void updateSteps();
     void step(bool isForward);
     void copyPicture();
     void pastePicture();

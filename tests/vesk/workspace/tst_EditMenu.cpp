@@ -54,6 +54,9 @@ private slots:
     void straighten_byLine_levelsIt();
     void adjust_slider_showsAtOnceAndBecomesOneStep();
     void adjust_undo_takesTheSlidersBack();
+    void undo_whileTheStepIsMade_takesItBack();
+    void redo_whileTheStepIsUndone_bringsItBack();
+    void adjust_undoBeforeTheSliderRests_takesTheLookBack();
     void adjust_autoAndReset_leaveNothing();
     void adjust_saveAtOnce_savesWhatIsSeen();
     void adjust_largePicture_previewsBeforeTheDocumentChanges();
@@ -206,6 +209,49 @@ void TestEditMenu::adjust_undo_takesTheSlidersBack()
     QTRY_COMPARE(edit->adjustDock()->look().contrast, 0.0);
     edit->redo->trigger();
     QTRY_COMPARE(edit->adjustDock()->look().contrast, 0.4);
+}
+
+/// As soon as somebody can press the key, not only once the step is there.
+void TestEditMenu::undo_whileTheStepIsMade_takesItBack()
+{
+    QVERIFY(!edit->undo->isEnabled());
+    edit->rotateLeft->trigger();
+    QVERIFY(edit->undo->isEnabled());
+    edit->undo->trigger();
+    QTRY_COMPARE(picture(), first);
+    QTRY_VERIFY(!edit->undo->isEnabled());
+    QVERIFY(edit->redo->isEnabled());
+}
+
+void TestEditMenu::redo_whileTheStepIsUndone_bringsItBack()
+{
+    edit->rotateLeft->trigger();
+    edit->settle();
+    const QImage turned = picture();
+    edit->undo->trigger();
+    QVERIFY(edit->redo->isEnabled());
+    edit->redo->trigger();
+    edit->undo->trigger();
+    edit->redo->trigger();
+    QTRY_VERIFY(!edit->redo->isEnabled());
+    QCOMPARE(picture(), turned);
+    QVERIFY(edit->undo->isEnabled());
+    QCOMPARE(DocumentHistory::of(*current()).stack().count(), 1);
+}
+
+void TestEditMenu::adjust_undoBeforeTheSliderRests_takesTheLookBack()
+{
+    showAdjust();
+    slider("contrastSlider")->setValue(0.4);
+    QVERIFY(edit->undo->isEnabled());
+    edit->undo->trigger();
+    QTRY_COMPARE(edit->adjustDock()->look().contrast, 0.0);
+    QTRY_COMPARE(picture(), first);
+    QVERIFY(edit->redo->isEnabled());
+    slider("contrastSlider")->setValue(0.3);
+    slider("contrastSlider")->setValue(0.0); // back again: nothing to undo
+    edit->settle();
+    QVERIFY(!edit->undo->isEnabled());
 }
 
 void TestEditMenu::adjust_autoAndReset_leaveNothing()
