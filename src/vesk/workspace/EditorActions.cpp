@@ -75,7 +75,10 @@ EditorActions::EditorActions(QObject *parent)
     zoomToFit->setIconText(tr("Fit"));
     //: On a button: one pixel of the picture on one of the screen.
     zoomToActualSize->setIconText(tr("100 %"));
-    fullScreen = add(tr("F&ull Screen"), keysFor(QKeySequence::FullScreen), "");
+    QList<QKeySequence> fullScreenKeys = keysFor(QKeySequence::FullScreen);
+    fullScreenKeys.removeAll(Qt::Key_F11);
+    fullScreenKeys.prepend(Qt::Key_F11); // not every desktop has keys for it
+    fullScreen = add(tr("F&ull Screen"), fullScreenKeys, "");
     fullScreen->setCheckable(true);
     nextTab = add(tr("&Next Document"), keysFor(QKeySequence::NextChild), "");
     previousTab = add(tr("&Previous Document"), keysFor(QKeySequence::PreviousChild), "");

@@ -176,7 +176,7 @@ void MainWindow::addMenus()
 
     filmStrip->addActions({actions->openSelected, actions->mergeExposures, actions->merge,
                            filmStripActions->starsMenu()->menuAction()});
-    addActions({actions->fullScreen}); // also works while the menu bar is hidden
+    keepKeysOf({file, edit->menu(), view->menu(), tools});
     connect(recentFiles, &RecentFilesMenu::fileChosen, this,
             [this](const QString &path) { openPaths({path}); });
     connect(languages, &LanguageMenu::languageChanged, this, [this](const QString &name) {
@@ -184,6 +184,18 @@ void MainWindow::addMenus()
             this, tr("Language"),
             tr("Vesk will speak this language when it is started again: %1").arg(name));
     });
+}
+
+/// Qt forgets the keys of a menu bar that is hidden, as on the full screen.
+void MainWindow::keepKeysOf(const QList<QMenu *> &menus)
+{
+    for (const QMenu *menu : menus) {
+        const QList<QAction *> all = menu->actions();
+        for (QAction *action : all) {
+            if (!action->shortcut().isEmpty() && action->shortcutContext() == Qt::WindowShortcut)
+                addAction(action);
+        }
+    }
 }
 
 void MainWindow::addToolBar()

@@ -25,6 +25,7 @@ class LayerDock;
 class LightCommand;
 class PhotoDock;
 class PictureFolder;
+class QMenu;
 class RecentFilesMenu;
 class SessionKeeper;
 class EditorUiManager;
@@ -60,6 +61,7 @@ private:
     void takeDrops();
     void addDocks();
     void addMenus();
+    void keepKeysOf(const QList<QMenu *> &menus);
     void addToolBar();
     void restoreWindow();
     void connectActions();

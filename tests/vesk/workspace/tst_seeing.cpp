@@ -1,6 +1,7 @@
 #include "AdjustDock.h"
 #include "ClippingOverlay.h"
 #include "DocumentArea.h"
+#include "DocumentHistory.h"
 #include "EditorActions.h"
 #include "EditorWindow.h"
 #include "FilmStrip.h"
@@ -32,6 +33,8 @@ private slots:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
     void fullScreen_hidesAllButThePicture();
+    void fullScreen_f11_goesThereAndBack();
+    void fullScreen_keysOfTheHiddenMenus_work();
     void fullScreen_arrowKeys_walkTheFolder();
     void fullScreen_walking_keepsWhatWasChanged();
     void clipping_marksBothEnds();
@@ -73,6 +76,33 @@ void TestSeeing::fullScreen_hidesAllButThePicture()
         QVERIFY(dock->isVisible());
     QVERIFY(window->menuBar()->isVisible());
     QVERIFY(window->statusBar()->isVisible());
+}
+
+void TestSeeing::fullScreen_f11_goesThereAndBack()
+{
+    openAndWait({pictures->add(QStringLiteral("a.png"))});
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    QTest::keyClick(window.get(), Qt::Key_F11);
+    QVERIFY(window->isFullScreen());
+    QTest::keyClick(window.get(), Qt::Key_F11);
+    QVERIFY(!window->isFullScreen());
+}
+
+void TestSeeing::fullScreen_keysOfTheHiddenMenus_work()
+{
+    openAndWait({pictures->add(QStringLiteral("a.png"))});
+    const QImage first = document::layerPictures(*current()).constFirst();
+    goFullScreen();
+    documents->currentCanvas()->setZoom(0.5);
+    QTest::keyClick(window.get(), Qt::Key_1, Qt::ControlModifier);
+    QCOMPARE(documents->currentCanvas()->zoom(), 1.0);
+    QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
+    QTRY_VERIFY(document::layerPictures(*current()).constFirst() != first);
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+    QTRY_COMPARE(document::layerPictures(*current()).constFirst(), first);
+    QTest::keyClick(window.get(), Qt::Key_W, Qt::ControlModifier);
+    QTRY_VERIFY(!current());
 }
 
 void TestSeeing::fullScreen_arrowKeys_walkTheFolder()
