@@ -62,6 +62,14 @@
         <source>Reset</source>
         <translation>Zurücksetzen</translation>
     </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleichen</translation>
+    </message>
+    <message>
+        <source>Hold to see the picture without these changes</source>
+        <translation>Gedrückt halten, um das Bild ohne diese Änderungen zu sehen</translation>
+    </message>
 </context>
 <context>
     <name>BatchWindow</name>

@@ -62,6 +62,14 @@
         <source>Reset</source>
         <translation>Restablecer</translation>
     </message>
+    <message>
+        <source>Compare</source>
+        <translation>Comparar</translation>
+    </message>
+    <message>
+        <source>Hold to see the picture without these changes</source>
+        <translation>Mantener pulsado para ver la imagen sin estos cambios</translation>
+    </message>
 </context>
 <context>
     <name>BatchWindow</name>

@@ -62,6 +62,14 @@
         <source>Reset</source>
         <translation>Réinitialiser</translation>
     </message>
+    <message>
+        <source>Compare</source>
+        <translation>Comparer</translation>
+    </message>
+    <message>
+        <source>Hold to see the picture without these changes</source>
+        <translation>Maintenir pour voir l’image sans ces modifications</translation>
+    </message>
 </context>
 <context>
     <name>BatchWindow</name>

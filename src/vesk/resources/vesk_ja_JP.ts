@@ -62,6 +62,14 @@
         <source>Reset</source>
         <translation>リセット</translation>
     </message>
+    <message>
+        <source>Compare</source>
+        <translation>比較</translation>
+    </message>
+    <message>
+        <source>Hold to see the picture without these changes</source>
+        <translation>押している間、これらの変更がない画像を表示します</translation>
+    </message>
 </context>
 <context>
     <name>BatchWindow</name>

@@ -62,6 +62,14 @@
         <source>Reset</source>
         <translation>초기화</translation>
     </message>
+    <message>
+        <source>Compare</source>
+        <translation>비교</translation>
+    </message>
+    <message>
+        <source>Hold to see the picture without these changes</source>
+        <translation>누르고 있으면 이 변경이 없는 사진을 봅니다</translation>
+    </message>
 </context>
 <context>
     <name>BatchWindow</name>

@@ -62,6 +62,14 @@
         <source>Reset</source>
         <translation>重置</translation>
     </message>
+    <message>
+        <source>Compare</source>
+        <translation>对比</translation>
+    </message>
+    <message>
+        <source>Hold to see the picture without these changes</source>
+        <translation>按住可查看没有这些更改的图片</translation>
+    </message>
 </context>
 <context>
     <name>BatchWindow</name>

@@ -62,6 +62,14 @@
         <source>Reset</source>
         <translation>重設</translation>
     </message>
+    <message>
+        <source>Compare</source>
+        <translation>比較</translation>
+    </message>
+    <message>
+        <source>Hold to see the picture without these changes</source>
+        <translation>按住可檢視沒有這些變更的圖片</translation>
+    </message>
 </context>
 <context>
     <name>BatchWindow</name>

@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <QStyle>
 
 namespace {
 
@@ -35,7 +36,10 @@ AdjustDock::AdjustDock(PictureEditor *pictureEditor, QWidget *parent)
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(makePanel());
+    QWidget *panel = makePanel();
+    area->setWidget(panel);
+    area->setMinimumWidth(panel->minimumSizeHint().width() +
+                          style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     setWidget(area);
     rest.setSingleShot(true);
     rest.setInterval(kRestMs);
@@ -75,10 +79,16 @@ QWidget *AdjustDock::makePanel()
     auto *reset = new QPushButton(tr("Reset"));
     reset->setObjectName(QStringLiteral("resetLookButton"));
     connect(reset, &QPushButton::clicked, this, [this] { setLook({}); });
+    compare = new QPushButton(tr("Compare"));
+    compare->setObjectName(QStringLiteral("compareLookButton"));
+    compare->setToolTip(tr("Hold to see the picture without these changes"));
+    connect(compare, &QPushButton::pressed, this, &AdjustDock::showBefore);
+    connect(compare, &QPushButton::released, this, &AdjustDock::showAfter);
     auto *row = new QHBoxLayout;
     row->addWidget(automatic);
     row->addWidget(reset);
     form->addRow(row);
+    form->addRow(compare);
     return panel;
 }
 
@@ -212,9 +222,27 @@ void AdjustDock::apply()
         edits::kLook);
 }
 
+/// Held down.
+void AdjustDock::showBefore()
+{
+    nameSource();
+    if (overlay)
+        overlay->show(Look());
+}
+
+void AdjustDock::showAfter()
+{
+    if (!overlay)
+        return;
+    if (hasChange || editor->isBusy())
+        overlay->show(look());
+    else
+        overlay->end();
+}
+
 void AdjustDock::onEdited()
 {
-    if (overlay && !hasChange)
+    if (overlay && !hasChange && !compare->isDown())
         overlay->end();
     if (!hasChange)
         readLook();

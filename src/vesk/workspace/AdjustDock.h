@@ -13,6 +13,7 @@
 class LookPreview;
 class LookSlider;
 class PictureEditor;
+class QPushButton;
 class VeskContext;
 
 /// The look of the document in front: shown on the canvas while a control moves, and given to the
@@ -53,6 +54,8 @@ private:
     void onEdited();
     void onDocumentChanged();
     void apply();
+    void showBefore();
+    void showAfter();
     void propose();
     void readLook();
     void nameSource();
@@ -61,6 +64,7 @@ private:
     PictureEditor *editor;
     QPointer<VeskContext> shown;
     QPointer<LookPreview> overlay;
+    QPushButton *compare; // see the picture without the look
     std::vector<std::pair<LookSlider *, double exposure::Look::*>> sliders;
     QTimer rest;          // the control rests
     QTimer getReady;      // folds bursts of changes of the document

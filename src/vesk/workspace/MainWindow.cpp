@@ -44,6 +44,12 @@
 #include <QToolBar>
 #include <QToolButton>
 
+namespace {
+
+constexpr int kSideWidth = 280; // of the panels at the side, until somebody changes it
+
+} // namespace
+
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , actions(new EditorActions(this))
@@ -137,6 +143,8 @@ void MainWindow::addDocks()
     photoDock->hide();
     edit->adjustDock()->hide();
     resizeDocks({filmStripDock}, {filmStrip->sizeHint().height()}, Qt::Vertical);
+    resizeDocks({histogramDock, layerDock}, {1, 2}, Qt::Vertical); // sliders need more room
+    resizeDocks({histogramDock}, {kSideWidth}, Qt::Horizontal);
 }
 
 void MainWindow::addMenus()

@@ -57,6 +57,7 @@ private slots:
     void undo_whileTheStepIsMade_takesItBack();
     void redo_whileTheStepIsUndone_bringsItBack();
     void adjust_undoBeforeTheSliderRests_takesTheLookBack();
+    void adjust_compareHeld_showsThePictureWithoutTheLook();
     void adjust_autoAndReset_leaveNothing();
     void adjust_saveAtOnce_savesWhatIsSeen();
     void adjust_largePicture_previewsBeforeTheDocumentChanges();
@@ -252,6 +253,29 @@ void TestEditMenu::adjust_undoBeforeTheSliderRests_takesTheLookBack()
     slider("contrastSlider")->setValue(0.0); // back again: nothing to undo
     edit->settle();
     QVERIFY(!edit->undo->isEnabled());
+}
+
+void TestEditMenu::adjust_compareHeld_showsThePictureWithoutTheLook()
+{
+    showAdjust();
+    auto *compare = window->findChild<QPushButton *>(QStringLiteral("compareLookButton"));
+    auto *preview = edit->adjustDock()->preview();
+    slider("exposureSlider")->setValue(1);
+    QTest::mousePress(compare, Qt::LeftButton); // the document gets its look meanwhile
+    QTRY_COMPARE(preview->shown(), first);
+    QTRY_VERIFY(picture() != first);
+    QTest::qWait(50);
+    QVERIFY(preview->isVisible());
+    const QImage bright = picture();
+    QTest::mouseRelease(compare, Qt::LeftButton);
+    QTRY_VERIFY(!preview->isVisible());
+    QTest::mousePress(compare, Qt::LeftButton);
+    QTRY_VERIFY(preview->isVisible());
+    QCOMPARE(preview->shown(), first);
+    QTest::mouseRelease(compare, Qt::LeftButton);
+    QVERIFY(!preview->isVisible());
+    QCOMPARE(picture(), bright);
+    QCOMPARE(DocumentHistory::of(*current()).stack().count(), 1);
 }
 
 void TestEditMenu::adjust_autoAndReset_leaveNothing()
