@@ -1,5 +1,6 @@
 #include "PictureStep.h"
 
+#include <large_memory.h>
 #include <parallel_rows.h>
 
 #include <QColorSpace>
@@ -29,12 +30,50 @@ bool isSame(const QImage &a, const QImage &b, const QRect &tile)
     return true;
 }
 
+/// Beside one another, as memory that nobody has touched yet takes its time.
+void copyArea(const QImage &from, const QRect &area, QImage &to, QPoint place)
+{
+    const qsizetype first = bytesOf(from, area.x());
+    const qsizetype size = bytesOf(from, area.width());
+    const qsizetype rowBytes = to.bytesPerLine();
+    uchar *const target = to.bits() + place.y() * rowBytes + bytesOf(to, place.x());
+    parallel::rows(area.size(), [&](int begin, int end) {
+        for (int y = begin; y < end; ++y)
+            std::memcpy(target + y * rowBytes, from.constScanLine(area.y() + y) + first,
+                        size_t(size));
+    });
+}
+
 void copyInto(QImage &picture, const QImage &part, QPoint place)
 {
-    const qsizetype from = bytesOf(picture, place.x());
-    const qsizetype size = bytesOf(picture, part.width());
-    for (int y = 0; y < part.height(); ++y)
-        std::memcpy(picture.scanLine(place.y() + y) + from, part.constScanLine(y), size_t(size));
+    copyArea(part, part.rect(), picture, place);
+}
+
+/// A quarter; in squares, which fill whole lines of the cache.
+template <typename Pixel>
+void turnInto(QImage &result, const QImage &picture, bool isClockwise)
+{
+    constexpr int kSide = 32;
+    uchar *const bits = result.bits();
+    const qsizetype rowBytes = result.bytesPerLine();
+    const int width = result.width();
+    const int lastRow = picture.height() - 1;
+    const int lastColumn = picture.width() - 1;
+    const auto turnSquare = [&](const QRect &square) {
+        for (int x = square.left(); x <= square.right(); ++x) {
+            const auto *row = reinterpret_cast<const Pixel *>(
+                picture.constScanLine(isClockwise ? lastRow - x : x));
+            for (int y = square.top(); y <= square.bottom(); ++y)
+                reinterpret_cast<Pixel *>(bits + y * rowBytes)[x] =
+                    row[isClockwise ? y : lastColumn - y];
+        }
+    };
+    parallel::rows(result.size(), [&](int begin, int end) {
+        for (int y = begin; y < end; y += kSide) {
+            for (int x = 0; x < width; x += kSide)
+                turnSquare(QRect(x, y, std::min(kSide, width - x), std::min(kSide, end - y)));
+        }
+    });
 }
 
 std::vector<QRect> tilesOf(QSize size)
@@ -73,13 +112,15 @@ public:
 
     void apply(QImage &picture) override
     {
+        if (!picture.isDetached())
+            picture = picture_step::part(picture, picture.rect());
         const Bits whole(picture);
         parallel::each(int(tiles.size()), [&](int i) { tiles[size_t(i)].swapWith(whole); });
     }
 
     QImage other(const QImage &picture) const override
     {
-        QImage result = picture.copy();
+        QImage result = picture_step::part(picture, picture.rect());
         if (result.isNull())
             return result;
         for (const Tile &tile : tiles)
@@ -171,7 +212,7 @@ public:
     QImage other(const QImage &picture) const override
     {
         if (!isCropped)
-            return picture.copy(area);
+            return picture_step::part(picture, area);
         QImage uncut = picture_step::likeness(picture, whole);
         if (uncut.isNull())
             return uncut;
@@ -206,7 +247,7 @@ private:
               QRect(0, area.top(), area.left(), area.height()),
               QRect(right, area.top(), whole.width() - right, area.height())}) {
             if (!border.isEmpty())
-                borders.push_back({border.topLeft(), picture.copy(border)});
+                borders.push_back({border.topLeft(), picture_step::part(picture, border)});
         }
     }
 
@@ -272,17 +313,36 @@ std::unique_ptr<PictureStep> picture_step::ofTurn(const QImage &before, int quar
 
 QImage picture_step::turned(const QImage &picture, int quarters)
 {
-    QImage result = picture.transformed(QTransform().rotate(90.0 * quarters));
-    result.setColorSpace(picture.colorSpace());
     const bool isSideways = quarters % 2 != 0;
+    const bool isByPixels = isSideways && (picture.depth() == 32 || picture.depth() == 64);
+    QImage result = isByPixels ? likeness(picture, picture.size().transposed())
+                               : picture.transformed(QTransform().rotate(90.0 * quarters));
+    if (result.isNull())
+        return result;
+    const bool isClockwise = (quarters & 3) == 1;
+    if (isByPixels && picture.depth() == 32)
+        turnInto<quint32>(result, picture, isClockwise);
+    else if (isByPixels)
+        turnInto<quint64>(result, picture, isClockwise);
+    result.setColorSpace(picture.colorSpace());
     result.setDotsPerMeterX(isSideways ? picture.dotsPerMeterY() : picture.dotsPerMeterX());
     result.setDotsPerMeterY(isSideways ? picture.dotsPerMeterX() : picture.dotsPerMeterY());
     return result;
 }
 
+QImage picture_step::part(const QImage &picture, const QRect &area)
+{
+    if (picture.depth() < 8) // the part may begin within a byte
+        return picture.copy(area);
+    QImage copy = likeness(picture, area.size());
+    if (!copy.isNull())
+        copyArea(picture, area, copy, {});
+    return copy;
+}
+
 QImage picture_step::likeness(const QImage &model, QSize size)
 {
-    QImage picture(size, model.format());
+    QImage picture = memory::largeImage(size, model.format());
     picture.setColorTable(model.colorTable());
     picture.setColorSpace(model.colorSpace());
     picture.setDotsPerMeterX(model.dotsPerMeterX());

@@ -29,7 +29,7 @@ namespace picture_step {
 
 /// Holds the tiles that differ; the picture as it was where all of them do, or size or format.
 std::unique_ptr<PictureStep> ofChange(const QImage &before, const QImage &after);
-/// after: before.copy(area), an area within the picture. Holds what was cut off.
+/// after: part(before, area), an area within the picture. Holds what was cut off.
 std::unique_ptr<PictureStep> ofCrop(const QImage &before, const QRect &area);
 /// after: turned(before, quarters). Holds nothing.
 std::unique_ptr<PictureStep> ofTurn(const QImage &before, int quarters);
@@ -37,6 +37,9 @@ std::unique_ptr<PictureStep> ofTurn(const QImage &before, int quarters);
 /// The picture, quarters of a turn clockwise, in its format where Qt can; resolution and colour
 /// space go with it.
 QImage turned(const QImage &picture, int quarters);
+
+/// A copy of an area within the picture, made on all cores.
+QImage part(const QImage &picture, const QRect &area);
 
 /// A picture of that size, not filled, with the format, colours and resolution of model.
 QImage likeness(const QImage &model, QSize size);

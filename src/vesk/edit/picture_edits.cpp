@@ -89,7 +89,7 @@ DocumentEdit edits::crop(const QList<QImage> &pictures, const QRect &area)
                   [&](const QImage &before, std::unique_ptr<PictureStep> &back) {
                       const QRect inside = area & before.rect();
                       back = picture_step::ofCrop(before, inside);
-                      return before.copy(inside);
+                      return picture_step::part(before, inside);
                   });
 }
 

@@ -102,6 +102,40 @@ private slots:
         QCOMPARE(picture_step::ofTurn(noise({10, 10}, QImage::Format_RGB32), 1)->bytes(), 0);
     }
 
+    /// Also large ones, which several threads make.
+    void turnedAndPart_areWhatQtMakes()
+    {
+        for (const auto format :
+             {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_RGBX64,
+              QImage::Format_RGBA64_Premultiplied, QImage::Format_RGB888}) {
+            for (const QSize size : {QSize(1, 1), QSize(33, 1), QSize(65, 31), QSize(1501, 1033)}) {
+                const QImage picture = noise(size, format);
+                for (const int quarters : {-1, 1, 2, 3}) {
+                    const QImage turned = picture_step::turned(picture, quarters);
+                    QImage expected = picture.transformed(QTransform().rotate(90 * quarters));
+                    expected.setColorSpace(picture.colorSpace()); // which Qt drops
+                    QCOMPARE(turned, expected);
+                    QCOMPARE(turned.format(), format);
+                }
+                const QRect area(size.width() / 3, size.height() / 4, (size.width() + 1) / 2,
+                                 (size.height() + 1) / 2);
+                QVERIFY(isSame(picture_step::part(picture, area), picture.copy(area)));
+            }
+        }
+    }
+
+    void apply_leavesSharedPicturesAlone()
+    {
+        const QImage before = noise({300, 200}, QImage::Format_RGB32);
+        QImage after = before;
+        after.setPixel(5, 5, 1);
+        const auto step = picture_step::ofChange(before, after);
+        QImage picture = after;
+        step->apply(picture);
+        QVERIFY(isSame(picture, before));
+        QVERIFY(after != before);
+    }
+
     void turned_movesTheResolutionWithTheSides()
     {
         const QImage before = noise({30, 20}, QImage::Format_RGB32);
