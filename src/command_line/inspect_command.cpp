@@ -45,8 +45,8 @@ Options:
   --help            Show this text
 
 Members of an object: file, format, width and height (upright), bitsPerSample,
-colours (name of the profile), make, model, lens, takenAt (by the camera's clock),
-exposureTime (seconds), fNumber, iso, exposureBias (stops), orientation (EXIF's
+colours (name of the profile or space), make, model, lens, takenAt (by the camera's
+clock), exposureTime (seconds), fNumber, iso, exposureBias (stops), orientation (EXIF's
 number), rating, metadata (which of "exif", "xmp", "iptc" there are), merged:
 program, version, method, options and sources of a picture that veskhdr made, and
 gainMap: width, height, form ("iso" or "xmp"), least and most gain in stops, headroom

@@ -229,6 +229,8 @@ PictureHeader told(const avifImage &image)
     header.isUpright = true;
     header.bitsPerSample = int(image.depth);
     header.profile = profileOf(image);
+    if (image.icc.size == 0)
+        header.colours = cicp_profile::nameOf(image.colorPrimaries, image.transferCharacteristics);
     return header;
 }
 

@@ -109,6 +109,29 @@ bool cicp_profile::isKnown(int primaries, int transfer)
            little_cms::Curve(curveOf(transfer, nullptr), &cmsFreeToneCurve);
 }
 
+QString cicp_profile::nameOf(int primaries, int transfer)
+{
+    struct Name
+    {
+        int primaries;
+        int transfer;
+        const char *words;
+    };
+    constexpr Name kNames[] = {
+        {1, Srgb, "sRGB"},        {1, Bt709, "Rec. 709"},    {1, Linear, "linear sRGB"},
+        {12, Srgb, "Display P3"}, {12, Pq, "Display P3 PQ"}, {12, Hlg, "Display P3 HLG"},
+        {9, Pq, "Rec. 2020 PQ"},  {9, Hlg, "Rec. 2020 HLG"},
+    };
+    constexpr int kUnspecified = 2;
+    if (primaries == kUnspecified && transfer == kUnspecified)
+        return {};
+    for (const Name &name : kNames) {
+        if (name.primaries == primaries && name.transfer == transfer)
+            return QLatin1String(name.words);
+    }
+    return QStringLiteral("code points %1, %2").arg(primaries).arg(transfer);
+}
+
 std::optional<cicp_profile::Codes> cicp_profile::codesOf(const QByteArray &profile)
 {
     const QColorSpace space =

@@ -1,6 +1,7 @@
 #include "jxl_decoder.h"
 
 #include "Chromaticities.h"
+#include "cicp_profile.h"
 #include "jxl_threads.h"
 #include "perceptual_quantizer.h"
 
@@ -310,6 +311,29 @@ private:
     QByteArray bytes;
 };
 
+/// Of the picture that was encoded, in words; empty where a profile tells them.
+QString coloursOf(JxlDecoder *decoder)
+{
+    constexpr int kDisplayP3 = 12; // of H.273; the other numbers are the same
+    JxlColorEncoding colours = {};
+#if JPEGXL_NUMERIC_VERSION < JPEGXL_COMPUTE_NUMERIC_VERSION(0, 9, 0)
+    const auto isTold = JxlDecoderGetColorAsEncodedProfile(
+        decoder, nullptr, JXL_COLOR_PROFILE_TARGET_ORIGINAL, &colours);
+#else
+    const auto isTold =
+        JxlDecoderGetColorAsEncodedProfile(decoder, JXL_COLOR_PROFILE_TARGET_ORIGINAL, &colours);
+#endif
+    const bool isNamed = isTold == JXL_DEC_SUCCESS && colours.color_space == JXL_COLOR_SPACE_RGB &&
+                         colours.primaries != JXL_PRIMARIES_CUSTOM &&
+                         colours.transfer_function != JXL_TRANSFER_FUNCTION_GAMMA;
+    if (!isNamed)
+        return {};
+    const bool isP3 =
+        colours.primaries == JXL_PRIMARIES_P3 && colours.white_point == JXL_WHITE_POINT_D65;
+    return cicp_profile::nameOf(isP3 ? kDisplayP3 : int(colours.primaries),
+                                int(colours.transfer_function));
+}
+
 PictureHeader told(const JxlBasicInfo &info)
 {
     PictureHeader header;
@@ -347,9 +371,13 @@ std::optional<PictureHeader> jxl_decoder::headerOf(QIODevice &file)
     JxlBasicInfo info = {};
     if (isJxl(file)) {
         Reader reader(file);
-        if (reader.begin(JXL_DEC_BASIC_INFO) && reader.next() == JXL_DEC_BASIC_INFO &&
-            JxlDecoderGetBasicInfo(reader.get(), &info) == JXL_DEC_SUCCESS)
+        if (reader.begin(JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING) &&
+            reader.next() == JXL_DEC_BASIC_INFO &&
+            JxlDecoderGetBasicInfo(reader.get(), &info) == JXL_DEC_SUCCESS) {
             header = told(info);
+            if (reader.next() == JXL_DEC_COLOR_ENCODING)
+                header->colours = coloursOf(reader.get());
+        }
     }
     file.seek(0);
     return header;

@@ -2,6 +2,7 @@
 
 #include "FileParts.h"
 #include "avif_decoder.h"
+#include "cicp_profile.h"
 #include "exr_decoder.h"
 #include "hdr_decoder.h"
 #include "jxl_decoder.h"
@@ -74,9 +75,8 @@ PictureHeader pngHeader(FileParts &parts)
         } else if (parts.name() == "iCCP") {
             header.profile = profileIn(parts.bytes());
         } else if (parts.name() == "cICP" && start.size() >= 2) {
-            header.colours =
-                QStringLiteral("code points %1, %2").arg(uchar(start[0])).arg(uchar(start[1]));
-        } else if (parts.name() == "sRGB" && header.colours.isEmpty()) {
+            header.colours = cicp_profile::nameOf(uchar(start[0]), uchar(start[1]));
+        } else if (parts.name() == "sRGB" && header.colours.isEmpty() && header.profile.isEmpty()) {
             header.colours = QStringLiteral("sRGB");
         }
     }
@@ -185,7 +185,7 @@ std::optional<PictureHeader> readHeader(QIODevice &file)
 std::optional<PictureHeader> picture::headerOf(QIODevice &file)
 {
     std::optional<PictureHeader> header = readHeader(file);
-    if (header && !header->profile.isEmpty())
+    if (header && header->colours.isEmpty() && !header->profile.isEmpty())
         header->colours = nameOf(header->profile);
     return header;
 }

@@ -1,6 +1,7 @@
 // AVIF and JPEG XL files for bright screens, read back by the formats' own libraries and turned
 // into light by the formula of SMPTE ST 2084, inverted here.
 
+#include "picture_header.h"
 #include "picture_reader.h"
 #include "picture_writer.h"
 
@@ -33,6 +34,7 @@ private slots:
     void write_andReadAgain_isTheSameLight_data() { sizes(); }
     void write_andReadAgain_isTheSameLight();
     void write_toADeviceThatIsFull_saysSo();
+    void header_namesTheQuantizer();
 
 private:
     static void sizes();
@@ -301,6 +303,22 @@ void TestBrightFiles::write_toADeviceThatIsFull_saysSo()
         options.gainMap.picture.fill(Qt::black);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("ReadOnly device"));
         QVERIFY(!picture::write(softLight({16, 16}), device, format, options).reason.isEmpty());
+    }
+}
+
+void TestBrightFiles::header_namesTheQuantizer()
+{
+    for (const auto format : {PictureFormat::Avif, PictureFormat::JpegXl}) {
+        if (!picture::isWritable(format))
+            continue;
+        QByteArray file = written(softLight({16, 16}), format);
+        QBuffer device(&file);
+        QVERIFY(device.open(QIODevice::ReadOnly));
+        const auto header = picture::headerOf(device);
+        QVERIFY(header);
+        QCOMPARE(header->colours, QStringLiteral("Rec. 2020 PQ"));
+        QCOMPARE(header->bitsPerSample, 10);
+        QCOMPARE(device.pos(), 0);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "ExifTags.h"
+#include "cicp_profile.h"
 #include "colour_profile.h"
 #include "coloured_files.h"
 #include "picture_makers.h"
@@ -121,6 +122,14 @@ private:
     }
 
 private slots:
+    void codePoints_haveNames()
+    {
+        QCOMPARE(cicp_profile::nameOf(1, 13), QStringLiteral("sRGB"));
+        QCOMPARE(cicp_profile::nameOf(12, 13), QStringLiteral("Display P3"));
+        QCOMPARE(cicp_profile::nameOf(9, 16), QStringLiteral("Rec. 2020 PQ"));
+        QCOMPARE(cicp_profile::nameOf(4, 5), QStringLiteral("code points 4, 5"));
+        QVERIFY(cicp_profile::nameOf(2, 2).isEmpty());
+    }
     void initTestCase() { QVERIFY(folder.isValid()); }
 
     void read_deepRamp_keepsEveryLevel_data()
