@@ -19,6 +19,7 @@ Q_SIGNALS:
 
 protected:
     VeskCanvas &canvas() const { return *below; }
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 

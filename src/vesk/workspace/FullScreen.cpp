@@ -2,10 +2,13 @@
 
 #include <DocumentArea.h>
 #include <DocumentOpener.h>
+#include <DocumentPanes.h>
 #include <FilmStrip.h>
+#include <VeskCanvas.h>
 #include <VeskContext.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QDockWidget>
 #include <QEvent>
 #include <QMainWindow>
@@ -27,17 +30,22 @@ FullScreen::FullScreen(QAction *toggle, QMainWindow *mainWindow, DocumentArea *a
     , opener(documentOpener)
     , filmStrip(strip)
 {
-    const auto add = [this](Qt::Key key, const auto &work) {
-        auto *shortcut = new QShortcut(key, window);
+    const auto add = [this](Qt::Key key, QWidget *where, const auto &work) {
+        auto *shortcut = new QShortcut(key, where);
+        shortcut->setContext(where == window ? Qt::WindowShortcut : Qt::WidgetWithChildrenShortcut);
         shortcut->setEnabled(false);
         connect(shortcut, &QShortcut::activated, this, work);
         shortcuts.append(shortcut);
     };
-    add(Qt::Key_Escape, [this] { action->toggle(); });
-    add(Qt::Key_Left, [this] { stepInFolder(-1); });
-    add(Qt::Key_Right, [this] { stepInFolder(1); });
+    add(Qt::Key_Escape, window, [this] { action->toggle(); });
+    add(Qt::Key_Left, documents, [this] { stepInFolder(-1); });
+    add(Qt::Key_Right, documents, [this] { stepInFolder(1); });
     connect(action, &QAction::toggled, this, [this](bool isFull) {
         window->setWindowState(window->windowState().setFlag(Qt::WindowFullScreen, isFull));
+    });
+    connect(documents->panes(), &DocumentPanes::sideBySideChanged, this, [this] {
+        if (window->isFullScreen())
+            hide(documents->findChildren<QTabBar *>());
     });
     window->installEventFilter(this);
 }
@@ -56,31 +64,41 @@ void FullScreen::followWindow()
     action->setChecked(isFull);
     for (QShortcut *shortcut : qAsConst(shortcuts))
         shortcut->setEnabled(isFull);
-    if (isFull)
+    if (!isFull)
+        return showAround();
+    if (hidden.isEmpty())
         hideAround();
-    else
-        showAround();
+    focusPicture();
+}
+
+void FullScreen::focusPicture()
+{
+    VeskCanvas *canvas = documents->currentCanvas();
+    const bool isThere = documents->isAncestorOf(QApplication::focusWidget()); // or in a tool on it
+    if (canvas && !isThere)
+        canvas->setFocus();
 }
 
 void FullScreen::showAround()
 {
-    for (QWidget *widget : std::exchange(hidden, {}))
-        widget->show();
+    for (const QPointer<QWidget> &widget : std::exchange(hidden, {})) {
+        if (widget)
+            widget->show();
+    }
 }
 
 void FullScreen::hideAround()
 {
-    if (!hidden.isEmpty())
-        return;
-    QList<QWidget *> around{window->menuBar(), window->statusBar()};
-    const auto add = [&around](const auto &widgets) {
-        for (QWidget *widget : widgets)
-            around.append(widget);
-    };
-    add(window->findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly));
-    add(window->findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly));
-    add(documents->findChildren<QTabBar *>());
-    for (QWidget *widget : qAsConst(around)) {
+    hide(QList<QWidget *>{window->menuBar(), window->statusBar()});
+    hide(window->findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly));
+    hide(window->findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly));
+    hide(documents->findChildren<QTabBar *>());
+}
+
+template <typename Widgets>
+void FullScreen::hide(const Widgets &widgets)
+{
+    for (QWidget *widget : widgets) {
         if (!widget->isVisible())
             continue;
         widget->hide();
@@ -106,6 +124,7 @@ void FullScreen::stepInFolder(int distance)
         walked = isOpen ? nullptr : documents->currentDocument();
         if (left && !left->isSaveAble() && left != documents->currentDocument())
             documents->close(left);
+        focusPicture();
     });
     opener->open({paths[next]});
 }

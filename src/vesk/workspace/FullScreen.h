@@ -13,7 +13,7 @@ class QShortcut;
 class VeskContext;
 
 /// The window with nothing but the picture, on the whole screen. The left and right arrow keys walk
-/// through the folder there, Escape goes back. GUI thread.
+/// through the folder there while the picture has the focus, Escape goes back. GUI thread.
 class FullScreen : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,10 @@ protected:
 
 private:
     void followWindow();
+    void focusPicture();
     void hideAround();
+    template <typename Widgets>
+    void hide(const Widgets &widgets);
     void stepInFolder(int distance);
 
     QAction *action;
@@ -39,7 +42,7 @@ private:
     DocumentArea *documents;
     DocumentOpener *opener;
     FilmStrip *filmStrip;
-    QList<QShortcut *> shortcuts; // the keys are for others elsewhere
-    QList<QWidget *> hidden;
-    QPointer<VeskContext> walked; // opened by walking through the folder
+    QList<QShortcut *> shortcuts;    // the keys are for others elsewhere
+    QList<QPointer<QWidget>> hidden; // a pane may go meanwhile
+    QPointer<VeskContext> walked;    // opened by walking through the folder
 };

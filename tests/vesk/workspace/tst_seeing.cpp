@@ -2,6 +2,8 @@
 #include "ClippingOverlay.h"
 #include "DocumentArea.h"
 #include "DocumentHistory.h"
+#include "DocumentPanes.h"
+#include "EditMenu.h"
 #include "EditorActions.h"
 #include "EditorWindow.h"
 #include "FilmStrip.h"
@@ -11,6 +13,7 @@
 #include "ThemeMenu.h"
 #include "editor_settings.h"
 
+#include <CropTool.h>
 #include <LookPreview.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
@@ -21,6 +24,7 @@
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTest>
 #include <QToolBar>
 
@@ -35,6 +39,8 @@ private slots:
     void fullScreen_hidesAllButThePicture();
     void fullScreen_f11_goesThereAndBack();
     void fullScreen_keysOfTheHiddenMenus_work();
+    void fullScreen_keysOfATool_stayWithIt();
+    void fullScreen_panesComeAndGo_nothingIsLeftHidden();
     void fullScreen_arrowKeys_walkTheFolder();
     void fullScreen_walking_keepsWhatWasChanged();
     void clipping_marksBothEnds();
@@ -103,6 +109,42 @@ void TestSeeing::fullScreen_keysOfTheHiddenMenus_work()
     QTRY_COMPARE(document::layerPictures(*current()).constFirst(), first);
     QTest::keyClick(window.get(), Qt::Key_W, Qt::ControlModifier);
     QTRY_VERIFY(!current());
+}
+
+/// A tool on the picture has its keys, also those that mean something else on the full screen.
+void TestSeeing::fullScreen_keysOfATool_stayWithIt()
+{
+    const QStringList files = pictures->addBracket(3, {300, 200});
+    openAndWait({files.at(1)});
+    goFullScreen();
+    window->findChild<EditMenu *>()->crop->trigger();
+    auto *tool = documents->currentCanvas()->findChild<CropTool *>();
+    QTest::keyClick(tool, Qt::Key_Right);
+    QTest::qWait(20);
+    QCOMPARE(current()->getFilePath(), files.at(1));
+    QTest::keyClick(tool, Qt::Key_Escape);
+    QTRY_VERIFY(!documents->currentCanvas()->findChild<CropTool *>());
+    QVERIFY(window->isFullScreen());
+    QTest::keyClick(documents->currentCanvas(), Qt::Key_Escape);
+    QVERIFY(!window->isFullScreen());
+}
+
+void TestSeeing::fullScreen_panesComeAndGo_nothingIsLeftHidden()
+{
+    openAndWait({pictures->add(QStringLiteral("a.png")), pictures->add(QStringLiteral("b.png"))});
+    auto *panes = window->findChild<DocumentPanes *>();
+    panes->setSideBySide(true);
+    goFullScreen();
+    panes->setSideBySide(false); // a hidden row of tabs goes
+    panes->setSideBySide(true);
+    const auto tabs = panes->findChildren<QTabBar *>();
+    for (const QTabBar *each : tabs)
+        QVERIFY(!each->isVisible());
+    fullScreen()->trigger();
+    const auto shown = panes->findChildren<QTabBar *>();
+    QCOMPARE(shown.size(), 2);
+    for (const QTabBar *each : shown)
+        QVERIFY(each->isVisible());
 }
 
 void TestSeeing::fullScreen_arrowKeys_walkTheFolder()
