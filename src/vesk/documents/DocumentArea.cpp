@@ -1,11 +1,11 @@
 #include "DocumentArea.h"
 #include "DocumentPanes.h"
 #include "picture_document.h"
+#include "recovery_file.h"
 
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskContextManager.h>
-#include <layer_composition.h>
 
 #include <QFileInfo>
 #include <QTimer>
@@ -56,7 +56,8 @@ VeskContext *DocumentArea::open(const QImage &picture, const QString &name, cons
 
 void DocumentArea::close(VeskContext *document)
 {
-    document->setSaveAble(false); // what is lost now, is lost on purpose
+    document->setSaveAble(false);
+    closing = document; // what is lost now, also edits that are still under way, is lost on purpose
     manager().removeContext(document);
     document->deleteLater();
 }
@@ -137,7 +138,7 @@ void DocumentArea::onRemoved(VeskContext *context)
 {
     context->disconnect(this);
     tabs->remove(context);
-    if (context->isSaveAble() && context != expendable)
+    if (context->isSaveAble() && context != expendable && context != closing)
         keepReplacedWork(context);
     if (context == blank)
         addBlank();
@@ -163,19 +164,8 @@ void DocumentArea::onCurrentChanged()
 /// of their own.
 void DocumentArea::keepReplacedWork(VeskContext *context)
 {
-    const QImage picture = composition::composedPicture(context);
-    const QString name = context->getFileName();
-    const QString path = context->getFilePath();
-    const QString source = document::metadataSource(*context);
-    const std::optional<ResultMark> mark = document::resultMark(*context);
-    QTimer::singleShot(0, this, [=] {
-        VeskContext *kept = document::create(picture, name, path, this);
-        document::setMetadataSource(*kept, source);
-        if (mark)
-            document::setResultMark(*kept, *mark);
-        manager().addContext(kept);
-        kept->setSaveAble(true);
-    });
+    const RecoveredDocument work = recovery::snapshot(*context);
+    QTimer::singleShot(0, this, [=] { manager().addContext(recovery::restored(work, this)); });
 }
 
 void DocumentArea::giveCanvasIfNone(VeskContext *context)

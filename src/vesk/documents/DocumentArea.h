@@ -60,5 +60,6 @@ private:
 
     DocumentPanes *tabs;
     QPointer<VeskContext> blank;
+    QPointer<VeskContext> closing;
     QPointer<VeskContext> expendable; // may be replaced with its unsaved changes
 };

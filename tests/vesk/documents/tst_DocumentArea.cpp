@@ -1,4 +1,5 @@
 #include "DocumentArea.h"
+#include "DocumentHistory.h"
 #include "DocumentTabs.h"
 #include "TestPictures.h"
 #include "picture_document.h"
@@ -6,6 +7,7 @@
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskContextManager.h>
+#include <VeskLayerBase.h>
 #include <VeskLayerManager.h>
 #include <layer_composition.h>
 #include <merged_document.h>
@@ -31,7 +33,9 @@ private slots:
     void merge_replacesTheDocumentInItsPlace();
     void merge_ofAClosedDocument_getsACanvasOfItsOwn();
     void merge_overUnsavedChanges_keepsThemInATabOfTheirOwn();
+    void merge_overAHiddenLayer_keepsIt();
     void merge_overChangesThatMayBeLost_replacesThem();
+    void close_changedOnItsWay_staysClosed();
     void allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved_data();
     void allowReplacing_endsWhenItIsTakenBackOrTheDocumentSaved();
     void documentOf_findsTheFileUnderAnotherSpelling();
@@ -179,6 +183,37 @@ void TestDocumentArea::merge_overUnsavedChanges_keepsThemInATabOfTheirOwn()
     QCOMPARE(kept->getFilePath(), QStringLiteral("/pictures/work.png"));
     QCOMPARE(document::metadataSource(*kept), QStringLiteral("/pictures/camera.jpg"));
     QVERIFY(document::resultMark(*kept));
+}
+
+void TestDocumentArea::merge_overAHiddenLayer_keepsIt()
+{
+    const QImage picture = TestPictures::texture({30, 20}, 1);
+    VeskContext *document = area->open(picture, "work", {});
+    document->getLayerManager()->layerAt(0)->setVisible(false);
+    document->setSaveAble(true);
+    mergeOver(document);
+    QTRY_COMPARE(area->documents().size(), 2);
+    const VeskContext *kept = area->documents().constLast();
+    QCOMPARE(kept->getFileName(), QStringLiteral("work"));
+    QVERIFY(kept->isSaveAble());
+    QCOMPARE(document::layerPictures(*kept).value(0), picture);
+    QVERIFY(!kept->getLayerManager()->layerAt(0)->isVisible());
+}
+
+/// An edit that was still being made is added when another document comes to the front.
+void TestDocumentArea::close_changedOnItsWay_staysClosed()
+{
+    area->open(TestPictures::texture({20, 10}, 1), "other", {});
+    QPointer<VeskContext> document =
+        area->open(TestPictures::texture({20, 10}, 1), "discarded", {});
+    connect(area.get(), &DocumentArea::currentDocumentChanged, this, [document] {
+        if (document)
+            document->setSaveAble(true);
+    });
+    area->close(document);
+    QTRY_VERIFY(!document);
+    QTest::qWait(20);
+    QCOMPARE(area->documents().size(), 1);
 }
 
 void TestDocumentArea::merge_overChangesThatMayBeLost_replacesThem()
