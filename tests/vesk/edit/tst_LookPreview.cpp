@@ -85,12 +85,14 @@ private slots:
         QImage clear(1800, 1200, QImage::Format_ARGB32);
         clear.fill(Qt::transparent);
         preview->setSource({[clear] { return QList<QImage>{clear}; }, {1.0}});
-        const QImage before = canvas->grab().toImage();
         QSignalSpy ready(preview, &LookPreview::ready);
         preview->show(dark);
         QTRY_VERIFY(!ready.isEmpty());
+        QVERIFY(preview->isVisible());
         QVERIFY(!preview->testAttribute(Qt::WA_OpaquePaintEvent));
-        QCOMPARE(canvas->grab().toImage(), before);
+        const QImage seen = canvas->grab().toImage();
+        preview->end();
+        QCOMPARE(seen, canvas->grab().toImage());
     }
 
 private:

@@ -8,6 +8,7 @@
 #include "EditMenu.h"
 #include "EditorActions.h"
 #include "EditorWindow.h"
+#include "FilmStrip.h"
 #include "LayerDock.h"
 #include "MainWindow.h"
 
@@ -46,8 +47,10 @@ private slots:
     {
         setUp();
         edit = window->findChild<EditMenu *>();
-        openAndWait({pictures->add(QStringLiteral("a.png"), {600, 400}, 3),
-                     pictures->add(QStringLiteral("b.png"), {333, 517}, 4)});
+        files = {pictures->add(QStringLiteral("a.png"), {600, 400}, 3),
+                 pictures->add(QStringLiteral("b.png"), {333, 517}, 4),
+                 pictures->add(QStringLiteral("c.png"), {333, 517}, 5)};
+        openAndWait(files.mid(0, 2));
         edit->adjust->trigger();
     }
     void cleanup()
@@ -69,6 +72,8 @@ private:
     void moveASlider();
     void compare();
     void saveOrClose();
+    void open();
+    void useTheTool();
     void hideOrShowTheLayer();
     void look();
     void press(const char *button);
@@ -76,6 +81,7 @@ private:
     QImage picture() const { return document::layerPictures(*current()).constFirst(); }
 
     EditMenu *edit = nullptr;
+    QStringList files;
     std::mt19937 random;
     std::map<VeskContext *, QImage> firsts;
 };
@@ -169,12 +175,29 @@ void TestRandomUser::look()
 
 void TestRandomUser::saveOrClose()
 {
-    if (current()->getFilePath().isEmpty()) { // what was pasted
-        boxes->answerNextWith(QMessageBox::Discard);
-        window->findChild<EditorActions *>()->close->trigger();
-    } else {
+    if (!current()->getFilePath().isEmpty() && any(2) > 0) {
         action(QStringLiteral("Save"))->trigger();
+        return;
     }
+    boxes->answerNextWith(any(3) > 0 ? QMessageBox::Discard : QMessageBox::Cancel);
+    window->findChild<EditorActions *>()->close->trigger();
+}
+
+/// Also files that are open already.
+void TestRandomUser::open()
+{
+    window->openPaths({files[any(int(files.size()))]});
+}
+
+void TestRandomUser::useTheTool()
+{
+    strip->select(files.mid(any(2), 2));
+    mergeAction()->trigger();
+    QTest::qWait(any(kLongestPauseMs));
+    if (!panelFrame())
+        return;
+    if (QPushButton *button = panelButton(any(2) > 0 ? "okBtn" : "cancelBtn"))
+        QTest::mouseClick(button, Qt::LeftButton);
 }
 
 void TestRandomUser::hideOrShowTheLayer()
@@ -186,6 +209,8 @@ void TestRandomUser::hideOrShowTheLayer()
 
 void TestRandomUser::doSomething()
 {
+    if (!current())
+        return open();
     const bool hasRoom = documents->documents().size() < kMostDocuments;
     const std::function<void()> deeds[] = {
         [this] { edit->undo->trigger(); },
@@ -204,6 +229,8 @@ void TestRandomUser::doSomething()
         [this] { look(); },
         [this] { hideOrShowTheLayer(); },
         [this] { saveOrClose(); },
+        [this] { open(); },
+        [this] { useTheTool(); },
         [this] { edit->copy->trigger(); },
         [=] { hasRoom ? edit->paste->trigger() : edit->undo->trigger(); },
         [this] { window->findChild<EditorActions *>()->nextTab->trigger(); },
