@@ -250,6 +250,7 @@ void AdjustDock::onEdited()
 
 void AdjustDock::settle()
 {
+    ++proposals; // what comes later would change what is saved, or undone, by now
     if (hasChange)
         apply();
     editor->finish();
@@ -260,13 +261,13 @@ void AdjustDock::propose()
     if (!shown)
         return;
     const DocumentHistory &history = DocumentHistory::of(*shown);
-    proposer.start([this, document = shown, revision = history.revision(),
+    proposer.start([this, mine = ++proposals, document = shown, revision = history.revision(),
                     pictures = history.picturesToContinue(edits::kLook)] {
         const Look proposed = exposure::automaticLook(pictures().value(0));
         QMetaObject::invokeMethod(
             this,
             [=] {
-                if (document && document == shown &&
+                if (mine == proposals && document && document == shown &&
                     DocumentHistory::of(*document).revision() == revision)
                     setLook(proposed);
             },

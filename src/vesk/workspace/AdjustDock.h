@@ -30,7 +30,8 @@ public:
 
     /// Null for none.
     void showDocument(VeskContext *document);
-    /// Gives the document what is still shown only: for who saves, undoes or closes.
+    /// Gives the document what is still shown only, and drops a proposal that is under way: for who
+    /// saves, undoes or closes.
     void settle();
     exposure::Look look() const;
     void setLook(const exposure::Look &look);
@@ -69,6 +70,7 @@ private:
     QTimer rest;          // the control rests
     QTimer getReady;      // folds bursts of changes of the document
     QThreadPool proposer; // one thread
+    int proposals = 0;    // answers for an earlier one are stale
     bool isSourceKnown = false;
     bool hasChange = false;
     bool isReading = false;

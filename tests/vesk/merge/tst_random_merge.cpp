@@ -94,8 +94,8 @@ Widget *TestRandomMerge::anyUsable()
 /// Not those that end the window, or ask for files.
 void TestRandomMerge::pressAButton()
 {
-    static const QStringList kOthers{"mergeButton", "closeButton", "addButton",
-                                     "addShotsButton", "nextBracketButton"};
+    static const QStringList kOthers{"mergeButton", "closeButton", "addButton", "addShotsButton",
+                                     "nextBracketButton"};
     auto *button = anyUsable<QPushButton>();
     if (!button || kOthers.contains(button->objectName()))
         return;

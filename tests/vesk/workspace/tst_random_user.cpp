@@ -5,6 +5,7 @@
 #include "AdjustDock.h"
 #include "DocumentArea.h"
 #include "DocumentHistory.h"
+#include "DocumentOpener.h"
 #include "EditMenu.h"
 #include "EditorActions.h"
 #include "EditorWindow.h"
@@ -92,8 +93,9 @@ void TestRandomUser::noteDocuments()
     for (auto each = firsts.begin(); each != firsts.end();)
         each = open.contains(each->first) ? std::next(each) : firsts.erase(each);
     for (VeskContext *document : open) {
-        if (firsts.find(document) == firsts.end())
-            firsts[document] = document::layerPictures(*document).constFirst().copy();
+        const QList<QImage> layers = document::layerPictures(*document);
+        QVERIFY(!layers.isEmpty());
+        firsts.try_emplace(document, layers.constFirst().copy());
     }
 }
 
@@ -274,6 +276,8 @@ void TestRandomUser::allIsUndoneInTheEnd()
         if (QTest::currentTestFailed())
             return;
     }
+    const auto &loader = window->findChild<DocumentOpener *>()->loader();
+    QTRY_VERIFY(!loader.isBusy()); // what opens comes to the front
     noteDocuments();
     const auto all = documents->documents();
     for (VeskContext *document : all) {
