@@ -36,6 +36,7 @@ constexpr int kUsers = 6;
 constexpr int kDeeds = 150;
 constexpr int kMostDocuments = 4;
 constexpr int kLongestPauseMs = 40;
+constexpr int kPatienceMs = 60000;
 
 } // namespace
 
@@ -250,11 +251,11 @@ void TestRandomUser::undoAll(VeskContext *document)
     const int steps = DocumentHistory::of(*document).stack().index();
     for (int i = 0; i < steps; ++i)
         edit->undo->trigger();
-    QTRY_VERIFY(!edit->undo->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(!edit->undo->isEnabled(), kPatienceMs);
     QCOMPARE(picture(), firsts[document]);
     for (int i = 0; i < steps; ++i)
         edit->redo->trigger();
-    QTRY_COMPARE(DocumentHistory::of(*document).stack().index(), steps);
+    QTRY_COMPARE_WITH_TIMEOUT(DocumentHistory::of(*document).stack().index(), steps, kPatienceMs);
     QCOMPARE(picture(), last);
 }
 
@@ -277,7 +278,7 @@ void TestRandomUser::allIsUndoneInTheEnd()
             return;
     }
     const auto &loader = window->findChild<DocumentOpener *>()->loader();
-    QTRY_VERIFY(!loader.isBusy()); // what opens comes to the front
+    QTRY_VERIFY_WITH_TIMEOUT(!loader.isBusy(), kPatienceMs); // what opens comes to the front
     noteDocuments();
     const auto all = documents->documents();
     for (VeskContext *document : all) {
