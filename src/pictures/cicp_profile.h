@@ -18,8 +18,8 @@ bool isHighRange(int transfer);
 /// Whether these code points say what of() makes of them, sRGB included.
 bool isKnown(int primaries, int transfer);
 
-/// The same in words, such as "Rec. 2020 PQ", or in numbers where there is no usual name; empty when
-/// neither is told.
+/// The same in words, such as "Rec. 2020 PQ", or in numbers where there is no usual name; empty
+/// when neither is told.
 QString nameOf(int primaries, int transfer);
 
 struct Codes

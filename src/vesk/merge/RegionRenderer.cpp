@@ -11,9 +11,7 @@ namespace {
 QImage fitted(const QImage &picture, QSize size)
 {
     const bool isSmaller = size.width() < picture.width() && size.height() < picture.height();
-    return isSmaller && !size.isEmpty()
-               ? picture::areaMean(picture, size)
-               : picture;
+    return isSmaller && !size.isEmpty() ? picture::areaMean(picture, size) : picture;
 }
 
 } // namespace
