@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -67,6 +68,7 @@ template <typename Channel>
 void addColumns(const std::vector<float> &sums, const std::vector<Span> &columns, float weight,
                 Channel *out)
 {
+    constexpr float kTop = std::numeric_limits<Channel>::max(); // sums of very many are rounded
     for (const Span &span : columns) {
         float mean[kChannels] = {};
         add(&sums[size_t(span.first) * kChannels], span.firstShare, kChannels, mean);
@@ -74,7 +76,7 @@ void addColumns(const std::vector<float> &sums, const std::vector<Span> &columns
             add(&sums[size_t(x) * kChannels], 1, kChannels, mean);
         add(&sums[size_t(span.last) * kChannels], span.lastShare, kChannels, mean);
         for (int channel = 0; channel < kChannels; ++channel)
-            *out++ = Channel(mean[channel] * weight + 0.5F);
+            *out++ = Channel(std::min(mean[channel] * weight, kTop) + 0.5F);
     }
 }
 

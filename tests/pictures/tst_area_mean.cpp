@@ -106,6 +106,18 @@ private slots:
         }
     }
 
+    /// Of so many that a sum in single precision rounds.
+    void white_ofVeryManyPixels_staysWhite()
+    {
+        QImage picture(1301, 2903, QImage::Format_RGBX64);
+        picture.fill(Qt::white);
+        for (const QSize size : {QSize(1, 1), QSize(3, 2), QSize(2, 7)}) {
+            QImage expected(size, QImage::Format_RGBX64);
+            expected.fill(Qt::white);
+            QCOMPARE(picture::areaMean(picture, size), expected);
+        }
+    }
+
     void everyThreadCount_givesTheSame()
     {
         const QImage picture = noise({301, 211}, QImage::Format_RGBX64);

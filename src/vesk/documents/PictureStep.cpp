@@ -332,7 +332,7 @@ QImage picture_step::turned(const QImage &picture, int quarters)
 
 QImage picture_step::part(const QImage &picture, const QRect &area)
 {
-    if (picture.depth() < 8) // the part may begin within a byte
+    if (picture.depth() < 8) // an area may begin within a byte
         return picture.copy(area);
     QImage copy = likeness(picture, area.size());
     if (!copy.isNull())
