@@ -1,32 +1,31 @@
 #include "area_mean.h"
 
+#include "mean_rows.h"
 #include "parallel_rows.h"
 
 #include <QColorSpace>
 
+#include <hwy/cache_control.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 namespace {
 
 constexpr int kChannels = 4;
-constexpr int kRowsAtATime = 16;
+constexpr qsizetype kFetchedBytes = 1024;
+constexpr qsizetype kCacheLine = 64;
+constexpr int kRowsAtATime = 16; // also of what is made by one thread, before it takes more
 
-/// The pixels under one of the smaller picture, along one direction.
-struct Span
-{
-    int first;
-    int last;
-    float firstShare; ///< of the pixel that is covered; all between the ends are whole
-    float lastShare;  ///< none where there is only one
-};
+using picture::PixelSpan;
 
-std::vector<Span> spans(int from, int to)
+/// Of each pixel of a smaller picture, along one direction.
+std::vector<PixelSpan> spans(int from, int to)
 {
     const double step = double(from) / to;
-    std::vector<Span> all;
+    std::vector<PixelSpan> all;
     all.reserve(size_t(to));
     for (int i = 0; i < to; ++i) {
         const double begin = i * step;
@@ -40,89 +39,144 @@ std::vector<Span> spans(int from, int to)
     return all;
 }
 
+/// The rows of spans, added up channel by channel. For one thread.
 template <typename Channel>
-void add(const Channel *values, float share, size_t count, float *sums)
+class RowSums
 {
-    for (size_t i = 0; i < count; ++i)
-        sums[i] += share * float(values[i]);
-}
-
-/// The rows of a span, added up channel by channel.
-template <typename Channel>
-void addRows(const QImage &picture, const Span &span, std::vector<float> &sums)
-{
-    std::fill(sums.begin(), sums.end(), 0.0F);
-    const auto addRow = [&](int y, float share) {
-        const auto *row = reinterpret_cast<const Channel *>(picture.constScanLine(y));
-        add(row, share, sums.size(), sums.data());
-    };
-    addRow(span.first, span.firstShare);
-    for (int y = span.first + 1; y < span.last; ++y)
-        addRow(y, 1);
-    if (span.last > span.first)
-        addRow(span.last, span.lastShare);
-}
-
-/// Across the sums of rows; weight: 1 / area of a span.
-template <typename Channel>
-void addColumns(const std::vector<float> &sums, const std::vector<Span> &columns, float weight,
-                Channel *out)
-{
-    constexpr float kTop = std::numeric_limits<Channel>::max(); // sums of very many are rounded
-    for (const Span &span : columns) {
-        float mean[kChannels] = {};
-        add(&sums[size_t(span.first) * kChannels], span.firstShare, kChannels, mean);
-        for (int x = span.first + 1; x < span.last; ++x)
-            add(&sums[size_t(x) * kChannels], 1, kChannels, mean);
-        add(&sums[size_t(span.last) * kChannels], span.lastShare, kChannels, mean);
-        for (int channel = 0; channel < kChannels; ++channel)
-            *out++ = Channel(std::min(mean[channel] * weight, kTop) + 0.5F);
+public:
+    RowSums(const picture::PixelSource &pixelSource, const QRect &area)
+        : source(pixelSource)
+        , part(area)
+        , sums(size_t(area.width()) * kChannels)
+    {
     }
-}
+
+    const float *of(const PixelSpan &span)
+    {
+        std::fill(sums.begin(), sums.end(), 0.0F);
+        for (int y = span.first; y <= span.last; y += kRowsAtATime)
+            add(span, y, std::min(span.last, y + kRowsAtATime - 1));
+        return sums.data();
+    }
+
+private:
+    /// Columns where the runs of all rows go on.
+    struct Piece
+    {
+        std::array<const Channel *, kRowsAtATime> rows;
+        int begin;
+        int end;
+    };
+
+    void add(const PixelSpan &span, int first, int last)
+    {
+        std::array<float, kRowsAtATime> shares;
+        for (int y = first; y <= last; ++y)
+            shares[size_t(y - first)] = y == span.first  ? span.firstShare
+                                        : y == span.last ? span.lastShare
+                                                         : 1;
+        const int end = part.x() + part.width();
+        for (Piece piece = pieceFrom(part.x(), first, last); piece.begin < end;) {
+            const Piece next = pieceFrom(piece.end, first, last);
+            picture::addRows(piece.rows.data(), shares.data(), size_t(last - first + 1),
+                             size_t(piece.end - piece.begin) * kChannels,
+                             &sums[size_t(piece.begin - part.x()) * kChannels]);
+            piece = next;
+        }
+    }
+
+    Piece pieceFrom(int x, int first, int last) const
+    {
+        Piece piece{{}, x, part.x() + part.width()};
+        for (int y = first; y <= last && x < piece.end; ++y) {
+            const picture::PixelRun run = source.run(x, part.y() + y);
+            piece.rows[size_t(y - first)] = reinterpret_cast<const Channel *>(run.pixels);
+            piece.end = std::min(piece.end, run.end);
+            fetch(run.pixels, run.end - x);
+        }
+        return piece;
+    }
+
+    /// Short runs end before the processor knows where they go.
+    static void fetch(const uchar *pixels, int count)
+    {
+        const qsizetype bytes = qsizetype(count) * kChannels * qsizetype(sizeof(Channel));
+        for (qsizetype i = 0; i < std::min(bytes, kFetchedBytes); i += kCacheLine)
+            hwy::Prefetch(pixels + i);
+    }
+
+    const picture::PixelSource &source;
+    const QRect part;
+    std::vector<float> sums;
+};
 
 template <typename Channel>
-void reduce(const QImage &picture, QImage &small)
+void reduce(const picture::PixelSource &source, const QRect &part, QImage &small)
 {
-    const std::vector<Span> columns = spans(picture.width(), small.width());
-    const std::vector<Span> rows = spans(picture.height(), small.height());
-    const double area = double(picture.width()) / small.width() * picture.height() / small.height();
+    const QSize size = part.size();
+    const std::vector<PixelSpan> columns = spans(size.width(), small.width());
+    const std::vector<PixelSpan> rows = spans(size.height(), small.height());
+    const double area = double(size.width()) / small.width() * size.height() / small.height();
     uchar *const bits = small.bits();
     const qsizetype rowBytes = small.bytesPerLine();
-    parallel::each((small.height() + kRowsAtATime - 1) / kRowsAtATime, [&](int part) {
-        std::vector<float> sums(size_t(picture.width()) * kChannels);
-        const int end = std::min(small.height(), (part + 1) * kRowsAtATime);
-        for (int y = part * kRowsAtATime; y < end; ++y) {
-            addRows<Channel>(picture, rows[size_t(y)], sums);
-            addColumns(sums, columns, float(1 / area),
-                       reinterpret_cast<Channel *>(bits + y * rowBytes));
+    parallel::each((small.height() + kRowsAtATime - 1) / kRowsAtATime, [&](int band) {
+        RowSums<Channel> sums(source, part);
+        const int end = std::min(small.height(), (band + 1) * kRowsAtATime);
+        for (int y = band * kRowsAtATime; y < end; ++y) {
+            picture::addColumns(sums.of(rows[size_t(y)]), columns.data(), columns.size(),
+                                float(1 / area), reinterpret_cast<Channel *>(bits + y * rowBytes));
         }
     });
 }
 
+bool isDeep(QImage::Format format)
+{
+    return format == QImage::Format_RGBX64 || format == QImage::Format_RGBA64_Premultiplied;
+}
+
 } // namespace
+
+bool picture::isTakenFromRuns(QImage::Format format)
+{
+    return isDeep(format) || format == QImage::Format_RGB32 ||
+           format == QImage::Format_ARGB32_Premultiplied;
+}
 
 QImage picture::areaMean(const QImage &picture, QSize size)
 {
+    return areaMean(picture, picture.rect(), size);
+}
+
+QImage picture::areaMean(const QImage &picture, const QRect &area, QSize size)
+{
     if (picture.isNull() || size.isEmpty())
         return {};
-    const QImage::Format format = picture.format();
-    const bool isDeep =
-        format == QImage::Format_RGBX64 || format == QImage::Format_RGBA64_Premultiplied;
-    const bool isTaken =
-        isDeep || format == QImage::Format_RGB32 || format == QImage::Format_ARGB32_Premultiplied;
-    if (!isTaken || size.width() > picture.width() || size.height() > picture.height())
-        return picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    if (size == picture.size())
-        return picture;
-    QImage small(size, format);
+    const bool isLarger = size.width() > area.width() || size.height() > area.height();
+    if (size == area.size() || isLarger || !isTakenFromRuns(picture.format())) {
+        const QImage cut = area == picture.rect() ? picture : picture.copy(area);
+        return size == area.size()
+                   ? cut
+                   : cut.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    const auto run = [&picture](int x, int y) {
+        return PixelRun{picture.constScanLine(y) + qsizetype(x) * picture.depth() / 8,
+                        picture.width()};
+    };
+    return areaMean(PixelSource{picture, run}, area, size);
+}
+
+QImage picture::areaMean(const PixelSource &source, const QRect &area, QSize size)
+{
+    const QImage &model = source.model;
+    QImage small(size, model.format());
     if (small.isNull())
         return {};
-    if (isDeep)
-        reduce<quint16>(picture, small);
+    if (isDeep(model.format()))
+        reduce<quint16>(source, area, small);
     else
-        reduce<quint8>(picture, small);
-    small.setColorSpace(picture.colorSpace());
-    small.setDotsPerMeterX(picture.dotsPerMeterX());
-    small.setDotsPerMeterY(picture.dotsPerMeterY());
+        reduce<quint8>(source, area, small);
+    small.setColorSpace(model.colorSpace());
+    small.setDotsPerMeterX(model.dotsPerMeterX());
+    small.setDotsPerMeterY(model.dotsPerMeterY());
     return small;
 }

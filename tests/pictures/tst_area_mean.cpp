@@ -1,5 +1,6 @@
 #include "area_mean.h"
 #include "parallel_rows.h"
+#include "vector_targets.h"
 
 #include <QColorSpace>
 #include <QRgba64>
@@ -126,6 +127,59 @@ private slots:
         for (const int threads : {2, 5}) {
             parallel::setThreadLimit(threads);
             QCOMPARE(picture::areaMean(picture, {97, 71}), alone);
+        }
+    }
+
+    void everyTarget_givesTheSame()
+    {
+        for (const auto format : {QImage::Format_RGB32, QImage::Format_RGBA64_Premultiplied}) {
+            const QImage picture = noise({301, 211}, format);
+            for (const QSize size : {QSize(97, 71), QSize(300, 3), QSize(1, 1)}) {
+                const QImage expected = picture::areaMean(picture, size);
+                for (const int64_t target : vectorTargets::all()) {
+                    const vectorTargets::Forced forced(target);
+                    QCOMPARE(picture::areaMean(picture, size), expected);
+                }
+            }
+        }
+    }
+
+    void area_isThatOfThePartCutOut()
+    {
+        for (const auto format :
+             {QImage::Format_RGB32, QImage::Format_RGBX64, QImage::Format_Grayscale8}) {
+            const QImage picture = noise({301, 211}, format);
+            for (const QRect &area :
+                 {picture.rect(), QRect(20, 30, 200, 150), QRect(300, 210, 1, 1)}) {
+                for (const QSize size : {area.size(), QSize(1, 1), QSize(90, 70)})
+                    QCOMPARE(picture::areaMean(picture, area, size),
+                             picture::areaMean(picture.copy(area), size));
+            }
+        }
+    }
+
+    /// A picture of which the left, the right and a row lie elsewhere.
+    void pixelsFromSeveralPlaces_areThoseOfOnePicture()
+    {
+        for (const auto format : {QImage::Format_ARGB32_Premultiplied, QImage::Format_RGBX64}) {
+            const QImage picture = noise({301, 211}, format);
+            const QImage left = picture.copy(0, 0, 100, 211);
+            const QImage right = picture.copy(100, 0, 201, 211);
+            const QImage row = picture.copy(0, 77, 301, 1);
+            const int bytes = picture.depth() / 8;
+            picture::PixelSource source{
+                right, [&](int x, int y) -> picture::PixelRun {
+                    if (y == 77)
+                        return {row.constBits() + x * bytes, 301};
+                    if (x < 100)
+                        return {left.constScanLine(y) + x * bytes, 100};
+                    return {right.constScanLine(y) + (x - 100) * bytes, 301};
+                }};
+            for (const QRect &area : {picture.rect(), QRect(90, 70, 30, 90)}) {
+                for (const QSize size : {area.size(), QSize(1, 1), QSize(11, 41)})
+                    QCOMPARE(picture::areaMean(source, area, size),
+                             picture::areaMean(picture, area, size));
+            }
         }
     }
 
