@@ -67,6 +67,7 @@ void VeskCanvas::resetCanvas()
 {
     zoomGlide->stop();
     isDragging = false;
+    dropPreview();
     updateCursor();
     contentChanged();
 }
@@ -76,6 +77,7 @@ void VeskCanvas::attachContext(VeskContext *context)
     if (shownContext)
         shownContext->disconnect(this);
     shownContext = context;
+    dropPreview();
     if (context) {
         connect(context, &VeskContext::layersChanged, this, &VeskCanvas::contentChanged);
         connect(context, &QObject::destroyed, this, &VeskCanvas::contentChanged);
@@ -92,6 +94,8 @@ void VeskCanvas::contentChanged()
 {
     const QColorSpace space = composition::colorSpace(composition::visibleLayers(shownContext));
     pyramid->reset(view->document(), VeskScreenColours::getInstance().toScreen(space));
+    if (isPreviewEnding || !shownContext) // it stood for what was there before
+        dropPreview();
     scheduleTiles();
     update();
     reportPointer();
@@ -178,6 +182,8 @@ void VeskCanvas::updateViewport()
 
 void VeskCanvas::viewChanged()
 {
+    if (shownPreview && shownPreview->sight != sight(shownPreview->sight.document))
+        dropPreview();
     update();
     scheduleTiles();
     updateCursor();
@@ -413,6 +419,68 @@ void VeskCanvas::updateCursor()
         setCursor(isDragging ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
 }
 
+// --- Preview ---
+
+CanvasView VeskCanvas::viewOf(const QSize &document) const
+{
+    CanvasView future = *view;
+    future.setViewport(toDevice(rect()).size());
+    if (document != future.document()) {
+        future.setDocument(document);
+        future.fit();
+    }
+    return future;
+}
+
+VeskCanvas::Sight VeskCanvas::sight(const QSize &document) const
+{
+    const CanvasView future = viewOf(document);
+    const QRect pixels = future.documentPixels(QRect(QPoint(), future.viewport()));
+    const QPointF first = future.toViewport(pixels.topLeft());
+    const QPointF end = future.toViewport(QPointF(pixels.right() + 1, pixels.bottom() + 1));
+    const qreal ratio = devicePixelRatioF();
+    if (future.zoom() >= 1)
+        return {document, pixels, pixels.size(), QRectF(first / ratio, end / ratio)};
+    // As the canvas paints it: nothing is scaled once more.
+    const QRect device(first.toPoint(), end.toPoint() - QPoint(1, 1));
+    const QSize size = device.size().expandedTo(QSize(1, 1));
+    return {document, pixels, size.boundedTo(pixels.size()),
+            QRectF(QPointF(device.topLeft()) / ratio, QSizeF(size) / ratio)};
+}
+
+void VeskCanvas::showPreview(const Preview &preview)
+{
+    if (preview.picture.isNull() || preview.sight != sight(preview.sight.document))
+        return;
+    shownPreview = preview;
+    isPreviewEnding = false;
+    update();
+}
+
+void VeskCanvas::endPreview()
+{
+    isPreviewEnding = shownPreview.has_value();
+    dropReplacedPreview();
+}
+
+void VeskCanvas::dropPreview()
+{
+    shownPreview.reset();
+    isPreviewEnding = false;
+    update();
+}
+
+/// What is painted without reduced copies is there at once.
+void VeskCanvas::dropReplacedPreview()
+{
+    if (!isPreviewEnding)
+        return;
+    const auto tiles = painting::tilesIn(*view, toDevice(rect()));
+    if (std::all_of(tiles.begin(), tiles.end(),
+                    [this](const PicturePyramid::TileKey &key) { return pyramid->tile(key); }))
+        dropPreview();
+}
+
 // --- Painting ---
 
 void VeskCanvas::paintEvent(QPaintEvent *event)
@@ -421,11 +489,41 @@ void VeskCanvas::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
     const std::vector<SourceLayer> layers = composition::visibleLayers(shownContext);
-    for (const QRect &part : event->region())
-        paintPart(painter, layers, toDevice(part));
-    if (!outlineRect().isEmpty())
+    for (const QRect &part : event->region()) {
+        if (shownPreview)
+            paintPreview(painter, toDevice(part));
+        else
+            paintPart(painter, layers, toDevice(part));
+    }
+    const bool isOutlineTrue = !shownPreview || shownPreview->sight.document == canvasSize();
+    if (isOutlineTrue && !outlineRect().isEmpty())
         painting::paintOutline(painter, outlineRect(), outlinePhase,
                                std::max(1, qRound(devicePixelRatioF())));
+}
+
+void VeskCanvas::paintPreview(QPainter &painter, const QRect &part) const
+{
+    painter.fillRect(part, painting::surroundColor(palette()));
+    const CanvasView future = viewOf(shownPreview->sight.document);
+    const QRect shown = part & future.documentRect();
+    if (shown.isEmpty())
+        return;
+    painter.save();
+    painter.setClipRect(shown);
+    if (shownPreview->picture.hasAlphaChannel())
+        paintCheckerboard(painter, shown, future);
+    const QRectF &place = shownPreview->sight.place;
+    painting::paintPicture(painter, future, shownPreview->picture,
+                           QRectF(toDevice(place.topLeft()), place.size() * devicePixelRatioF()));
+    painter.restore();
+}
+
+void VeskCanvas::paintCheckerboard(QPainter &painter, const QRect &shown,
+                                   const CanvasView &shownView) const
+{
+    painting::paintCheckerboard(painter, shown, shownView.documentRect().topLeft(),
+                                qRound(kCheckerSquare * devicePixelRatioF()),
+                                painting::isDark(palette()));
 }
 
 void VeskCanvas::paintPart(QPainter &painter, const std::vector<SourceLayer> &layers,
@@ -438,9 +536,7 @@ void VeskCanvas::paintPart(QPainter &painter, const std::vector<SourceLayer> &la
     painter.save();
     painter.setClipRect(shown);
     if (!composition::isOpaque(layers, canvasSize()))
-        painting::paintCheckerboard(painter, shown, view->documentRect().topLeft(),
-                                    qRound(kCheckerSquare * devicePixelRatioF()),
-                                    painting::isDark(palette()));
+        paintCheckerboard(painter, shown, *view);
     directPixelsRead += painting::paintLayers(painter, *view, *pyramid, layers, shown);
     painter.restore();
 }
@@ -475,6 +571,7 @@ void VeskCanvas::buildTiles()
             return;
     }
     tileTimer.stop();
+    dropReplacedPreview();
 }
 
 void VeskCanvas::timerEvent(QTimerEvent *event)

@@ -4,8 +4,10 @@
 
 #include <QBasicTimer>
 #include <QColor>
+#include <QImage>
 #include <QPointF>
 #include <QPointer>
+#include <QRect>
 #include <QSize>
 #include <QWidget>
 
@@ -44,6 +46,28 @@ class VESKUI_EXPORT VeskCanvas : public QWidget
     Q_OBJECT
 
 public:
+    /// What of a document is seen in the canvas, and where.
+    struct Sight
+    {
+        QSize document;
+        QRect pixels; ///< of the document, those that are seen in part, too
+        QSize size;   ///< of a picture of them that suits the screen; not more than pixels
+        QRectF place; ///< of that picture in the widget; whole device pixels below actual size
+        bool operator==(const Sight &other) const
+        {
+            return document == other.document && pixels == other.pixels && size == other.size &&
+                   place == other.place;
+        }
+        bool operator!=(const Sight &other) const { return !(*this == other); }
+    };
+    /// What a document is going to show, at the size of the screen.
+    struct Preview
+    {
+        Sight sight;
+        QImage levels;  ///< in the colours of the document
+        QImage picture; ///< in those of the screen
+    };
+
     /// Number of pixels per 8-bit level; fully transparent pixels are not counted.
     struct Histogram
     {
@@ -112,6 +136,16 @@ public:
     /// 8 or 16, the depth of the document's deepest visible layer.
     int bitsPerChannel() const;
 
+    /// What would be seen of a document with that size: a size that the canvas has not is fitted.
+    Sight sight(const QSize &document) const;
+    /// Shows the preview instead of the layers. Without one for the present view nothing happens.
+    void showPreview(const Preview &preview);
+    /// The layers show what the preview did, or are to be seen again. It stays until their reduced
+    /// copies are there, so that nothing flickers; it also goes when the view is moved.
+    void endPreview();
+    /// What is shown instead of the layers; null when it is the layers. Valid until it ends.
+    const Preview *preview() const { return shownPreview ? &*shownPreview : nullptr; }
+
     /// Document pixels read for painting since construction: a measure of the work done that does
     /// not depend on the machine.
     qint64 paintedPixelsRead() const;
@@ -176,6 +210,13 @@ private:
     void scheduleTiles();
     void buildTiles();
 
+    CanvasView viewOf(const QSize &document) const;
+    void dropPreview();
+    void dropReplacedPreview();
+
+    void paintPreview(QPainter &painter, const QRect &part) const;
+    void paintCheckerboard(QPainter &painter, const QRect &shown,
+                           const CanvasView &shownView) const;
     void paintPart(QPainter &painter, const std::vector<SourceLayer> &layers, const QRect &part);
     QRect outlineRect() const;
     void moveOutline();
@@ -186,6 +227,8 @@ private:
     QPointer<VeskContext> shownContext;
     QPointer<VeskSelection> shownSelection;
     Histogram levels;
+    std::optional<Preview> shownPreview;
+    bool isPreviewEnding = false;
 
     ZoomGlide *zoomGlide;
     qreal reportedZoom = 1;

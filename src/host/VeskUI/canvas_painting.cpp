@@ -24,6 +24,11 @@ bool isCostly(const PicturePyramid &pyramid, const std::vector<SourceLayer> &lay
     return pyramid.toScreen() || composition::bitsPerChannel(layers) > 8;
 }
 
+bool isSmooth(const CanvasView &view)
+{
+    return view.zoom() != 1 && view.zoom() < kCrispZoom;
+}
+
 qint64 paintFromDocument(QPainter &painter, const CanvasView &view, PicturePyramid &pyramid,
                          const std::vector<SourceLayer> &layers, const QRect &part)
 {
@@ -34,12 +39,11 @@ qint64 paintFromDocument(QPainter &painter, const CanvasView &view, PicturePyram
     if (region.isEmpty())
         return 0;
     const QRectF target(view.toViewport(region.topLeft()), QSizeF(region.size()) * view.zoom());
-    painter.setRenderHint(QPainter::SmoothPixmapTransform,
-                          view.zoom() != 1 && view.zoom() < kCrispZoom);
     if (isCostly(pyramid, layers)) {
-        painter.drawImage(target, pyramid.documentPixels(region, layers));
+        painting::paintPicture(painter, view, pyramid.documentPixels(region, layers), target);
         return 0;
     }
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, isSmooth(view));
     composition::drawLayers(painter, target, layers, region);
     return area(region);
 }
@@ -134,6 +138,14 @@ qint64 painting::paintLayers(QPainter &painter, const CanvasView &view, PictureP
         }
     }
     return pixelsRead;
+}
+
+void painting::paintPicture(QPainter &painter, const CanvasView &view, const QImage &picture,
+                            const QRectF &target)
+{
+    painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                          isSmooth(view) && target.size() != QSizeF(picture.size()));
+    painter.drawImage(target, picture);
 }
 
 void painting::paintOutline(QPainter &painter, const QRect &rect, int phase, int lineWidth)

@@ -35,6 +35,10 @@ void paintCheckerboard(QPainter &painter, const QRect &part, const QPoint &origi
 qint64 paintLayers(QPainter &painter, const CanvasView &view, PicturePyramid &pyramid,
                    const std::vector<SourceLayer> &layers, const QRect &part);
 
+/// Paints a picture of a part of the document into target, smoothly where layers would be.
+void paintPicture(QPainter &painter, const CanvasView &view, const QImage &picture,
+                  const QRectF &target);
+
 /// A dashed outline, visible on light and dark. phase moves the dashes; lineWidth: at least 1.
 void paintOutline(QPainter &painter, const QRect &rect, int phase, int lineWidth);
 
