@@ -3,10 +3,11 @@
 //   bench_window [open] [look] [steps] [recovery]
 //
 // A timer of 5 ms runs in the window's event loop; the largest gap between its ticks is how long
-// somebody would have waited. Opens a JPEG file of 100 megapixels; lets a look, a crop and a turn
-// act on pictures of 24, back and forth; brings them back from recovery files. The least and the
-// middle of several runs, as other programs may hold the processor; and processor time of the whole
-// process. Runs what is named, or all. Needs a platform, offscreen is enough.
+// somebody would have waited. Opens a JPEG file of 100 megapixels; lets a look, a crop, a turn and
+// a straightening act on pictures of 24, back and forth, until they are seen and until they are
+// made; brings them back from recovery files. The least and the middle of several runs, as other
+// programs may hold the processor; and processor time of the whole process. Runs what is named, or
+// all. Needs a platform, offscreen is enough.
 
 #include "AdjustDock.h"
 #include "DocumentArea.h"
@@ -41,7 +42,7 @@ constexpr QSize kLarge(11600, 8700);
 constexpr QSize kUsual(6000, 4000);
 constexpr QSize kWindow(2200, 1420); // the canvas has 1920 x 1080 and a little more
 constexpr int kDelayMs = RecoveryKeeper::kLongestDelayMs;
-constexpr int kRuns = 5;
+constexpr size_t kRuns = 5;
 constexpr int kDragged = 40;
 constexpr int kSettleMs = 1500;
 constexpr int kPatienceMs = 60000;
@@ -116,7 +117,8 @@ private:
 
 struct Sample
 {
-    double shown = 0;     ///< until it was on the screen
+    double shown = 0;     ///< until it was on the screen, at the size of the screen
+    double made = 0;      ///< until the document has it
     double gap = 0;       ///< longest time without an answer
     double work = 0;      ///< most processor time of the GUI thread without an answer
     double processor = 0; ///< of all threads, until then
@@ -130,12 +132,14 @@ void print(const char *what, std::vector<Sample> samples)
         return std::pair(samples.front().*member, samples[samples.size() / 2].*member);
     };
     const auto [shown, shownMiddle] = column(&Sample::shown);
+    const auto [made, madeMiddle] = column(&Sample::made);
     const auto [gap, gapMiddle] = column(&Sample::gap);
     const double processor = column(&Sample::processor).first;
     const auto [work, workMiddle] = column(&Sample::work);
-    std::printf("%-24s shown after %6.1f (%6.1f), processor %6.1f; "
+    std::printf("%-24s shown after %6.1f (%6.1f), made after %6.1f (%6.1f), processor %6.1f; "
                 "window held %6.1f (%6.1f), working %6.1f (%6.1f)\n",
-                what, shown, shownMiddle, processor, gap, gapMiddle, work, workMiddle);
+                what, shown, shownMiddle, made, madeMiddle, processor, gap, gapMiddle, work,
+                workMiddle);
     std::fflush(stdout);
 }
 
@@ -159,17 +163,21 @@ public:
         return document;
     }
 
-    /// Until the document has changed, and its canvas is painted.
+    /// Until the canvas has painted the change, and until the document has it.
     Sample act(const std::function<void()> &act)
     {
         VeskContext *document = documents->currentDocument();
+        VeskCanvas *canvas = documents->currentCanvas();
         const int before = DocumentHistory::of(*document).revision();
+        const auto isMade = [&] { return DocumentHistory::of(*document).revision() != before; };
         GapWatch watch;
         Sample sample;
         QTimer::singleShot(0, act);
-        watch.runUntil([&] { return DocumentHistory::of(*document).revision() != before; });
-        documents->currentCanvas()->repaint();
+        watch.runUntil([&] { return canvas->preview() || isMade(); });
+        canvas->repaint();
         sample.shown = watch.wallMs();
+        watch.runUntil(isMade);
+        sample.made = watch.wallMs();
         sample.processor = watch.processorMs();
         watch.settle();
         sample.gap = watch.largestMs();
@@ -188,7 +196,7 @@ void measureOpening(const QString &path)
     options.quality = 92;
     picture::write(testPicture(kLarge), path, PictureFormat::Jpeg, options);
     std::vector<Sample> samples;
-    for (int run = 0; run < kRuns; ++run) {
+    for (size_t run = 0; run < kRuns; ++run) {
         Editor editor;
         GapWatch().settle();
         GapWatch watch;
@@ -205,17 +213,29 @@ void measureOpening(const QString &path)
     print("open, JPEG, 100 megapixels", samples);
 }
 
-void measureSteps(const char *what, Editor &editor, const std::function<void()> &change)
+/// What is done already, back and forth.
+void measureSteps(const char *what, Editor &editor)
 {
-    editor.act(change);
     std::vector<Sample> backs;
     std::vector<Sample> forths;
-    for (int run = 0; run < kRuns; ++run) {
+    for (size_t run = 0; run < kRuns; ++run) {
         backs.push_back(editor.act([&] { editor.edit->undo->trigger(); }));
         forths.push_back(editor.act([&] { editor.edit->redo->trigger(); }));
     }
     print(qPrintable(QStringLiteral("undo, %1").arg(QLatin1String(what))), backs);
     print(qPrintable(QStringLiteral("redo, %1").arg(QLatin1String(what))), forths);
+}
+
+/// The same of a change that is made, too; each time anew.
+void measureChange(const char *what, Editor &editor, const std::function<void()> &change)
+{
+    std::vector<Sample> changes = {editor.act(change)};
+    while (changes.size() < kRuns) {
+        editor.act([&] { editor.edit->undo->trigger(); });
+        changes.push_back(editor.act(change));
+    }
+    print(what, changes);
+    measureSteps(what, editor);
 }
 
 /// All of the picture but a strip.
@@ -229,7 +249,7 @@ void changeMost(VeskContext &document)
     DocumentEdit change;
     change.text = QStringLiteral("Edit");
     change.pictures = {after};
-    change.back.push_back(picture_step::ofChange(before, after));
+    change.steps = std::make_shared<PictureSteps>(picture_step::ofChange(before, after));
     DocumentHistory::of(document).add(std::move(change));
 }
 
@@ -259,8 +279,8 @@ void measureLook(Editor &editor)
     exposure::Look look;
     look.shadows = 0.3;
     std::vector<Sample> firsts;
-    for (int run = 0; run < kRuns; ++run) {
-        look.exposure = 0.2 + 0.1 * run;
+    for (size_t run = 0; run < kRuns; ++run) {
+        look.exposure = 0.2 + 0.1 * double(run);
         firsts.push_back(showLook(editor, look));
         GapWatch().settle(); // the document has it by then
     }
@@ -288,18 +308,23 @@ void measureEdits(const char *depth, QImage::Format format)
     std::printf("\nSteps on 24 megapixels, %s\n", depth);
     Editor editor;
     VeskContext *document = editor.open(testPicture(kUsual, format));
-    measureSteps("look", editor, [&] {
+    auto *maker = editor.window.findChild<PictureEditor *>();
+    measureChange("look", editor, [&] {
         exposure::Look look;
         look.contrast = 0.3;
         editor.edit->adjustDock()->setLook(look);
     });
-    measureSteps("nearly all of it", editor, [&] { changeMost(*document); });
-    measureSteps("turn", editor, [&] { editor.edit->rotateLeft->trigger(); });
-    auto *maker = editor.window.findChild<PictureEditor *>();
-    measureSteps("crop", editor, [&] {
-        maker->start(*document, [](const QList<QImage> &pictures) {
-            return edits::crop(pictures, {500, 500, 2800, 4000});
-        });
+    changeMost(*document);
+    GapWatch().settle();
+    measureSteps("nearly all of it", editor);
+    measureChange("turn", editor, [&] { editor.edit->rotateLeft->trigger(); });
+    measureChange("straighten", editor, [&] {
+        maker->start(*document, edits::straighten(document::layerPictures(*document), 3));
+    });
+    editor.act([&] { editor.edit->undo->trigger(); });
+    measureChange("crop", editor, [&] {
+        maker->start(*document,
+                     edits::crop(document::layerPictures(*document), {500, 500, 2800, 4000}));
     });
     editor.documents->close(document);
 }
@@ -316,7 +341,7 @@ RecoveredDocument recoverable(QSize size, QImage::Format format)
 void measureRecoveryWrite(const char *what, const RecoveredDocument &kept, const QString &path)
 {
     std::vector<double> processor;
-    for (int run = 0; run < kRuns; ++run) {
+    for (size_t run = 0; run < kRuns; ++run) {
         const GapWatch watch;
         if (!recovery::write(kept, path).isEmpty())
             return;
@@ -339,7 +364,7 @@ void measureRecovery()
     measureRecoveryWrite("write, 24 MP, 16 bits", recoverable(kUsual, QImage::Format_RGBX64), path);
     measureRecoveryWrite("write, 100 MP, 8 bits", recoverable(kLarge, QImage::Format_RGB32), path);
     std::vector<Sample> reads;
-    for (int run = 0; run < kRuns; ++run) {
+    for (size_t run = 0; run < kRuns; ++run) {
         recovery::write(usual, path);
         Editor editor;
         auto *keeper = editor.window.findChild<RecoveryKeeper *>();
@@ -369,7 +394,7 @@ int main(int argc, char **argv)
     workspace::nameEditor();
     QApplication application(argc, argv);
     workspace::setUpEditor(application);
-    std::printf("Milliseconds: the least of %d runs (the middle one)\n", kRuns);
+    std::printf("Milliseconds: the least of %zu runs (the middle one)\n", kRuns);
     const QStringList named = QCoreApplication::arguments().mid(1);
     const auto isAsked = [&named](const char *what) {
         return named.isEmpty() || named.contains(QLatin1String(what));

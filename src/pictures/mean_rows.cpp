@@ -86,14 +86,14 @@ HWY_INLINE void addSpans(const float *sums, const picture::PixelSpan *spans, siz
     }
 }
 
-void byteColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount,
-                 float weight, uint8_t *pixels)
+void byteColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount, float weight,
+                 uint8_t *pixels)
 {
     addSpans(sums, spans, spanCount, weight, pixels);
 }
 
-void wordColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount,
-                 float weight, uint16_t *pixels)
+void wordColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount, float weight,
+                 uint16_t *pixels)
 {
     addSpans(sums, spans, spanCount, weight, pixels);
 }

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Rows of a picture, and what lies in them, added up with vector instructions, in single precision. The same on every
-/// processor, to the bit. Any thread, reentrant.
+/// Rows of a picture, and what lies in them, added up with vector instructions, in single
+/// precision. The same on every processor, to the bit. Any thread, reentrant.
 namespace picture {
 
 /// Adds to each of the sums what the rows have there, times the share of the row, one row after the

@@ -108,15 +108,15 @@ std::function<QList<QImage>()> DocumentHistory::picturesToContinue(const QString
     };
 }
 
-std::optional<DocumentHistory::StepAhead> DocumentHistory::stepAhead(bool isForward) const
+std::shared_ptr<PictureSteps> DocumentHistory::stepAhead(bool isForward) const
 {
     const bool canStep = isForward ? steps.canRedo() : steps.canUndo();
     const int index = isForward ? steps.index() : steps.index() - 1;
     const auto *command =
         canStep ? dynamic_cast<const PictureCommand *>(steps.command(index)) : nullptr;
     if (!command || command->pictureSteps()->areInstant())
-        return std::nullopt;
-    return StepAhead{command->pictureSteps(), document::layerPictures(context)};
+        return nullptr;
+    return command->pictureSteps();
 }
 
 void DocumentHistory::step(bool isForward, const QList<QImage> &pictures)
@@ -178,6 +178,17 @@ QList<QImage> document::layerPictures(const VeskContext &context)
         pictures.append(layer ? layer->picture() : QImage());
     }
     return pictures;
+}
+
+QList<double> document::layerOpacities(const VeskContext &context)
+{
+    QList<double> opacities;
+    const VeskLayerManager *layers = context.getLayerManager();
+    for (int i = 0; i < layers->count(); ++i) {
+        const VeskLayerBase *layer = layers->layerAt(i);
+        opacities.append(layer->isVisible() ? double(layer->getAlpha()) : 0.0);
+    }
+    return opacities;
 }
 
 QList<QImage> document::takeLayerPictures(VeskContext &context)

@@ -10,17 +10,17 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
-#include <vector>
 
 class VeskContext;
 
-/// The pictures of a document after an edit, a layer each, and the ways back.
+/// What is done to a document, a picture for each layer.
 struct DocumentEdit
 {
     QString text; ///< what the user did, for the menu
+    /// As they are then; none as long as the steps are not applied.
     QList<QImage> pictures;
-    std::vector<std::unique_ptr<PictureStep>> back;
+    /// Lead to the pictures, and once these are there, back.
+    std::shared_ptr<PictureSteps> steps;
     /// Edits of one kind that follow one another become one, which begins where the first did: the
     /// later is made from the pictures before the earlier. Empty: each stands for itself.
     QString kind;
@@ -45,7 +45,7 @@ public:
     static DocumentHistory &of(VeskContext &document);
 
     QUndoStack &stack() { return steps; }
-    /// Shows the edit and keeps the way back.
+    /// Shows the edit, which is made where it is not yet, and keeps the way back.
     void add(DocumentEdit edit);
     /// Shows or hides the layer at index. Back and forth in a row is no step.
     void addVisibility(int layer, bool isVisible);
@@ -58,16 +58,12 @@ public:
     /// called on any thread, as it may take time; none are given once the document has changed.
     std::function<QList<QImage>()> picturesToContinue(const QString &kind) const;
 
-    /// A step that takes time: its pictures can be made on another thread before it is taken.
-    struct StepAhead
-    {
-        std::shared_ptr<PictureSteps> steps; ///< to be applied once
-        QList<QImage> pictures;              ///< to them
-    };
-    /// That of the next step back or forth; nothing where the step is quick, or there is none.
-    std::optional<StepAhead> stepAhead(bool isForward) const;
-    /// Takes the step. pictures: those of stepAhead with its steps applied; none where it gave
-    /// none.
+    /// Those of the next step back or forth, where it takes time: its pictures can be made on
+    /// another thread before it is taken. To be applied once to the pictures of the layers. Null
+    /// where the step is quick, or there is none.
+    std::shared_ptr<PictureSteps> stepAhead(bool isForward) const;
+    /// Takes the step. pictures: those to which the steps of stepAhead were applied; none where it
+    /// gave none.
     void step(bool isForward, const QList<QImage> &pictures = {});
 
     qint64 bytes() const;
@@ -97,8 +93,10 @@ namespace document {
 
 /// The pictures of the document's layers, bottom to top; null for a layer of another kind.
 QList<QImage> layerPictures(const VeskContext &context);
-/// The same, and the layers have none any more, so that the pictures can be changed without a copy.
-/// Tells nobody: other pictures must follow.
+/// How much each of the layers covers, 0 to 1; 0 where it is hidden.
+QList<double> layerOpacities(const VeskContext &context);
+/// The pictures, and the layers have none any more, so that the pictures can be changed without a
+/// copy. Tells nobody: other pictures must follow.
 QList<QImage> takeLayerPictures(VeskContext &context);
 /// Gives each layer its picture; the canvas and the selection follow the size.
 void setLayerPictures(VeskContext &context, const QList<QImage> &pictures);

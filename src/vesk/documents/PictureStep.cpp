@@ -1,5 +1,6 @@
 #include "PictureStep.h"
 
+#include <area_mean.h>
 #include <large_memory.h>
 #include <parallel_rows.h>
 
@@ -76,6 +77,18 @@ void turnInto(QImage &result, const QImage &picture, bool isClockwise)
     });
 }
 
+/// Of a picture that lies at that place in another, from a pixel of the other on.
+picture::PixelRun runOf(const QImage &picture, QPoint place, int x, int y)
+{
+    return {picture.constScanLine(y - place.y()) + bytesOf(picture, x - place.x()),
+            place.x() + picture.width()};
+}
+
+int tilesAlong(int length)
+{
+    return (length + kTileSide - 1) / kTileSide;
+}
+
 std::vector<QRect> tilesOf(QSize size)
 {
     std::vector<QRect> tiles;
@@ -110,12 +123,16 @@ public:
             tiles.push_back({tile.topLeft(), before.copy(tile)});
     }
 
-    void apply(QImage &picture) override
+    bool apply(QImage &picture) override
     {
-        if (!picture.isDetached())
-            picture = picture_step::part(picture, picture.rect());
+        QImage own =
+            picture.isDetached() ? std::move(picture) : picture_step::part(picture, picture.rect());
+        if (own.isNull())
+            return false;
+        picture = std::move(own);
         const Bits whole(picture);
         parallel::each(int(tiles.size()), [&](int i) { tiles[size_t(i)].swapWith(whole); });
+        return true;
     }
 
     QImage other(const QImage &picture) const override
@@ -126,6 +143,29 @@ public:
         for (const Tile &tile : tiles)
             copyInto(result, tile.pixels, tile.place);
         return result;
+    }
+
+    QSize otherSize(const QImage &picture) const override { return picture.size(); }
+
+    QImage otherReduced(const QImage &picture, const QRect &area, QSize size) const override
+    {
+        if (!picture::isTakenFromRuns(picture.format()))
+            return PictureStep::otherReduced(picture, area, size);
+        const int columns = tilesAlong(picture.width());
+        std::vector<const Tile *> grid(size_t(columns) * size_t(tilesAlong(picture.height())));
+        const auto at = [&](int x, int y) -> const Tile *& {
+            return grid[size_t(y / kTileSide) * size_t(columns) + size_t(x / kTileSide)];
+        };
+        for (const Tile &tile : tiles)
+            at(tile.place.x(), tile.place.y()) = &tile;
+        const auto run = [&](int x, int y) {
+            if (const Tile *tile = at(x, y))
+                return runOf(tile->pixels, tile->place, x, y);
+            const picture::PixelRun rest = runOf(picture, {}, x, y);
+            return picture::PixelRun{rest.pixels,
+                                     std::min(rest.end, (x / kTileSide + 1) * kTileSide)};
+        };
+        return picture::areaMean(picture::PixelSource{picture, run}, area, size);
     }
 
     qint64 bytes() const override
@@ -177,8 +217,13 @@ public:
     {
     }
 
-    void apply(QImage &picture) override { std::swap(picture, held); }
+    bool apply(QImage &picture) override
+    {
+        std::swap(picture, held);
+        return true;
+    }
     QImage other(const QImage &) const override { return held; }
+    QSize otherSize(const QImage &) const override { return held.size(); }
     bool isInstant() const override { return true; }
     qint64 bytes() const override { return held.sizeInBytes(); }
 
@@ -189,24 +234,24 @@ private:
 class CropStep : public PictureStep
 {
 public:
-    CropStep(const QImage &before, const QRect &cropArea)
-        : whole(before.size())
+    CropStep(QSize wholeSize, const QRect &cropArea)
+        : whole(wholeSize)
         , area(cropArea)
     {
-        cutBorders(before);
     }
 
-    void apply(QImage &picture) override
+    bool apply(QImage &picture) override
     {
         const QImage result = other(picture);
-        if (result.isNull()) // no memory: the picture stays as it is
-            return;
+        if (result.isNull())
+            return false;
         if (isCropped)
             borders.clear();
         else
             cutBorders(picture);
         picture = result;
         isCropped = !isCropped;
+        return true;
     }
 
     QImage other(const QImage &picture) const override
@@ -220,6 +265,24 @@ public:
         for (const Border &border : borders)
             copyInto(uncut, border.pixels, border.place);
         return uncut;
+    }
+
+    QSize otherSize(const QImage &) const override { return isCropped ? whole : area.size(); }
+
+    QImage otherReduced(const QImage &picture, const QRect &part, QSize size) const override
+    {
+        if (!isCropped)
+            return picture::areaMean(picture, part.translated(area.topLeft()), size);
+        if (!picture::isTakenFromRuns(picture.format()))
+            return PictureStep::otherReduced(picture, part, size);
+        const auto run = [&](int x, int y) {
+            for (const Border &border : borders) {
+                if (QRect(border.place, border.pixels.size()).contains(x, y))
+                    return runOf(border.pixels, border.place, x, y);
+            }
+            return runOf(picture, area.topLeft(), x, y);
+        };
+        return picture::areaMean(picture::PixelSource{picture, run}, part, size);
     }
 
     qint64 bytes() const override
@@ -254,33 +317,118 @@ private:
     const QSize whole;
     const QRect area;
     std::vector<Border> borders;
-    bool isCropped = true;
+    bool isCropped = false;
 };
 
 class TurnStep : public PictureStep
 {
 public:
-    explicit TurnStep(int quartersBack)
-        : quarters(quartersBack)
+    explicit TurnStep(int quartersOfATurn)
+        : quarters(quartersOfATurn)
     {
     }
 
-    void apply(QImage &picture) override
+    bool apply(QImage &picture) override
     {
-        picture = other(picture);
+        const QImage result = other(picture);
+        if (result.isNull())
+            return false;
+        picture = result;
         quarters = -quarters;
+        return true;
     }
+
     QImage other(const QImage &picture) const override
     {
         return picture_step::turned(picture, quarters);
     }
+
+    QSize otherSize(const QImage &picture) const override { return turnedSize(picture.size()); }
+
+    /// Turned last, when there are few pixels.
+    QImage otherReduced(const QImage &picture, const QRect &area, QSize size) const override
+    {
+        const QPoint corner = turnedBack(area.topLeft(), picture.size());
+        const QPoint opposite = turnedBack(area.bottomRight(), picture.size());
+        const QRect from = QRect(corner, QSize(1, 1)) | QRect(opposite, QSize(1, 1));
+        return picture_step::turned(picture::areaMean(picture, from, turnedSize(size)), quarters);
+    }
+
     qint64 bytes() const override { return 0; }
 
 private:
+    QSize turnedSize(QSize size) const { return quarters % 2 ? size.transposed() : size; }
+
+    /// Which pixel of a picture comes to that place.
+    QPoint turnedBack(QPoint place, QSize size) const
+    {
+        switch (quarters & 3) {
+        case 1:
+            return {place.y(), size.height() - 1 - place.x()};
+        case 2:
+            return {size.width() - 1 - place.x(), size.height() - 1 - place.y()};
+        case 3:
+            return {size.width() - 1 - place.y(), place.x()};
+        default:
+            return place;
+        }
+    }
+
     int quarters;
 };
 
+class ChangeStep : public PictureStep
+{
+public:
+    explicit ChangeStep(const picture_step::Change &changeToMake)
+        : change(changeToMake)
+    {
+    }
+
+    bool apply(QImage &picture) override
+    {
+        if (made)
+            return made->apply(picture);
+        const QImage after = change.made(picture);
+        if (after.isNull())
+            return false;
+        made = picture_step::ofChange(picture, after);
+        picture = after;
+        return true;
+    }
+
+    QImage other(const QImage &picture) const override
+    {
+        return made ? made->other(picture) : change.made(picture);
+    }
+
+    QSize otherSize(const QImage &picture) const override
+    {
+        return made ? made->otherSize(picture) : change.size;
+    }
+
+    QImage otherReduced(const QImage &picture, const QRect &area, QSize size) const override
+    {
+        if (made)
+            return made->otherReduced(picture, area, size);
+        return change.reduced ? change.reduced(picture, area, size)
+                              : PictureStep::otherReduced(picture, area, size);
+    }
+
+    bool isInstant() const override { return made && made->isInstant(); }
+    qint64 bytes() const override { return made ? made->bytes() : 0; }
+
+private:
+    const picture_step::Change change;
+    std::unique_ptr<PictureStep> made; // leads back, and forth again
+};
+
 } // namespace
+
+QImage PictureStep::otherReduced(const QImage &picture, const QRect &area, QSize size) const
+{
+    return picture::areaMean(other(picture), area, size);
+}
 
 std::unique_ptr<PictureStep> picture_step::ofChange(const QImage &before, const QImage &after)
 {
@@ -296,19 +444,25 @@ std::unique_ptr<PictureStep> picture_step::ofChange(const QImage &before, const 
     return std::make_unique<TileStep>(before, changed);
 }
 
-std::unique_ptr<PictureStep> picture_step::ofCrop(const QImage &before, const QRect &area)
+std::unique_ptr<PictureStep> picture_step::toCrop(const QImage &before, const QRect &area)
 {
     if (before.depth() < 8) // a crop may begin within a byte
-        return std::make_unique<WholeStep>(before);
-    return std::make_unique<CropStep>(before, area);
+        return toChange({area.size(), [area](const QImage &whole) { return part(whole, area); }});
+    return std::make_unique<CropStep>(before.size(), area);
 }
 
-std::unique_ptr<PictureStep> picture_step::ofTurn(const QImage &before, int quarters)
+std::unique_ptr<PictureStep> picture_step::toTurn(const QImage &before, int quarters)
 {
-    const QImage back = turned(turned(before.copy(0, 0, 1, 1), quarters), -quarters);
-    if (back.format() != before.format())
-        return std::make_unique<WholeStep>(before);
-    return std::make_unique<TurnStep>(-quarters);
+    const QImage corner = before.copy(0, 0, 1, 1);
+    if (turned(turned(corner, quarters), -quarters).format() == before.format())
+        return std::make_unique<TurnStep>(quarters);
+    const QSize size = quarters % 2 ? before.size().transposed() : before.size();
+    return toChange({size, [quarters](const QImage &whole) { return turned(whole, quarters); }});
+}
+
+std::unique_ptr<PictureStep> picture_step::toChange(const Change &change)
+{
+    return std::make_unique<ChangeStep>(change);
 }
 
 QImage picture_step::turned(const QImage &picture, int quarters)

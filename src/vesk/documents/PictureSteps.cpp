@@ -1,11 +1,29 @@
 #include "PictureSteps.h"
 
+#include <area_mean.h>
+
 #include <algorithm>
+#include <mutex>
 
 PictureSteps::PictureSteps(std::vector<std::unique_ptr<PictureStep>> made)
     : steps(std::move(made))
 {
     count();
+}
+
+PictureSteps::PictureSteps(std::unique_ptr<PictureStep> step)
+    : PictureSteps([&step] {
+        std::vector<std::unique_ptr<PictureStep>> alone;
+        alone.push_back(std::move(step));
+        return alone;
+    }())
+{
+}
+
+/// Null where the picture stays as it is.
+const PictureStep *PictureSteps::stepAt(int index) const
+{
+    return index < int(steps.size()) ? steps[size_t(index)].get() : nullptr;
 }
 
 void PictureSteps::count()
@@ -16,28 +34,54 @@ void PictureSteps::count()
     held = sum;
 }
 
-void PictureSteps::apply(QList<QImage> &pictures)
+bool PictureSteps::apply(QList<QImage> &pictures)
 {
-    const std::lock_guard<std::mutex> alone(mutex);
-    for (int i = 0; i < pictures.size() && i < int(steps.size()); ++i) {
-        if (steps[size_t(i)])
-            steps[size_t(i)]->apply(pictures[i]);
+    const std::lock_guard<std::shared_mutex> alone(mutex);
+    const int last = std::min(int(pictures.size()), int(steps.size())) - 1;
+    for (int i = 0; i <= last; ++i) {
+        if (steps[size_t(i)] && !steps[size_t(i)]->apply(pictures[i])) {
+            for (int done = i - 1; done >= 0; --done) {
+                if (steps[size_t(done)])
+                    steps[size_t(done)]->apply(pictures[done]);
+            }
+            return false;
+        }
     }
     ++applied;
     count();
+    return true;
 }
 
 QList<QImage> PictureSteps::others(const QList<QImage> &pictures, int timesApplied) const
 {
-    const std::lock_guard<std::mutex> alone(mutex);
+    const std::shared_lock<std::shared_mutex> beside(mutex);
     if (timesApplied != applied)
         return {};
     QList<QImage> all = pictures;
-    for (int i = 0; i < all.size() && i < int(steps.size()); ++i) {
-        if (steps[size_t(i)])
-            all[i] = steps[size_t(i)]->other(pictures[i]);
+    for (int i = 0; i < all.size(); ++i) {
+        if (const PictureStep *step = stepAt(i))
+            all[i] = step->other(pictures[i]);
     }
     return all;
+}
+
+QList<QSize> PictureSteps::otherSizes(const QList<QImage> &pictures) const
+{
+    QList<QSize> sizes;
+    for (int i = 0; i < pictures.size(); ++i) {
+        const PictureStep *step = stepAt(i);
+        sizes.append(step ? step->otherSize(pictures[i]) : pictures[i].size());
+    }
+    return sizes;
+}
+
+QImage PictureSteps::otherReduced(const QList<QImage> &pictures, int index, const QRect &area,
+                                  QSize size) const
+{
+    const std::shared_lock<std::shared_mutex> beside(mutex);
+    const PictureStep *step = stepAt(index);
+    return step ? step->otherReduced(pictures[index], area, size)
+                : picture::areaMean(pictures[index], area, size);
 }
 
 bool PictureSteps::areInstant() const

@@ -27,17 +27,8 @@ void HistoryCommand::redo()
 PictureCommand::PictureCommand(VeskContext &document, DocumentEdit documentEdit)
     : context(document)
     , edit(std::move(documentEdit))
-    , steps(std::make_shared<PictureSteps>(std::move(edit.back)))
 {
     setText(edit.text);
-}
-
-PictureCommand::PictureCommand(VeskContext &document, DocumentEdit documentEdit,
-                               std::shared_ptr<PictureSteps> pictureSteps)
-    : context(document)
-    , edit(std::move(documentEdit))
-    , steps(std::move(pictureSteps))
-{
 }
 
 const PictureCommand *PictureCommand::continuable(const QUndoStack &stack, const QString &kind)
@@ -53,7 +44,7 @@ bool PictureCommand::mergeWith(const QUndoCommand *later)
     const auto *other = dynamic_cast<const PictureCommand *>(later);
     if (!other || other->edit.kind != edit.kind)
         return false;
-    steps = other->steps;
+    edit.steps = other->edit.steps;
     edit.settings = other->edit.settings;
     setObsolete(!edit.settings.isValid());
     return true;
@@ -64,7 +55,7 @@ void PictureCommand::go(bool)
     QList<QImage> pictures = edit.pictures;
     if (pictures.isEmpty()) {
         pictures = document::takeLayerPictures(context);
-        steps->apply(pictures);
+        edit.steps->apply(pictures);
     }
     edit.pictures.clear(); // the document has them
     document::setLayerPictures(context, pictures);
@@ -72,7 +63,7 @@ void PictureCommand::go(bool)
 
 HistoryCommand *PictureCommand::takeOver()
 {
-    return new PictureCommand(context, std::move(edit), steps);
+    return new PictureCommand(context, std::move(edit));
 }
 
 VisibilityCommand::VisibilityCommand(VeskContext &document, int index, bool toVisible)

@@ -30,16 +30,15 @@ class PictureCommand : public HistoryCommand
 {
 public:
     PictureCommand(VeskContext &context, DocumentEdit edit);
-    PictureCommand(VeskContext &context, DocumentEdit edit, std::shared_ptr<PictureSteps> steps);
 
     /// The latest command if it is done and of that kind, and the next would be merged with it.
     static const PictureCommand *continuable(const QUndoStack &stack, const QString &kind);
 
     const QVariant &settings() const { return edit.settings; }
-    const std::shared_ptr<PictureSteps> &pictureSteps() const { return steps; }
+    const std::shared_ptr<PictureSteps> &pictureSteps() const { return edit.steps; }
     /// Its steps have been applied to these: the next way is theirs.
     void makeReady(const QList<QImage> &pictures) const { edit.pictures = pictures; }
-    qint64 bytes() const { return steps->bytes(); }
+    qint64 bytes() const { return edit.steps->bytes(); }
 
     int id() const override
     {
@@ -53,8 +52,7 @@ protected:
 
 private:
     VeskContext &context;
-    mutable DocumentEdit edit;           // its pictures until they are shown
-    std::shared_ptr<PictureSteps> steps; // there and back
+    mutable DocumentEdit edit; // its pictures until they are shown, its steps there and back
 };
 
 /// A layer shown or hidden.

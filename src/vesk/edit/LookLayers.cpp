@@ -3,11 +3,6 @@
 #include <adjust.h>
 #include <area_mean.h>
 
-#include <QColorSpace>
-#include <QPainter>
-
-#include <algorithm>
-
 void LookLayers::read(const LookSource &source, int number)
 {
     if (number == sourceNumber)
@@ -38,51 +33,23 @@ void LookLayers::reduce(const QRect &pixels, QSize size)
 
 void LookLayers::reduceLayer(Layer &layer, const QRect &pixels, QSize size)
 {
-    const double scale = double(size.width()) / pixels.width();
-    const QRect covered = pixels & layer.picture.rect();
+    const auto place = reduced_layers::placeOf(layer.picture.size(), pixels, size);
     layer.small = {};
-    if (covered.isEmpty())
+    if (place.covered.isEmpty())
         return;
-    const QImage cut =
-        covered == layer.picture.rect() ? layer.picture : layer.picture.copy(covered);
-    const QSize smallSize = covered == pixels
-                                ? size
-                                : QSize(std::max(1, qRound(covered.width() * scale)),
-                                        std::max(1, qRound(covered.height() * scale)));
-    const QImage small = picture::areaMean(cut, smallSize);
+    const QImage small = picture::areaMean(layer.picture, place.covered, place.size);
     layer.small = small.convertToFormat(exposure::adjustableFormat(small));
-    layer.place = {QPointF(covered.topLeft() - pixels.topLeft()) * scale, QSizeF(smallSize)};
-    layer.window = {covered.topLeft(), double(covered.width()) / smallSize.width()};
+    layer.rect = place.rect;
+    layer.window = {place.covered.topLeft(), double(place.covered.width()) / place.size.width()};
 }
 
 QImage LookLayers::withLook(const exposure::Look &look) const
 {
-    std::vector<QImage> adjusted;
+    QList<reduced_layers::Layer> adjusted;
     for (const Layer &layer : layers) {
-        adjusted.push_back(layer.small);
+        adjusted.append({layer.small, layer.rect, layer.opacity});
         if (!layer.small.isNull())
-            exposure::adjust(adjusted.back(), look, layer.map.get(), layer.window);
+            exposure::adjust(adjusted.last().picture, look, layer.map.get(), layer.window);
     }
-    if (adjusted.empty())
-        return {};
-    const bool isAlone =
-        layers.size() == 1 && layers.front().opacity >= 1 && adjusted.front().size() == partSize;
-    QImage result = isAlone ? adjusted.front() : composed(adjusted);
-    result.setColorSpace(layers.front().picture.colorSpace());
-    return result;
-}
-
-QImage LookLayers::composed(const std::vector<QImage> &pictures) const
-{
-    const bool isDeep = std::any_of(pictures.begin(), pictures.end(),
-                                    [](const QImage &each) { return each.depth() == 64; });
-    QImage result(partSize, isDeep ? QImage::Format_RGBA64_Premultiplied
-                                   : QImage::Format_ARGB32_Premultiplied);
-    result.fill(Qt::transparent);
-    QPainter painter(&result);
-    for (size_t i = 0; i < pictures.size(); ++i) {
-        painter.setOpacity(layers[i].opacity);
-        painter.drawImage(layers[i].place, pictures[i]);
-    }
-    return result;
+    return reduced_layers::composed(adjusted, partSize);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LookPreview.h"
+#include "reduced_layers.h"
 
 #include <LightMap.h>
 #include <Look.h>
@@ -16,9 +17,7 @@ public:
     void read(const LookSource &source, int number);
     /// Those pixels of the document, as a picture of that size, not larger.
     void reduce(const QRect &pixels, QSize size);
-    /// What the document would show there; null without layers. One opaque layer keeps its depth
-    /// and its format where looks take it, others are composed with 8 or 16 bits as the canvas
-    /// does.
+    /// What the document would show there, as reduced_layers::composed of formats that looks take.
     QImage withLook(const exposure::Look &look) const;
 
 private:
@@ -28,12 +27,11 @@ private:
         double opacity;
         std::unique_ptr<exposure::LightMap> map; ///< of the whole
         QImage small;                            ///< adjustable
-        QRectF place;                            ///< in the reduced part
+        QRectF rect;                             ///< in the reduced part
         exposure::LightMap::Window window;       ///< of small, in the picture
     };
 
     static void reduceLayer(Layer &layer, const QRect &pixels, QSize size);
-    QImage composed(const std::vector<QImage> &pictures) const;
 
     std::vector<Layer> layers;
     int sourceNumber = 0;

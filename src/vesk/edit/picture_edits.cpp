@@ -1,6 +1,7 @@
 #include "picture_edits.h"
 
 #include <adjust.h>
+#include <area_mean.h>
 #include <resample.h>
 
 #include <QColorSpace>
@@ -23,16 +24,16 @@ QString text(const char *words)
     return QCoreApplication::translate("Edits", words);
 }
 
-template <typename Change>
-DocumentEdit editOf(const QString &name, const QList<QImage> &pictures, const Change &change)
+/// stepOf(i): that of picture i.
+template <typename StepOf>
+DocumentEdit editOf(const QString &name, const QList<QImage> &pictures, const StepOf &stepOf)
 {
+    std::vector<std::unique_ptr<PictureStep>> steps;
+    for (int i = 0; i < pictures.size(); ++i)
+        steps.push_back(pictures[i].isNull() ? nullptr : stepOf(i));
     DocumentEdit edit;
     edit.text = name;
-    for (const QImage &before : pictures) {
-        std::unique_ptr<PictureStep> back;
-        edit.pictures.append(before.isNull() ? before : change(before, back));
-        edit.back.push_back(std::move(back));
-    }
+    edit.steps = std::make_shared<PictureSteps>(std::move(steps));
     return edit;
 }
 
@@ -72,55 +73,67 @@ QImage inFormatOf(const QImage &model, const QImage &picture)
     return result;
 }
 
-QImage straightened(const QImage &picture, double radians)
+QImage straightened(const QImage &picture, QSize size, double radians)
 {
-    const QSize size = insideSize(picture.size(), radians);
     registration::Transform transform;
     transform.kind = registration::Kind::Rigid;
     transform.matrix = rotation(picture.size(), size, radians);
     return inFormatOf(picture, registration::resample(picture, transform, size));
 }
 
+/// The same with fewer pixels, made of fewer: near enough for a look ahead.
+QImage straightenedSmall(const QImage &picture, QSize size, QSize smallSize, double radians)
+{
+    const auto scaled = [](int length, int from, int to) {
+        return std::max(1, qRound(double(length) * to / from));
+    };
+    const QSize before(scaled(picture.width(), size.width(), smallSize.width()),
+                       scaled(picture.height(), size.height(), smallSize.height()));
+    return straightened(picture::areaMean(picture, before), smallSize, radians);
+}
+
 } // namespace
 
 DocumentEdit edits::crop(const QList<QImage> &pictures, const QRect &area)
 {
-    return editOf(text(QT_TRANSLATE_NOOP("Edits", "Crop")), pictures,
-                  [&](const QImage &before, std::unique_ptr<PictureStep> &back) {
-                      const QRect inside = area & before.rect();
-                      back = picture_step::ofCrop(before, inside);
-                      return picture_step::part(before, inside);
-                  });
+    return editOf(text(QT_TRANSLATE_NOOP("Edits", "Crop")), pictures, [&](int i) {
+        return picture_step::toCrop(pictures[i], area & pictures[i].rect());
+    });
 }
 
 DocumentEdit edits::turn(const QList<QImage> &pictures, int quarters)
 {
     return editOf(text(QT_TRANSLATE_NOOP("Edits", "Rotate")), pictures,
-                  [&](const QImage &before, std::unique_ptr<PictureStep> &back) {
-                      back = picture_step::ofTurn(before, quarters);
-                      return picture_step::turned(before, quarters);
-                  });
+                  [&](int i) { return picture_step::toTurn(pictures[i], quarters); });
 }
 
+/// The new picture is smaller, so it is seen as a whole: nobody looks ahead at a part of it.
 DocumentEdit edits::straighten(const QList<QImage> &pictures, double degrees)
 {
     const double radians = qDegreesToRadians(std::clamp(degrees, -45.0, 45.0));
-    return editOf(text(QT_TRANSLATE_NOOP("Edits", "Straighten")), pictures,
-                  [&](const QImage &before, std::unique_ptr<PictureStep> &back) {
-                      const QImage after = straightened(before, radians);
-                      back = picture_step::ofChange(before, after);
-                      return after;
-                  });
+    return editOf(text(QT_TRANSLATE_NOOP("Edits", "Straighten")), pictures, [&](int i) {
+        const QSize size = insideSize(pictures[i].size(), radians);
+        picture_step::Change change;
+        change.size = size;
+        change.made = [size, radians](const QImage &before) {
+            return straightened(before, size, radians);
+        };
+        change.reduced = [size, radians](const QImage &before, const QRect &, QSize small) {
+            return straightenedSmall(before, size, small, radians);
+        };
+        return picture_step::toChange(change);
+    });
 }
 
 DocumentEdit edits::adjust(const QList<QImage> &pictures, const exposure::Look &look)
 {
-    DocumentEdit edit = editOf(text(QT_TRANSLATE_NOOP("Edits", "Adjust")), pictures,
-                               [&](const QImage &before, std::unique_ptr<PictureStep> &back) {
-                                   const QImage after = adjusted(before, look);
-                                   back = picture_step::ofChange(before, after);
-                                   return after;
-                               });
+    QList<QImage> after;
+    for (const QImage &before : pictures)
+        after.append(before.isNull() ? before : adjusted(before, look));
+    DocumentEdit edit = editOf(text(QT_TRANSLATE_NOOP("Edits", "Adjust")), pictures, [&](int i) {
+        return picture_step::ofChange(pictures[i], after[i]);
+    });
+    edit.pictures = after;
     edit.kind = kLook;
     if (!look.isNeutral())
         edit.settings = QVariant::fromValue(look);

@@ -8,8 +8,10 @@
 #include <optional>
 
 /// The edits of a document, from the pictures of its layers. What is lost is kept for the way back.
-/// Any thread; takes time in proportion to the pixels, so not on the GUI's.
+/// Any thread.
 namespace edits {
+
+// These are still to be made, which takes time: their pictures are those that steps lead to.
 
 /// area: within all pictures.
 DocumentEdit crop(const QList<QImage> &pictures, const QRect &area);
@@ -18,7 +20,9 @@ DocumentEdit turn(const QList<QImage> &pictures, int quarters);
 /// Turns by degrees clockwise, -45 to 45, about the middle, and cuts to the largest part of the
 /// same shape that is covered.
 DocumentEdit straighten(const QList<QImage> &pictures, double degrees);
-/// pictures: before any look; back leads to them. Looks that follow one another are one edit.
+
+/// Made at once, so not on the GUI's thread. pictures: before any look; the steps lead back to
+/// them. Looks that follow one another are one edit.
 DocumentEdit adjust(const QList<QImage> &pictures, const exposure::Look &look);
 
 /// The kind of looks, for DocumentHistory.

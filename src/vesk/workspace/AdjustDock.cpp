@@ -6,8 +6,6 @@
 #include <PictureEditor.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
-#include <VeskLayerBase.h>
-#include <VeskLayerManager.h>
 #include <automatic_look.h>
 #include <picture_edits.h>
 
@@ -48,8 +46,8 @@ AdjustDock::AdjustDock(PictureEditor *pictureEditor, QWidget *parent)
     connect(&rest, &QTimer::timeout, this, &AdjustDock::apply);
     connect(&getReady, &QTimer::timeout, this, [this] {
         nameSource();
-        if (overlay && !hasChange)
-            overlay->prepare();
+        if (lookPreview && !hasChange)
+            lookPreview->prepare();
     });
     proposer.setMaxThreadCount(1);
     connect(editor, &PictureEditor::finished, this, &AdjustDock::onEdited);
@@ -123,7 +121,7 @@ void AdjustDock::setLook(const Look &look)
 
 LookPreview *AdjustDock::preview() const
 {
-    return overlay;
+    return lookPreview;
 }
 
 void AdjustDock::showDocument(VeskContext *document)
@@ -131,11 +129,13 @@ void AdjustDock::showDocument(VeskContext *document)
     settle();
     if (shown)
         DocumentHistory::of(*shown).disconnect(this);
-    delete overlay;
+    if (lookPreview)
+        lookPreview->end();
+    delete lookPreview;
     shown = document;
     widget()->setEnabled(document);
     if (document && document->getCanvas())
-        overlay = new LookPreview(document->getCanvas());
+        lookPreview = new LookPreview(document->getCanvas());
     if (document)
         connect(&DocumentHistory::of(*document), &DocumentHistory::changed, this,
                 &AdjustDock::onDocumentChanged);
@@ -175,15 +175,10 @@ void AdjustDock::prepareSoon()
 /// The preview reads the pictures when it needs them, beside this thread.
 void AdjustDock::nameSource()
 {
-    if (isSourceKnown || !shown || !overlay)
+    if (isSourceKnown || !shown || !lookPreview)
         return;
-    LookSource source{DocumentHistory::of(*shown).picturesToContinue(edits::kLook), {}};
-    const VeskLayerManager *layers = shown->getLayerManager();
-    for (int i = 0; i < layers->count(); ++i) {
-        const VeskLayerBase *layer = layers->layerAt(i);
-        source.opacities.append(layer->isVisible() ? double(layer->getAlpha()) : 0.0);
-    }
-    overlay->setSource(source);
+    lookPreview->setSource({DocumentHistory::of(*shown).picturesToContinue(edits::kLook),
+                            document::layerOpacities(*shown)});
     isSourceKnown = true;
 }
 
@@ -194,8 +189,8 @@ void AdjustDock::onChanged()
     setPending(true);
     rest.start();
     nameSource();
-    if (overlay)
-        overlay->show(look());
+    if (lookPreview)
+        lookPreview->show(look());
 }
 
 void AdjustDock::setPending(bool isPendingNow)
@@ -212,47 +207,56 @@ void AdjustDock::apply()
     if (!hasChange || !shown)
         return;
     setPending(false);
-    const Look wanted = look();
-    if (wanted == edits::lookOf(DocumentHistory::of(*shown))) {
-        onEdited();
-        return;
-    }
-    editor->start(
-        *shown, [wanted](const QList<QImage> &pictures) { return edits::adjust(pictures, wanted); },
-        edits::kLook);
+    editor->whenFree(*shown, [this, document = shown, wanted = look()] {
+        if (wanted == edits::lookOf(DocumentHistory::of(*document))) {
+            onEdited();
+            return;
+        }
+        editor->start(
+            *document,
+            [wanted](const QList<QImage> &pictures) { return edits::adjust(pictures, wanted); },
+            edits::kLook);
+    });
 }
 
 /// Held down.
 void AdjustDock::showBefore()
 {
     nameSource();
-    if (overlay)
-        overlay->show(Look());
+    if (lookPreview)
+        lookPreview->show(Look());
 }
 
 void AdjustDock::showAfter()
 {
-    if (!overlay)
+    if (!lookPreview)
         return;
     if (hasChange || editor->isBusy())
-        overlay->show(look());
+        lookPreview->show(look());
     else
-        overlay->end();
+        lookPreview->end();
 }
 
+/// Unless more is on its way.
 void AdjustDock::onEdited()
 {
-    if (overlay && !hasChange && !compare->isDown())
-        overlay->end();
+    if (editor->isBusy())
+        return;
+    if (lookPreview && !hasChange && !compare->isDown())
+        lookPreview->end();
     if (!hasChange)
         readLook();
 }
 
-void AdjustDock::settle()
+void AdjustDock::commit()
 {
     ++proposals; // what comes later would change what is saved, or undone, by now
-    if (hasChange)
-        apply();
+    apply();
+}
+
+void AdjustDock::settle()
+{
+    commit();
     editor->finish();
 }
 
@@ -286,8 +290,8 @@ void AdjustDock::showEvent(QShowEvent *event)
 void AdjustDock::hideEvent(QHideEvent *event)
 {
     QDockWidget::hideEvent(event);
-    if (hasChange || !overlay)
+    if (hasChange || !lookPreview)
         return;
-    overlay->setSource({});
+    lookPreview->setSource({});
     isSourceKnown = false;
 }

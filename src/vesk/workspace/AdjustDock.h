@@ -30,8 +30,9 @@ public:
 
     /// Null for none.
     void showDocument(VeskContext *document);
-    /// Gives the document what is still shown only, and drops a proposal that is under way: for who
-    /// saves, undoes or closes.
+    /// Lets the document have what is still shown only, and drops a proposal that is under way.
+    void commit();
+    /// The same, and waits for it: for who saves or closes.
     void settle();
     exposure::Look look() const;
     void setLook(const exposure::Look &look);
@@ -64,7 +65,7 @@ private:
 
     PictureEditor *editor;
     QPointer<VeskContext> shown;
-    QPointer<LookPreview> overlay;
+    QPointer<LookPreview> lookPreview;
     QPushButton *compare; // see the picture without the look
     std::vector<std::pair<LookSlider *, double exposure::Look::*>> sliders;
     QTimer rest;          // the control rests

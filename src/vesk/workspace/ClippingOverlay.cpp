@@ -1,6 +1,5 @@
 #include "ClippingOverlay.h"
 
-#include <LookPreview.h>
 #include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <layer_composition.h>
@@ -69,10 +68,8 @@ bool ClippingOverlay::eventFilter(QObject *watched, QEvent *event)
 /// What is shown, and where in the widget all of it lies; null where that is not to be told.
 std::pair<QImage, QRectF> ClippingOverlay::levels() const
 {
-    const auto *look = canvas->findChild<LookPreview *>();
-    const auto shownByLook = look ? look->shownLevels() : std::pair<QImage, QRectF>();
-    if (!shownByLook.first.isNull())
-        return shownByLook;
+    if (const VeskCanvas::Preview *preview = canvas->preview())
+        return {preview->levels, preview->sight.place};
     const auto layers = composition::visibleLayers(canvas->context());
     if (layers.size() != 1)
         return {};

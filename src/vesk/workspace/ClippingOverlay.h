@@ -8,7 +8,7 @@
 class VeskCanvas;
 
 /// Marks over a canvas what is clipped in the document: red where a channel is at its end, blue
-/// where all are at 0; while a look is shown before the document has it, what is clipped in that.
+/// where all are at 0; while a preview is shown, what is clipped in that.
 /// Lets the mouse through. Looks at the pixels that the screen shows, so its cost is bounded by the
 /// window. The canvas owns it. GUI thread.
 class ClippingOverlay : public QWidget

@@ -115,9 +115,9 @@ void EditMenu::step(bool isForward)
 {
     if (!shown)
         return;
-    if (!editor->isStepping())
-        settle();
-    editor->step(*shown, isForward);
+    dock->commit();
+    editor->whenFree(*shown,
+                     [this, document = shown, isForward] { editor->step(*document, isForward); });
 }
 
 void EditMenu::settle()
@@ -170,9 +170,9 @@ void EditMenu::updatePaste()
 void EditMenu::turn(int quarters)
 {
     endOverlay();
-    settle();
-    editor->start(*shown, [quarters](const QList<QImage> &pictures) {
-        return edits::turn(pictures, quarters);
+    dock->commit();
+    editor->whenFree(*shown, [this, document = shown, quarters] {
+        editor->start(*document, edits::turn(document::layerPictures(*document), quarters));
     });
 }
 
@@ -187,10 +187,9 @@ void EditMenu::startCrop()
                               document::coveredArea(*shown));
     connect(tool, &CropTool::accepted, this, [this](const QRect &area) {
         endOverlay();
-        const QSize size = document::layerPictures(*shown).value(0).size();
-        if (!area.isEmpty() && area != QRect(QPoint(), size))
-            editor->start(
-                *shown, [area](const QList<QImage> &before) { return edits::crop(before, area); });
+        const QList<QImage> pictures = document::layerPictures(*shown);
+        if (!area.isEmpty() && area != pictures.value(0).rect())
+            editor->start(*shown, edits::crop(pictures, area));
     });
     lay(tool);
 }
@@ -204,9 +203,7 @@ void EditMenu::startStraighten()
     auto *tool = new StraightenTool(canvas);
     connect(tool, &StraightenTool::accepted, this, [this](double degrees) {
         endOverlay();
-        editor->start(*shown, [degrees](const QList<QImage> &pictures) {
-            return edits::straighten(pictures, degrees);
-        });
+        editor->start(*shown, edits::straighten(document::layerPictures(*shown), degrees));
     });
     lay(tool);
 }

@@ -28,7 +28,7 @@ void show(VeskContext &document, int number)
     DocumentEdit edit;
     edit.text = QStringLiteral("Edit");
     edit.pictures = {after};
-    edit.back.push_back(picture_step::ofChange(before, after));
+    edit.steps = std::make_shared<PictureSteps>(picture_step::ofChange(before, after));
     DocumentHistory::of(document).add(std::move(edit));
 }
 

@@ -30,7 +30,7 @@ private:
         DocumentEdit edit;
         edit.text = QStringLiteral("Edit");
         edit.pictures = {after};
-        edit.back.push_back(std::move(back));
+        edit.steps = std::make_shared<PictureSteps>(std::move(back));
         edit.kind = kind;
         edit.settings = settings;
         history().add(std::move(edit));
@@ -47,13 +47,29 @@ private:
         change(after, picture_step::ofChange(before, after));
     }
 
-    /// Its pictures made ahead, as on another thread, or not.
+    /// What is still to be made; on another thread, as it were, or not.
+    void make(std::unique_ptr<PictureStep> step, bool isAhead = false)
+    {
+        DocumentEdit edit;
+        edit.text = QStringLiteral("Edit");
+        edit.steps = std::make_shared<PictureSteps>(std::move(step));
+        if (isAhead) {
+            edit.pictures = document::layerPictures(*context);
+            QVERIFY(edit.steps->apply(edit.pictures));
+        }
+        history().add(std::move(edit));
+    }
+
+    /// Its pictures made ahead or not.
     void step(bool isForward, bool isAhead)
     {
-        auto ahead = isAhead ? history().stepAhead(isForward) : std::nullopt;
-        if (ahead)
-            ahead->steps->apply(ahead->pictures);
-        history().step(isForward, ahead ? ahead->pictures : QList<QImage>());
+        const auto steps = isAhead ? history().stepAhead(isForward) : nullptr;
+        QList<QImage> pictures;
+        if (steps) {
+            pictures = document::layerPictures(*context);
+            QVERIFY(steps->apply(pictures));
+        }
+        history().step(isForward, pictures);
     }
 
     void invertAs(const QVariant &settings)
@@ -77,13 +93,9 @@ private:
         case 1:
             if (before.width() < 40)
                 return;
-            return change(before.copy(area & before.rect()),
-                          picture_step::ofCrop(before, area & before.rect()));
-        case 2: {
-            const int quarters = 1 + int(random() % 3);
-            return change(picture_step::turned(before, quarters),
-                          picture_step::ofTurn(before, quarters));
-        }
+            return make(picture_step::toCrop(before, area & before.rect()), random() % 2);
+        case 2:
+            return make(picture_step::toTurn(before, 1 + int(random() % 3)), random() % 2);
         case 3:
             return invertAs(int(random() % 2) + 1);
         default:
@@ -112,7 +124,8 @@ private slots:
     void crop_takesTheCanvasAlong()
     {
         const QImage before = picture();
-        change(before.copy(10, 10, 50, 40), picture_step::ofCrop(before, {10, 10, 50, 40}));
+        make(picture_step::toCrop(before, {10, 10, 50, 40}));
+        QCOMPARE(picture(), before.copy(10, 10, 50, 40));
         QCOMPARE(context->getCanvas()->canvasSize(), QSize(50, 40));
         history().stack().undo();
         QCOMPARE(context->getCanvas()->canvasSize(), before.size());

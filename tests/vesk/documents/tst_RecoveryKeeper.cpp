@@ -31,7 +31,7 @@ void edit(VeskContext &document, QRgb colour)
     DocumentEdit change;
     change.text = QStringLiteral("Edit");
     change.pictures = {after};
-    change.back.push_back(picture_step::ofChange(before, after));
+    change.steps = std::make_shared<PictureSteps>(picture_step::ofChange(before, after));
     DocumentHistory::of(document).add(std::move(change));
 }
 

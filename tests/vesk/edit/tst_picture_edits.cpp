@@ -2,6 +2,7 @@
 #include "picture_edits.h"
 
 #include <adjust.h>
+#include <area_mean.h>
 
 #include <QColorSpace>
 #include <QPainter>
@@ -16,12 +17,22 @@ QImage deep(const QImage &picture)
     return picture.convertToFormat(QImage::Format_RGBX64);
 }
 
+/// What becomes of a picture.
+QImage made(DocumentEdit &edit, const QImage &before)
+{
+    if (edit.pictures.isEmpty()) {
+        edit.pictures = {before};
+        edit.steps->apply(edit.pictures);
+    }
+    return edit.pictures.constFirst();
+}
+
 void takeBack(DocumentEdit &edit, const QImage &before)
 {
-    QImage picture = edit.pictures.constFirst();
-    edit.back.front()->apply(picture);
-    QCOMPARE(picture, before);
-    QCOMPARE(picture.format(), before.format());
+    QList<QImage> pictures = {made(edit, before)};
+    QVERIFY(edit.steps->apply(pictures));
+    QCOMPARE(pictures.constFirst(), before);
+    QCOMPARE(pictures.constFirst().format(), before.format());
 }
 
 /// A white line across grey, sloping by so many degrees clockwise.
@@ -58,7 +69,7 @@ private slots:
     {
         const QImage before = TestPictures::texture({90, 60}, 1);
         DocumentEdit edit = edits::crop({before}, {10, 5, 50, 40});
-        QCOMPARE(edit.pictures.constFirst(), before.copy(10, 5, 50, 40));
+        QCOMPARE(made(edit, before), before.copy(10, 5, 50, 40));
         takeBack(edit, before);
     }
 
@@ -67,12 +78,14 @@ private slots:
         QImage picture = deep(TestPictures::texture({91, 60}, 1));
         picture.setColorSpace(QColorSpace::ProPhotoRgb);
         const QImage before = picture;
-        for (int i = 0; i < 4; ++i)
-            picture = edits::turn({picture}, 1).pictures.constFirst();
+        for (int i = 0; i < 4; ++i) {
+            DocumentEdit edit = edits::turn({picture}, 1);
+            picture = made(edit, picture);
+        }
         QCOMPARE(picture, before);
         QCOMPARE(picture.colorSpace(), before.colorSpace());
         DocumentEdit left = edits::turn({before}, 3);
-        QCOMPARE(left.pictures.constFirst().pixel(0, 0), before.pixel(90, 0));
+        QCOMPARE(made(left, before).pixel(0, 0), before.pixel(90, 0));
         takeBack(left, before);
     }
 
@@ -88,7 +101,7 @@ private slots:
         QFETCH(const double, degrees);
         const QImage before = horizon(degrees);
         DocumentEdit edit = edits::straighten({before}, -degrees);
-        const QImage after = edit.pictures.constFirst();
+        const QImage after = made(edit, before);
         QVERIFY(std::abs(brightestRow(after, 4) - brightestRow(after, after.width() - 5)) <= 3);
         QVERIFY(std::abs(double(after.width()) / after.height() - 4.0 / 3) < 0.03);
         for (int x = 0; x < after.width(); ++x) { // nothing uncovered at the edges
@@ -98,11 +111,36 @@ private slots:
         takeBack(edit, before);
     }
 
+    /// What is shown until it is made.
+    void straighten_reduced_isNearWhatIsMade()
+    {
+        QImage before =
+            horizon(6).scaled(1600, 1200, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        for (const QImage &each : {before, deep(before)}) {
+            DocumentEdit edit = edits::straighten({each}, -6);
+            const QSize size = edit.steps->otherSizes({each}).constFirst();
+            const QRect whole(QPoint(), size);
+            const QImage ahead = edit.steps->otherReduced({each}, 0, whole, size / 4);
+            const QImage after = made(edit, each);
+            QCOMPARE(after.size(), size);
+            const QImage small = picture::areaMean(after, size / 4);
+            QCOMPARE(ahead.size(), small.size());
+            double sum = 0;
+            for (int y = 0; y < small.height(); ++y) {
+                for (int x = 0; x < small.width(); ++x)
+                    sum += std::abs(qRed(small.pixel(x, y)) - qRed(ahead.pixel(x, y)));
+            }
+            QVERIFY2(sum / small.width() / small.height() < 0.5,
+                     qPrintable(QString::number(sum / small.width() / small.height())));
+        }
+    }
+
     void straighten_keepsDepthAndProfile()
     {
         QImage before = deep(horizon(3));
         before.setColorSpace(QColorSpace::AdobeRgb);
-        const QImage after = edits::straighten({before}, -3).pictures.constFirst();
+        DocumentEdit edit = edits::straighten({before}, -3);
+        const QImage after = made(edit, before);
         QCOMPARE(after.format(), QImage::Format_RGBX64);
         QCOMPARE(after.colorSpace(), before.colorSpace());
     }

@@ -184,7 +184,7 @@ void TestEditMenu::adjust_slider_showsAtOnceAndBecomesOneStep()
     auto *exposure = slider("exposureSlider")->findChild<QSlider *>();
     exposure->setValue(50);
     QTRY_VERIFY(!ready.isEmpty());
-    QVERIFY(preview->isVisible());
+    QVERIFY(canvas()->preview());
     exposure->setValue(100);
     exposure->setValue(80);
     exposure::Look look;
@@ -195,7 +195,7 @@ void TestEditMenu::adjust_slider_showsAtOnceAndBecomesOneStep()
     look.shadows = 0.5;
     const QImage both = edits::adjusted(first, look);
     QTRY_COMPARE(picture(), both);
-    QTRY_VERIFY(!preview->isVisible());
+    QTRY_VERIFY(!canvas()->preview());
     QCOMPARE(DocumentHistory::of(*current()).stack().count(), 1);
 }
 
@@ -259,21 +259,22 @@ void TestEditMenu::adjust_compareHeld_showsThePictureWithoutTheLook()
 {
     showAdjust();
     auto *compare = window->findChild<QPushButton *>(QStringLiteral("compareLookButton"));
-    auto *preview = edit->adjustDock()->preview();
+    const auto live = [this] {
+        return canvas()->preview() ? canvas()->preview()->picture : QImage();
+    };
     slider("exposureSlider")->setValue(1);
     QTest::mousePress(compare, Qt::LeftButton); // the document gets its look meanwhile
-    QTRY_COMPARE(preview->shown(), first);
+    QTRY_COMPARE(live(), first);
     QTRY_VERIFY(picture() != first);
     QTest::qWait(50);
-    QVERIFY(preview->isVisible());
+    QCOMPARE(live(), first);
     const QImage bright = picture();
     QTest::mouseRelease(compare, Qt::LeftButton);
-    QTRY_VERIFY(!preview->isVisible());
+    QTRY_VERIFY(!canvas()->preview());
     QTest::mousePress(compare, Qt::LeftButton);
-    QTRY_VERIFY(preview->isVisible());
-    QCOMPARE(preview->shown(), first);
+    QTRY_COMPARE(live(), first);
     QTest::mouseRelease(compare, Qt::LeftButton);
-    QVERIFY(!preview->isVisible());
+    QVERIFY(!canvas()->preview());
     QCOMPARE(picture(), bright);
     QCOMPARE(DocumentHistory::of(*current()).stack().count(), 1);
 }
@@ -318,7 +319,8 @@ void TestEditMenu::adjust_largePicture_previewsBeforeTheDocumentChanges()
     slider("exposureSlider")->setValue(1);
     QTRY_VERIFY(!ready.isEmpty());
     QCOMPARE(picture().cacheKey(), key);
-    QVERIFY(preview->shown().width() <= canvas()->width() * canvas()->devicePixelRatioF() + 1);
+    QVERIFY(canvas()->preview()->picture.width() <=
+            canvas()->width() * canvas()->devicePixelRatioF() + 1);
     edit->settle();
     QVERIFY(picture().cacheKey() != key);
 }
@@ -438,7 +440,7 @@ void TestEditMenu::adjust_severalLayers_previewsAllOfThem()
     QSignalSpy ready(preview, &LookPreview::ready);
     slider("exposureSlider")->setValue(1);
     QTRY_VERIFY(!ready.isEmpty());
-    const QImage live = preview->shown();
+    const QImage live = canvas()->preview()->picture;
     QCOMPARE(live.size(), QSize(300, 200));
     edit->settle();
     const QImage done = composition::composedPicture(current());
@@ -471,7 +473,7 @@ void TestEditMenu::adjust_preview_isWhatTheDocumentGets()
     QSignalSpy ready(preview, &LookPreview::ready);
     slider("contrastSlider")->setValue(-0.4);
     QTRY_VERIFY(!ready.isEmpty());
-    const QImage live = preview->shown();
+    const QImage live = canvas()->preview()->picture;
     edit->settle();
     QCOMPARE(live.convertToFormat(QImage::Format_RGB32),
              picture().convertToFormat(QImage::Format_RGB32));
