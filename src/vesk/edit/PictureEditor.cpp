@@ -36,8 +36,6 @@ void PictureEditor::run(const std::shared_ptr<Job> &job, const std::function<voi
 
 void PictureEditor::whenFree(VeskContext &document, const std::function<void()> &deed)
 {
-    if (current && current->document != &document)
-        finish();
     waiting.append([deed, wanted = QPointer<VeskContext>(&document)] {
         if (wanted)
             deed();

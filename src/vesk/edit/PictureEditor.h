@@ -28,8 +28,7 @@ public:
     ~PictureEditor() override;
 
     /// Does that when nothing is under way: now, or as soon as what was asked for before it is
-    /// done; not at all if that fails or the document goes. What is under way for another document
-    /// is finished first.
+    /// done; not at all if that fails or the document goes.
     void whenFree(VeskContext &document, const std::function<void()> &deed);
     /// Makes an edit that is still to be made. As the other two, finishes first what is under way.
     void start(VeskContext &document, DocumentEdit edit);
@@ -80,5 +79,5 @@ private:
 
     QThreadPool worker; // one thread
     std::shared_ptr<Job> current;
-    QList<std::function<void()>> waiting; // for the document of the current one
+    QList<std::function<void()>> waiting;
 };

@@ -80,7 +80,7 @@ QWidget *AdjustDock::makePanel()
     compare = new QPushButton(tr("Compare"));
     compare->setObjectName(QStringLiteral("compareLookButton"));
     compare->setToolTip(tr("Hold to see the picture without these changes"));
-    connect(compare, &QPushButton::pressed, this, &AdjustDock::showBefore);
+    connect(compare, &QPushButton::pressed, this, &AdjustDock::showLook);
     connect(compare, &QPushButton::released, this, &AdjustDock::showAfter);
     auto *row = new QHBoxLayout;
     row->addWidget(automatic);
@@ -162,6 +162,8 @@ void AdjustDock::onDocumentChanged()
         [this] {
             if (!hasChange && !editor->isBusy())
                 readLook();
+            if (lookPreview && lookPreview->isUnderWay())
+                showLook();
         },
         Qt::QueuedConnection);
 }
@@ -188,9 +190,14 @@ void AdjustDock::onChanged()
         return;
     setPending(true);
     rest.start();
+    showLook();
+}
+
+void AdjustDock::showLook()
+{
     nameSource();
     if (lookPreview)
-        lookPreview->show(look());
+        lookPreview->show(compare->isDown() ? Look() : look());
 }
 
 void AdjustDock::setPending(bool isPendingNow)
@@ -219,21 +226,12 @@ void AdjustDock::apply()
     });
 }
 
-/// Held down.
-void AdjustDock::showBefore()
-{
-    nameSource();
-    if (lookPreview)
-        lookPreview->show(Look());
-}
-
+/// Compare is up again.
 void AdjustDock::showAfter()
 {
-    if (!lookPreview)
-        return;
     if (hasChange || editor->isBusy())
-        lookPreview->show(look());
-    else
+        showLook();
+    else if (lookPreview)
         lookPreview->end();
 }
 

@@ -56,7 +56,7 @@ private:
     void onEdited();
     void onDocumentChanged();
     void apply();
-    void showBefore();
+    void showLook();
     void showAfter();
     void propose();
     void readLook();

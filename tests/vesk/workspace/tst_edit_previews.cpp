@@ -5,6 +5,7 @@
 #include <DocumentArea.h>
 #include <DocumentHistory.h>
 #include <EditMenu.h>
+#include <LookPreview.h>
 #include <MainWindow.h>
 #include <PictureEditor.h>
 #include <VeskCanvas.h>
@@ -57,6 +58,7 @@ private slots:
     void undo_whileAnEditIsMade_waitsForIt();
     void undo_ofAnEditThatIsDropped_isDroppedToo();
     void turn_whileALookIsShown_keepsIt();
+    void look_triedWhileATurnIsMade_isSeenUntilItIsMade();
     void look_takenBackWhileItIsMade_isGone();
 
 private:
@@ -233,6 +235,34 @@ void TestEditPreviews::turn_whileALookIsShown_keepsIt()
     QCOMPARE(picture(), picture_step::turned(edits::adjusted(first, look), 1));
     QTRY_VERIFY(edit->adjustDock()->look().isNeutral()); // the next one would be another step
     QTRY_VERIFY(!canvas()->preview());
+}
+
+/// It is one of the turned picture as soon as there is one.
+void TestEditPreviews::look_triedWhileATurnIsMade_isSeenUntilItIsMade()
+{
+    const QImage first = large(1);
+    documents->open(first, QStringLiteral("large"), {});
+    edit->adjust->trigger();
+    const LookPreview *preview = edit->adjustDock()->preview();
+    QSignalSpy done(editor, &PictureEditor::finished);
+    edit->rotateLeft->trigger();
+    exposure::Look look;
+    look.exposure = 1;
+    edit->adjustDock()->setLook(look);
+    edit->adjustDock()->commit();
+    QVERIFY(done.wait());
+    QCOMPARE(picture().size(), kLarge.transposed());
+    QVERIFY(editor->isBusy());
+    QVERIFY(preview->isUnderWay());
+    QSignalSpy ready(preview, &LookPreview::ready);
+    QVERIFY(ready.wait());
+    const QImage live = seen();
+    edit->settle();
+    QVERIFY(!preview->isUnderWay());
+    QCOMPARE(picture(), edits::adjusted(picture_step::turned(first, 3), look));
+    QTRY_VERIFY(!canvas()->preview());
+    const double difference = differenceFromTheEnd(live);
+    QVERIFY2(difference < kNear, qPrintable(QString::number(difference)));
 }
 
 void TestEditPreviews::look_takenBackWhileItIsMade_isGone()
