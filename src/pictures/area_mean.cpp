@@ -14,12 +14,22 @@
 
 namespace {
 
-constexpr int kChannels = 4;
-constexpr qsizetype kFetchedBytes = 1024;
-constexpr qsizetype kCacheLine = 64;
+constexpr size_t kFetchedBytes = 1024;
+constexpr size_t kCacheLine = 64;
 constexpr int kRowsAtATime = 16; // also of what is made by one thread, before it takes more
 
 using picture::PixelSpan;
+
+bool isDeep(QImage::Format format)
+{
+    return format == QImage::Format_RGBX64 || format == QImage::Format_RGBA64_Premultiplied ||
+           format == QImage::Format_Grayscale16;
+}
+
+size_t channelsOf(QImage::Format format)
+{
+    return format == QImage::Format_Grayscale8 || format == QImage::Format_Grayscale16 ? 1 : 4;
+}
 
 /// Of each pixel of a smaller picture, along one direction.
 std::vector<PixelSpan> spans(int from, int to)
@@ -47,7 +57,8 @@ public:
     RowSums(const picture::PixelSource &pixelSource, const QRect &area)
         : source(pixelSource)
         , part(area)
-        , sums(size_t(area.width()) * kChannels)
+        , channels(channelsOf(pixelSource.model.format()))
+        , sums(size_t(area.width()) * channels)
     {
     }
 
@@ -79,8 +90,8 @@ private:
         for (Piece piece = pieceFrom(part.x(), first, last); piece.begin < end;) {
             const Piece next = pieceFrom(piece.end, first, last);
             picture::addRows(piece.rows.data(), shares.data(), size_t(last - first + 1),
-                             size_t(piece.end - piece.begin) * kChannels,
-                             &sums[size_t(piece.begin - part.x()) * kChannels]);
+                             size_t(piece.end - piece.begin) * channels,
+                             &sums[size_t(piece.begin - part.x()) * channels]);
             piece = next;
         }
     }
@@ -92,21 +103,21 @@ private:
             const picture::PixelRun run = source.run(x, part.y() + y);
             piece.rows[size_t(y - first)] = reinterpret_cast<const Channel *>(run.pixels);
             piece.end = std::min(piece.end, run.end);
-            fetch(run.pixels, run.end - x);
+            fetch(run.pixels, size_t(run.end - x) * channels * sizeof(Channel));
         }
         return piece;
     }
 
     /// Short runs end before the processor knows where they go.
-    static void fetch(const uchar *pixels, int count)
+    static void fetch(const uchar *pixels, size_t bytes)
     {
-        const qsizetype bytes = qsizetype(count) * kChannels * qsizetype(sizeof(Channel));
-        for (qsizetype i = 0; i < std::min(bytes, kFetchedBytes); i += kCacheLine)
+        for (size_t i = 0; i < std::min(bytes, kFetchedBytes); i += kCacheLine)
             hwy::Prefetch(pixels + i);
     }
 
     const picture::PixelSource &source;
     const QRect part;
+    const size_t channels;
     std::vector<float> sums;
 };
 
@@ -117,21 +128,17 @@ void reduce(const picture::PixelSource &source, const QRect &part, QImage &small
     const std::vector<PixelSpan> columns = spans(size.width(), small.width());
     const std::vector<PixelSpan> rows = spans(size.height(), small.height());
     const double area = double(size.width()) / small.width() * size.height() / small.height();
+    const int channels = int(channelsOf(small.format()));
     uchar *const bits = small.bits();
     const qsizetype rowBytes = small.bytesPerLine();
     parallel::each((small.height() + kRowsAtATime - 1) / kRowsAtATime, [&](int band) {
         RowSums<Channel> sums(source, part);
         const int end = std::min(small.height(), (band + 1) * kRowsAtATime);
         for (int y = band * kRowsAtATime; y < end; ++y) {
-            picture::addColumns(sums.of(rows[size_t(y)]), columns.data(), columns.size(),
+            picture::addColumns(sums.of(rows[size_t(y)]), columns.data(), columns.size(), channels,
                                 float(1 / area), reinterpret_cast<Channel *>(bits + y * rowBytes));
         }
     });
-}
-
-bool isDeep(QImage::Format format)
-{
-    return format == QImage::Format_RGBX64 || format == QImage::Format_RGBA64_Premultiplied;
 }
 
 } // namespace
@@ -139,7 +146,7 @@ bool isDeep(QImage::Format format)
 bool picture::isTakenFromRuns(QImage::Format format)
 {
     return isDeep(format) || format == QImage::Format_RGB32 ||
-           format == QImage::Format_ARGB32_Premultiplied;
+           format == QImage::Format_ARGB32_Premultiplied || format == QImage::Format_Grayscale8;
 }
 
 QImage picture::areaMean(const QImage &picture, QSize size)

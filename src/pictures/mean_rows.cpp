@@ -12,8 +12,6 @@ namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-constexpr size_t kChannels = 4;
-
 template <class D, typename Value>
 HWY_INLINE void addAt(D floats, const Value *const *rows, const float *shares, size_t rowCount,
                       size_t i, float *sums)
@@ -56,7 +54,7 @@ void addWords(const uint16_t *const *rows, const float *shares, size_t rowCount,
 }
 
 /// Those channels of a pixel that fill the lanes. sums: that of the row's first pixel.
-template <class D, typename Value>
+template <size_t kChannels, class D, typename Value>
 HWY_INLINE void addSpan(D floats, const float *sums, const picture::PixelSpan &span, float weight,
                         Value *pixel)
 {
@@ -74,7 +72,7 @@ HWY_INLINE void addSpan(D floats, const float *sums, const picture::PixelSpan &s
     hn::StoreU(hn::DemoteTo(values, rounded), values, pixel);
 }
 
-template <typename Value>
+template <size_t kChannels, typename Value>
 HWY_INLINE void addSpans(const float *sums, const picture::PixelSpan *spans, size_t spanCount,
                          float weight, Value *pixels)
 {
@@ -82,20 +80,31 @@ HWY_INLINE void addSpans(const float *sums, const picture::PixelSpan *spans, siz
     const size_t lanes = hn::Lanes(floats);
     for (size_t i = 0; i < spanCount; ++i) {
         for (size_t channel = 0; channel < kChannels; channel += lanes)
-            addSpan(floats, sums + channel, spans[i], weight, pixels + kChannels * i + channel);
+            addSpan<kChannels>(floats, sums + channel, spans[i], weight,
+                               pixels + kChannels * i + channel);
     }
 }
 
-void byteColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount, float weight,
-                 uint8_t *pixels)
+template <typename Value>
+HWY_INLINE void addSpansOf(int channels, const float *sums, const picture::PixelSpan *spans,
+                           size_t spanCount, float weight, Value *pixels)
 {
-    addSpans(sums, spans, spanCount, weight, pixels);
+    if (channels == 1)
+        addSpans<1>(sums, spans, spanCount, weight, pixels);
+    else
+        addSpans<4>(sums, spans, spanCount, weight, pixels);
 }
 
-void wordColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount, float weight,
-                 uint16_t *pixels)
+void byteColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount, int channels,
+                 float weight, uint8_t *pixels)
 {
-    addSpans(sums, spans, spanCount, weight, pixels);
+    addSpansOf(channels, sums, spans, spanCount, weight, pixels);
+}
+
+void wordColumns(const float *sums, const picture::PixelSpan *spans, size_t spanCount, int channels,
+                 float weight, uint16_t *pixels)
+{
+    addSpansOf(channels, sums, spans, spanCount, weight, pixels);
 }
 
 } // namespace HWY_NAMESPACE
@@ -123,16 +132,18 @@ void picture::addRows(const uint16_t *const *rows, const float *shares, size_t r
     HWY_DYNAMIC_DISPATCH(picture_mean::addWords)(rows, shares, rowCount, valueCount, sums);
 }
 
-void picture::addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, float weight,
-                         uint8_t *pixels)
+void picture::addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, int channels,
+                         float weight, uint8_t *pixels)
 {
-    HWY_DYNAMIC_DISPATCH(picture_mean::byteColumns)(sums, spans, spanCount, weight, pixels);
+    HWY_DYNAMIC_DISPATCH(picture_mean::byteColumns)
+    (sums, spans, spanCount, channels, weight, pixels);
 }
 
-void picture::addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, float weight,
-                         uint16_t *pixels)
+void picture::addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, int channels,
+                         float weight, uint16_t *pixels)
 {
-    HWY_DYNAMIC_DISPATCH(picture_mean::wordColumns)(sums, spans, spanCount, weight, pixels);
+    HWY_DYNAMIC_DISPATCH(picture_mean::wordColumns)
+    (sums, spans, spanCount, channels, weight, pixels);
 }
 
 #endif

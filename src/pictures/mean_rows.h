@@ -23,11 +23,11 @@ struct PixelSpan
     float lastShare;  ///< none where there is only one
 };
 
-/// A pixel for each span: the sums under it (four to a pixel), added up and times weight, at most
-/// the highest value, rounded.
-void addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, float weight,
-                uint8_t *pixels);
-void addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, float weight,
-                uint16_t *pixels);
+/// A pixel for each span: the sums under it, added up and times weight, at most the highest value,
+/// rounded. channels: of a pixel, 1 or 4.
+void addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, int channels,
+                float weight, uint8_t *pixels);
+void addColumns(const float *sums, const PixelSpan *spans, size_t spanCount, int channels,
+                float weight, uint16_t *pixels);
 
 } // namespace picture

@@ -23,11 +23,17 @@ QImage noise(QSize size, QImage::Format format)
     return picture.convertToFormat(format);
 }
 
+int channelCount(const QImage &picture)
+{
+    return picture.isGrayscale() && picture.depth() <= 16 ? 1 : 4;
+}
+
 double channelOf(const QImage &picture, int x, int y, int channel)
 {
     const uchar *row = picture.constScanLine(y);
-    return picture.depth() == 64 ? reinterpret_cast<const quint16 *>(row)[4 * x + channel]
-                                 : row[4 * x + channel];
+    const bool isDeep = picture.depth() == 64 || picture.format() == QImage::Format_Grayscale16;
+    const int i = x * channelCount(picture) + channel;
+    return isDeep ? reinterpret_cast<const quint16 *>(row)[i] : row[i];
 }
 
 /// How much of pixel i lies under pixel `part` of a smaller row.
@@ -70,7 +76,9 @@ private slots:
             {"RGB32", QImage::Format_RGB32},
             {"RGBX64", QImage::Format_RGBX64},
             {"8 bits, alpha", QImage::Format_ARGB32_Premultiplied},
-            {"16 bits, alpha", QImage::Format_RGBA64_Premultiplied}};
+            {"16 bits, alpha", QImage::Format_RGBA64_Premultiplied},
+            {"grey", QImage::Format_Grayscale8},
+            {"deep grey", QImage::Format_Grayscale16}};
         for (const auto &[name, format] : formats) {
             for (const QSize size : {QSize(1, 1), QSize(10, 5), QSize(9, 7), QSize(31, 2),
                                      QSize(29, 19), QSize(1, 19)})
@@ -88,7 +96,7 @@ private slots:
         QCOMPARE(small.format(), format);
         for (int y = 0; y < size.height(); ++y) {
             for (int x = 0; x < size.width(); ++x) {
-                for (int channel = 0; channel < 4; ++channel) {
+                for (int channel = 0; channel < channelCount(picture); ++channel) {
                     const double expected = expectedChannel(picture, size, {x, y}, channel);
                     QVERIFY(std::abs(channelOf(small, x, y, channel) - expected) < 0.52);
                 }
@@ -98,7 +106,8 @@ private slots:
 
     void white_staysWhite()
     {
-        for (const auto format : {QImage::Format_RGB32, QImage::Format_RGBX64}) {
+        for (const auto format :
+             {QImage::Format_RGB32, QImage::Format_RGBX64, QImage::Format_Grayscale16}) {
             QImage picture(1201, 803, format);
             picture.fill(Qt::white);
             QImage expected(399, 267, format);
@@ -132,7 +141,8 @@ private slots:
 
     void everyTarget_givesTheSame()
     {
-        for (const auto format : {QImage::Format_RGB32, QImage::Format_RGBA64_Premultiplied}) {
+        for (const auto format : {QImage::Format_RGB32, QImage::Format_RGBA64_Premultiplied,
+                                  QImage::Format_Grayscale8, QImage::Format_Grayscale16}) {
             const QImage picture = noise({301, 211}, format);
             for (const QSize size : {QSize(97, 71), QSize(300, 3), QSize(1, 1)}) {
                 const QImage expected = picture::areaMean(picture, size);
@@ -146,8 +156,8 @@ private slots:
 
     void area_isThatOfThePartCutOut()
     {
-        for (const auto format :
-             {QImage::Format_RGB32, QImage::Format_RGBX64, QImage::Format_Grayscale8}) {
+        for (const auto format : {QImage::Format_RGB32, QImage::Format_RGBX64,
+                                  QImage::Format_Grayscale8, QImage::Format_RGB888}) {
             const QImage picture = noise({301, 211}, format);
             for (const QRect &area :
                  {picture.rect(), QRect(20, 30, 200, 150), QRect(300, 210, 1, 1)}) {
@@ -161,7 +171,8 @@ private slots:
     /// A picture of which the left, the right and a row lie elsewhere.
     void pixelsFromSeveralPlaces_areThoseOfOnePicture()
     {
-        for (const auto format : {QImage::Format_ARGB32_Premultiplied, QImage::Format_RGBX64}) {
+        for (const auto format : {QImage::Format_ARGB32_Premultiplied, QImage::Format_RGBX64,
+                                  QImage::Format_Grayscale16}) {
             const QImage picture = noise({301, 211}, format);
             const QImage left = picture.copy(0, 0, 100, 211);
             const QImage right = picture.copy(100, 0, 201, 211);
@@ -195,8 +206,8 @@ private slots:
 
     void otherFormatsAndLargerSizes_areScaledByQt()
     {
-        const QImage grey = noise({40, 30}, QImage::Format_Grayscale8);
-        QCOMPARE(picture::areaMean(grey, {20, 15}).size(), QSize(20, 15));
+        const QImage dense = noise({40, 30}, QImage::Format_RGB888);
+        QCOMPARE(picture::areaMean(dense, {20, 15}).size(), QSize(20, 15));
         const QImage picture = noise({40, 30}, QImage::Format_RGB32);
         QCOMPARE(picture::areaMean(picture, {80, 15}).size(), QSize(80, 15));
         QCOMPARE(picture::areaMean(picture, picture.size()), picture);
