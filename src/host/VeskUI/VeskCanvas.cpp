@@ -96,6 +96,7 @@ void VeskCanvas::contentChanged()
     pyramid->reset(view->document(), VeskScreenColours::getInstance().toScreen(space));
     if (isPreviewEnding || !shownContext) // it stood for what was there before
         dropPreview();
+    dropRendition();
     scheduleTiles();
     update();
     reportPointer();
@@ -184,6 +185,7 @@ void VeskCanvas::viewChanged()
 {
     if (shownPreview && shownPreview->sight != sight(shownPreview->sight.document))
         dropPreview();
+    dropRendition();
     update();
     scheduleTiles();
     updateCursor();
@@ -473,12 +475,51 @@ void VeskCanvas::dropPreview()
 /// What is painted without reduced copies is there at once.
 void VeskCanvas::dropReplacedPreview()
 {
-    if (!isPreviewEnding)
+    if (!isPreviewEnding || isRenditionAsked)
         return;
     const auto tiles = painting::tilesIn(*view, toDevice(rect()));
     if (std::all_of(tiles.begin(), tiles.end(),
                     [this](const PicturePyramid::TileKey &key) { return pyramid->tile(key); }))
         dropPreview();
+}
+
+void VeskCanvas::setRenderer(const Renderer &newRenderer)
+{
+    renderer = newRenderer;
+    scheduleTiles();
+}
+
+bool VeskCanvas::isRendered() const
+{
+    return renderer && shownContext && zoom() < 1;
+}
+
+void VeskCanvas::dropRendition()
+{
+    rendition.reset();
+    isRenditionAsked = false;
+    ++renditionNumber;
+}
+
+/// All reduced copies of what is seen are there.
+void VeskCanvas::settle()
+{
+    if (isRendered() && !rendition && !isRenditionAsked) {
+        isRenditionAsked = true;
+        renderer(renditionNumber);
+    }
+    dropReplacedPreview();
+}
+
+void VeskCanvas::showRendition(int number, const Preview &answer)
+{
+    if (number != renditionNumber)
+        return;
+    isRenditionAsked = false;
+    if (!answer.picture.isNull() && answer.sight == sight(canvasSize()))
+        rendition = answer;
+    dropReplacedPreview();
+    update();
 }
 
 // --- Painting ---
@@ -489,9 +530,10 @@ void VeskCanvas::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
     const std::vector<SourceLayer> layers = composition::visibleLayers(shownContext);
+    const std::optional<Preview> &instead = shownPreview ? shownPreview : rendition;
     for (const QRect &part : event->region()) {
-        if (shownPreview)
-            paintPreview(painter, toDevice(part));
+        if (instead)
+            paintPreview(painter, *instead, toDevice(part));
         else
             paintPart(painter, layers, toDevice(part));
     }
@@ -501,19 +543,19 @@ void VeskCanvas::paintEvent(QPaintEvent *event)
                                std::max(1, qRound(devicePixelRatioF())));
 }
 
-void VeskCanvas::paintPreview(QPainter &painter, const QRect &part) const
+void VeskCanvas::paintPreview(QPainter &painter, const Preview &preview, const QRect &part) const
 {
     painter.fillRect(part, painting::surroundColor(palette()));
-    const CanvasView future = viewOf(shownPreview->sight.document);
+    const CanvasView future = viewOf(preview.sight.document);
     const QRect shown = part & future.documentRect();
     if (shown.isEmpty())
         return;
     painter.save();
     painter.setClipRect(shown);
-    if (shownPreview->picture.hasAlphaChannel())
+    if (preview.picture.hasAlphaChannel())
         paintCheckerboard(painter, shown, future);
-    const QRectF &place = shownPreview->sight.place;
-    painting::paintPicture(painter, future, shownPreview->picture,
+    const QRectF &place = preview.sight.place;
+    painting::paintPicture(painter, future, preview.picture,
                            QRectF(toDevice(place.topLeft()), place.size() * devicePixelRatioF()));
     painter.restore();
 }
@@ -548,7 +590,8 @@ qint64 VeskCanvas::paintedPixelsRead() const
 
 void VeskCanvas::scheduleTiles()
 {
-    if (isVisible() && shownContext && PicturePyramid::levelForZoom(zoom()) > 0)
+    const bool hasTiles = PicturePyramid::levelForZoom(zoom()) > 0;
+    if (isVisible() && shownContext && (hasTiles || isRendered()))
         tileTimer.start(0, this);
     else
         tileTimer.stop();
@@ -571,7 +614,7 @@ void VeskCanvas::buildTiles()
             return;
     }
     tileTimer.stop();
-    dropReplacedPreview();
+    settle();
 }
 
 void VeskCanvas::timerEvent(QTimerEvent *event)

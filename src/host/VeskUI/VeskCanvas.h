@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -146,6 +147,14 @@ public:
     /// What is shown instead of the layers; null when it is the layers. Valid until it ends.
     const Preview *preview() const { return shownPreview ? &*shownPreview : nullptr; }
 
+    /// Who shows the layers better than their reduced copies, which are soft, is asked when these
+    /// are there, below actual size. It must answer each call by showRendition, then or later.
+    using Renderer = std::function<void(int number)>;
+    void setRenderer(const Renderer &newRenderer);
+    /// The answer to the call with that number; shown until the layers or the view change, unless
+    /// that is so already. Without a picture the reduced copies are seen.
+    void showRendition(int number, const Preview &answer);
+
     /// Document pixels read for painting since construction: a measure of the work done that does
     /// not depend on the machine.
     qint64 paintedPixelsRead() const;
@@ -213,8 +222,11 @@ private:
     CanvasView viewOf(const QSize &document) const;
     void dropPreview();
     void dropReplacedPreview();
+    void dropRendition();
+    bool isRendered() const;
+    void settle();
 
-    void paintPreview(QPainter &painter, const QRect &part) const;
+    void paintPreview(QPainter &painter, const Preview &preview, const QRect &part) const;
     void paintCheckerboard(QPainter &painter, const QRect &shown,
                            const CanvasView &shownView) const;
     void paintPart(QPainter &painter, const std::vector<SourceLayer> &layers, const QRect &part);
@@ -229,6 +241,10 @@ private:
     Histogram levels;
     std::optional<Preview> shownPreview;
     bool isPreviewEnding = false;
+    Renderer renderer;
+    std::optional<Preview> rendition;
+    bool isRenditionAsked = false;
+    int renditionNumber = 0; // answers to an earlier one are stale
 
     ZoomGlide *zoomGlide;
     qreal reportedZoom = 1;

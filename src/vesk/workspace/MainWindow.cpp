@@ -22,6 +22,7 @@
 #include "RecentFilesMenu.h"
 #include "ScreenColoursMenu.h"
 #include "SessionKeeper.h"
+#include "SharpView.h"
 #include "StartPage.h"
 #include "ThemeMenu.h"
 #include "ViewMenu.h"
@@ -31,6 +32,7 @@
 #include "picture_kinds.h"
 #include "screen_colours.h"
 
+#include <VeskCanvas.h>
 #include <VeskContext.h>
 #include <VeskGlobalSettings.h>
 
@@ -380,7 +382,10 @@ void MainWindow::showMergedLight(const QImage &picture, const QString &reference
 
 void MainWindow::showCurrentDocument(VeskContext *document)
 {
-    status->showCanvas(documents->currentCanvas());
+    VeskCanvas *canvas = documents->currentCanvas();
+    if (canvas && !canvas->findChild<SharpView *>())
+        new SharpView(canvas);
+    status->showCanvas(canvas);
     histogramDock->showDocument(document);
     layerDock->showDocument(document);
     photoDock->showDocument(document);

@@ -14,6 +14,8 @@ namespace {
 
 constexpr QSize kDocument(1600, 1200);
 const QColor kRed(200, 10, 10);
+const QColor kBlue(10, 10, 200);
+constexpr QPoint kMiddle(200, 150);
 
 QImage pattern(QSize size)
 {
@@ -82,6 +84,15 @@ private slots:
     void documentGoes_takesThePreviewAlong();
     void otherDocument_isShown();
 
+    void renderer_isAskedWhenTheReducedCopiesAreThere();
+    void renderer_atActualSize_isNotAsked();
+    void rendition_isSeenUntilTheViewMoves();
+    void rendition_isSeenUntilTheLayersChange();
+    void rendition_late_isNotSeen();
+    void rendition_behindAPreview_waits();
+    void end_withARenderer_waitsForItsAnswer();
+    void end_withoutAnAnswer_showsTheLayers();
+
 private:
     /// Until all reduced copies are there.
     void settle()
@@ -103,6 +114,21 @@ private:
     }
     bool isRed(QPoint place) { return shown().pixelColor(place) == kRed; }
 
+    /// Answers are given by answer().
+    void setRenderer()
+    {
+        asked = {};
+        canvas->setRenderer([this](int number) { asked.append(number); });
+    }
+    void answer(int number)
+    {
+        const VeskCanvas::Sight sight = canvas->sight(kDocument);
+        const QImage blue = filled(sight.size, kBlue);
+        canvas->showRendition(number, {sight, blue, blue});
+    }
+    bool isBlue(QPoint place) { return shown().pixelColor(place) == kBlue; }
+
+    QList<int> asked;
     std::unique_ptr<VeskContext> context;
     VeskLayer *layer = nullptr;
     std::unique_ptr<VeskCanvas> canvas;
@@ -292,6 +318,107 @@ void TestCanvasPreview::otherDocument_isShown()
     canvas->attachContext(context.get());
     show();
     canvas->resetCanvas();
+    QVERIFY(!canvas->preview());
+}
+
+void TestCanvasPreview::renderer_isAskedWhenTheReducedCopiesAreThere()
+{
+    setRenderer();
+    QTRY_COMPARE(asked.size(), 1);
+    QTest::qWait(50);
+    QCOMPARE(asked.size(), 1); // once is enough
+    setPicture(filled(kDocument, Qt::white));
+    QCOMPARE(asked.size(), 1);
+    QTRY_COMPARE(asked.size(), 2);
+}
+
+void TestCanvasPreview::renderer_atActualSize_isNotAsked()
+{
+    canvas->zoomToActualSize();
+    setRenderer();
+    setPicture(filled(kDocument, Qt::white));
+    QTest::qWait(50);
+    QVERIFY(asked.isEmpty());
+    canvas->setZoom(0.7); // has no reduced copies
+    QTRY_COMPARE(asked.size(), 1);
+}
+
+void TestCanvasPreview::rendition_isSeenUntilTheViewMoves()
+{
+    setRenderer();
+    QTRY_COMPARE(asked.size(), 1);
+    answer(asked.last());
+    QVERIFY(isBlue(kMiddle));
+    QVERIFY(!canvas->preview());
+    canvas->setZoom(0.4);
+    QVERIFY(!isBlue(kMiddle));
+    QTRY_COMPARE(asked.size(), 2);
+    answer(asked.last());
+    QVERIFY(isBlue(kMiddle));
+}
+
+void TestCanvasPreview::rendition_isSeenUntilTheLayersChange()
+{
+    setRenderer();
+    QTRY_COMPARE(asked.size(), 1);
+    answer(asked.last());
+    setPicture(filled(kDocument, Qt::white));
+    QCOMPARE(shown().pixelColor(kMiddle), QColor(Qt::white));
+}
+
+void TestCanvasPreview::rendition_late_isNotSeen()
+{
+    setRenderer();
+    QTRY_COMPARE(asked.size(), 1);
+    setPicture(pattern(kDocument));
+    answer(asked.first());
+    QVERIFY(!isBlue(kMiddle));
+    QTRY_COMPARE(asked.size(), 2);
+    canvas->zoomIn();
+    canvas->zoomToFit();
+    answer(asked.last());
+    QVERIFY(!isBlue(kMiddle));
+}
+
+void TestCanvasPreview::rendition_behindAPreview_waits()
+{
+    setRenderer();
+    QTRY_COMPARE(asked.size(), 1);
+    show();
+    answer(asked.last());
+    QVERIFY(isRed(kMiddle));
+    canvas->endPreview();
+    QVERIFY(isBlue(kMiddle));
+}
+
+/// So that nothing soft is seen between two that are sharp.
+void TestCanvasPreview::end_withARenderer_waitsForItsAnswer()
+{
+    setRenderer();
+    QTRY_COMPARE(asked.size(), 1);
+    answer(asked.last());
+    show();
+    setPicture(pattern(kDocument));
+    canvas->endPreview();
+    QTRY_COMPARE(asked.size(), 2);
+    QTest::qWait(50);
+    QVERIFY(isRed(kMiddle));
+    answer(asked.last());
+    QVERIFY(isBlue(kMiddle));
+}
+
+void TestCanvasPreview::end_withoutAnAnswer_showsTheLayers()
+{
+    setRenderer();
+    QTRY_COMPARE(asked.size(), 1);
+    show();
+    setPicture(filled(kDocument, Qt::white));
+    canvas->endPreview();
+    QTRY_COMPARE(asked.size(), 2);
+    canvas->showRendition(asked.last(), {});
+    QCOMPARE(shown().pixelColor(kMiddle), QColor(Qt::white));
+    show();
+    canvas->endPreview(); // nobody is asked any more
     QVERIFY(!canvas->preview());
 }
 
