@@ -24,7 +24,7 @@
 namespace {
 
 constexpr QSize kLarge(6000, 4000);
-constexpr double kNear = 0.5; // mean difference of 8-bit levels
+constexpr double kNear = 1.5; // mean difference of 8-bit levels
 
 /// Without details that each way to reduce it shows in its own way.
 QImage large(int seed)
