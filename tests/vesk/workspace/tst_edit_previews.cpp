@@ -24,7 +24,8 @@
 namespace {
 
 constexpr QSize kLarge(6000, 4000);
-constexpr double kNear = 1.5; // mean difference of 8-bit levels
+constexpr int kPatienceMs = 60000; // the sanitizers are slow
+constexpr double kNear = 1.5;      // mean difference of 8-bit levels
 
 /// Without details that each way to reduce it shows in its own way.
 QImage large(int seed)
@@ -146,12 +147,12 @@ void TestEditPreviews::largeEdit_isSeenBeforeItIsMade()
     edit->settle();
     if (zoom > 0)
         canvas()->showPlace(zoom, {1500, 1200});
-    QTRY_VERIFY(!canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(!canvas()->preview(), kPatienceMs);
     watchForPreview();
     act(what);
-    QTRY_VERIFY(isMade);
+    QTRY_VERIFY_WITH_TIMEOUT(isMade, kPatienceMs);
     QVERIFY(!early.isNull());
-    QTRY_VERIFY(!canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(!canvas()->preview(), kPatienceMs);
     const double difference = differenceFrom(early);
     QVERIFY2(difference < kNear, qPrintable(QString::number(difference)));
 }
@@ -171,9 +172,9 @@ void TestEditPreviews::severalLayers_areAllSeen()
     current()->getLayerManager()->addLayer(hidden, true);
     watchForPreview();
     edit->rotateRight->trigger();
-    QTRY_VERIFY(isMade);
+    QTRY_VERIFY_WITH_TIMEOUT(isMade, kPatienceMs);
     QVERIFY(!early.isNull());
-    QTRY_VERIFY(!canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(!canvas()->preview(), kPatienceMs);
     const double difference = differenceFrom(early);
     QVERIFY2(difference < kNear, qPrintable(QString::number(difference)));
 }
@@ -183,10 +184,10 @@ void TestEditPreviews::documentChangesMeanwhile_previewGoes()
     documents->open(large(1), QStringLiteral("large"), {});
     const QImage other = large(2);
     edit->rotateLeft->trigger();
-    QTRY_VERIFY(canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(canvas()->preview(), kPatienceMs);
     document::setLayerPictures(*current(), {other});
     edit->settle();
-    QTRY_VERIFY(!canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(!canvas()->preview(), kPatienceMs);
     QCOMPARE(picture(), other);
 }
 
@@ -243,7 +244,7 @@ void TestEditPreviews::turn_whileALookIsShown_keepsIt()
     edit->settle();
     QCOMPARE(picture(), picture_step::turned(edits::adjusted(first, look), 1));
     QTRY_VERIFY(edit->adjustDock()->look().isNeutral()); // the next one would be another step
-    QTRY_VERIFY(!canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(!canvas()->preview(), kPatienceMs);
 }
 
 /// It is one of the turned picture as soon as there is one.
@@ -259,17 +260,17 @@ void TestEditPreviews::look_triedWhileATurnIsMade_isSeenUntilItIsMade()
     look.exposure = 1;
     edit->adjustDock()->setLook(look);
     edit->adjustDock()->commit();
-    QVERIFY(done.wait());
+    QVERIFY(done.wait(kPatienceMs));
     QCOMPARE(picture().size(), kLarge.transposed());
     QVERIFY(editor->isBusy());
     QVERIFY(preview->isUnderWay());
     QSignalSpy ready(preview, &LookPreview::ready);
-    QTRY_VERIFY(!ready.isEmpty() || !editor->isBusy());
+    QTRY_VERIFY_WITH_TIMEOUT(!ready.isEmpty() || !editor->isBusy(), kPatienceMs);
     const QImage live = seen();
     edit->settle();
     QVERIFY(!preview->isUnderWay());
     QCOMPARE(picture(), edits::adjusted(picture_step::turned(first, 3), look));
-    QTRY_VERIFY(!canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(!canvas()->preview(), kPatienceMs);
     const double difference = differenceFrom(live);
     QVERIFY2(difference < kNear, qPrintable(QString::number(difference)));
 }
@@ -289,7 +290,7 @@ void TestEditPreviews::look_takenBackWhileItIsMade_isGone()
     edit->settle();
     QCOMPARE(picture(), first);
     QVERIFY(edit->adjustDock()->look().isNeutral());
-    QTRY_VERIFY(!canvas()->preview());
+    QTRY_VERIFY_WITH_TIMEOUT(!canvas()->preview(), kPatienceMs);
     QVERIFY(!edit->undo->isEnabled());
 }
 
