@@ -142,7 +142,8 @@ public:
     /// Shows the preview instead of the layers. Without one for the present view nothing happens.
     void showPreview(const Preview &preview);
     /// The layers show what the preview did, or are to be seen again. It stays until their reduced
-    /// copies are there, so that nothing flickers; it also goes when the view is moved.
+    /// copies are there, or the answer of a renderer, so that nothing flickers; it also goes when
+    /// the view is moved.
     void endPreview();
     /// What is shown instead of the layers; null when it is the layers. Valid until it ends.
     const Preview *preview() const { return shownPreview ? &*shownPreview : nullptr; }

@@ -12,7 +12,7 @@ struct Place
 {
     QRect covered; ///< pixels of the layer; empty: it is not seen
     QSize size;    ///< of its own picture of them
-    QRectF rect;   ///< of that in the picture of the part
+    QRectF rect;   ///< where that lies among those of other layers
 };
 Place placeOf(QSize layer, const QRect &part, QSize size);
 
